@@ -1,0 +1,20 @@
+// Text encodings of files: UTF-8 with or without a byte order mark, else Windows-1252.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace brindlemoor {
+
+/// True for well-formed UTF-8 (no overlong forms, no surrogates).
+bool IsUtf8(std::string_view bytes) noexcept;
+
+/// The text of a file's bytes as UTF-8: a byte order mark is dropped; bytes that are no UTF-8 are
+/// read as Windows-1252 (its five unassigned bytes give U+FFFD).
+std::string DecodeFileText(std::string bytes);
+
+/// The code point that begins at position, which moves behind it; an invalid byte gives itself.
+char32_t NextCodePoint(std::string_view text, std::size_t& position) noexcept;
+void AppendCodePoint(std::string& out, char32_t codePoint);
+
+}  // namespace brindlemoor

@@ -1,0 +1,19 @@
+// Case folding: Unicode simple upper case over UTF-8, with a fast road for ASCII.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace brindlemoor {
+
+/// The text in upper case, character by character (simple mappings only, so lengths in characters
+/// never change). Bytes that are no UTF-8 stay as they are.
+std::string FoldUpper(std::string_view text);
+
+/// True when both texts fold to the same; allocates nothing for ASCII.
+bool FoldEquals(std::string_view a, std::string_view b);
+
+/// True when text, folded, begins with the prefix, folded.
+bool FoldStartsWith(std::string_view text, std::string_view prefix);
+
+}  // namespace brindlemoor

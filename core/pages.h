@@ -1,0 +1,23 @@
+// Page files: composing text, writing it as an HTML file and showing it in a view.
+#pragma once
+
+#include <string_view>
+
+namespace brindlemoor {
+
+struct BrowserView;
+
+/// Appends to PageText.
+void AppendPage(std::string_view text);
+
+/// Writes PageText as an HTML file of the program's folder, line ends as "<br>". The colour is not
+/// used. PageText stays.
+void WritePage(std::string_view file, std::string_view color);
+
+/// Shows a file of the program's folder in the main view, lets events run and empties PageText.
+void ShowMain(std::string_view file);
+
+/// The same for a given view.
+void ShowInView(BrowserView& view, std::string_view file);
+
+}  // namespace brindlemoor

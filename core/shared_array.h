@@ -1,0 +1,91 @@
+// SharedArray: a 1-based array whose storage is shared between copies until one of them writes.
+#pragma once
+
+#include <cassert>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace brindlemoor {
+
+/// A 1-based array with value semantics and copy on write: copying costs one counter, and the
+/// first write to a copy clones the elements. Not for use from several threads.
+///
+/// A reference that Edit gave must not be kept while the array is copied: the copy would share the
+/// storage that the reference still writes to.
+template <class T>
+class SharedArray {
+ public:
+  SharedArray() noexcept = default;
+  /// count elements, all freshly made.
+  explicit SharedArray(int count) { Resize(count); }
+  SharedArray(const SharedArray& other) noexcept : storage_(other.storage_) {
+    if (storage_ != nullptr) ++storage_->references;
+  }
+  SharedArray(SharedArray&& other) noexcept : storage_(std::exchange(other.storage_, nullptr)) {}
+  SharedArray& operator=(SharedArray other) noexcept {
+    std::swap(storage_, other.storage_);
+    return *this;
+  }
+  ~SharedArray() { Release(); }
+
+  /// Index of the last element, 0 for an empty array.
+  int UpperBound() const noexcept {
+    return storage_ != nullptr ? static_cast<int>(storage_->elements.size()) : 0;
+  }
+  bool Holds(int index) const noexcept { return index >= 1 && index <= UpperBound(); }
+
+  /// The element at a 1-based index; an index outside the array reads as an empty element.
+  const T& operator[](int index) const noexcept {
+    static const T empty{};
+    return Holds(index) ? storage_->elements[static_cast<std::size_t>(index) - 1] : empty;
+  }
+  /// The element for writing; the index must be inside the array.
+  T& Edit(int index) {
+    assert(Holds(index));
+    return Own().elements[static_cast<std::size_t>(index) - 1];
+  }
+  /// Adds an element at the end and returns its index.
+  int Append(T element) {
+    Own().elements.push_back(std::move(element));
+    return UpperBound();
+  }
+  /// Makes the array exactly count long; kept elements keep their content, new ones are fresh.
+  void Resize(int count) {
+    if (count != UpperBound()) Own().elements.resize(static_cast<std::size_t>(count));
+  }
+  bool SharesStorageWith(const SharedArray& other) const noexcept {
+    return storage_ == other.storage_;
+  }
+
+  /// Iteration reads only.
+  const T* begin() const noexcept {
+    return storage_ != nullptr ? storage_->elements.data() : nullptr;
+  }
+  const T* end() const noexcept { return begin() + UpperBound(); }
+
+ private:
+  struct Storage {
+    std::uint32_t references = 1;
+    std::vector<T> elements;
+  };
+
+  void Release() noexcept {
+    if (storage_ != nullptr && --storage_->references == 0) delete storage_;
+    storage_ = nullptr;
+  }
+  Storage& Own() {
+    if (storage_ == nullptr) {
+      storage_ = new Storage;
+    } else if (storage_->references > 1) {
+      auto* own = new Storage{1, storage_->elements};
+      --storage_->references;
+      storage_ = own;
+    }
+    return *storage_;
+  }
+
+  Storage* storage_ = nullptr;
+};
+
+}  // namespace brindlemoor

@@ -1,0 +1,142 @@
+// The session: every table and variable of the program, in one object.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "core/random.h"
+#include "core/records.h"
+
+namespace brindlemoor {
+
+class Platform;
+class cGdiPlus;
+struct Forms;
+
+/// Slot and action of one HitTable entry; slot 0 is free.
+struct Hit {
+  int Slot = 0;
+  int Effect = 0;
+};
+
+/// Something that was wrong in a file; reading went on.
+struct Problem {
+  std::string File;
+  int Line = 0;  ///< 1-based, 0 when the problem belongs to no line
+  std::string Message;
+};
+
+/// Every table of the program. A fresh session is one assignment; nothing else in the engine is
+/// global and mutable.
+struct Session {
+  // The cards of the game in progress and the two sides.
+  Pile CardTable;                            ///< index = Slot
+  FixedTable<PlayerState, 3> Players;        ///< 1 human, 2 computer, 3 neutral
+  PlayerState GameDeck;                      ///< the cards of the rules file (number 4)
+  Card RulesCard;
+  Card CostCard;
+  Pile Sideboard;
+  Pile TraitActions;                         ///< cards of #TRAITACTION blocks
+  Table<TraitGraphic> TraitGraphics;
+  Table<TraitBitName> TraitBitNames;
+  std::array<std::vector<Hit>, 21> HitTable; ///< by trigger code, 0 to 20
+  std::array<std::uint64_t, 65> BitValues{}; ///< [i] = 2 to the power i-1, for i from 1
+  Table<CustomStringRec> CustomStrings;
+  Text DeckRules;
+  Pile PendingCards;                         ///< waiting for the next FlushPending
+  std::int16_t PendingCount = 0;
+  Table<std::int16_t> WaitingSlots;          ///< table cards waiting for ActivateOn; 0 free
+  std::int32_t LastEntered = 0;              ///< slot given by the latest AddToTable
+
+  // What the player owns.
+  Pile Collection;
+  FixedTable<DeckRec, 3> Decks;
+  std::uint8_t CurrentDeck = 1;
+  Table<ProfileRec> Profiles;
+  ProfileRec Profile;                        ///< PlayerName, PlayerFile, RulesFile in use
+
+  // Games and files.
+  Table<GameRec> Games;
+  std::int16_t CurrentGame = 0;
+  Text GameFileName;                         ///< value of #GAMEFILE
+  std::uint8_t StarterDeckFlag = 0;          ///< 1 after a file with #STARTERDECK
+  Pile MasterCards;                          ///< hash table of master definitions
+  Table<PlayerState> RefCache;               ///< files read for #REF... directives
+  Table<Template> Templates;
+  Text CardFile;                             ///< file in the editor
+  Card EditCard;                             ///< card in the editor
+  std::string ProgramFolder;                 ///< absolute, without a closing separator
+  std::string CurrentFolder;                 ///< where plain file names are opened
+  int ReadDepth = 0;                         ///< ReadCards calls in progress
+  std::array<Text, 51> FileList;             ///< names of the reads in progress, from 1
+  std::vector<Problem> Problems;             ///< what readers found wrong
+
+  // Planning and clicks.
+  FixedTable<std::uint8_t, 10> PlayQueue;    ///< hand positions in play order; 0 free
+  FixedTable<std::int16_t, 10> PlayTarget;   ///< slot per queue entry; 0 none, -1 discard
+  std::uint8_t AwaitingPlayTarget = 0;       ///< queue position waiting for a target; 0 none
+  std::int16_t SelectedSlot = 0;             ///< slot of the card last clicked
+  std::uint8_t AwaitingMenuTarget = 0;       ///< 1 after a menu action that needs a target click
+  std::uint8_t MenuEffect = 0;               ///< index of that action
+
+  // Pages and modes.
+  std::string PageText;                      ///< the HTML being composed
+  std::string PhaseBanner;                   ///< what scripts have said this turn
+  std::set<std::string, std::less<>> LimitsReported;  ///< bounds already named this turn
+  std::uint8_t OwnNavigation = 0;            ///< 1 while the program navigates a view
+  std::uint8_t DebugMode = 0;
+  std::uint8_t FullSizeImages = 0;
+  std::uint8_t GameOver = 0;
+  std::uint8_t TestFromEditor = 0;
+  std::uint8_t DeckManagerMode = 0;
+  std::uint8_t DeckManagerInGame = 0;
+  std::uint8_t PickingCard = 0;
+  std::int32_t PickedCard = 0;
+  std::uint8_t PickedPile = 0;
+  std::uint8_t SaleMode = 0;
+
+  // State that script runs share.
+  int RunDepth = 0;                ///< RunAction frames in progress
+  double LastValue = 0;            ///< behind LASTVAL, $AMT and the like
+  std::uint8_t CancelState = 0;    ///< 0 none, 1 cancelled, 2 CANCEL executed in this run
+  std::int32_t RedirectTarget = 0; ///< slot chosen by a redirect, 0 none
+  Text RedirectScript;
+  Text RedirectTraitName;          ///< trait that takes a negative change instead
+  std::string FailReason;          ///< why the last requirement failed
+  std::uint8_t HpReport = 0;       ///< 1 a sentence about the target's HP is due, 2 the source's
+  std::uint8_t DeleteRunningEffect = 0;
+  std::uint8_t TraitChangeBusy = 0;     ///< 1 while TRAITCHANGE triggers fire
+  std::uint8_t TraitActionsPaused = 0;  ///< 1 while a stored card is changed
+  int SharedChanceRoll = 0;             ///< roll of ONECHANCE, 0 none
+  std::uint8_t EchoedOnce = 0;
+  Text PendingEffectText;               ///< what an ADDEFFECT leaves for FlushPendingEffect
+  std::int32_t PendingEffectCard = 0;   ///< GlobalID of its card
+  double StatMasked = 0;
+  double StatNotMasked = 0;
+  double StatCancelled = 0;
+
+  RandomSource Random;
+  std::unordered_map<std::string, Text> InternedTexts;  ///< see InternText
+
+  // What the engine reaches of the desktop.
+  std::shared_ptr<Platform> Desktop;       ///< never empty while the program runs
+  std::shared_ptr<Forms> OpenForms;        ///< the windows
+  std::shared_ptr<cGdiPlus> ImageBridge;   ///< the one image object
+};
+
+/// The session of this program.
+Session& State() noexcept;
+
+/// A Text that shares its storage with every equal text interned before, so that what is worked out
+/// of a script once serves all cards that carry it. The table is bounded.
+Text InternText(std::string_view text);
+
+/// Keeps a reader's problem with file and line (bounded, see limits.h).
+void AddProblem(std::string_view file, int line, std::string_view message);
+
+}  // namespace brindlemoor

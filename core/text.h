@@ -1,0 +1,108 @@
+// Text: an immutable, shared piece of UTF-8 text; copying one costs a pointer and a counter.
+// Joined: builds a std::string from pieces, for everything that composes pages and messages.
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+namespace brindlemoor {
+
+/// Something that is worked out once from a text and kept with it, such as the parsed form of a
+/// script. Two texts never share an attachment unless they share their storage.
+class TextAttachment {
+ public:
+  virtual ~TextAttachment() = default;
+};
+
+/// Immutable UTF-8 text with shared storage. The counter is not atomic: the engine has one thread.
+/// An empty Text owns nothing. Converts to std::string_view wherever one is wanted.
+class Text {
+ public:
+  Text() noexcept = default;
+  Text(const char* text) : Text(std::string_view(text)) {}  // NOLINT: meant to convert
+  Text(const std::string& text) : Text(std::string_view(text)) {}  // NOLINT: meant to convert
+  Text(std::string_view text) : rep_(text.empty() ? nullptr : new Rep(text)) {}  // NOLINT
+  Text(const Text& other) noexcept : rep_(other.rep_) {
+    if (rep_ != nullptr) ++rep_->references;
+  }
+  Text(Text&& other) noexcept : rep_(std::exchange(other.rep_, nullptr)) {}
+  Text& operator=(Text other) noexcept {
+    std::swap(rep_, other.rep_);
+    return *this;
+  }
+  ~Text() {
+    if (rep_ != nullptr && --rep_->references == 0) delete rep_;
+  }
+
+  bool empty() const noexcept { return rep_ == nullptr; }
+  std::size_t size() const noexcept { return View().size(); }
+  std::string_view View() const noexcept {
+    return rep_ != nullptr ? std::string_view(rep_->characters) : std::string_view();
+  }
+  std::string Str() const { return std::string(View()); }
+  operator std::string_view() const noexcept { return View(); }  // NOLINT: meant to convert
+
+  /// True when both share one storage, so that comparing characters can be spared.
+  bool SharesStorageWith(const Text& other) const noexcept { return rep_ == other.rep_; }
+
+  /// What was attached to this storage last, or nullptr.
+  TextAttachment* Attachment() const noexcept {
+    return rep_ != nullptr ? rep_->attachment.get() : nullptr;
+  }
+  /// Keeps a worked-out form with the storage; an empty text can hold none.
+  void Attach(std::unique_ptr<TextAttachment> attachment) const {
+    if (rep_ != nullptr) rep_->attachment = std::move(attachment);
+  }
+
+  friend bool operator==(const Text& a, const Text& b) noexcept {
+    return a.rep_ == b.rep_ || a.View() == b.View();
+  }
+  template <class Other>
+    requires(std::convertible_to<const Other&, std::string_view> && !std::same_as<Other, Text>)
+  friend bool operator==(const Text& a, const Other& b) noexcept {
+    return a.View() == std::string_view(b);
+  }
+
+ private:
+  struct Rep {
+    explicit Rep(std::string_view text) : characters(text) {}
+    std::uint32_t references = 1;
+    std::string characters;
+    std::unique_ptr<TextAttachment> attachment;
+  };
+  Rep* rep_ = nullptr;
+};
+
+/// The shortest plain decimal printing of a number: no trailing zeros, no exponent for the sizes
+/// that games use; infinities and NaN print as "0".
+std::string NumberText(double number);
+
+namespace detail {
+inline void AppendPiece(std::string& out, std::string_view piece) { out += piece; }
+template <class Number>
+  requires(std::is_arithmetic_v<Number>)
+void AppendPiece(std::string& out, Number piece) {
+  if constexpr (std::is_same_v<Number, char>) {
+    out += piece;
+  } else if constexpr (std::is_integral_v<Number>) {
+    out += std::to_string(piece);
+  } else {
+    out += NumberText(piece);
+  }
+}
+}  // namespace detail
+
+/// The pieces (texts, numbers, characters) one after the other.
+template <class... Pieces>
+std::string Joined(const Pieces&... pieces) {
+  std::string out;
+  (detail::AppendPiece(out, pieces), ...);
+  return out;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,51 @@
+// The trait store: reading, testing, writing, changing and removing a card's traits.
+#pragma once
+
+#include <string_view>
+
+#include "core/records.h"
+#include "core/value.h"
+
+namespace brindlemoor {
+
+/// Value of a trait, bonus included: "NONE" on a dead card, "" for a trait the card has not, 1 for
+/// a trait without a value. The name folds case. "#ANY#" reads 1 on any live card.
+Value GetTrait(const Card& card, std::string_view name);
+
+/// NumericPrefix of GetTrait.
+double TraitNumber(const Card& card, std::string_view name);
+
+/// True when the card, or the script as an action trait, has the trait. Folds case.
+bool HasTrait(const Card& card, std::string_view name, std::string_view script);
+
+/// Item number of the trait, 0 if there is none. Folds case.
+int TraitSlot(const Card& card, std::string_view name);
+
+/// Writes a trait; with keepActions 0 the trait's actions come with it. Writing the value that is
+/// there does nothing at all.
+void SetTrait(Card& card, std::string_view name, const Value& value, int keepActions);
+
+/// Changes a trait by amount, after BEFORETRAITCHANGE reactions, which may alter the amount, cancel
+/// the change or name another trait for it. other is the card that causes the change.
+void ModTrait(Card& card, std::string_view name, double& amount, Card& other, int testRun,
+              const Text& script);
+
+/// Removes every item of exactly this name, its captions and the actions that it brought.
+void RemoveTrait(Card& card, std::string_view name);
+
+/// The value of "TRAIT:name:value" in a script, "NONE" if there is none (exact case). What stands
+/// behind ADDEFFECT is not looked at.
+std::string_view ScriptTraitValue(std::string_view script, std::string_view name);
+
+/// True when a field of the script, before the first empty one, is exactly this text.
+bool ScriptHasField(std::string_view script, std::string_view text);
+
+/// Where a trait name's bit lies. Word is -1 when the name has none (more than 240 names).
+struct TraitBit {
+  int Word = -1;
+  std::uint32_t BitValue = 0;
+};
+/// The bit of a trait name (cut at its first ":"), allocated when the name is first met.
+TraitBit TraitBitFor(std::string_view name);
+
+}  // namespace brindlemoor

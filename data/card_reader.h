@@ -1,0 +1,30 @@
+// The card data reader: one format for rules, opponents, stores, decks and player files.
+#pragma once
+
+#include <string_view>
+
+#include "core/records.h"
+
+namespace brindlemoor {
+
+/// Reads a file into the piles that its directives name. player is the side that decks and owners
+/// refer to; noDuplicates other than 0 makes #DUPLICATE inert; forcedLocation, when not empty,
+/// replaces the location of ordinary #CARD lines; keepExisting 0 with side 1 empties Collection and
+/// Decks first. What is wrong in the file is kept as a problem and skipped; nothing throws.
+void ReadCards(std::string_view file, PlayerState& player, int noDuplicates,
+               std::string_view forcedLocation, int keepExisting);
+
+/// A copy of the card called name in a file, or an empty record. Files are read once.
+Card GetRefCard(std::string_view name, std::string_view file);
+
+/// Adds a value to a custom string; more than 255 values are refused.
+void AddCustomString(std::string_view key, std::string_view value);
+void AddTraitGraphic(std::string_view name, std::string_view picture, std::string_view fontColor,
+                     std::string_view label, int showSmall, int showLarge);
+
+/// Shuffles a draw pile, its free element included.
+void ShufflePile(PlayerState& player);
+/// StartDeck becomes a copy of Deck.
+void CopyDeck(PlayerState& player);
+
+}  // namespace brindlemoor

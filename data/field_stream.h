@@ -1,0 +1,27 @@
+// FieldStream: a text file read field by field, as card files and profile lists are.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace brindlemoor {
+
+/// Fields end at a comma or a line end; blanks before one are skipped; a field in double quotes may
+/// hold commas and line ends and has no escape.
+class FieldStream {
+ public:
+  /// Takes the bytes of a file (UTF-8 or Windows-1252).
+  explicit FieldStream(std::string bytes);
+  /// Reads the next field. False at the end of the file.
+  bool Read(std::string& field);
+  /// 1-based line on which the field read last began.
+  int Line() const { return fieldLine_; }
+
+ private:
+  std::string text_;
+  std::size_t position_ = 0;
+  int line_ = 1;
+  int fieldLine_ = 1;
+};
+
+}  // namespace brindlemoor

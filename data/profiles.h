@@ -1,0 +1,16 @@
+// The profile list "PlayerProfiles.txt".
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace brindlemoor {
+
+/// Fills Profiles from the list in the program's folder; one free element when there is none.
+void LoadProfiles();
+/// Writes the list, the current profile copied onto its line. Says so when that fails.
+void SaveProfiles();
+/// Why a player's name can't be taken, "" when it can: it becomes part of a file name.
+std::string RefusePlayerName(std::string_view name);
+
+}  // namespace brindlemoor

@@ -1,0 +1,18 @@
+// Paying for cards, the enemy's menu actions and the end of bonuses.
+#pragma once
+
+#include "core/records.h"
+
+namespace brindlemoor {
+
+/// Tests (mode 1) or tests and pays (mode 0) a card's price. -1 when it can be paid, 0 when not.
+/// The card is not changed; a failed test leaves no trace.
+int PayCost(const Card& card, int mode);
+
+/// The enemy arms each of its menu actions for which a clean target exists.
+void PlanEnemyMenuActions();
+
+/// Bonus traits and bonus actions end.
+void ExpireBonuses();
+
+}  // namespace brindlemoor

@@ -1,0 +1,14 @@
+// Program start and the reset of a new game.
+#pragma once
+
+namespace brindlemoor {
+
+/// The entry point: debug marker, new game, main window. The platform and the program's folder are
+/// in the session already.
+void StartProgram();
+
+/// Resets the game, lets the player choose a profile if there is none, reads the stored files and
+/// shows the game list. Ends the program when no profile was chosen.
+void NewGame();
+
+}  // namespace brindlemoor

@@ -1,0 +1,184 @@
+// Plain models of windows and controls. The logic sets properties and is called with events; a
+// platform binds each model to something that can be seen.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace brindlemoor {
+
+/// What a binding is told through: set by the platform, called after any property changed.
+class Observed {
+ public:
+  Observed() = default;
+  Observed(const Observed&) = delete;
+  Observed& operator=(const Observed&) = delete;
+
+  std::function<void()> OnChange;
+  void Changed() const {
+    if (OnChange) OnChange();
+  }
+
+ protected:
+  ~Observed() = default;
+};
+
+/// A value of a control; assigning a different one tells the binding.
+template <class T>
+class Property {
+ public:
+  explicit Property(Observed& owner, T value = T{}) : owner_(owner), value_(std::move(value)) {}
+  Property(const Property&) = delete;
+  Property& operator=(const Property&) = delete;
+  Property& operator=(T value) {
+    if (!(value_ == value)) {
+      value_ = std::move(value);
+      owner_.Changed();
+    }
+    return *this;
+  }
+  const T& Get() const { return value_; }
+  operator const T&() const { return value_; }  // NOLINT: reads like the value
+
+ private:
+  Observed& owner_;
+  T value_;
+};
+
+enum class MouseButton { kLeft, kRight };
+
+/// What every control has.
+struct Control : Observed {
+  explicit Control(std::string name) : Name(std::move(name)) {}
+  virtual ~Control() = default;
+
+  const std::string Name;  ///< the control's name, with its number for arrays: "Picture2(3)"
+  Property<bool> Visible{*this, true};
+  Property<bool> Enabled{*this, true};
+  Property<std::string> ToolTip{*this};
+};
+
+struct Button : Control {
+  using Control::Control;
+  Property<std::string> Caption{*this};
+  std::function<void()> Click;
+};
+
+struct Label : Control {
+  using Control::Control;
+  Property<std::string> Caption{*this};
+  Property<std::int32_t> TextColor{*this, 0xFFFFFF};  ///< red high, blue low
+};
+
+struct TextBox : Control {
+  using Control::Control;
+  Property<std::string> Text{*this};
+  Property<bool> MultiLine{*this, false};
+  std::function<void()> Change;  ///< the user changed the text
+};
+
+struct ComboBox : Control {
+  using Control::Control;
+  Property<std::vector<std::string>> Items{*this};
+  Property<std::string> Text{*this};
+  std::function<void()> Change;
+};
+
+struct ListBox : Control {
+  using Control::Control;
+  Property<std::vector<std::string>> Items{*this};
+  Property<int> Selected{*this, 0};  ///< 1-based, 0 none
+  std::function<void()> Click;
+};
+
+struct OptionButton : Control {
+  using Control::Control;
+  Property<std::string> Caption{*this};
+  Property<bool> Value{*this, false};
+  std::function<void()> Click;
+};
+
+struct CheckBox : Control {
+  using Control::Control;
+  Property<std::string> Caption{*this};
+  Property<bool> Value{*this, false};
+  std::function<void()> Click;
+};
+
+struct ScrollBar : Control {
+  using Control::Control;
+  Property<int> Minimum{*this, 0};
+  Property<int> Maximum{*this, 0};
+  Property<int> Value{*this, 0};
+  Property<int> SmallStep{*this, 1};
+  Property<int> LargeStep{*this, 1};
+  std::function<void()> Change;  ///< the user moved it; Value is already the new one
+};
+
+/// Shows an image file, scaled into the box with its proportion kept.
+struct PictureBox : Control {
+  using Control::Control;
+  Property<std::string> Picture{*this};  ///< path of the image file, "" for none
+  std::function<void()> MouseMove;       ///< the pointer moved over the box
+  std::function<void(MouseButton)> MouseUp;
+};
+
+/// A browser view. Navigations that a click in a page starts are asked for with their URL.
+struct BrowserView : Control {
+  using Control::Control;
+  Property<std::string> Url{*this};  ///< what the program showed last
+  /// Asked before a click navigates; true cancels the navigation.
+  std::function<bool(const std::string& url)> BeforeNavigate;
+};
+
+/// A menu entry, a submenu (with Items) or the menu bar itself.
+struct MenuItem : Observed {
+  MenuItem(std::string name, std::string caption)
+      : Name(std::move(name)), Caption(*this, std::move(caption)) {}
+  const std::string Name;
+  Property<std::string> Caption;
+  Property<bool> Visible{*this, true};
+  Property<bool> Enabled{*this, true};
+  Property<bool> Checkable{*this, false};
+  Property<bool> Checked{*this, false};
+  Property<std::string> Shortcut{*this};  ///< such as "F1" or "Ctrl+S"
+  std::function<void()> Click;
+  std::vector<MenuItem*> Items;
+};
+
+/// How a form arranges its controls: nested rows and columns. A leaf names one control.
+struct Layout {
+  enum class Kind { kControl, kRow, kColumn };
+  Kind Direction = Kind::kColumn;
+  Control* Leaf = nullptr;
+  std::vector<Layout> Children;
+  int Stretch = 0;    ///< share of spare room, 0 keeps the natural size
+  int Width = 0;      ///< fixed width in pixels at 96 dpi, 0 natural
+  int Height = 0;     ///< fixed height, 0 natural
+};
+
+/// A window: its caption, its arrangement, its menus and its events.
+struct Form : Observed {
+  explicit Form(std::string name) : Name(std::move(name)) {}
+  virtual ~Form() = default;
+
+  const std::string Name;
+  Property<std::string> Caption{*this};
+  Property<bool> Shown{*this, false};  ///< kept by the platform
+  Layout Arrangement;
+  std::vector<MenuItem*> Menus;
+  int Width = 0;   ///< first size in pixels, 0 natural
+  int Height = 0;
+  bool Maximised = false;
+
+  std::function<void()> Activate;
+  std::function<void()> Resize;
+  /// The user asks to close; true keeps the form open. Without it the form hides.
+  std::function<bool()> QueryClose;
+};
+
+}  // namespace brindlemoor

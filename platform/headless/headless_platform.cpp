@@ -1,0 +1,77 @@
+// The desktop without a display.
+#include "platform/headless/headless_platform.h"
+
+#include "core/text.h"
+#include "platform/controls.h"
+
+namespace brindlemoor {
+
+void HeadlessPlatform::ShowForm(Form& form, bool modal) {
+  form.Shown = true;
+  if (form.Activate) form.Activate();
+  if (!modal) return;
+  if (ModalForms.empty()) {
+    UnexpectedDialogs.push_back("modal form " + form.Name);
+  } else {
+    auto user = std::move(ModalForms.front());
+    ModalForms.pop_front();
+    user(form);
+  }
+  form.Shown = false;
+}
+
+void HeadlessPlatform::HideForm(Form& form) { form.Shown = false; }
+
+void HeadlessPlatform::RaiseForm(Form&) { ++Raised; }
+
+void HeadlessPlatform::MessageBox(std::string_view text) {
+  Messages.emplace_back(text);
+  if (!ExpectedMessages.empty() && ExpectedMessages.front() == text) {
+    ExpectedMessages.pop_front();
+  } else if (!AcceptMessages) {
+    UnexpectedDialogs.push_back(Joined("message box: ", text));
+  }
+}
+
+template <class Answer>
+Answer HeadlessPlatform::TakeAnswer(std::deque<Answer>& answers, std::string_view dialog,
+                                    std::string_view text) {
+  if (answers.empty()) {
+    UnexpectedDialogs.push_back(Joined(dialog, ": ", text));
+    return Answer{};
+  }
+  Answer answer = std::move(answers.front());
+  answers.pop_front();
+  return answer;
+}
+
+bool HeadlessPlatform::AskYesNo(std::string_view text) {
+  return TakeAnswer(YesNoAnswers, "question", text);
+}
+
+std::optional<std::string> HeadlessPlatform::AskText(std::string_view prompt) {
+  return TakeAnswer(TextAnswers, "input box", prompt);
+}
+
+std::optional<std::string> HeadlessPlatform::AskFile(const FileDialogRequest& request) {
+  return TakeAnswer(FileAnswers, request.Save ? "save dialog" : "open dialog", request.FileName);
+}
+
+std::optional<std::int32_t> HeadlessPlatform::AskColor(std::int32_t) {
+  return TakeAnswer(ColorAnswers, "colour dialog", "");
+}
+
+void HeadlessPlatform::Navigate(BrowserView& view, const std::string& url) {
+  Navigations.push_back(view.Name + " " + url);
+  view.Url = url;
+  constexpr std::string_view kScheme = "file://";
+  if (!url.starts_with(kScheme)) return;
+  auto bytes = Files().Read(url.substr(kScheme.size()));
+  Pages[view.Name] = bytes.value_or("");
+}
+
+void HeadlessPlatform::PumpEvents() {
+  if (OnPump) OnPump();
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,61 @@
+// HeadlessPlatform: a desktop without a display, for tests and for games that play themselves.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/platform.h"
+
+namespace brindlemoor {
+
+/// Keeps what a desktop would show and answers dialogs from queues. A dialog that nobody expected
+/// is kept in UnexpectedDialogs with its text and answered as if it had been cancelled.
+class HeadlessPlatform : public Platform {
+ public:
+  /// seed is the first number of the sequence that stands for the clock.
+  explicit HeadlessPlatform(std::unique_ptr<FileSystem> files, std::uint64_t seed = 1)
+      : Platform(std::move(files)), seed_(seed) {}
+
+  // What the caller prepares.
+  std::deque<std::string> ExpectedMessages;               ///< message boxes to come, whole texts
+  std::deque<bool> YesNoAnswers;
+  std::deque<std::optional<std::string>> TextAnswers;     ///< nothing stands for a cancel
+  std::deque<std::optional<std::string>> FileAnswers;
+  std::deque<std::optional<std::int32_t>> ColorAnswers;
+  std::deque<std::function<void(Form&)>> ModalForms;      ///< plays the user of each modal form
+  std::function<void()> OnPump;                           ///< events that wait
+  bool AcceptMessages = false;                            ///< message boxes need not be expected
+
+  // What the caller finds.
+  std::vector<std::string> Messages;           ///< every message box
+  std::vector<std::string> UnexpectedDialogs;
+  std::map<std::string, std::string> Pages;    ///< bytes of the page each view shows, by its name
+  std::vector<std::string> Navigations;        ///< "view url" in order
+  int Raised = 0;
+
+  void ShowForm(Form& form, bool modal) override;
+  void HideForm(Form& form) override;
+  void RaiseForm(Form& form) override;
+  void MessageBox(std::string_view text) override;
+  bool AskYesNo(std::string_view text) override;
+  std::optional<std::string> AskText(std::string_view prompt) override;
+  std::optional<std::string> AskFile(const FileDialogRequest& request) override;
+  std::optional<std::int32_t> AskColor(std::int32_t present) override;
+  void Navigate(BrowserView& view, const std::string& url) override;
+  void PumpEvents() override;
+  void EndProgram() override { ending_ = true; }
+  bool Ending() const override { return ending_; }
+  std::uint64_t ClockSeed() override { return seed_++; }
+
+ private:
+  template <class Answer>
+  Answer TakeAnswer(std::deque<Answer>& answers, std::string_view dialog, std::string_view text);
+
+  std::uint64_t seed_;
+  bool ending_ = false;
+};
+
+}  // namespace brindlemoor

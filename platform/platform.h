@@ -1,0 +1,68 @@
+// The few operations that the program's logic needs from a desktop.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/files.h"
+
+namespace brindlemoor {
+
+struct BrowserView;
+struct Form;
+
+/// What a file dialog is opened with. Extensions are without a dot.
+struct FileDialogRequest {
+  bool Save = false;
+  std::string FileName;          ///< preset name or pattern such as "*.txt"
+  std::string DefaultExtension;
+};
+
+/// A desktop: windows, dialogs, browser views, events, files and the clock. One side draws real
+/// widgets (platform/qt), the other only keeps values (platform/headless).
+class Platform {
+ public:
+  explicit Platform(std::unique_ptr<FileSystem> files) : files_(std::move(files)) {}
+  virtual ~Platform() = default;
+
+  FileSystem& Files() { return *files_; }
+
+  /// Shows a form; a modal one returns when it has been hidden.
+  virtual void ShowForm(Form& form, bool modal) = 0;
+  virtual void HideForm(Form& form) = 0;
+  virtual void RaiseForm(Form& form) = 0;
+
+  /// A modal message with one button.
+  virtual void MessageBox(std::string_view text) = 0;
+  /// A modal question; true for yes.
+  virtual bool AskYesNo(std::string_view text) = 0;
+  /// One line of input; nothing when it was cancelled.
+  virtual std::optional<std::string> AskText(std::string_view prompt) = 0;
+  /// The chosen path; nothing when it was cancelled.
+  virtual std::optional<std::string> AskFile(const FileDialogRequest& request) = 0;
+  /// The chosen colour as red, green, blue bytes (high to low); nothing when it was cancelled.
+  virtual std::optional<std::int32_t> AskColor(std::int32_t present) = 0;
+
+  /// Shows a URL in a view; returns when the page has been read, so that its file may be written
+  /// again. The view's BeforeNavigate is not asked.
+  virtual void Navigate(BrowserView& view, const std::string& url) = 0;
+  /// Lets waiting events run once.
+  virtual void PumpEvents() = 0;
+  /// Ends the program: no further page is shown and the event loop stops.
+  virtual void EndProgram() = 0;
+  virtual bool Ending() const = 0;
+
+  /// A number for seeding: the clock, or the next of the sequence that a fixed seed gives.
+  virtual std::uint64_t ClockSeed() = 0;
+
+ private:
+  std::unique_ptr<FileSystem> files_;
+};
+
+/// The desktop of the session.
+Platform& Desktop();
+
+}  // namespace brindlemoor

@@ -1,0 +1,25 @@
+// Message expansion: placeholders, "#...#" fields and custom strings of a text.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/records.h"
+
+namespace brindlemoor {
+
+/// Fills a template in place for a pair of cards; the pictures are HTML or "". An "OVERRIDE"
+/// caption that is read is emptied; nothing else of the cards changes.
+void ExpandMessage(Card& source, Card& target, std::string& text, std::string_view sourcePicture,
+                   std::string_view targetPicture);
+
+/// Fills the fields between two "#"; bounded (limits.h).
+void ExpandHashFields(Card& source, Card& target, std::string& text);
+
+/// One of the values of a custom string at random; "(STRING NOT FOUND)" for an unknown key.
+std::string CustomStringPick(std::string_view key);
+
+/// The caption of a trait, "" if there is none. A caption "OVERRIDE" is returned once.
+std::string TraitCaptionText(Card& card, std::string_view name);
+
+}  // namespace brindlemoor

@@ -1,0 +1,41 @@
+// ParsedScript: a script split once, with the command of each field looked up.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "core/text.h"
+
+namespace brindlemoor {
+
+struct Command;
+
+/// The fields of a script and what each is as a command. Made on first use and kept with the text
+/// that it came from; views point into that text.
+class ParsedScript : public TextAttachment {
+ public:
+  struct FieldRow {
+    std::string_view Text;
+    const Command* Row = nullptr;  ///< nullptr for a word that is no command
+    bool AiMarked = false;         ///< the word without its "AI" prefix is looked up
+  };
+
+  explicit ParsedScript(std::string_view script);
+
+  /// Field n (1-based), "" beyond the end.
+  std::string_view Field(int n) const noexcept { return RowAt(n).Text; }
+  const FieldRow& RowAt(int n) const noexcept;
+  int FieldCount() const noexcept { return static_cast<int>(fields_.size()); }
+  /// Field n and everything behind it, as a script of its own, kept for the next call.
+  Text Tail(int n) const;
+
+  /// The parsed form of a script. Valid as long as the text is.
+  static const ParsedScript& Of(const Text& script);
+
+ private:
+  std::string_view script_;
+  std::vector<FieldRow> fields_;
+  mutable std::vector<Text> tails_;
+};
+
+}  // namespace brindlemoor

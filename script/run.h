@@ -1,0 +1,61 @@
+// Run: the state of one script run, which its commands read and change.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/records.h"
+#include "core/value.h"
+#include "script/parsed_script.h"
+#include "script/run_action.h"
+
+namespace brindlemoor {
+
+/// Where the walk goes after a command.
+enum class Step {
+  kNext,     ///< past the command's arguments
+  kOneOn,    ///< one field on: the arguments are walked as words
+  kEnd,      ///< the walk ends, the epilogue runs
+  kLeave,    ///< the run ends at once with LeaveResult, without epilogue
+};
+
+/// The locals of one run.
+struct Run {
+  Card& Source;
+  Card& Target;
+  const int EffectIndex;
+  const RunOptions& Options;
+  const Text Script;          ///< the script as run
+  const ParsedScript& Fields; ///< its fields; lives as long as Script
+  double& Amount;
+  int NoCounters;
+
+  int Position = 1;           ///< field number of the command being walked
+  bool AiMarked = false;      ///< the word had the "AI" prefix
+  int AppliedCount = 0;
+  int FailCount = 0;
+  int SoftFailCount = 0;
+  int RepeatCount = 0;
+  int RepeatTargetType = 0;
+  std::string RunText;        ///< HTML of the run
+  std::string EchoFailText;
+  bool ShowRun = false;       ///< RunText goes to PhaseBanner at the end
+  std::string SourcePicture;
+  std::string TargetPicture;
+  int ColorState = 0;         ///< 1 after REVERSECOLOR, 2 after TARGETCOLOR
+  std::string FrameColor;
+  bool DestroySource = false;
+  bool DestroyTarget = false;
+  int Winner = 0;
+  int LeaveResult = -1;
+
+  bool Testing() const { return Options.TestRun != 0; }
+  /// Argument number n (1-based) of the command being walked, "" when it is missing.
+  std::string_view Argument(int n) const { return Fields.Field(Position + n); }
+  /// The argument evaluated with the run's cards.
+  Value Evaluated(int n) const;
+  /// Everything from argument n on, as a script of its own.
+  Text Rest(int n) const { return Fields.Tail(Position + n); }
+};
+
+}  // namespace brindlemoor

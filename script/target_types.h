@@ -1,0 +1,51 @@
+// Target types and triggers: their words and codes.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace brindlemoor {
+
+/// What an action aims at.
+enum TargetTypes : int {
+  kTargetCard = 0,
+  kTargetRandom = 1,
+  kTargetAll = 2,
+  kTargetRandomEnemy = 3,
+  kTargetRandomAlly = 4,
+  kTargetOwner = 5,
+  kTargetEnemyPlayer = 6,
+  kTargetSelf = 7,
+  kTargetTriggeringCard = 8,
+  kTargetCounter = 9,
+  kTargetCollection = 10,
+  kTargetGidCard = 11,
+};
+
+struct TargetTypeRow {
+  std::string_view Word;
+  int Code;
+  std::string_view Meaning;  ///< one line for authors
+};
+struct TriggerRow {
+  std::string_view Word;
+  int Code;  ///< index in HitTable, 0 for none
+  std::string_view FiredBy;
+};
+
+/// The first row of a code is the word that is written to files.
+extern const std::array<TargetTypeRow, 14> kTargetTypeRows;
+/// Every trigger word; a word that ends in ":" is followed by a name.
+extern const std::array<TriggerRow, 24> kTriggerRows;
+
+/// Code of a target word; 0 for an unknown one. "GIDCARD:expression" is known by its first field.
+int TargetTypeCode(std::string_view word);
+/// Word of a target code, "" for an unknown one.
+std::string_view TargetTypeName(int code);
+
+/// Code of a trigger word, 0 for a word without one.
+int TriggerCode(std::string_view word);
+/// Word of a trigger code, "" for an unknown one.
+std::string_view TriggerName(int code);
+
+}  // namespace brindlemoor

@@ -1,0 +1,43 @@
+// Triggers and targets: when an action runs, on whom, and how cards enter and leave play.
+#pragma once
+
+#include <string_view>
+
+#include "core/records.h"
+
+namespace brindlemoor {
+
+/// Runs a card's actions of one trigger, resolving their targets. value is the slot of the
+/// triggering card, below 1 for none; onlyEffect above 0 restricts the firing to that action.
+/// Returns how many actions failed (result -1).
+int FireTrigger(Card& card, std::string_view trigger, int value = -1, int onlyEffect = 0,
+                int testRun = 0);
+
+/// Fires a trigger, by code or by word, on every card that HitTable lists for it.
+void FireHit(int code, int value = -1);
+void FireHit(std::string_view trigger, int value = -1);
+
+/// How good the target is that PickTarget found.
+enum TargetQualities : int { kNoTarget = 0, kPartialTarget = 1, kCleanTarget = 2 };
+
+/// A slot to aim an action (or the given script) at, found by test runs on copies; 0 for none.
+int PickTarget(Card& source, int effectIndex, int targetType, const Text& script, int& quality);
+
+/// Lets a table card enter play: OTHERENTERSPLAY on the rules card and the others, ENTERPLAY on it.
+void EnterPlay(Card& card);
+/// Fires ONDEATH and frees the card's slot.
+void KillCard(Card& card);
+
+/// Puts one action of a table card into HitTable, or takes the card's entries of that trigger out.
+void RegisterHit(int slot, int effect, bool remove);
+/// RegisterHit for every action of a table card.
+void RegisterAllHits(const Card& card);
+/// Adds every action of every card in the table.
+void RebuildHitTable();
+
+/// Adds the action that an ADDEFFECT left waiting.
+void FlushPendingEffect();
+/// Armed menu actions go back to waiting.
+void ResetMenuState(Card& card);
+
+}  // namespace brindlemoor

@@ -1,0 +1,22 @@
+// The program's windows.
+#pragma once
+
+#include <memory>
+
+#include "ui/help_window.h"
+#include "ui/main_window.h"
+#include "ui/profile_menu.h"
+
+namespace brindlemoor {
+
+/// Every window of the program; each is made at its first use.
+struct Forms {
+  std::unique_ptr<MainWindow> Main;
+  std::unique_ptr<ProfileMenu> Profiles;
+  std::unique_ptr<HelpForm> Help;
+};
+
+/// The main window, made (and loaded) at its first use.
+MainWindow& TheMainWindow();
+
+}  // namespace brindlemoor

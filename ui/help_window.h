@@ -1,0 +1,18 @@
+// HelpForm: the window of the help pages.
+#pragma once
+
+#include <string_view>
+
+#include "platform/controls.h"
+
+namespace brindlemoor {
+
+struct HelpForm : Form {
+  HelpForm();
+  BrowserView HelpWB{"HelpWB"};
+};
+
+/// Shows a help page of the program's folder in the help window, which stays usable beside the game.
+void ShowHelp(std::string_view file);
+
+}  // namespace brindlemoor

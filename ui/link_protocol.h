@@ -1,0 +1,16 @@
+// Clicks on links in the views, and the play menu.
+#pragma once
+
+#include <string>
+
+namespace brindlemoor {
+
+/// The handlers of the three views; true cancels the navigation.
+bool WB_BeforeNavigate(const std::string& url);
+bool InPlayWB_BeforeNavigate(const std::string& url);
+bool CardDescWB_BeforeNavigate(const std::string& url);
+
+/// Lists the planned plays and menu actions in the side view.
+void ShowPlayMenu();
+
+}  // namespace brindlemoor

@@ -1,0 +1,64 @@
+// MainWindow: three views, the card picture, the hand strip, the turn button and the menus.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string_view>
+
+#include "platform/controls.h"
+
+namespace brindlemoor {
+
+struct MainWindow : Form {
+  MainWindow();
+
+  BrowserView WB{"WB"};
+  BrowserView InPlayWB{"InPlayWB"};
+  BrowserView CardDescWB{"CardDescWB"};
+  PictureBox Picture1{"Picture1"};
+  std::array<std::unique_ptr<PictureBox>, 11> Picture2;  ///< 1 to 10
+  std::array<std::unique_ptr<Label>, 10> HandLabel;      ///< 0 to 9, for Picture2(i + 1)
+  Button Command1{"Command1"};
+  Button backbutton{"backbutton"};
+
+  MenuItem filemen{"filemen", "File"};
+  MenuItem newgamemen{"newgamemen", "Quit / New Game"};
+  MenuItem deckmanagermen{"deckmanagermen", "Deck Manager"};
+  MenuItem EditMen{"EditMen", "Card Editor"};
+  MenuItem saveplrmen{"saveplrmen", "Save Current Player"};
+  MenuItem savehtmlmen{"savehtmlmen", "Save HTML Snapshot"};
+  MenuItem optionmen{"optionmen", "Options"};
+  MenuItem fullsizemen{"fullsizemen", "Full Sized Images"};
+  MenuItem debugmen{"debugmen", "Debug Mode"};
+  MenuItem helpmen{"helpmen", "Help"};
+
+  int LastHovered = 0;  ///< hand position hovered last
+
+  void Form_Load();
+  void Command1_Click();
+  void backbutton_Click();
+  void Picture2_MouseMove(int position);
+  void Picture2_MouseUp(int position, MouseButton button);
+  void newgamemen_Click();
+  void deckmanagermen_Click();
+  void EditMen_Click();
+  void saveplrmen_Click();
+  void savehtmlmen_Click();
+  void fullsizemen_Click();
+  void debugmen_Click();
+  void helpmen_Click();
+  bool Form_QueryClose();
+};
+
+/// Shows the hand of side 1 in the strip.
+void UpdateHand();
+/// Hides the strip.
+void HideHand();
+/// Queues a hand position with a target (0 none yet, -1 discard), or takes it out of the queue.
+void QueuePlay(int position, int target);
+/// Moves queue entries up over free ones.
+void CompactQueue();
+/// Paints an image file into Picture1.
+void PaintImage(std::string_view file);
+
+}  // namespace brindlemoor
