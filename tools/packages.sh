@@ -1,0 +1,51 @@
+# The packages that building, running and testing need, and how they are installed. Sourced by ./run
+# and ./test.
+
+build_packages="g++ cmake ninja-build qt6-base-dev qt6-webengine-dev libgl-dev fonts-dejavu-core"
+test_packages="libgtest-dev xvfb xdotool imagemagick python3"
+lint_packages="clang-format clang-tidy"
+
+say() { printf '%s\n' "$*" >&2; }
+
+# Installs what is missing of the packages given. Debian and Ubuntu, as root or through sudo.
+need_packages() {
+  command -v dpkg-query >/dev/null 2>&1 || {
+    say "This is no Debian or Ubuntu system. Needed, under this system's names: $*"
+    return 0
+  }
+  missing=""
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}\n' "$package" 2>/dev/null | grep -q 'ok installed' ||
+      missing="$missing $package"
+  done
+  [ -z "$missing" ] && return 0
+  if [ "$(id -u)" = 0 ]; then
+    as_root=""
+  elif command -v sudo >/dev/null 2>&1; then
+    as_root="sudo"
+  else
+    say "These packages are missing and there are no rights to install them:$missing"
+    return 1
+  fi
+  say "Installing:$missing"
+  $as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq >&2
+  # shellcheck disable=SC2086
+  $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >&2
+}
+
+# Configures and builds a preset: build_preset NAME [TARGET ...]
+build_preset() {
+  preset="$1"
+  shift
+  cmake --preset "$preset" >"/tmp/brindlemoor-configure-$$.log" 2>&1 || {
+    cat "/tmp/brindlemoor-configure-$$.log" >&2
+    rm -f "/tmp/brindlemoor-configure-$$.log"
+    return 1
+  }
+  rm -f "/tmp/brindlemoor-configure-$$.log"
+  if [ $# -gt 0 ]; then
+    cmake --build "build/$preset" --target "$@" >&2
+  else
+    cmake --build "build/$preset" >&2
+  fi
+}
