@@ -13,6 +13,16 @@ bool IsUtf8(std::string_view bytes) noexcept;
 /// read as Windows-1252 (its five unassigned bytes give U+FFFD).
 std::string DecodeFileText(std::string bytes);
 
+/// One character of a text and how many bytes it takes. A byte that begins no well-formed UTF-8
+/// character is one of its own, with Valid false.
+struct DecodedCharacter {
+  char32_t CodePoint = 0;
+  int Length = 1;
+  bool Valid = false;
+};
+/// The character at a position inside the text.
+DecodedCharacter DecodeAt(std::string_view text, std::size_t position) noexcept;
+
 /// The code point that begins at position, which moves behind it; an invalid byte gives itself.
 char32_t NextCodePoint(std::string_view text, std::size_t& position) noexcept;
 void AppendCodePoint(std::string& out, char32_t codePoint);

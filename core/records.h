@@ -33,19 +33,19 @@ enum MenuStates : std::uint8_t {
 
 /// One action of a card. A record with an empty Script is free.
 struct CardEffect {
-  Text Trigger;                ///< trigger name; "COUNTER" marks a counter action
-  std::int32_t TargetType = 0; ///< code of the target word (script/target_types.h)
-  Text TargetText;             ///< the target word as read
-  Text Script;                 ///< action script
+  Text Trigger;                 ///< trigger name; "COUNTER" marks a counter action
+  std::int32_t TargetType = 0;  ///< code of the target word (script/target_types.h)
+  Text TargetText;              ///< the target word as read
+  Text Script;                  ///< action script
   std::uint8_t MenuState = kOrdinaryAction;
-  Text MenuCaption;            ///< caption of a menu action
+  Text MenuCaption;               ///< caption of a menu action
   std::int32_t ChosenTarget = 0;  ///< slot, or index in the picked pile for COLLECTION; 0 none
-  TraitWords NeedTargetBits;   ///< trait bits the target must have
-  TraitWords NeedMyBits;       ///< trait bits the acting card must have
-  TraitWords ForbidTargetBits; ///< trait bits the target must not have
-  TraitWords ForbidMyBits;     ///< trait bits the acting card must not have
-  std::int32_t OwnerMask = 0;  ///< ANDed with a target's OwnerBit; 255 any owner
-  std::uint8_t PickedPile = 0; ///< deck that ChosenTarget indexes for COLLECTION; 0 = Collection
+  TraitWords NeedTargetBits;      ///< trait bits the target must have
+  TraitWords NeedMyBits;          ///< trait bits the acting card must have
+  TraitWords ForbidTargetBits;    ///< trait bits the target must not have
+  TraitWords ForbidMyBits;        ///< trait bits the acting card must not have
+  std::int32_t OwnerMask = 0;     ///< ANDed with a target's OwnerBit; 255 any owner
+  std::uint8_t PickedPile = 0;    ///< deck that ChosenTarget indexes for COLLECTION; 0 = Collection
 };
 
 /// One card, wherever it lies. Copies are independent; a record with an empty Name is free.
@@ -66,15 +66,15 @@ struct Card {
   std::int32_t GlobalID = 0;        ///< random identity, used by pages and expressions
   std::uint8_t Initialised = 0;     ///< 1 after InitCard
   std::uint8_t TraitActionsApplied = 0;  ///< 1 while trait actions are merged
-  Text ChangedTraits;               ///< names with a pending TRAITCHANGE, each followed by ":"
-  std::uint8_t Rarity = 0;          ///< 0 to 255; above 100 never in a booster
-  Text SourceFile;                  ///< file of the master definition
-  Text UniqueID;                    ///< key of the master definition
-  TraitWords TraitBits;             ///< one bit per name of TraitBitNames
-  std::int32_t OwnerBit = 0;        ///< 4 for owner 0, 1 for 1, 2 for 2
-  std::int16_t Slot = 0;            ///< own index in CardTable, 0 before AddToTable
-  Text ActivateOn;                  ///< trigger that brings the card into play; "" at once
-  Text EntryScripts;                ///< permanent modifications, each followed by "$|$"
+  Text ChangedTraits;                    ///< names with a pending TRAITCHANGE, each followed by ":"
+  std::uint8_t Rarity = 0;               ///< 0 to 255; above 100 never in a booster
+  Text SourceFile;                       ///< file of the master definition
+  Text UniqueID;                         ///< key of the master definition
+  TraitWords TraitBits;                  ///< one bit per name of TraitBitNames
+  std::int32_t OwnerBit = 0;             ///< 4 for owner 0, 1 for 1, 2 for 2
+  std::int16_t Slot = 0;                 ///< own index in CardTable, 0 before AddToTable
+  Text ActivateOn;                       ///< trigger that brings the card into play; "" at once
+  Text EntryScripts;                     ///< permanent modifications, each followed by "$|$"
 };
 
 using Pile = Table<Card>;
@@ -102,19 +102,19 @@ struct PlayerState {
 /// One game found in the program's folder.
 struct GameRec {
   Text Name;
-  Text Color;                  ///< background of its table on the list
+  Text Color;  ///< background of its table on the list
   Text RulesFile;
-  Pile Opponents;              ///< only Name, Thumb and Description; element 1 is free
-  Table<Text> OpponentFiles;   ///< parallel to Opponents
-  Text Folder;                 ///< subfolder of the opponents
-  Text Banner;                 ///< picture file
+  Pile Opponents;             ///< only Name, Thumb and Description; element 1 is free
+  Table<Text> OpponentFiles;  ///< parallel to Opponents
+  Text Folder;                ///< subfolder of the opponents
+  Text Banner;                ///< picture file
   Text HelpPage;
 };
 
 /// How a trait is drawn on the battlefield and on description pages.
 struct TraitGraphic {
   Text TraitName;
-  Text Picture;                ///< "" for a text badge
+  Text Picture;  ///< "" for a text badge
   Text FontColor;
   Text Label;
   std::uint8_t ShowSmall = 0;  ///< allowed on description pages

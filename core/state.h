@@ -6,6 +6,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -35,60 +36,62 @@ struct Problem {
 /// global and mutable.
 struct Session {
   // The cards of the game in progress and the two sides.
-  Pile CardTable;                            ///< index = Slot
-  FixedTable<PlayerState, 3> Players;        ///< 1 human, 2 computer, 3 neutral
-  PlayerState GameDeck;                      ///< the cards of the rules file (number 4)
+  Pile CardTable;                      ///< index = Slot
+  FixedTable<PlayerState, 3> Players;  ///< 1 human, 2 computer, 3 neutral
+  PlayerState GameDeck;                ///< the cards of the rules file (number 4)
   Card RulesCard;
   Card CostCard;
   Pile Sideboard;
-  Pile TraitActions;                         ///< cards of #TRAITACTION blocks
+  Pile TraitActions;  ///< cards of #TRAITACTION blocks
   Table<TraitGraphic> TraitGraphics;
   Table<TraitBitName> TraitBitNames;
-  std::array<std::vector<Hit>, 21> HitTable; ///< by trigger code, 0 to 20
-  std::array<std::uint64_t, 65> BitValues{}; ///< [i] = 2 to the power i-1, for i from 1
+  std::array<std::vector<Hit>, 21> HitTable;  ///< by trigger code, 0 to 20
+  std::array<std::uint64_t, 65> BitValues{};  ///< [i] = 2 to the power i-1, for i from 1
   Table<CustomStringRec> CustomStrings;
   Text DeckRules;
-  Pile PendingCards;                         ///< waiting for the next FlushPending
+  Pile PendingCards;  ///< waiting for the next FlushPending
   std::int16_t PendingCount = 0;
-  Table<std::int16_t> WaitingSlots;          ///< table cards waiting for ActivateOn; 0 free
-  std::int32_t LastEntered = 0;              ///< slot given by the latest AddToTable
+  Table<std::int16_t> WaitingSlots;  ///< table cards waiting for ActivateOn; 0 free
+  std::int32_t LastEntered = 0;      ///< slot given by the latest AddToTable
 
   // What the player owns.
   Pile Collection;
   FixedTable<DeckRec, 3> Decks;
   std::uint8_t CurrentDeck = 1;
   Table<ProfileRec> Profiles;
-  ProfileRec Profile;                        ///< PlayerName, PlayerFile, RulesFile in use
+  ProfileRec Profile;  ///< PlayerName, PlayerFile, RulesFile in use
 
   // Games and files.
   Table<GameRec> Games;
   std::int16_t CurrentGame = 0;
-  Text GameFileName;                         ///< value of #GAMEFILE
-  std::uint8_t StarterDeckFlag = 0;          ///< 1 after a file with #STARTERDECK
-  Pile MasterCards;                          ///< hash table of master definitions
-  Table<PlayerState> RefCache;               ///< files read for #REF... directives
+  Text GameFileName;                 ///< value of #GAMEFILE
+  std::uint8_t StarterDeckFlag = 0;  ///< 1 after a file with #STARTERDECK
+  Pile MasterCards;                  ///< hash table of master definitions
+  Table<PlayerState> RefCache;       ///< files read for #REF... directives
   Table<Template> Templates;
-  Text CardFile;                             ///< file in the editor
-  Card EditCard;                             ///< card in the editor
-  std::string ProgramFolder;                 ///< absolute, without a closing separator
-  std::string CurrentFolder;                 ///< where plain file names are opened
-  int ReadDepth = 0;                         ///< ReadCards calls in progress
-  std::array<Text, 51> FileList;             ///< names of the reads in progress, from 1
-  std::vector<Problem> Problems;             ///< what readers found wrong
+  Text CardFile;                  ///< file in the editor
+  Card EditCard;                  ///< card in the editor
+  std::string ProgramFolder;      ///< absolute, without a closing separator
+  std::string CurrentFolder;      ///< where plain file names are opened
+  int ReadDepth = 0;              ///< ReadCards calls in progress
+  std::array<Text, 51> FileList;  ///< names of the reads in progress, from 1
+  std::array<Text, 51> OpenPaths;  ///< parallel to FileList: the files as opened
+  int FilesRead = 0;              ///< files of the outermost read in progress
+  std::vector<Problem> Problems;  ///< what readers found wrong
 
   // Planning and clicks.
-  FixedTable<std::uint8_t, 10> PlayQueue;    ///< hand positions in play order; 0 free
-  FixedTable<std::int16_t, 10> PlayTarget;   ///< slot per queue entry; 0 none, -1 discard
-  std::uint8_t AwaitingPlayTarget = 0;       ///< queue position waiting for a target; 0 none
-  std::int16_t SelectedSlot = 0;             ///< slot of the card last clicked
-  std::uint8_t AwaitingMenuTarget = 0;       ///< 1 after a menu action that needs a target click
-  std::uint8_t MenuEffect = 0;               ///< index of that action
+  FixedTable<std::uint8_t, 10> PlayQueue;   ///< hand positions in play order; 0 free
+  FixedTable<std::int16_t, 10> PlayTarget;  ///< slot per queue entry; 0 none, -1 discard
+  std::uint8_t AwaitingPlayTarget = 0;      ///< queue position waiting for a target; 0 none
+  std::int16_t SelectedSlot = 0;            ///< slot of the card last clicked
+  std::uint8_t AwaitingMenuTarget = 0;      ///< 1 after a menu action that needs a target click
+  std::uint8_t MenuEffect = 0;              ///< index of that action
 
   // Pages and modes.
-  std::string PageText;                      ///< the HTML being composed
-  std::string PhaseBanner;                   ///< what scripts have said this turn
+  std::string PageText;                               ///< the HTML being composed
+  std::string PhaseBanner;                            ///< what scripts have said this turn
   std::set<std::string, std::less<>> LimitsReported;  ///< bounds already named this turn
-  std::uint8_t OwnNavigation = 0;            ///< 1 while the program navigates a view
+  std::uint8_t OwnNavigation = 0;                     ///< 1 while the program navigates a view
   std::uint8_t DebugMode = 0;
   std::uint8_t FullSizeImages = 0;
   std::uint8_t GameOver = 0;
@@ -101,32 +104,37 @@ struct Session {
   std::uint8_t SaleMode = 0;
 
   // State that script runs share.
-  int RunDepth = 0;                ///< RunAction frames in progress
-  double LastValue = 0;            ///< behind LASTVAL, $AMT and the like
-  std::uint8_t CancelState = 0;    ///< 0 none, 1 cancelled, 2 CANCEL executed in this run
-  std::int32_t RedirectTarget = 0; ///< slot chosen by a redirect, 0 none
+  int RunDepth = 0;                 ///< RunAction frames in progress
+  int NestedCommands = 0;           ///< commands walked by the runs that this one started
+  double LastValue = 0;             ///< behind LASTVAL, $AMT and the like
+  std::uint8_t CancelState = 0;     ///< 0 none, 1 cancelled, 2 CANCEL executed in this run
+  std::int32_t RedirectTarget = 0;  ///< slot chosen by a redirect, 0 none
   Text RedirectScript;
-  Text RedirectTraitName;          ///< trait that takes a negative change instead
-  std::string FailReason;          ///< why the last requirement failed
-  std::uint8_t HpReport = 0;       ///< 1 a sentence about the target's HP is due, 2 the source's
+  Text RedirectTraitName;     ///< trait that takes a negative change instead
+  std::string FailReason;     ///< why the last requirement failed
+  std::uint8_t HpReport = 0;  ///< 1 a sentence about the target's HP is due, 2 the source's
   std::uint8_t DeleteRunningEffect = 0;
   std::uint8_t TraitChangeBusy = 0;     ///< 1 while TRAITCHANGE triggers fire
   std::uint8_t TraitActionsPaused = 0;  ///< 1 while a stored card is changed
   int SharedChanceRoll = 0;             ///< roll of ONECHANCE, 0 none
   std::uint8_t EchoedOnce = 0;
-  Text PendingEffectText;               ///< what an ADDEFFECT leaves for FlushPendingEffect
-  std::int32_t PendingEffectCard = 0;   ///< GlobalID of its card
+  Text PendingEffectText;              ///< what an ADDEFFECT leaves for FlushPendingEffect
+  std::int32_t PendingEffectCard = 0;  ///< GlobalID of its card
+  int TraitRedirectDepth = 0;          ///< ModTrait calls in progress that a redirect made
+  int BonusDepth = 0;                  ///< bonus expressions in progress
+  int BonusCount = 0;                  ///< evaluated since the outermost one began
   double StatMasked = 0;
   double StatNotMasked = 0;
   double StatCancelled = 0;
 
   RandomSource Random;
-  std::unordered_map<std::string, Text> InternedTexts;  ///< see InternText
+  std::unordered_map<std::string_view, Text>
+      InternedTexts;  ///< see InternText; keys are views of the texts
 
   // What the engine reaches of the desktop.
-  std::shared_ptr<Platform> Desktop;       ///< never empty while the program runs
-  std::shared_ptr<Forms> OpenForms;        ///< the windows
-  std::shared_ptr<cGdiPlus> ImageBridge;   ///< the one image object
+  std::shared_ptr<Platform> Desktop;      ///< never empty while the program runs
+  std::shared_ptr<Forms> OpenForms;       ///< the windows
+  std::shared_ptr<cGdiPlus> ImageBridge;  ///< the one image object
 };
 
 /// The session of this program.

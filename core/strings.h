@@ -10,10 +10,10 @@
 
 namespace brindlemoor {
 
-/// Field number n (1-based) of a delimited text. A text without the delimiter has one field, itself;
-/// a missing field is the empty text. With a delimiter of several characters, what follows its
-/// first character is taken out of the field wherever it stands ("one$|$two" has the second field
-/// "two").
+/// Field number n (1-based) of a delimited text. A text without the delimiter has one field,
+/// itself; a missing field is the empty text. With a delimiter of several characters, what follows
+/// its first character is taken out of the field wherever it stands ("one$|$two" has the second
+/// field "two").
 std::string GetDS(std::string_view text, int n, std::string_view delimiter);
 
 /// Field number n and everything behind it, delimiters included; "" when there are fewer fields.

@@ -24,7 +24,7 @@ class TextAttachment {
 class Text {
  public:
   Text() noexcept = default;
-  Text(const char* text) : Text(std::string_view(text)) {}  // NOLINT: meant to convert
+  Text(const char* text) : Text(std::string_view(text)) {}         // NOLINT: meant to convert
   Text(const std::string& text) : Text(std::string_view(text)) {}  // NOLINT: meant to convert
   Text(std::string_view text) : rep_(text.empty() ? nullptr : new Rep(text)) {}  // NOLINT
   Text(const Text& other) noexcept : rep_(other.rep_) {
@@ -63,8 +63,9 @@ class Text {
     return a.rep_ == b.rep_ || a.View() == b.View();
   }
   template <class Other>
-    requires(std::convertible_to<const Other&, std::string_view> && !std::same_as<Other, Text>)
-  friend bool operator==(const Text& a, const Other& b) noexcept {
+  requires(std::convertible_to<const Other&, std::string_view> &&
+           !std::same_as<Other, Text>) friend bool
+  operator==(const Text& a, const Other& b) noexcept {
     return a.View() == std::string_view(b);
   }
 
@@ -85,8 +86,7 @@ std::string NumberText(double number);
 namespace detail {
 inline void AppendPiece(std::string& out, std::string_view piece) { out += piece; }
 template <class Number>
-  requires(std::is_arithmetic_v<Number>)
-void AppendPiece(std::string& out, Number piece) {
+requires(std::is_arithmetic_v<Number>) void AppendPiece(std::string& out, Number piece) {
   if constexpr (std::is_same_v<Number, char>) {
     out += piece;
   } else if constexpr (std::is_integral_v<Number>) {

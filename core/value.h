@@ -11,7 +11,7 @@ namespace brindlemoor {
 /// A number or a text, with one numeric reading and one printing.
 class Value {
  public:
-  Value() = default;  ///< the empty text
+  Value() = default;                                          ///< the empty text
   Value(double number) : number_(number), isNumber_(true) {}  // NOLINT: meant to convert
   Value(int number) : Value(static_cast<double>(number)) {}   // NOLINT: meant to convert
   Value(Text text) : text_(std::move(text)) {}                // NOLINT: meant to convert

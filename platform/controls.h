@@ -72,6 +72,7 @@ struct Label : Control {
   using Control::Control;
   Property<std::string> Caption{*this};
   Property<std::int32_t> TextColor{*this, 0xFFFFFF};  ///< red high, blue low
+  std::function<void()> Click;
 };
 
 struct TextBox : Control {
@@ -85,6 +86,7 @@ struct ComboBox : Control {
   using Control::Control;
   Property<std::vector<std::string>> Items{*this};
   Property<std::string> Text{*this};
+  Property<bool> Editable{*this, false};  ///< the user may type a text that is no item
   std::function<void()> Change;
 };
 
@@ -150,15 +152,17 @@ struct MenuItem : Observed {
   std::vector<MenuItem*> Items;
 };
 
-/// How a form arranges its controls: nested rows and columns. A leaf names one control.
+/// How a form arranges its controls: nested rows and columns. A leaf names one control; an element
+/// with neither a control nor children is empty space. A scroll bar stands upright in a row.
 struct Layout {
   enum class Kind { kControl, kRow, kColumn };
   Kind Direction = Kind::kColumn;
   Control* Leaf = nullptr;
-  std::vector<Layout> Children;
+  std::vector<Layout> Children{};
   int Stretch = 0;    ///< share of spare room, 0 keeps the natural size
   int Width = 0;      ///< fixed width in pixels at 96 dpi, 0 natural
   int Height = 0;     ///< fixed height, 0 natural
+  std::string Title{};  ///< caption of a frame around the children, "" for no frame
 };
 
 /// A window: its caption, its arrangement, its menus and its events.

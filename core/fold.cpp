@@ -1,0 +1,92 @@
+// Case folding over UTF-8.
+#include "core/fold.h"
+
+#include <algorithm>
+
+#include "core/encoding.h"
+#include "core/upper_case_table.h"
+
+namespace brindlemoor {
+
+namespace {
+
+char32_t UpperCodePoint(char32_t codePoint) noexcept {
+  if (codePoint < 0x80) return static_cast<char32_t>(AsciiUpper(static_cast<char>(codePoint)));
+  const auto ranges = UpperCaseRanges();
+  const auto range =
+      std::partition_point(ranges.begin(), ranges.end(),
+                           [codePoint](const UpperCaseRange& row) { return row.Last < codePoint; });
+  if (range == ranges.end() || codePoint < range->First) return codePoint;
+  if ((codePoint - range->First) % range->Step != 0) return codePoint;
+  return static_cast<char32_t>(static_cast<std::int32_t>(codePoint) + range->Delta);
+}
+
+/// A folded character. Bytes that are no UTF-8 get numbers that no character has.
+struct FoldedCharacter {
+  char32_t Key;
+  std::size_t Length;
+};
+
+FoldedCharacter FoldAt(std::string_view text, std::size_t position) noexcept {
+  constexpr char32_t kInvalidBytes = 0x200000;
+  const DecodedCharacter character = DecodeAt(text, position);
+  return {
+      character.Valid ? UpperCodePoint(character.CodePoint) : kInvalidBytes + character.CodePoint,
+      static_cast<std::size_t>(character.Length)};
+}
+
+/// Where text stands after the part that folds like prefix, npos when it does not begin so.
+std::size_t MatchFolded(std::string_view text, std::string_view prefix) noexcept {
+  std::size_t inText = 0;
+  std::size_t inPrefix = 0;
+  while (inPrefix < prefix.size()) {
+    if (inText >= text.size()) return std::string_view::npos;
+    if (IsAscii(text[inText]) && IsAscii(prefix[inPrefix])) {
+      if (AsciiUpper(text[inText++]) != AsciiUpper(prefix[inPrefix++])) {
+        return std::string_view::npos;
+      }
+      continue;
+    }
+    const FoldedCharacter a = FoldAt(text, inText);
+    const FoldedCharacter b = FoldAt(prefix, inPrefix);
+    if (a.Key != b.Key) return std::string_view::npos;
+    inText += a.Length;
+    inPrefix += b.Length;
+  }
+  return inText;
+}
+
+}  // namespace
+
+std::string FoldUpper(std::string_view text) {
+  std::string upper;
+  upper.reserve(text.size());
+  std::size_t position = 0;
+  while (position < text.size()) {
+    if (IsAscii(text[position])) {
+      upper += AsciiUpper(text[position++]);
+      continue;
+    }
+    const DecodedCharacter character = DecodeAt(text, position);
+    if (character.Valid) {
+      AppendCodePoint(upper, UpperCodePoint(character.CodePoint));
+    } else {
+      upper += text[position];
+    }
+    position += static_cast<std::size_t>(character.Length);
+  }
+  return upper;
+}
+
+bool FoldEquals(std::string_view a, std::string_view b) { return MatchFolded(a, b) == a.size(); }
+
+int FoldPrefixLength(std::string_view text, std::string_view prefix) {
+  const std::size_t end = MatchFolded(text, prefix);
+  return end == std::string_view::npos ? -1 : static_cast<int>(end);
+}
+
+bool FoldStartsWith(std::string_view text, std::string_view prefix) {
+  return MatchFolded(text, prefix) != std::string_view::npos;
+}
+
+}  // namespace brindlemoor

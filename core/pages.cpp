@@ -1,0 +1,71 @@
+// Composing, writing and showing page files.
+#include "core/pages.h"
+
+#include "core/limits.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "platform/controls.h"
+#include "platform/platform.h"
+#include "ui/forms.h"
+
+namespace brindlemoor {
+
+namespace {
+
+// The backslashes in front of the quotes are meant; browsers take the attributes all the same.
+constexpr std::string_view kBodyLine =
+    R"(<body bgcolor="#000000" text=\"#FFFFFF\" link=\"#99FF33\" alink=\"#00CC00\" vlink=\"#FFFF00\">)";
+
+/// The longest beginning of a text within the bound that cuts no character in two.
+std::string_view CutAtBound(std::string_view text, std::size_t bound) {
+  if (text.size() <= bound) return text;
+  limits::ReportLimit("The page is too long and was cut.");
+  while (bound > 0 && (static_cast<unsigned char>(text[bound]) & 0xC0) == 0x80) --bound;
+  return text.substr(0, bound);
+}
+
+/// Line ends as "<br>", in one pass: a page may hold more of them than ReplaceAll would treat.
+std::string WithBreaks(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  while (true) {
+    const std::size_t end = text.find("\r\n");
+    out += text.substr(0, end);
+    if (end == std::string_view::npos) return out;
+    out += "<br>";
+    text.remove_prefix(end + 2);
+  }
+}
+
+}  // namespace
+
+void AppendPage(std::string_view text) {
+  std::string& page = State().PageText;
+  const std::size_t room = page.size() < limits::kPageBytes ? limits::kPageBytes - page.size() : 0;
+  page += CutAtBound(text, room);
+}
+
+void WritePage(std::string_view file, std::string_view /*color*/) {
+  std::string& page = State().PageText;
+  page = WithBreaks(CutAtBound(page, limits::kPageBytes));
+  const std::string bytes =
+      Joined("<HTML>\r\n", kBodyLine, "\r\n", page, "\r\n", "</body></HTML>\r\n");
+  const std::string problem = Desktop().Files().Write(InProgramFolder(file), bytes);
+  if (problem.empty()) return;
+  // A page is written many times in a turn; one message is enough.
+  const std::string message = Joined("Can't write ", file, ": ", problem);
+  if (State().LimitsReported.insert(message).second) Desktop().MessageBox(message);
+}
+
+void ShowMain(std::string_view file) { ShowInView(TheMainWindow().WB, file); }
+
+void ShowInView(BrowserView& view, std::string_view file) {
+  State().OwnNavigation = 1;
+  Desktop().Navigate(view, FileUrl(InProgramFolder(file)));
+  Desktop().PumpEvents();
+  State().OwnNavigation = 0;
+  State().PageText.clear();
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,29 @@
+// The one session, shared script texts and the problems of files.
+#include "core/state.h"
+
+#include "core/limits.h"
+
+namespace brindlemoor {
+
+Session& State() noexcept {
+  static Session session;
+  return session;
+}
+
+Text InternText(std::string_view text) {
+  if (text.empty() || text.size() > limits::kInternedBytes) return text;
+  auto& interned = State().InternedTexts;
+  if (const auto entry = interned.find(text); entry != interned.end()) return entry->second;
+  if (interned.size() >= limits::kInternedTexts) interned.clear();
+  Text shared(text);
+  interned.emplace(shared.View(), shared);
+  return shared;
+}
+
+void AddProblem(std::string_view file, int line, std::string_view message) {
+  auto& problems = State().Problems;
+  if (problems.size() >= limits::kProblems) return;
+  problems.push_back({std::string(file), line, std::string(message)});
+}
+
+}  // namespace brindlemoor

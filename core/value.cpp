@@ -1,0 +1,12 @@
+// The numeric reading and the printing of values.
+#include "core/value.h"
+
+#include "core/strings.h"
+
+namespace brindlemoor {
+
+double Value::Number() const noexcept { return isNumber_ ? number_ : NumericPrefix(text_); }
+
+Text Value::Print() const { return isNumber_ ? Text(NumberText(number_)) : text_; }
+
+}  // namespace brindlemoor
