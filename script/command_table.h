@@ -10,7 +10,7 @@ namespace brindlemoor {
 struct Run;
 enum class Step;
 
-/// What a test run does with a command.
+/// What a test run does with a command. The walk sees to all but kRuns: no Carry is called then.
 enum class InTest : std::uint8_t {
   kRuns,     ///< acts on the copies as usual
   kSkip,     ///< no effect; past the arguments
@@ -21,11 +21,12 @@ enum class InTest : std::uint8_t {
 /// One word of the language.
 struct Command {
   std::string_view Word;
-  std::uint8_t Arguments;   ///< fields that belong to the word
-  bool TakesRest;           ///< the rest of the script is its last argument
+  std::uint8_t Arguments;  ///< fields that belong to the word
+  bool TakesRest;          ///< the rest of the script is its last argument
   InTest Test;
   Step (*Carry)(Run& run);  ///< carries the command out
   std::string_view Usage;   ///< argument names and one line for authors: "TRAIT VALUE | adds ..."
+  bool Pictures = false;    ///< its message may show the run's card pictures
 };
 
 /// The families' tables, each in the file that its name says.

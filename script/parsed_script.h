@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/text.h"
@@ -12,7 +13,7 @@ struct Command;
 
 /// The fields of a script and what each is as a command. Made on first use and kept with the text
 /// that it came from; views point into that text.
-class ParsedScript : public TextAttachment {
+class ParsedScript final : public TextAttachment {
  public:
   struct FieldRow {
     std::string_view Text;
@@ -26,8 +27,11 @@ class ParsedScript : public TextAttachment {
   std::string_view Field(int n) const noexcept { return RowAt(n).Text; }
   const FieldRow& RowAt(int n) const noexcept;
   int FieldCount() const noexcept { return static_cast<int>(fields_.size()); }
-  /// Field n and everything behind it, as a script of its own, kept for the next call.
+  /// Field n and everything behind it, as a script of its own. The first few that are asked for are
+  /// kept, so that their parsed form serves every run.
   Text Tail(int n) const;
+  /// True when one of the commands may show the run's card pictures.
+  bool WantsPictures() const noexcept { return wantsPictures_; }
 
   /// The parsed form of a script. Valid as long as the text is.
   static const ParsedScript& Of(const Text& script);
@@ -35,7 +39,8 @@ class ParsedScript : public TextAttachment {
  private:
   std::string_view script_;
   std::vector<FieldRow> fields_;
-  mutable std::vector<Text> tails_;
+  bool wantsPictures_ = false;
+  mutable std::vector<std::pair<int, Text>> tails_;
 };
 
 }  // namespace brindlemoor

@@ -6,17 +6,18 @@
 
 #include "core/records.h"
 #include "core/value.h"
+#include "script/command_table.h"
 #include "script/parsed_script.h"
 #include "script/run_action.h"
 
 namespace brindlemoor {
 
 /// Where the walk goes after a command.
-enum class Step {
-  kNext,     ///< past the command's arguments
-  kOneOn,    ///< one field on: the arguments are walked as words
-  kEnd,      ///< the walk ends, the epilogue runs
-  kLeave,    ///< the run ends at once with LeaveResult, without epilogue
+enum class Step : int {
+  kNext,   ///< past the command's arguments
+  kOneOn,  ///< one field on: the arguments are walked as words
+  kEnd,    ///< the walk ends, the epilogue runs
+  kLeave,  ///< the run ends at once with LeaveResult, without epilogue
 };
 
 /// The locals of one run.
@@ -25,31 +26,35 @@ struct Run {
   Card& Target;
   const int EffectIndex;
   const RunOptions& Options;
-  const Text Script;          ///< the script as run
-  const ParsedScript& Fields; ///< its fields; lives as long as Script
+  const Text Script;           ///< the script as run
+  const ParsedScript& Fields;  ///< its fields; lives as long as Script
   double& Amount;
   int NoCounters;
 
-  int Position = 1;           ///< field number of the command being walked
-  bool AiMarked = false;      ///< the word had the "AI" prefix
+  int Position = 1;       ///< field number of the command being walked
+  bool AiMarked = false;  ///< the word had the "AI" prefix
   int AppliedCount = 0;
   int FailCount = 0;
   int SoftFailCount = 0;
   int RepeatCount = 0;
   int RepeatTargetType = 0;
-  std::string RunText;        ///< HTML of the run
-  std::string EchoFailText;
-  bool ShowRun = false;       ///< RunText goes to PhaseBanner at the end
-  std::string SourcePicture;
-  std::string TargetPicture;
-  int ColorState = 0;         ///< 1 after REVERSECOLOR, 2 after TARGETCOLOR
-  std::string FrameColor;
+  std::string RunText{};  ///< HTML of the run
+  std::string EchoFailText{};
+  bool ShowRun = false;  ///< RunText goes to PhaseBanner at the end
+  std::string SourcePicture{};
+  std::string TargetPicture{};
+  int ColorState = 0;  ///< 1 after REVERSECOLOR, 2 after TARGETCOLOR
+  std::string FrameColor{};
   bool DestroySource = false;
   bool DestroyTarget = false;
   int Winner = 0;
   int LeaveResult = -1;
 
   bool Testing() const { return Options.TestRun != 0; }
+  /// The row of the command being walked.
+  const Command& Row() const { return *Fields.RowAt(Position).Row; }
+  /// Appends to RunText, within the bound of a page.
+  void Show(std::string_view html);
   /// Argument number n (1-based) of the command being walked, "" when it is missing.
   std::string_view Argument(int n) const { return Fields.Field(Position + n); }
   /// The argument evaluated with the run's cards.

@@ -36,7 +36,7 @@ struct TriggerRow {
 /// The first row of a code is the word that is written to files.
 extern const std::array<TargetTypeRow, 14> kTargetTypeRows;
 /// Every trigger word; a word that ends in ":" is followed by a name.
-extern const std::array<TriggerRow, 24> kTriggerRows;
+extern const std::array<TriggerRow, 25> kTriggerRows;
 
 /// Code of a target word; 0 for an unknown one. "GIDCARD:expression" is known by its first field.
 int TargetTypeCode(std::string_view word);

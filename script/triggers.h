@@ -13,6 +13,9 @@ namespace brindlemoor {
 int FireTrigger(Card& card, std::string_view trigger, int value = -1, int onlyEffect = 0,
                 int testRun = 0);
 
+/// Code of the trigger that tells every other card of one that enters play.
+inline constexpr int kOtherEntersPlay = 15;
+
 /// Fires a trigger, by code or by word, on every card that HitTable lists for it.
 void FireHit(int code, int value = -1);
 void FireHit(std::string_view trigger, int value = -1);
@@ -23,6 +26,9 @@ enum TargetQualities : int { kNoTarget = 0, kPartialTarget = 1, kCleanTarget = 2
 /// A slot to aim an action (or the given script) at, found by test runs on copies; 0 for none.
 int PickTarget(Card& source, int effectIndex, int targetType, const Text& script, int& quality);
 
+/// Slot of a side's player card; 0 for a neutral owner or a side without one.
+int PlayerCardOf(int owner);
+
 /// Lets a table card enter play: OTHERENTERSPLAY on the rules card and the others, ENTERPLAY on it.
 void EnterPlay(Card& card);
 /// Fires ONDEATH and frees the card's slot.
@@ -32,6 +38,8 @@ void KillCard(Card& card);
 void RegisterHit(int slot, int effect, bool remove);
 /// RegisterHit for every action of a table card.
 void RegisterAllHits(const Card& card);
+/// True for the record that the table holds in the card's slot, false for a copy of it.
+bool IsTableRecord(const Card& card);
 /// Adds every action of every card in the table.
 void RebuildHitTable();
 

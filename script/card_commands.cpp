@@ -1,0 +1,310 @@
+// Commands on whole cards: drawing, destroying, copying, lasting changes, sides, actions, the end.
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "core/cards.h"
+#include "core/limits.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "core/traits.h"
+#include "game/card_play.h"
+#include "script/boosters.h"
+#include "script/command_table.h"
+#include "script/messages.h"
+#include "script/run.h"
+#include "script/stored_cards.h"
+#include "script/target_types.h"
+#include "script/triggers.h"
+
+namespace brindlemoor {
+namespace {
+
+/// The side that an owner stands for, nullptr for a neutral card without one.
+PlayerState* SideOf(const Card& card) {
+  return State().Players.Holds(card.Owner) ? &State().Players[card.Owner] : nullptr;
+}
+
+// Drawing, hand and destruction.
+
+Step DrawCardsCommand(Run& run) {
+  if (PlayerState* side = SideOf(run.Target)) DrawCards(*side, run.Evaluated(1).Number());
+  return Step::kNext;
+}
+
+Step Destroy(Run& run) {
+  run.DestroyTarget = true;
+  return Step::kNext;
+}
+
+Step DestroyMe(Run& run) {
+  run.DestroySource = true;
+  return Step::kNext;
+}
+
+Step ReturnTarget(Run& run) {
+  if (PlayerState* side = SideOf(run.Target)) ReturnToHand(*side, run.Target);
+  return Step::kNext;
+}
+
+Step ReturnMe(Run& run) {
+  if (PlayerState* side = SideOf(run.Source)) ReturnToHand(*side, run.Source);
+  return Step::kNext;
+}
+
+// Copying and creating cards.
+
+Step QueueCopies(Run& run, const Card& copy) {
+  const double count = run.Evaluated(1).Number();
+  const bool paid = run.Evaluated(2).Number() == 1;
+  for (int made = 0; made + 1 <= count; ++made) {
+    if (made == limits::kNewCards) {
+      limits::ReportLimit("A command made too many cards: the rest was left out.");
+      break;
+    }
+    if (paid) {
+      if (PayCost(copy, 1) == 0) break;
+      PayCost(copy, 0);
+    }
+    QueuePending(copy);
+  }
+  return Step::kNext;
+}
+
+Step Duplicate(Run& run) {
+  Card copy = run.Target;
+  copy.Owner = run.Source.Owner;
+  return QueueCopies(run, copy);
+}
+
+Step DuplicateMe(Run& run) {
+  const Card copy = run.Source;
+  return QueueCopies(run, copy);
+}
+
+Step CreateCard(Run& run) {
+  const std::string_view file = run.Argument(3);
+  const std::string path = ResolvePath(file, 0);
+  if (path.empty()) {
+    run.Show(Joined("<br>File not found:", file, "<br>"));
+    return Step::kNext;
+  }
+  CreateCards(run.Argument(2), path, run.Source.Owner, run.Evaluated(1).Number());
+  ++run.AppliedCount;
+  return Step::kNext;
+}
+
+// Lasting changes.
+
+Step Permanent(Run& run) {
+  const Text rest = run.Rest(1);
+  const OwnedCard owned = FindOwnedCard(run.Target.GlobalID);
+  if (owned.Record != nullptr && !rest.empty()) {
+    RunAction(run.Source, *owned.Record, run.EffectIndex,
+              RunOptions{.CostMode = 1,
+                         .EchoOverride = " ",
+                         .NoCounters = 1,
+                         .Nested = 1,
+                         .ScriptOverride = rest});
+  }
+  if (run.Argument(1) != "ADDMOD") SetTrait(run.Target, "NOMRP", "", 0);
+  return Step::kNext;
+}
+
+Step AddMod(Run& run) {
+  const Text rest = run.Rest(1);
+  Text& scripts = run.Target.EntryScripts;
+  if (scripts.size() + rest.size() > static_cast<std::size_t>(limits::kTextBytes)) {
+    limits::ReportLimit("A card has too many modifications: one was left out.");
+  } else {
+    scripts = Joined(scripts, rest, "$|$");
+  }
+  return Step::kNext;
+}
+
+Step SaveCard(Run& run) {
+  const OwnedCard owned = FindOwnedCard(run.Target.GlobalID);
+  if (owned.Record != nullptr) *owned.Record = run.Target;
+  return Step::kNext;
+}
+
+// The card's look.
+
+Text ExpandedArgument(Run& run) {
+  std::string text(run.Argument(1));
+  ExpandMessage(run.Source, run.Target, text, run.SourcePicture, run.TargetPicture);
+  return text;
+}
+
+Step ChangeName(Run& run) {
+  run.Target.Name = ExpandedArgument(run);
+  return Step::kNext;
+}
+
+Step ChangeMyName(Run& run) {
+  run.Source.Name = ExpandedArgument(run);
+  return Step::kNext;
+}
+
+Step ChangeImg(Run& run) {
+  run.Source.Picture = ExpandedArgument(run);
+  return Step::kNext;
+}
+
+Step ChangeThumb(Run& run) {
+  run.Source.Thumb = ExpandedArgument(run);
+  return Step::kNext;
+}
+
+// Changing sides. OwnerBit keeps the side on which the card entered the table.
+
+Step MindControl(Run& run) {
+  if (run.Target.Owner == run.Source.Owner) return Step::kNext;
+  ResetMenuState(run.Target);
+  run.Target.Owner = run.Source.Owner;
+  ++run.AppliedCount;
+  return Step::kNext;
+}
+
+Step MindControlMe(Run& run) {
+  if (run.Target.Owner == run.Source.Owner) return Step::kNext;
+  ResetMenuState(run.Target);
+  run.Source.Owner = run.Target.Owner;
+  ++run.AppliedCount;
+  return Step::kNext;
+}
+
+void ChangeSides(Card& card) {
+  ResetMenuState(card);
+  card.Owner = card.Owner == 1 ? 2 : 1;
+}
+
+Step Defect(Run& run) {
+  ChangeSides(run.Target);
+  return Step::kNext;
+}
+
+Step DefectMe(Run& run) {
+  ChangeSides(run.Source);
+  ++run.AppliedCount;
+  return Step::kNext;
+}
+
+/// The owner that the argument names; numbers that are no owner stand for 0.
+std::uint8_t OwnerArgument(const Run& run) {
+  const double number = NumericPrefix(run.Argument(1));
+  return number >= 0 && number < 4 ? static_cast<std::uint8_t>(number) : std::uint8_t{0};
+}
+
+Step JoinSide(Run& run, Card& card) {
+  const std::uint8_t owner = OwnerArgument(run);
+  if (owner != card.Owner) ResetMenuState(run.Target);  // meant: the target's, for MEJOIN as well
+  card.Owner = owner;
+  ++run.AppliedCount;
+  return Step::kNext;
+}
+
+Step Join(Run& run) { return JoinSide(run, run.Target); }
+Step MeJoin(Run& run) { return JoinSide(run, run.Source); }
+
+// Actions, the end of the game, repeats.
+
+Step AddEffectCommand(Run& run) {
+  if (!run.Testing()) {
+    State().PendingEffectText = run.Rest(1);
+    State().PendingEffectCard = run.Target.GlobalID;
+  }
+  ++run.AppliedCount;
+  return Step::kEnd;
+}
+
+Step DeleteEffect(Run& run) {
+  static_cast<void>(run);
+  State().DeleteRunningEffect = 1;
+  return Step::kNext;
+}
+
+Step WinGame(Run& run) {
+  run.Winner = run.Source.Owner;
+  return Step::kNext;
+}
+
+Step LoseGame(Run& run) {
+  run.Winner = run.Source.Owner == 1 ? 2 : 1;
+  return Step::kNext;
+}
+
+constexpr double kMostRepeats = 1e9;  // the end of the run has its own, lower bound
+
+Step Repeat(Run& run) {
+  run.RepeatTargetType = TargetTypeCode(run.Argument(1));
+  run.RepeatCount = static_cast<int>(std::clamp(run.Evaluated(2).Number(), 0.0, kMostRepeats));
+  return Step::kNext;
+}
+
+constexpr auto kRows = std::to_array<Command>({
+    {"DRAWCARDS", 1, false, InTest::kSkipOne, DrawCardsCommand,
+     "COUNT | the target's owner draws cards until the hand is full"},
+    {"DESTROY", 0, false, InTest::kSkip, Destroy, "| the target dies at the end of the script"},
+    {"DESTROYME", 0, false, InTest::kSkip, DestroyMe,
+     "| the acting card dies at the end of the script"},
+    {"RETURNTOHAND", 0, false, InTest::kSkip, ReturnTarget,
+     "| the target goes back to its owner's hand"},
+    {"RETURNMETOHAND", 0, false, InTest::kSkip, ReturnMe,
+     "| the acting card goes back to its owner's hand"},
+
+    {"DUPLICATE", 2, false, InTest::kSkipOne, Duplicate,
+     "COUNT PAID | copies of the target for the acting card's side; PAID 1 asks their price"},
+    {"DUPLICATEME", 2, false, InTest::kSkipOne, DuplicateMe,
+     "COUNT PAID | copies of the acting card; PAID 1 asks their price"},
+    {"CREATECARD", 3, false, InTest::kSkipOne, CreateCard,
+     "COUNT NAME FILE | cards of a card file for the acting card's side"},
+
+    {"BOOSTER", 1, false, InTest::kSkip, BoosterCommand,
+     "COUNT | the player gets random cards of the store, by rarity"},
+    {"BOOSTERWITHREQS", 1, true, InTest::kSkip, BoosterWithReqsCommand,
+     "COUNT REQUIREMENTS | as BOOSTER, for cards that pass the rest of the script"},
+    {"BOOSTERCARD", 2, false, InTest::kSkip, BoosterCardCommand,
+     "NAME COUNT | the player gets this card of the store"},
+
+    {"PERMANENT", 0, true, InTest::kSkip, Permanent,
+     "SCRIPT | the rest of the script also runs on the player's own copy of the target"},
+    {"ADDMOD", 0, true, InTest::kEnds, AddMod,
+     "SCRIPT | the rest of the script runs now, and whenever the target enters a table"},
+    {"SAVECARD", 0, false, InTest::kSkip, SaveCard,
+     "| the player's own copy of the target becomes as the target is now"},
+
+    {"CHANGENAME", 1, false, InTest::kSkip, ChangeName, "NAME | renames the target"},
+    {"CHANGEMYNAME", 1, false, InTest::kSkip, ChangeMyName, "NAME | renames the acting card"},
+    {"CHANGEIMG", 1, false, InTest::kSkip, ChangeImg, "FILE | the acting card's picture"},
+    {"CHANGETHUMB", 1, false, InTest::kSkip, ChangeThumb, "FILE | the acting card's thumbnail"},
+
+    {"MINDCONTROL", 0, false, InTest::kRuns, MindControl,
+     "| the target joins the acting card's side"},
+    {"MINDCONTROLME", 0, false, InTest::kRuns, MindControlMe,
+     "| the acting card joins the target's side"},
+    {"DEFECT", 0, false, InTest::kRuns, Defect, "| the target changes sides"},
+    {"DEFECTME", 0, false, InTest::kRuns, DefectMe, "| the acting card changes sides"},
+    {"JOIN", 1, false, InTest::kRuns, Join,
+     "OWNER | the target joins a side: 1 human, 2 computer, 0 or 3 neutral"},
+    {"MEJOIN", 1, false, InTest::kRuns, MeJoin,
+     "OWNER | the acting card joins a side: 1 human, 2 computer, 0 or 3 neutral"},
+
+    {"ADDEFFECT", 0, true, InTest::kRuns, AddEffectCommand,
+     "TRIGGER TARGET SCRIPT | the target gets a new action; ends the script"},
+    {"DELETEEFFECT", 0, false, InTest::kSkip, DeleteEffect,
+     "| this action goes from the acting card after the script"},
+
+    {"WINGAME", 0, false, InTest::kSkip, WinGame, "| the acting card's side wins"},
+    {"LOSEGAME", 0, false, InTest::kSkip, LoseGame, "| the acting card's side loses"},
+
+    {"REPEAT", 2, false, InTest::kRuns, Repeat,
+     "TARGET COUNT | the whole script runs COUNT times more, on new targets"},
+});
+
+}  // namespace
+
+std::span<const Command> CardCommands() { return kRows; }
+
+}  // namespace brindlemoor

@@ -1,0 +1,278 @@
+// Message expansion: custom strings, "#...#" fields and placeholders, in their fixed order.
+#include "script/messages.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+#include <vector>
+
+#include "core/cards.h"
+#include "core/limits.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "core/traits.h"
+#include "script/values.h"
+#include "ui/card_pages.h"
+
+namespace brindlemoor {
+namespace {
+
+constexpr int kCustomStringPasses = 2;
+
+std::size_t Occurrences(std::string_view text, std::string_view search) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(search); at != std::string_view::npos;
+       at = text.find(search, at + search.size())) {
+    ++count;
+  }
+  return count;
+}
+
+/// ReplaceAll, unless the text is too long or would become so: then it stays as it is.
+bool Fill(std::string& text, std::string_view search, std::string_view replacement) {
+  std::size_t grown = text.size();
+  if (replacement.size() > search.size()) {
+    grown += Occurrences(text, search) * (replacement.size() - search.size());
+  }
+  if (grown > limits::kTextBytes) {
+    limits::ReportLimit("A message grew too long and was not filled in further.");
+    return false;
+  }
+  ReplaceAll(text, search, replacement);
+  return true;
+}
+
+Card* CardOfIdentity(double globalId) {
+  Pile& table = State().CardTable;
+  const int slot = FindSlot(globalId);
+  return table.Holds(slot) && !IsFree(table[slot]) ? &table[slot] : nullptr;
+}
+
+// Custom strings.
+
+const CustomStringRec* FindCustomString(std::string_view key) {
+  for (const CustomStringRec& entry : State().CustomStrings) {
+    if (!entry.Key.empty() && entry.Key == key) return &entry;
+  }
+  return nullptr;
+}
+
+void ExpandCustomStrings(std::string& text) {
+  for (int pass = 1; pass <= kCustomStringPasses; ++pass) {
+    for (const CustomStringRec& entry : State().CustomStrings) {
+      if (entry.Key.empty() || text.find(entry.Key) == std::string::npos) continue;
+      Fill(text, entry.Key, CustomStringPick(entry.Key));
+    }
+  }
+}
+
+// Fields between two "#".
+
+/// The caption with the two cards' names exchanged: it was written from the other card's side.
+std::string ExchangedCaption(Card& card, std::string_view trait) {
+  std::string caption = TraitCaptionText(card, trait);
+  Fill(caption, "$MYNAME", "$SWAPME");
+  Fill(caption, "$TARGETNAME", "$MYNAME");
+  Fill(caption, "$SWAPME", "$TARGETNAME");
+  return caption;
+}
+
+struct HashKeyword {
+  std::string_view Word;
+  std::string (*Make)(Card& source, Card& target, std::string_view argument);
+};
+
+constexpr std::array kHashKeywords{
+    HashKeyword{"#MYTRAIT",
+                [](Card& source, Card&, std::string_view argument) {
+                  return GetTrait(source, argument).Str();
+                }},
+    HashKeyword{"#TRAIT",
+                [](Card&, Card& target, std::string_view argument) {
+                  return GetTrait(target, argument).Str();
+                }},
+    HashKeyword{"#CARD",
+                [](Card& source, Card& target, std::string_view argument) {
+                  Card* card = CardOfIdentity(EvalNumber(source, target, argument));
+                  return card != nullptr ? ColoredName(*card) : std::string("(Dead Card)");
+                }},
+    HashKeyword{"#TRANSVAL",
+                [](Card& source, Card& target, std::string_view argument) {
+                  return EvalValue(source, target, argument).Str();
+                }},
+    HashKeyword{"#IMG",
+                [](Card&, Card&, std::string_view argument) {
+                  return Joined("<img src=\"", ResolvePath(argument, 1), "\" align=default></img>");
+                }},
+    HashKeyword{"#MYTRAITACTIONDESC",
+                [](Card& source, Card&, std::string_view argument) {
+                  return ExchangedCaption(source, argument);
+                }},
+    HashKeyword{"#TARGETTRAITACTIONDESC",
+                [](Card&, Card& target, std::string_view argument) {
+                  return ExchangedCaption(target, argument);
+                }},
+    HashKeyword{"#MYTRAITACTIONDESCREVERSE",
+                [](Card& source, Card&, std::string_view argument) {
+                  return TraitCaptionText(source, argument);
+                }},
+    HashKeyword{"#TARGETTRAITACTIONDESCREVERSE",
+                [](Card&, Card& target, std::string_view argument) {
+                  return TraitCaptionText(target, argument);
+                }},
+};
+
+const HashKeyword* FindHashKeyword(std::string_view word) {
+  const auto* row = std::ranges::find(kHashKeywords, word, &HashKeyword::Word);
+  return row != kHashKeywords.end() ? row : nullptr;
+}
+
+std::string_view WordOf(std::string_view field) { return field.substr(0, field.find('/')); }
+
+std::string_view ArgumentOf(std::string_view field) {
+  return field.substr(std::min(field.size(), WordOf(field).size() + 1));
+}
+
+/// What filling the fields of one message has cost; fields can bring in others without end.
+struct ExpansionState {
+  int Expansions = 0;
+  std::size_t Searched = 0;        ///< bytes
+  std::size_t Nested = 0;          ///< bytes that replacements with a "#" of their own added
+  std::vector<std::string> Spent;  ///< fields that hold themselves: filled in once
+
+  bool Bearable() const {
+    return Expansions < limits::kExpansions && Searched < limits::kExpansionBytes &&
+           Nested < limits::kNestedTextBytes;
+  }
+  bool HoldsItself(std::string_view field) const {
+    return std::ranges::find(Spent, field) != Spent.end();
+  }
+};
+
+/// Fills in a field wherever it stands in the text; false when the text would become too long.
+bool FillField(std::string& text, const std::string& field, std::string_view replacement,
+               ExpansionState& state) {
+  const std::string marked = Joined(field, '#');
+  const std::size_t sizeBefore = text.size();
+  if (!Fill(text, marked, replacement)) return false;
+  ++state.Expansions;
+  state.Searched += sizeBefore;
+  if (replacement.find('#') != std::string_view::npos && text.size() > sizeBefore) {
+    state.Nested += text.size() - sizeBefore;
+  }
+  if (replacement.find(marked) != std::string_view::npos) {
+    limits::ReportLimit("A field of a message holds itself and was filled in once.");
+    state.Spent.push_back(field);
+  }
+  return true;
+}
+
+// Placeholders.
+
+struct MessageCards {
+  Card& Source;
+  Card& Target;
+  std::string_view SourcePicture;
+  std::string_view TargetPicture;
+};
+
+using Replacement = std::optional<std::string>;
+
+Replacement NameOf(Card* card) {
+  return card != nullptr ? Replacement(ColoredName(*card)) : std::nullopt;
+}
+
+Replacement TargetOwnerName(const MessageCards& cards) {
+  const int side = cards.Source.Owner;
+  if ((side != 1 && side != 2) || State().Players[side].PlayerCard == 0) return std::nullopt;
+  return NameOf(OwnerCard(cards.Target));
+}
+
+std::string LastAmount() { return NumberText(std::fabs(State().LastValue)); }
+
+struct Placeholder {
+  std::string_view Mark;
+  Replacement (*Make)(const MessageCards& cards);  ///< nothing: the mark stays in the text
+};
+
+// In the order of replacing, since one replacement can bring in a later mark.
+constexpr std::array kPlaceholders{
+    Placeholder{"$MYIMG", [](const MessageCards& m) { return Replacement(m.SourcePicture); }},
+    Placeholder{"$GIDCARD",
+                [](const MessageCards&) { return NameOf(CardOfIdentity(State().LastValue)); }},
+    Placeholder{"$MYOWNER", [](const MessageCards& m) { return NameOf(OwnerCard(m.Source)); }},
+    Placeholder{"$OWNER", TargetOwnerName},
+    Placeholder{"$TARGETIMG", [](const MessageCards& m) { return Replacement(m.TargetPicture); }},
+    Placeholder{"$AMT",
+                [](const MessageCards&) {
+                  return Replacement(Joined("<font color=\"#FFFF00\">", LastAmount(), "</font>"));
+                }},
+    Placeholder{"$TARGETNAME", [](const MessageCards& m) { return NameOf(&m.Target); }},
+    Placeholder{"$TARGETCARD", [](const MessageCards& m) { return NameOf(&m.Target); }},
+    Placeholder{"$MYNAME", [](const MessageCards& m) { return NameOf(&m.Source); }},
+    Placeholder{"$SRCCARD", [](const MessageCards& m) { return NameOf(&m.Source); }},
+    Placeholder{"$TRAIT", [](const MessageCards&) { return Replacement(""); }},
+    Placeholder{"$EFFSTR", [](const MessageCards&) { return Replacement("()"); }},
+    Placeholder{"$LASTAMT", [](const MessageCards&) { return Replacement(LastAmount()); }},
+    Placeholder{"$LASTVAL", [](const MessageCards&) { return Replacement(LastAmount()); }},
+    Placeholder{"#TOKENS#",
+                [](const MessageCards&) { return Replacement(Joined(State().Players[1].Tokens)); }},
+    Placeholder{"&col", [](const MessageCards&) { return Replacement(":"); }},
+};
+
+}  // namespace
+
+void ExpandMessage(Card& source, Card& target, std::string& text, std::string_view sourcePicture,
+                   std::string_view targetPicture) {
+  ExpandCustomStrings(text);
+  if (text.find_first_of("$#&") == std::string::npos) return;
+  ExpandHashFields(source, target, text);
+  const MessageCards cards{source, target, sourcePicture, targetPicture};
+  for (const Placeholder& row : kPlaceholders) {
+    if (text.find(row.Mark) == std::string::npos) continue;
+    if (const Replacement replacement = row.Make(cards)) Fill(text, row.Mark, *replacement);
+  }
+}
+
+void ExpandHashFields(Card& source, Card& target, std::string& text) {
+  ExpansionState state;
+  std::size_t position = 0;
+  for (;;) {
+    const std::size_t opens = text.find('#', position);
+    if (opens == std::string::npos) return;
+    const std::size_t closes = text.find('#', opens + 1);
+    if (closes == std::string::npos) return;
+    const std::string field = text.substr(opens, closes - opens);
+    const HashKeyword* keyword = FindHashKeyword(WordOf(field));
+    if (keyword == nullptr || state.HoldsItself(field)) {
+      position = closes;
+      continue;
+    }
+    if (!state.Bearable()) {
+      limits::ReportLimit("A message had too many fields and was not filled in further.");
+      return;
+    }
+    const std::string replacement = keyword->Make(source, target, ArgumentOf(field));
+    if (!FillField(text, field, replacement, state)) return;
+    position = 0;  // the replacement can hold fields of its own
+  }
+}
+
+std::string CustomStringPick(std::string_view key) {
+  const CustomStringRec* entry = FindCustomString(key);
+  if (entry == nullptr) return "(STRING NOT FOUND)";
+  const int count = entry->Values.UpperBound();
+  return count > 0 ? entry->Values[RollDie(count)].Str() : std::string();
+}
+
+std::string TraitCaptionText(Card& card, std::string_view name) {
+  const int slot = TraitSlot(card, name);
+  if (!card.TraitCaptions.Holds(slot)) return "";
+  std::string caption = card.TraitCaptions[slot].Str();
+  if (caption == "OVERRIDE") card.TraitCaptions.Edit(slot) = Text();
+  return caption;
+}
+
+}  // namespace brindlemoor

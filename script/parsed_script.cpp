@@ -1,0 +1,66 @@
+// ParsedScript: splitting a script at ":" and looking its words up.
+#include "script/parsed_script.h"
+
+#include <algorithm>
+
+#include "core/state.h"
+#include "core/strings.h"
+#include "script/command_table.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr std::size_t kKeptTails = 8;
+constexpr std::size_t kKeptTailBytes = 2048;
+
+ParsedScript::FieldRow RowOf(std::string_view field) {
+  ParsedScript::FieldRow row;
+  row.Text = field;
+  row.AiMarked = field.starts_with("AI");
+  row.Row = FindCommand(row.AiMarked ? field.substr(2) : field);
+  return row;
+}
+
+}  // namespace
+
+ParsedScript::ParsedScript(std::string_view script) : script_(script) {
+  if (script.empty()) return;
+  fields_.reserve(static_cast<std::size_t>(std::count(script.begin(), script.end(), ':')) + 1);
+  for (FieldWalker walker(script, ':'); !walker.AtEnd();) {
+    const FieldRow& row = fields_.emplace_back(RowOf(walker.Next()));
+    wantsPictures_ = wantsPictures_ || (row.Row != nullptr && row.Row->Pictures);
+  }
+}
+
+const ParsedScript::FieldRow& ParsedScript::RowAt(int n) const noexcept {
+  static const FieldRow missing;
+  return n >= 1 && n <= FieldCount() ? fields_[static_cast<std::size_t>(n) - 1] : missing;
+}
+
+Text ParsedScript::Tail(int n) const {
+  if (n < 1 || n > FieldCount()) return Text();
+  for (const auto& [first, tail] : tails_) {
+    if (first == n) return tail;
+  }
+  const std::string_view rest =
+      script_.substr(static_cast<std::size_t>(Field(n).data() - script_.data()));
+  // A tail may keep tails of its own, so long ones are not kept: they would add up. Nor is the
+  // whole script: it would keep itself.
+  if (n == 1 || rest.size() > kKeptTailBytes) return rest;
+  Text tail = InternText(rest);
+  if (tails_.size() < kKeptTails) tails_.emplace_back(n, tail);
+  return tail;
+}
+
+const ParsedScript& ParsedScript::Of(const Text& script) {
+  static const ParsedScript empty{std::string_view()};
+  if (script.empty()) return empty;
+  if (const auto* parsed = dynamic_cast<const ParsedScript*>(script.Attachment())) return *parsed;
+  auto parsed = std::make_unique<ParsedScript>(script.View());
+  const ParsedScript& form = *parsed;
+  script.Attach(std::move(parsed));
+  return form;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,338 @@
+// The requirements and chances of the script language: one row a word, read by a few handlers.
+#include <array>
+
+#include "core/cards.h"
+#include "core/fold.h"
+#include "core/random.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "core/traits.h"
+#include "script/command_table.h"
+#include "script/messages.h"
+#include "script/run.h"
+#include "script/values.h"
+
+namespace brindlemoor {
+
+namespace {
+
+/// The card that a requirement looks at.
+enum class Subject { kTarget, kSource, kTargetOwner, kSourceOwner };
+
+/// What a requirement that fails does to the run.
+enum class Stop {
+  kHard,    ///< a failure with its reason; the walk ends unless AiMarked
+  kCancel,  ///< the same, and no other target can do better
+  kFinal,   ///< a failure without a reason; the walk ends in any case
+  kQuiet,   ///< a failure that an AiMarked word does not even count
+};
+
+/// True when the card meets the requirement; the arguments are those of the run.
+using Test = bool (*)(Run& run, const Card& card);
+
+struct RequirementRow {
+  std::string_view Word;
+  std::uint8_t Arguments;
+  Subject About;
+  Test Holds;
+  std::string_view Reason;  ///< "@A" and "@B" stand for the arguments
+  Stop Kind;
+  std::string_view Usage;
+};
+
+// Traits. An action that is answered can lend its own traits, except to REQMYTRAIT.
+
+/// A trait without a name, from a missing argument, is one that no card has.
+bool HasNamed(const Card& card, std::string_view name, std::string_view script) {
+  return !name.empty() && HasTrait(card, name, script);
+}
+bool Has(Run& run, const Card& card) {
+  return HasNamed(card, run.Argument(1), run.Options.IncomingScript);
+}
+bool HasOwn(Run& run, const Card& card) { return HasNamed(card, run.Argument(1), ""); }
+bool HasNot(Run& run, const Card& card) { return !Has(run, card); }
+
+double TraitOf(Run& run, const Card& card) { return TraitNumber(card, run.Argument(1)); }
+
+bool AtMost(Run& run, const Card& card) { return TraitOf(run, card) <= run.Evaluated(2).Number(); }
+bool AtLeast(Run& run, const Card& card) { return TraitOf(run, card) >= run.Evaluated(2).Number(); }
+bool Exactly(Run& run, const Card& card) { return TraitOf(run, card) == run.Evaluated(2).Number(); }
+
+/// A value that is itself an expression is followed one step. The numeric readings decide: values
+/// whose readings differ are never the same value.
+bool EqualsValue(Run& run, const Card& card) {
+  Value value = run.Evaluated(2);
+  if (!value.IsNumber()) {
+    const Text expression = value.Print();
+    if (EvalNumber(run.Source, run.Target, expression) > 0) {
+      value = EvalValue(run.Source, run.Target, expression);
+    }
+  }
+  return TraitOf(run, card) == value.Number();
+}
+
+/// The text that a trait is compared with. A positive expression is evaluated a second time, and
+/// the second value counts.
+std::string WantedText(Run& run, bool expand) {
+  std::string wanted(run.Argument(2));
+  if (EvalNumber(run.Source, run.Target, wanted) > 0) {
+    wanted = EvalValue(run.Source, run.Target, wanted).Str();
+  }
+  if (expand && NumericPrefix(wanted) == 0) ExpandMessage(run.Source, run.Target, wanted, "", "");
+  if (wanted.starts_with(' ')) wanted.erase(0, 1);
+  return wanted;
+}
+bool IsText(Run& run, const Card& card) {
+  const std::string wanted = WantedText(run, true);
+  return FoldEquals(GetTrait(card, run.Argument(1)).Print(), wanted);
+}
+bool IsPlainText(Run& run, const Card& card) {
+  const std::string wanted = WantedText(run, false);
+  return FoldEquals(GetTrait(card, run.Argument(1)).Print(), wanted);
+}
+
+// Names.
+
+bool IsNamed(Run& run, const Card& card) {
+  const std::string_view name = run.Argument(1);
+  return card.Name == (name == "$MYNAME" ? run.Source.Name.View() : name);
+}
+bool IsNotNamed(Run& run, const Card& card) { return card.Name != run.Argument(1); }
+
+// The two cards.
+
+bool IsOther(Run& run, const Card&) { return run.Source.GlobalID != run.Target.GlobalID; }
+bool IsAlly(Run& run, const Card&) { return run.Source.Owner == run.Target.Owner; }
+bool IsEnemy(Run& run, const Card&) { return run.Source.Owner != run.Target.Owner; }
+bool IsPlayers(Run&, const Card& card) { return card.Owner == 1; }
+bool IsNotPlayers(Run&, const Card& card) { return card.Owner != 1; }
+
+// The action that is answered.
+
+bool ActionHas(Run& run, const Card&) {
+  return ScriptHasField(run.Options.IncomingScript, run.Argument(1));
+}
+bool ActionHasNot(Run& run, const Card& card) { return !ActionHas(run, card); }
+bool AmountAtLeast(Run& run, const Card&) { return run.Amount >= run.Evaluated(1).Number(); }
+bool AmountAtMost(Run& run, const Card&) { return run.Amount <= run.Evaluated(1).Number(); }
+bool AmountIs(Run& run, const Card&) { return run.Amount == run.Evaluated(1).Number(); }
+
+// Two values.
+
+bool IsMore(Run& run, const Card&) {
+  const double first = run.Evaluated(1).Number();
+  return first > run.Evaluated(2).Number();
+}
+bool IsLess(Run& run, const Card&) {
+  const double first = run.Evaluated(1).Number();
+  return first < run.Evaluated(2).Number();
+}
+/// Two texts, such as the cards' names, are compared as texts.
+bool AreEqual(Run& run, const Card&) {
+  const Value first = run.Evaluated(1);
+  const Value second = run.Evaluated(2);
+  if (first.IsNumber() || second.IsNumber()) return first.Number() == second.Number();
+  return first.Print() == second.Print();
+}
+
+constexpr std::string_view kNeedsTrait = "Requires @A trait.";
+constexpr std::string_view kCannotHave = "Cannot have @A trait.";
+constexpr std::string_view kOrLess = "Requires @A trait of @B or less.";
+constexpr std::string_view kOrMore = "Requires @A trait of @B or more.";
+constexpr std::string_view kOfValue = "Requires @A trait of \"@B\".";
+constexpr std::string_view kOwnerNeeds = "Requires owner to have @A trait.";
+
+constexpr auto kTarget = Subject::kTarget;
+constexpr auto kSource = Subject::kSource;
+constexpr auto kTargetOwner = Subject::kTargetOwner;
+constexpr auto kSourceOwner = Subject::kSourceOwner;
+
+// clang-format off
+constexpr RequirementRow kRequirements[] = {
+    {"REQTRAIT", 1, kTarget, Has, kNeedsTrait, Stop::kHard,
+     "TRAIT | the target has the trait"},
+    {"REQNOTRAIT", 1, kTarget, HasNot, kCannotHave, Stop::kHard,
+     "TRAIT | the target has not the trait"},
+    {"REQNOTTRAIT", 1, kTarget, HasNot, kCannotHave, Stop::kHard,
+     "TRAIT | the same as REQNOTRAIT"},
+    {"REQTRAITLESS", 2, kTarget, AtMost, kOrLess, Stop::kHard,
+     "TRAIT VALUE | the target's trait is the value or less; a missing trait counts 0"},
+    {"REQTRAITMORE", 2, kTarget, AtLeast, kOrMore, Stop::kHard,
+     "TRAIT VALUE | the target's trait is the value or more; a missing trait counts 0"},
+    {"REQTRAITEQUALS", 2, kTarget, EqualsValue, kOfValue, Stop::kHard,
+     "TRAIT VALUE | the target's trait is this number"},
+    {"REQTRAITIS", 2, kTarget, IsText, kOfValue, Stop::kHard,
+     "TRAIT TEXT | the target's trait is this text, in any case; placeholders are filled in"},
+    {"REQNAME", 1, kTarget, IsNamed, "Target card must be named @A", Stop::kHard,
+     "NAME | the target has this name; $MYNAME stands for the acting card's"},
+    {"REQNONAME", 1, kTarget, IsNotNamed, kCannotHave, Stop::kHard,
+     "NAME | the target has another name"},
+
+    {"REQMYTRAIT", 1, kSource, HasOwn, kNeedsTrait, Stop::kHard,
+     "TRAIT | the acting card has the trait"},
+    {"REQMYNOTRAIT", 1, kSource, HasNot, kCannotHave, Stop::kHard,
+     "TRAIT | the acting card has not the trait"},
+    {"REQNOMYTRAIT", 1, kSource, HasNot, kCannotHave, Stop::kHard,
+     "TRAIT | the same as REQMYNOTRAIT"},
+    {"REQMYNOTTRAIT", 1, kSource, HasNot, kCannotHave, Stop::kHard,
+     "TRAIT | the same as REQMYNOTRAIT"},
+    {"REQMYTRAITLESS", 2, kSource, AtMost,
+     "Requires source card have a @A trait of @B or less.", Stop::kCancel,
+     "TRAIT VALUE | the acting card's trait is the value or less"},
+    {"REQMYTRAITMORE", 2, kSource, AtLeast, kOrMore, Stop::kCancel,
+     "TRAIT VALUE | the acting card's trait is the value or more"},
+    {"REQMYTRAITEQUALS", 2, kSource, EqualsValue, kOfValue, Stop::kCancel,
+     "TRAIT VALUE | the acting card's trait is this number"},
+    {"REQMYTRAITIS", 2, kSource, IsPlainText, kOfValue, Stop::kCancel,
+     "TRAIT TEXT | the acting card's trait is this text, in any case"},
+    {"REQMYNAME", 1, kSource, IsNamed, "Source card must be named @A", Stop::kHard,
+     "NAME | the acting card has this name"},
+    {"REQNOMYNAME", 1, kSource, IsNotNamed, kCannotHave, Stop::kCancel,
+     "NAME | the acting card has another name"},
+
+    {"REQOWNERTRAIT", 1, kTargetOwner, Has, kOwnerNeeds, Stop::kHard,
+     "TRAIT | the player card of the target's owner has the trait"},
+    {"REQMYOWNERTRAIT", 1, kSourceOwner, Has, kOwnerNeeds, Stop::kHard,
+     "TRAIT | the player card of the acting card's owner has the trait"},
+    {"REQOWNERTRAITLESS", 2, kTargetOwner, AtMost, kOrLess, Stop::kHard,
+     "TRAIT VALUE | the trait of the target's owner is the value or less"},
+    {"REQMYOWNERTRAITLESS", 2, kSourceOwner, AtMost, kOrLess, Stop::kHard,
+     "TRAIT VALUE | the trait of the acting card's owner is the value or less"},
+    {"REQOWNERTRAITMORE", 2, kTargetOwner, AtLeast, kOrMore, Stop::kHard,
+     "TRAIT VALUE | the trait of the target's owner is the value or more"},
+    {"REQMYOWNERTRAITMORE", 2, kSourceOwner, AtLeast, kOrMore, Stop::kHard,
+     "TRAIT VALUE | the trait of the acting card's owner is the value or more"},
+    {"REQOWNERTRAITEQUALS", 2, kTargetOwner, Exactly, kOfValue, Stop::kHard,
+     "TRAIT VALUE | the trait of the target's owner is this number"},
+    {"REQMYOWNERTRAITEQUALS", 2, kSourceOwner, Exactly, kOfValue, Stop::kHard,
+     "TRAIT VALUE | the trait of the acting card's owner is this number"},
+
+    {"REQNOTME", 0, kTarget, IsOther, "", Stop::kHard,
+     "| the target is another card than the acting one"},
+    {"REQALLY", 0, kTarget, IsAlly, "Requires the target to be an ally.", Stop::kHard,
+     "| both cards have the same owner"},
+    {"REQENEMY", 0, kTarget, IsEnemy, "Requires the target to be an enemy.", Stop::kHard,
+     "| the cards have different owners"},
+    {"REQISPLAYER", 0, kTarget, IsPlayers, "", Stop::kHard,
+     "| the target belongs to the human player"},
+    {"REQNOTPLAYER", 0, kTarget, IsNotPlayers, "", Stop::kHard,
+     "| the target does not belong to the human player"},
+    {"REQISNOTPLAYER", 0, kTarget, IsNotPlayers, "", Stop::kHard,
+     "| the same as REQNOTPLAYER"},
+
+    {"REQTRAITTARGET", 1, kTarget, ActionHas, "", Stop::kFinal,
+     "TEXT | the answered action's script has this field"},
+    {"REQTRAITARGET", 1, kTarget, ActionHas, "", Stop::kFinal,
+     "TEXT | the same as REQTRAITTARGET"},
+    {"REQNOTRAITTARGET", 1, kTarget, ActionHasNot, "", Stop::kFinal,
+     "TEXT | the answered action's script has no such field"},
+    {"REQNOTRAITARGET", 1, kTarget, ActionHasNot, "", Stop::kFinal,
+     "TEXT | the same as REQNOTRAITTARGET"},
+    {"REQVALMORE", 1, kTarget, AmountAtLeast, "", Stop::kFinal,
+     "VALUE | the incoming amount is the value or more"},
+    {"REQVALLESS", 1, kTarget, AmountAtMost, "", Stop::kFinal,
+     "VALUE | the incoming amount is the value or less"},
+    {"REQVALEQUALS", 1, kTarget, AmountIs, "", Stop::kFinal,
+     "VALUE | the incoming amount is the value"},
+
+    {"REQISMORE", 2, kTarget, IsMore, "", Stop::kQuiet,
+     "VALUE VALUE | the first value is the greater"},
+    {"REQISLESS", 2, kTarget, IsLess, "", Stop::kQuiet,
+     "VALUE VALUE | the first value is the smaller"},
+    {"REQEQUALS", 2, kTarget, AreEqual, "", Stop::kQuiet,
+     "VALUE VALUE | both values are equal"},
+};
+// clang-format on
+
+/// nullptr when the card has no owner card.
+const Card* CardAbout(const Run& run, Subject subject) {
+  switch (subject) {
+    case Subject::kTarget:
+      return &run.Target;
+    case Subject::kSource:
+      return &run.Source;
+    case Subject::kTargetOwner:
+      return OwnerCard(run.Target);
+    case Subject::kSourceOwner:
+      return OwnerCard(run.Source);
+  }
+  return nullptr;
+}
+
+/// An argument as a reason names it: $MYNAME of the name requirements is the name that it means.
+std::string_view NamedArgument(const Run& run, const RequirementRow& row, char letter) {
+  const std::string_view argument = run.Argument(letter == 'A' ? 1 : 2);
+  return row.Holds == IsNamed && argument == "$MYNAME" ? run.Source.Name.View() : argument;
+}
+
+void GiveReason(const Run& run, const RequirementRow& row) {
+  std::string& reason = State().FailReason;
+  reason.clear();
+  std::string_view rest = row.Reason;
+  for (std::size_t mark = rest.find('@'); mark != std::string_view::npos; mark = rest.find('@')) {
+    reason += rest.substr(0, mark);
+    reason += NamedArgument(run, row, rest[mark + 1]);
+    rest.remove_prefix(mark + 2);
+  }
+  reason += rest;
+}
+
+Step Fail(Run& run, const RequirementRow& row) {
+  if (row.Kind == Stop::kQuiet && run.AiMarked) return Step::kNext;
+  ++run.FailCount;
+  if (row.Kind == Stop::kQuiet || row.Kind == Stop::kFinal) return Step::kEnd;
+  if (!row.Reason.empty()) GiveReason(run, row);
+  if (row.Kind == Stop::kCancel) State().CancelState = 1;
+  return run.AiMarked ? Step::kNext : Step::kEnd;
+}
+
+Step CarryRequirement(Run& run) {
+  const std::ptrdiff_t index = &run.Row() - RequirementCommands().data();
+  const RequirementRow& row = kRequirements[index];
+  const Card* card = CardAbout(run, row.About);
+  return card != nullptr && row.Holds(run, *card) ? Step::kNext : Fail(run, row);
+}
+
+Step Chance(Run& run, bool missed) {
+  if (!missed) return Step::kNext;
+  ++run.SoftFailCount;
+  return Step::kEnd;
+}
+Step CarryChance(Run& run) {
+  const int roll = RollDie(100);
+  return Chance(run, roll > run.Evaluated(1).Number());
+}
+Step CarryChanceAbove(Run& run) {
+  const int roll = RollDie(100);
+  return Chance(run, roll < run.Evaluated(1).Number());
+}
+Step CarryOneChance(Run& run) {
+  int& roll = State().SharedChanceRoll;
+  if (roll == 0) roll = RollDie(100);
+  return Chance(run, roll > run.Evaluated(1).Number());
+}
+
+constexpr Command kChances[] = {
+    {"CHANCE", 1, false, InTest::kSkipOne, CarryChance, "PERCENT | goes on with this chance"},
+    {"CHANCEABOVE", 1, false, InTest::kSkipOne, CarryChanceAbove,
+     "PERCENT | goes on when a roll of 1 to 100 is this or more"},
+    {"ONECHANCE", 1, false, InTest::kSkipOne, CarryOneChance,
+     "PERCENT | as CHANCE, with one roll for all targets of an action"},
+};
+
+/// The requirements first, so that a command's index is that of its requirement row.
+constexpr auto kCommands = [] {
+  std::array<Command, std::size(kRequirements) + std::size(kChances)> commands{};
+  std::size_t next = 0;
+  for (const RequirementRow& row : kRequirements) {
+    commands[next++] = {row.Word, row.Arguments, false, InTest::kRuns, CarryRequirement, row.Usage};
+  }
+  for (const Command& row : kChances) commands[next++] = row;
+  return commands;
+}();
+
+}  // namespace
+
+std::span<const Command> RequirementCommands() { return kCommands; }
+
+}  // namespace brindlemoor

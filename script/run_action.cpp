@@ -1,0 +1,173 @@
+// RunAction: the frame of a script run, from the refusals and the mask filter to the walk.
+#include "script/run_action.h"
+
+#include <optional>
+
+#include "core/limits.h"
+#include "core/state.h"
+#include "core/traits.h"
+#include "script/command_table.h"
+#include "script/effect_masks.h"
+#include "script/run.h"
+#include "script/run_epilogue.h"
+#include "script/values.h"
+#include "ui/card_pages.h"
+
+namespace brindlemoor {
+
+Value Run::Evaluated(int n) const { return EvalValue(Source, Target, Argument(n)); }
+
+void Run::Show(std::string_view html) {
+  if (RunText.size() + html.size() > limits::kPageBytes) {
+    limits::ReportLimit("The text of an action grew too long: a part was left out.");
+    return;
+  }
+  RunText += html;
+}
+
+namespace {
+
+/// What every run that is asked for does to the shared state, refused or not.
+void ClearSharedState(Session& session, double amount) {
+  if (amount != 0) session.LastValue = amount;
+  session.FailReason.clear();
+  session.RedirectTarget = 0;
+  session.RedirectScript = Text();
+  session.CancelState = 0;
+}
+
+/// The result of a run that does not begin.
+std::optional<int> Refusal(const Session& session, const Card& source, const Card& target,
+                           const RunOptions& options) {
+  if (session.RunDepth >= limits::kNestedRuns) return kRunNothing;
+  if (target.Name.empty()) return kRunFailed;
+  if (session.GameOver != 0) return kRunNothing;
+  const bool mustBeInPlay = options.CostMode == -1 && options.TestRun == 0;
+  if (mustBeInPlay && (target.InPlay == 0 || source.InPlay == 0)) return kRunFailed;
+  return std::nullopt;
+}
+
+/// The mask filter. A script that is not the action's own, or that is empty, has no masks.
+bool FilterRefuses(Session& session, const Card& source, const Card& target, int effectIndex,
+                   const RunOptions& options) {
+  if (!options.ScriptOverride.empty() || options.Redirected || !options.IncomingScript.empty()) {
+    return false;
+  }
+  const CardEffect& effect = source.Effects[effectIndex];
+  const bool refused = !effect.Script.empty() && MasksRefuse(effect, source, target);
+  ++(refused ? session.StatMasked : session.StatNotMasked);
+  return refused;
+}
+
+/// Only the outermost run shows pictures; those of a test are never seen.
+void DrawPictures(Run& run) {
+  if (State().RunDepth > 1 || run.Testing() || !run.Fields.WantsPictures()) return;
+  run.SourcePicture = CardPictureHtml(run.Source, -1, 1);
+  if (run.Source.GlobalID == run.Target.GlobalID) return;
+  run.TargetPicture = CardPictureHtml(run.Target, -1, run.Source.Owner == run.Target.Owner ? 2 : 1);
+}
+
+void ReportUnknownWord(Run& run, std::string_view word) {
+  if (run.Testing()) return;
+  run.Show(Joined("Unrecognized command in ", ColoredName(run.Source), ", targeting ",
+                  ColoredName(run.Target), ": \"", word, "\" (Full string: \"", run.Script.View(),
+                  "\")<br><br>"));
+}
+
+Step StepOfTest(InTest test) {
+  switch (test) {
+    case InTest::kSkipOne:
+      return Step::kOneOn;
+    case InTest::kEnds:
+      return Step::kEnd;
+    default:
+      return Step::kNext;
+  }
+}
+
+/// Carries out the field at the position.
+Step CarryOut(Run& run, const ParsedScript::FieldRow& field) {
+  run.AiMarked = field.AiMarked;
+  if (field.Row == nullptr) {
+    ReportUnknownWord(run, field.AiMarked ? field.Text.substr(2) : field.Text);
+    return Step::kOneOn;
+  }
+  if (run.Testing() && field.Row->Test != InTest::kRuns) return StepOfTest(field.Row->Test);
+  return field.Row->Carry(run);
+}
+
+/// True when the commands of all runs that the outermost one started have become too many.
+bool WalkedTooFar(Session& session) {
+  if (session.RunDepth <= 1) return false;
+  if (session.NestedCommands >= limits::kActionCommands) {
+    limits::ReportLimit("An action set too many others going; it was stopped.");
+    return true;
+  }
+  ++session.NestedCommands;
+  return false;
+}
+
+/// Walks the script; false when a command has left the run.
+bool Walk(Run& run) {
+  Session& session = State();
+  while (true) {
+    const ParsedScript::FieldRow& field = run.Fields.RowAt(run.Position);
+    if (field.Text.empty() || WalkedTooFar(session)) return true;
+    if (session.CancelState == 1) {
+      if (run.NoCounters != 1) {
+        ++run.FailCount;
+        return true;
+      }
+      session.CancelState = 0;
+    }
+    switch (CarryOut(run, field)) {
+      case Step::kNext:
+        run.Position += 1 + field.Row->Arguments;
+        break;
+      case Step::kOneOn:
+        ++run.Position;
+        break;
+      case Step::kEnd:
+        return true;
+      case Step::kLeave:
+        return false;
+    }
+  }
+}
+
+}  // namespace
+
+int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& options) {
+  Session& session = State();
+  double freshAmount = 0;
+  double& amount = options.Amount != nullptr ? *options.Amount : freshAmount;
+  ClearSharedState(session, amount);
+  if (const auto refusal = Refusal(session, source, target, options)) return *refusal;
+  if (session.RunDepth == 0 && options.Nested == 0) session.NestedCommands = 0;
+  session.HpReport = 0;
+  if (source.Name.empty() || FilterRefuses(session, source, target, effectIndex, options)) {
+    return kRunFailed;
+  }
+
+  ++session.RunDepth;
+  const Text script =
+      options.ScriptOverride.empty() ? source.Effects[effectIndex].Script : options.ScriptOverride;
+  const bool unanswered = options.NoCounters == 1 || HasTrait(source, "NOCOUNTERS", script);
+  Run run{source,      target,
+          effectIndex, options,
+          script,      ParsedScript::Of(script),
+          amount,      unanswered ? 1 : options.NoCounters};
+  if (session.CancelState == 1) {
+    --session.RunDepth;
+    return kRunNothing;
+  }
+  DrawPictures(run);
+  session.DeleteRunningEffect = 0;
+  const bool finished = Walk(run);
+  const int result = finished ? CloseRun(run) : run.LeaveResult;
+  --session.RunDepth;
+  if (finished) AfterRun(run);
+  return result;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,92 @@
+// Trait actions: merging the actions that a trait brings into a card, and taking them out again.
+#include "script/trait_actions.h"
+
+#include "core/cards.h"
+#include "core/state.h"
+#include "core/traits.h"
+#include "script/triggers.h"
+
+namespace brindlemoor {
+namespace {
+
+constexpr std::string_view kNone = "NONE";
+constexpr std::string_view kEveryCard = "#ALL#";
+
+std::string_view BringerOf(const CardEffect& effect) {
+  return ScriptTraitValue(effect.Script, "TRAITEFFECT");
+}
+
+bool AlreadyMerged(const Card& card, const Card& giver) {
+  for (const CardEffect& effect : card.Effects) {
+    if (giver.Name == BringerOf(effect)) return true;
+  }
+  return false;
+}
+
+bool SwitchedOff(const Card& card, const Card& giver) {
+  return card.TraitCaptions[TraitSlot(card, giver.Name)] == "OVERRIDE";
+}
+
+void Merge(Card& card, const Card& giver) {
+  const bool forAll = giver.Name == kEveryCard;
+  if (!forAll && !HasTrait(card, giver.Name, "")) return;
+  if (AlreadyMerged(card, giver)) return;
+  if (!forAll && SwitchedOff(card, giver)) return;
+  for (const CardEffect& effect : giver.Effects) {
+    if (effect.Script.empty()) continue;
+    const Text script = InternText(Joined("TRAIT:TRAITEFFECT:", giver.Name, ":", effect.Script));
+    AddEffect(card, script, effect.TargetType, effect.Trigger, 0, effect.TargetText);
+  }
+}
+
+/// Whole record but for the trigger: a menu action's caption and state go with its script.
+void Blank(Card& card, int effect) {
+  card.Effects.Edit(effect) = CardEffect{};
+  card.Effects.Edit(effect).Trigger = "0";
+}
+
+void ReapplyOverPile(Pile& pile, int force) {
+  for (int index = 1; index <= pile.UpperBound(); ++index) {
+    if (force == 1) pile[index].TraitActionsApplied = 0;
+    ApplyTraitActions(pile[index], "");
+  }
+}
+
+}  // namespace
+
+void ApplyTraitActions(Card& card, std::string_view only) {
+  if (IsFree(card) || card.TraitActionsApplied == 1) return;
+  const Pile& givers = State().TraitActions;
+  for (int index = 1; index <= givers.UpperBound(); ++index) {
+    const Card& giver = givers[index];
+    if (IsFree(giver) || (!only.empty() && giver.Name != only)) continue;
+    Merge(card, giver);
+  }
+  card.TraitActionsApplied = 1;
+  // A scratch copy has the slot of its model, whose lists a test must not change.
+  if (IsTableRecord(card)) RegisterAllHits(card);
+}
+
+void RemoveTraitEffects(Card& card, std::string_view name) {
+  // "NONE" is the answer for an action that no trait brought.
+  if (name.empty() || name == kNone) return;
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    if (BringerOf(card.Effects[effect]) == name) Blank(card, effect);
+  }
+}
+
+void StripTraitEffects(Card& card) {
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    if (BringerOf(card.Effects[effect]) != kNone) Blank(card, effect);
+  }
+}
+
+void ReapplyTraitActions(int force) {
+  Session& session = State();
+  ReapplyOverPile(session.CardTable, force);
+  ReapplyOverPile(session.Players[1].Deck, force);
+  ReapplyOverPile(session.Players[2].Deck, force);
+  RebuildHitTable();
+}
+
+}  // namespace brindlemoor

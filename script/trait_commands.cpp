@@ -1,0 +1,266 @@
+// Commands that change traits, the incoming value of a reaction and the player's tokens.
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <string>
+
+#include "core/cards.h"
+#include "core/state.h"
+#include "core/traits.h"
+#include "script/command_table.h"
+#include "script/run.h"
+#include "script/values.h"
+
+namespace brindlemoor {
+namespace {
+
+constexpr int kPayingCost = 1;
+
+bool PaysCost(const Run& run) { return run.Options.CostMode == kPayingCost; }
+
+void SayInsufficient(std::string_view trait) {
+  State().FailReason = Joined("Insufficient ", trait, ".");
+}
+
+/// The cost can't be paid at all: the run ends where it stands.
+Step LeaveInsufficient(Run& run, std::string_view trait) {
+  SayInsufficient(trait);
+  run.LeaveResult = kRunFailed;
+  return Step::kLeave;
+}
+
+void Change(Run& run, Card& card, std::string_view trait, double amount) {
+  ModTrait(card, trait, amount, run.Source, run.Options.TestRun, run.Script);
+}
+
+/// The sentence about hit points is to speak of the source.
+void TurnHpReportToSource(std::string_view trait) {
+  if (trait == "HP" && State().HpReport == 1) State().HpReport = 2;
+}
+
+// Relative changes.
+
+/// The change is made already when it turns out to cost more than there is. It is always the
+/// source's trait that is looked at, also when the target's was changed.
+Step AfterChange(Run& run, std::string_view trait) {
+  ++run.AppliedCount;
+  if (!PaysCost(run) || TraitNumber(run.Source, trait) >= 0) return Step::kNext;
+  SayInsufficient(trait);
+  ++run.SoftFailCount;
+  return run.AiMarked ? Step::kNext : Step::kEnd;
+}
+
+Step ModTargetTrait(Run& run) {
+  const std::string_view trait = run.Argument(1);
+  Change(run, run.Target, trait, run.Evaluated(2).Number());
+  return AfterChange(run, trait);
+}
+
+Step ModSourceTrait(Run& run) {
+  const std::string_view trait = run.Argument(1);
+  Change(run, run.Source, trait, run.Evaluated(2).Number());
+  TurnHpReportToSource(trait);
+  return AfterChange(run, trait);
+}
+
+/// Changes one owner's card by a value that is read against the other owner's card, and looks at
+/// that other card for what is left. This is meant.
+Step ModOwner(Run& run, Card* changed, Card* readAgainst) {
+  if (changed == nullptr) return Step::kNext;
+  const std::string_view trait = run.Argument(1);
+  const Card& against = readAgainst != nullptr ? *readAgainst : run.Target;
+  Change(run, *changed, trait, EvalNumber(run.Source, against, run.Argument(2)));
+  ++run.AppliedCount;
+  if (PaysCost(run) && readAgainst != nullptr && TraitNumber(*readAgainst, trait) < 0) {
+    return LeaveInsufficient(run, trait);
+  }
+  return Step::kNext;
+}
+
+Step ModTargetOwnerTrait(Run& run) {
+  return ModOwner(run, OwnerCard(run.Target), OwnerCard(run.Source));
+}
+
+Step ModSourceOwnerTrait(Run& run) {
+  return ModOwner(run, OwnerCard(run.Source), OwnerCard(run.Target));
+}
+
+Step Subtract(Run& run, Card& card, bool gainsToo) {
+  const std::string_view trait = run.Argument(1);
+  double value = run.Evaluated(2).Number();
+  if (PaysCost(run) && value > TraitNumber(card, trait)) return LeaveInsufficient(run, trait);
+  if (value < 0 && !gainsToo) value = 0;
+  if (value != 0 && !HasTrait(card, trait, "")) {
+    ++run.SoftFailCount;
+    return Step::kNext;
+  }
+  Change(run, card, trait, 0 - value);
+  ++run.AppliedCount;
+  return Step::kNext;
+}
+
+Step SubTargetTrait(Run& run) { return Subtract(run, run.Target, false); }
+Step SubSourceTrait(Run& run) { return Subtract(run, run.Source, true); }
+
+Step AddToTrait(Run& run) {
+  const std::string_view trait = run.Argument(1);
+  if (HasTrait(run.Target, trait, "")) {
+    Change(run, run.Target, trait, run.Evaluated(2).Number());
+  } else {
+    ++run.SoftFailCount;
+  }
+  return Step::kNext;
+}
+
+// Absolute changes.
+
+Step SetTargetTrait(Run& run) {
+  bool computed = false;
+  const Value value = EvalValue(run.Source, run.Target, run.Argument(2), computed);
+  SetTrait(run.Target, run.Argument(1), computed ? value : Value(run.Argument(2)), 0);
+  ++run.AppliedCount;
+  return Step::kNext;
+}
+
+Step SetOn(Run& run, Card* card) {
+  if (card == nullptr) return Step::kNext;
+  const Value value = run.Evaluated(2);
+  SetTrait(*card, run.Argument(1), value.Number() > 0 ? value : Value(run.Argument(2)), 0);
+  ++run.AppliedCount;
+  return Step::kNext;
+}
+
+Step SetSourceTrait(Run& run) {
+  const Step step = SetOn(run, &run.Source);
+  TurnHpReportToSource(run.Argument(1));
+  return step;
+}
+
+/// A test has no copy of a player card, so it only counts what it would have done.
+Step SetOnOwner(Run& run, Card* owner) {
+  if (!run.Testing()) return SetOn(run, owner);
+  if (owner != nullptr) ++run.AppliedCount;
+  return Step::kNext;
+}
+
+Step SetTargetOwnerTrait(Run& run) { return SetOnOwner(run, OwnerCard(run.Target)); }
+Step SetSourceOwnerTrait(Run& run) { return SetOnOwner(run, OwnerCard(run.Source)); }
+
+// Removal.
+
+Step RemoveFrom(Run& run, Card& card) {
+  const std::string_view trait = run.Argument(1);
+  if (HasTrait(card, trait, "")) {
+    RemoveTrait(card, trait);
+    ++run.AppliedCount;
+  } else {
+    ++run.SoftFailCount;
+  }
+  return Step::kNext;
+}
+
+Step RemoveTargetTrait(Run& run) { return RemoveFrom(run, run.Target); }
+Step RemoveSourceTrait(Run& run) { return RemoveFrom(run, run.Source); }
+
+// The incoming value.
+
+Step SetIncoming(Run& run) {
+  const double value = run.Evaluated(1).Number();
+  run.Amount = value;
+  State().LastValue = value;
+  return Step::kNext;
+}
+
+/// Makes the change bigger or smaller in its own direction; it never turns round.
+Step ModIncoming(Run& run) {
+  const double value = run.Evaluated(1).Number();
+  if (run.Amount < 0) {
+    run.Amount = std::fmin(run.Amount - value, 0);
+  } else if (run.Amount > 0) {
+    run.Amount = std::fmax(run.Amount + value, 0);
+  }
+  State().LastValue = value;
+  return Step::kNext;
+}
+
+Step RedirectTrait(Run& run) {
+  State().RedirectTraitName = run.Argument(1);
+  return Step::kNext;
+}
+
+// Tokens: always the human's, whoever acts.
+
+std::int32_t WholeTokens(double balance) {
+  using Bounds = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(
+      std::fmin(std::fmax(std::round(balance), Bounds::min()), Bounds::max()));
+}
+
+Step ChangeTokens(Run& run, double sign) {
+  std::int32_t& tokens = State().Players[1].Tokens;
+  const double value = run.Evaluated(1).Number();
+  const double balance = tokens + sign * value;
+  run.ShowRun = true;
+  if (balance < 0) {
+    run.Show("Not enough tokens!<br>");
+    if (!run.AiMarked) return Step::kEnd;
+  }
+  tokens = WholeTokens(balance);
+  State().LastValue = value;
+  run.Show(Joined("You now have ", tokens, " tokens."));
+  return Step::kNext;
+}
+
+Step AddTokens(Run& run) { return ChangeTokens(run, 1); }
+Step SubTokens(Run& run) { return ChangeTokens(run, -1); }
+
+Step DeclareTrait(Run&) { return Step::kNext; }
+
+constexpr std::array<Command, 20> kRows{{
+    {"MODTRAIT", 2, false, InTest::kRuns, ModTargetTrait,
+     "TRAIT VALUE | adds to a trait of the target, which gets it if need be"},
+    {"MODMYTRAIT", 2, false, InTest::kRuns, ModSourceTrait,
+     "TRAIT VALUE | adds to a trait of the acting card"},
+    {"MODOWNERTRAIT", 2, false, InTest::kSkipOne, ModTargetOwnerTrait,
+     "TRAIT VALUE | adds to a trait of the target's player card"},
+    {"MODMYOWNERTRAIT", 2, false, InTest::kSkipOne, ModSourceOwnerTrait,
+     "TRAIT VALUE | adds to a trait of the acting card's player card"},
+    {"SUBTRAIT", 2, false, InTest::kRuns, SubTargetTrait,
+     "TRAIT VALUE | takes from a trait that the target has; a value below 0 takes nothing"},
+    {"SUBMYTRAIT", 2, false, InTest::kRuns, SubSourceTrait,
+     "TRAIT VALUE | takes from a trait that the acting card has; a value below 0 adds"},
+    {"ADDTRAIT", 2, false, InTest::kRuns, AddToTrait,
+     "TRAIT VALUE | adds to a trait that the target has already"},
+    {"SETTRAIT", 2, false, InTest::kRuns, SetTargetTrait,
+     "TRAIT VALUE | gives the target a trait; the value is stored as written unless it is "
+     "computed"},
+    {"SETMYTRAIT", 2, false, InTest::kRuns, SetSourceTrait,
+     "TRAIT VALUE | gives the acting card a trait; a value that comes to 0 is stored as written"},
+    {"SETOWNERTRAIT", 2, false, InTest::kRuns, SetTargetOwnerTrait,
+     "TRAIT VALUE | gives the target's player card a trait, as SETMYTRAIT"},
+    {"SETMYOWNERTRAIT", 2, false, InTest::kRuns, SetSourceOwnerTrait,
+     "TRAIT VALUE | gives the acting card's player card a trait, as SETMYTRAIT"},
+    {"REMOVETRAIT", 1, false, InTest::kRuns, RemoveTargetTrait,
+     "TRAIT | takes a trait from the target; fails softly without it"},
+    {"REMOVEMYTRAIT", 1, false, InTest::kRuns, RemoveSourceTrait,
+     "TRAIT | takes a trait from the acting card; fails softly without it"},
+    {"MODVAL", 1, false, InTest::kRuns, ModIncoming,
+     "VALUE | makes the incoming change that much bigger, or smaller, down to nothing"},
+    {"SETVAL", 1, false, InTest::kRuns, SetIncoming, "VALUE | replaces the incoming change"},
+    {"REDIRECTTRAIT", 1, false, InTest::kRuns, RedirectTrait,
+     "TRAIT | lets this trait take an incoming loss as far as it lasts"},
+    {"REDIRECTRAIT", 1, false, InTest::kRuns, RedirectTrait, "TRAIT | the same as REDIRECTTRAIT"},
+    {"MODTOKENS", 1, false, InTest::kSkipOne, AddTokens,
+     "VALUE | adds to the player's tokens; ends the run if the balance would fall below 0"},
+    {"SUBTOKENS", 1, false, InTest::kSkipOne, SubTokens,
+     "VALUE | takes from the player's tokens; ends the run if there are not enough"},
+    {"TRAIT", 2, false, InTest::kRuns, DeclareTrait,
+     "TRAIT VALUE | gives the action a trait of its own; does nothing when it is reached"},
+}};
+
+}  // namespace
+
+std::span<const Command> TraitCommands() { return kRows; }
+
+}  // namespace brindlemoor

@@ -1,0 +1,249 @@
+// Firing a trigger on a card: which of its actions run, and on whom; entering and leaving play.
+#include "script/triggers.h"
+
+#include <string>
+#include <utility>
+
+#include "core/cards.h"
+#include "core/fold.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "core/traits.h"
+#include "script/run_action.h"
+#include "script/target_types.h"
+#include "script/values.h"
+
+namespace brindlemoor {
+namespace {
+
+/// One firing of a trigger on a card, with what its runs answered. Actions are named by number and
+/// looked up afresh: a run may add, change and blank actions of the card that acts.
+struct Firing {
+  Card& Actor;
+  int Value;
+  RunOptions Options;
+  int LastResult = kRunNothing;
+  int Failures = 0;
+
+  const CardEffect& Effect(int effect) const { return Actor.Effects[effect]; }
+  void RunOn(Card& target, int effect) { LastResult = RunAction(Actor, target, effect, Options); }
+  void RunOnSlot(int slot, int effect) {
+    Pile& table = State().CardTable;
+    if (table.Holds(slot)) RunOn(table[slot], effect);
+  }
+  void CountFailure() {
+    if (LastResult == kRunFailed) ++Failures;
+  }
+};
+
+int PickFor(Firing& firing, int effect) {
+  int quality = kNoTarget;
+  return PickTarget(firing.Actor, effect, firing.Effect(effect).TargetType, Text(), quality);
+}
+
+void ChooseTarget(Card& card, int effect, int slot) {
+  if (!card.Effects.Holds(effect) || card.Effects[effect].ChosenTarget == slot) return;
+  card.Effects.Edit(effect).ChosenTarget = slot;
+}
+
+/// True when a test run of the action on the card in a slot does something.
+bool SuitsSlot(const Firing& firing, int effect, int slot) {
+  const Pile& table = State().CardTable;
+  if (!table.Holds(slot)) return false;
+  Card actor = firing.Actor;
+  Card target = table[slot];
+  RunOptions options = firing.Options;
+  options.TestRun = 1;
+  const int result = RunAction(actor, target, effect, options);
+  return result != kRunFailed && result != kRunNothing;
+}
+
+void RunOnChosenCard(Firing& firing, int effect) {
+  int chosen = firing.Effect(effect).ChosenTarget;
+  if (!State().CardTable.Holds(chosen)) chosen = 0;
+  if (chosen == 0 && firing.Actor.TargetSlot > 0) chosen = firing.Actor.TargetSlot;
+  if (chosen == 0 && firing.Actor.TargetSlot == 0) {
+    chosen = PickFor(firing, effect);
+    if (chosen == 0) {
+      ChooseTarget(firing.Actor, effect, 0);
+      return;
+    }
+  }
+  ChooseTarget(firing.Actor, effect, chosen);
+  if (!SuitsSlot(firing, effect, chosen)) {
+    chosen = PickFor(firing, effect);
+    ChooseTarget(firing.Actor, effect, chosen);
+  }
+  firing.RunOnSlot(chosen, effect);
+}
+
+void RunOnStoredCard(Firing& firing, int effect) {
+  Session& session = State();
+  if (firing.Options.TestRun != 0) return;
+  const int deck = firing.Effect(effect).PickedPile;
+  if (deck != 0 && !session.Decks.Holds(deck)) return;
+  Pile& pile = deck == 0 ? session.Collection : session.Decks[deck].Cards;
+  const int index = firing.Effect(effect).ChosenTarget;
+  if (!pile.Holds(index)) return;
+  const auto paused = std::exchange(session.TraitActionsPaused, std::uint8_t{1});
+  RunOptions options = firing.Options;
+  options.CostMode = 1;
+  firing.LastResult = RunAction(firing.Actor, pile[index], effect, options);
+  session.TraitActionsPaused = paused;
+}
+
+void RunOnAll(Firing& firing, int effect) {
+  Pile& table = State().CardTable;
+  for (int slot = 1; slot <= table.UpperBound(); ++slot) {
+    if (IsFree(table[slot])) continue;
+    firing.RunOn(table[slot], effect);
+    FlushPendingEffect();
+    firing.CountFailure();
+  }
+}
+
+void RunEffect(Firing& firing, int effect) {
+  switch (firing.Effect(effect).TargetType) {
+    case kTargetGidCard: {
+      const std::string expression(FieldAt(firing.Effect(effect).TargetText, 2, ':'));
+      firing.RunOnSlot(FindSlot(EvalNumber(firing.Actor, firing.Actor, expression)), effect);
+      break;
+    }
+    case kTargetCard:
+      RunOnChosenCard(firing, effect);
+      break;
+    case kTargetCollection:
+      RunOnStoredCard(firing, effect);
+      break;
+    case kTargetTriggeringCard:
+      firing.RunOnSlot(firing.Value >= 1 ? firing.Value : State().LastEntered, effect);
+      break;
+    case kTargetAll:
+      RunOnAll(firing, effect);
+      break;
+    case kTargetRandom:
+    case kTargetRandomEnemy:
+    case kTargetRandomAlly:
+      firing.RunOnSlot(PickFor(firing, effect), effect);
+      break;
+    case kTargetOwner:
+      firing.RunOnSlot(PlayerCardOf(firing.Actor.Owner), effect);
+      break;
+    case kTargetEnemyPlayer:
+      firing.RunOnSlot(PlayerCardOf(firing.Actor.Owner == 1 ? 2 : 1), effect);
+      break;
+    case kTargetSelf:
+      firing.RunOn(firing.Actor, effect);
+      break;
+    default:
+      break;
+  }
+}
+
+/// True for an action that answers the trigger: not free, and no menu action that waits.
+bool Answers(const CardEffect& effect, std::string_view trigger) {
+  return effect.Trigger == trigger && effect.MenuState != kMenuAction && !effect.Script.empty();
+}
+
+/// Fields that belong to a trigger word behind ADDEFFECT.
+int FieldsOfTrigger(std::string_view word) {
+  if (word == "MENU") return 2;
+  return word == "TRAITCHANGE" || word == "BEFORETRAITCHANGE" ? 1 : 0;
+}
+
+void FireEffect(Firing& firing, std::string_view trigger, int effect) {
+  Session& session = State();
+  Card& card = firing.Actor;
+  if (session.TraitChangeBusy != 1) {
+    session.SharedChanceRoll = 0;
+    session.EchoedOnce = 0;
+  }
+  if (card.StoredTarget > 0) card.TargetSlot = card.StoredTarget;
+  if (!Answers(card.Effects[effect], trigger)) return;
+  RunEffect(firing, effect);
+  if (card.Effects[effect].MenuState == kArmedMenuAction) {
+    card.Effects.Edit(effect).MenuState = kMenuAction;
+  }
+  FlushPendingEffect();
+  firing.CountFailure();
+}
+
+}  // namespace
+
+int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect, int testRun) {
+  if (trigger == "ENTERSPLAY") trigger = "ENTERPLAY";
+  if (IsFree(card)) return 0;
+  const int costMode = trigger == "COST" ? 1 : -1;
+  if (costMode == -1 && card.InPlay == 0) {
+    if (!FoldEquals(card.ActivateOn, trigger)) return 0;
+    EnterPlay(card);
+  }
+  Firing firing{card, value, RunOptions{.CostMode = costMode, .TestRun = testRun}};
+  if (onlyEffect > 0) {
+    if (card.Effects.Holds(onlyEffect)) FireEffect(firing, trigger, onlyEffect);
+    return firing.Failures;
+  }
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    FireEffect(firing, trigger, effect);
+  }
+  return firing.Failures;
+}
+
+void EnterPlay(Card& card) {
+  Session& session = State();
+  if (card.InPlay == 1) return;
+  card.InPlay = 1;
+  FireTrigger(session.RulesCard, "OTHERENTERSPLAY", card.Slot);
+  if (HasTrait(card, "PLAYER", "") && session.Players.Holds(card.Owner)) {
+    session.Players[card.Owner].PlayerCard = card.Slot;
+  }
+  FireHit(kOtherEntersPlay, card.Slot);
+  FireTrigger(card, "ENTERPLAY");
+  if (session.CardTable.Holds(card.Slot) && !IsFree(session.CardTable[card.Slot])) {
+    RegisterAllHits(card);
+  }
+}
+
+void KillCard(Card& card) {
+  if (IsFree(card)) return;
+  FireTrigger(card, "ONDEATH");
+  // A scratch copy that dies leaves the card it was made of in its lists.
+  if (IsTableRecord(card)) {
+    for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+      RegisterHit(card.Slot, effect, true);
+    }
+  }
+  FreeCard(card);
+  card.InPlay = 0;
+}
+
+void FlushPendingEffect() {
+  Session& session = State();
+  if (session.PendingEffectText.empty()) return;
+  const Text pending = std::exchange(session.PendingEffectText, Text());
+  const int globalId = std::exchange(session.PendingEffectCard, 0);
+  const int slot = FindSlot(static_cast<double>(globalId));
+  if (!session.CardTable.Holds(slot) || IsFree(session.CardTable[slot])) return;
+
+  FieldWalker fields(pending, ':');
+  std::string trigger(fields.Next());
+  for (int more = FieldsOfTrigger(trigger); more > 0; --more) {
+    trigger += Joined(":", fields.Next());
+  }
+  std::string target(fields.Next());
+  if (target == "GIDCARD") target += Joined(":", fields.Next());
+
+  Card& card = session.CardTable[slot];
+  AddEffect(card, InternText(fields.Rest()), TargetTypeCode(target), trigger, 0, target);
+  RegisterAllHits(card);
+}
+
+void ResetMenuState(Card& card) {
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    if (card.Effects[effect].MenuState == kArmedMenuAction) {
+      card.Effects.Edit(effect).MenuState = kMenuAction;
+    }
+  }
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,46 @@
+// RunTest: two cards in play and short ways of running a script on them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "script/run_action.h"
+#include "script/target_types.h"
+#include "tests/support/session_test.h"
+
+namespace brindlemoor {
+
+class RunTest : public SessionTest {
+ protected:
+  /// Runs a script from Ada (human) on Bob (computer) in place of an action, without mask filter.
+  int RunScript(std::string_view script, RunOptions options = {}) {
+    options.ScriptOverride = script;
+    return RunAction(ada, bob, 1, options);
+  }
+  /// The same as an action of Ada's, masks and all.
+  int RunOwnAction(std::string_view script, const RunOptions& options = {}) {
+    ada.Effects = SharedArray<CardEffect>();
+    AddEffect(ada, script, kTargetAll, "PHASE1", 0, "ALL");
+    return RunAction(ada, bob, 1, options);
+  }
+  static void GiveAction(Card& card, std::string_view trigger, std::string_view script,
+                         int targetType = kTargetSelf) {
+    AddEffect(card, script, targetType, trigger, 0, TargetTypeName(targetType));
+  }
+  static std::string Trait(const Card& card, std::string_view name) {
+    return GetTrait(card, name).Str();
+  }
+  /// What the run said, and an empty banner for the next.
+  static std::string TakeBanner() { return std::exchange(State().PhaseBanner, std::string()); }
+
+  static RunOptions TestOptions() {
+    RunOptions options;
+    options.TestRun = 1;
+    return options;
+  }
+
+  Card& ada = PutInPlay(MakeCard("Ada", 1));
+  Card& bob = PutInPlay(MakeCard("Bob", 2));
+};
+
+}  // namespace brindlemoor
