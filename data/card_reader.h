@@ -1,6 +1,7 @@
 // The card data reader: one format for rules, opponents, stores, decks and player files.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "core/records.h"
@@ -14,11 +15,15 @@ namespace brindlemoor {
 void ReadCards(std::string_view file, PlayerState& player, int noDuplicates,
                std::string_view forcedLocation, int keepExisting);
 
+/// The path under which ReadCards opens a file: in the current folder, where the exact name is
+/// missing one that differs in case only. "" when there is none.
+std::string FindCardFile(std::string_view file);
+
 /// A copy of the card called name in a file, or an empty record. Files are read once.
 Card GetRefCard(std::string_view name, std::string_view file);
 
-/// Adds a value to a custom string; more than 255 values are refused.
-void AddCustomString(std::string_view key, std::string_view value);
+/// Adds a value to a custom string. False when it has 255 values already or no further one fits.
+bool AddCustomString(std::string_view key, std::string_view value);
 void AddTraitGraphic(std::string_view name, std::string_view picture, std::string_view fontColor,
                      std::string_view label, int showSmall, int showLarge);
 

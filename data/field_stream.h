@@ -7,7 +7,8 @@
 namespace brindlemoor {
 
 /// Fields end at a comma or a line end; blanks before one are skipped; a field in double quotes may
-/// hold commas and line ends and has no escape.
+/// hold commas and line ends and has no escape. What stands between a closing quote and the end of
+/// its field is dropped. LF, CR LF and CR end lines; an empty line is an empty field.
 class FieldStream {
  public:
   /// Takes the bytes of a file (UTF-8 or Windows-1252).
@@ -16,12 +17,19 @@ class FieldStream {
   bool Read(std::string& field);
   /// 1-based line on which the field read last began.
   int Line() const { return fieldLine_; }
+  /// True when the field read last began with a double quote that the file never closes.
+  bool Unclosed() const { return unclosed_; }
 
  private:
+  void ReadPlain(std::string& field);
+  void ReadQuoted(std::string& field);
+  void SkipEnd();
+
   std::string text_;
   std::size_t position_ = 0;
   int line_ = 1;
   int fieldLine_ = 1;
+  bool unclosed_ = false;
 };
 
 }  // namespace brindlemoor

@@ -6,11 +6,13 @@
 
 namespace brindlemoor {
 
-/// Name of the player file of the current profile for a game: "Ann_Goblins.plr".
+/// Name of the player file of the current profile for a game: "Ann_Goblins.plr". What a file name
+/// can't hold is written as "_". "" for a number that is no game.
 std::string PlayerFileName(int gameIndex);
 
 /// Saves the player's cards, decks and tokens and the profile list. Nothing in debug mode, and
-/// nothing when the player owns no card.
+/// nothing without a name or when neither deck 1 nor the collection holds a card. A file that can't
+/// be written is told in a message box and stays as it was.
 void WritePlayerFile(std::string_view fileName);
 
 /// Ends the game in progress: saves the player, hides the hand, "End Game" on the main button.

@@ -1,0 +1,107 @@
+// Reading whole files: what is open, what a read empties and what follows it.
+#include "data/card_reader.h"
+
+#include <optional>
+#include <utility>
+
+#include "core/fold.h"
+#include "core/limits.h"
+#include "core/paths.h"
+#include "core/random.h"
+#include "core/state.h"
+#include "data/card_reading.h"
+#include "platform/platform.h"
+
+namespace brindlemoor {
+
+namespace {
+
+void EmptyPlayerPiles() {
+  Session& session = State();
+  session.Collection.Reset(1);
+  for (DeckRec& deck : session.Decks) deck.Cards.Reset(1);
+}
+
+/// Why a further file can't be opened now, "" when it can.
+std::string RefuseRead() {
+  const Session& session = State();
+  if (session.ReadDepth >= limits::kNestedReads) {
+    return Joined("the file is not read: files may be nested ", limits::kNestedReads, " deep");
+  }
+  if (session.FilesRead >= limits::kFilesOfRead) {
+    return Joined("the file is not read: one read takes in ", limits::kFilesOfRead, " files");
+  }
+  return "";
+}
+
+void EndRead(PlayerState& player) {
+  Session& session = State();
+  --session.ReadDepth;
+  if (session.ReadDepth != 0) return;
+  CopyDeck(player);
+  ShufflePile(player);
+  session.FileList.fill(Text());
+  session.OpenPaths.fill(Text());
+  session.FilesRead = 0;
+}
+
+}  // namespace
+
+std::string FindCardFile(std::string_view file) {
+  if (file.empty()) return "";
+  FileSystem& files = Desktop().Files();
+  std::string path = InCurrentFolder(file);
+  if (files.Exists(path)) return path;
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return "";
+  const std::string folder = path.substr(0, slash);
+  const std::string name = path.substr(slash + 1);
+  for (const std::string& entry : files.ListFiles(folder)) {
+    if (FoldEquals(entry, name)) return Joined(folder, "/", entry);
+  }
+  return "";
+}
+
+bool ReadCardFile(std::string_view file, PlayerState& player, int noDuplicates,
+                  std::string_view forcedLocation, int keepExisting) {
+  Session& session = State();
+  const std::string refusal = RefuseRead();
+  if (!refusal.empty()) {
+    AddProblem(file, 0, refusal);
+    return false;
+  }
+  const std::string path = FindCardFile(file);
+  std::optional<std::string> bytes;
+  if (!path.empty()) bytes = Desktop().Files().Read(path);
+  if (!bytes) {
+    AddProblem(file, 0, "the file can't be read");
+    return false;
+  }
+  ++session.FilesRead;
+  const auto depth = static_cast<std::size_t>(++session.ReadDepth);
+  session.FileList[depth] = file;
+  session.OpenPaths[depth] = path;
+  if (player.PlayerNo == 1 && keepExisting == 0) EmptyPlayerPiles();
+  const std::string name = session.FileList[depth].Str();
+  CardReader(name, std::move(*bytes), player, {noDuplicates != 0, std::string(forcedLocation)})
+      .Read();
+  EndRead(player);
+  return true;
+}
+
+void ReadCards(std::string_view file, PlayerState& player, int noDuplicates,
+               std::string_view forcedLocation, int keepExisting) {
+  ReadCardFile(file, player, noDuplicates, forcedLocation, keepExisting);
+}
+
+void CopyDeck(PlayerState& player) { player.StartDeck = player.Deck; }
+
+void ShufflePile(PlayerState& player) {
+  Pile& deck = player.Deck;
+  for (int i = 1; i <= deck.UpperBound(); ++i) {
+    const int j = RollDie(deck.UpperBound());
+    if (i != j) std::swap(deck[i], deck[j]);
+  }
+}
+
+}  // namespace brindlemoor

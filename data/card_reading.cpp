@@ -1,0 +1,225 @@
+// CardReader: the walk through a file, its numbers and its piles.
+#include "data/card_reading.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/cards.h"
+#include "core/fold.h"
+#include "core/limits.h"
+#include "core/state.h"
+#include "core/strings.h"
+
+namespace brindlemoor {
+
+namespace {
+
+bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+bool IsColor(std::string_view text) {
+  return text.size() == 7 &&
+         std::all_of(text.begin() + 1, text.end(), [](char c) { return c >= 'A' && c <= 'F'; });
+}
+
+bool IsDirectiveCase(std::string_view text) {
+  return std::all_of(text.begin() + 1, text.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
+}
+
+}  // namespace
+
+CardReader::CardReader(std::string_view file, std::string bytes, PlayerState& player,
+                       ReadOptions options)
+    : file_(file), stream_(std::move(bytes)), player_(player), options_(std::move(options)) {
+  counts_[kDeckPile] = player.Deck.UpperBound();
+  counts_[kTablePile] = State().CardTable.UpperBound();
+  counts_[kTraitActionPile] = State().TraitActions.UpperBound();
+  counts_[kSideboardPile] = State().Sideboard.UpperBound();
+}
+
+void CardReader::Read() {
+  while (stream_.Read(word_)) {
+    line_ = stream_.Line();
+    if (stream_.Unclosed()) {
+      Problem("a double quote is never closed; the rest of the file is not read");
+      return;
+    }
+    if (!word_.starts_with('#')) continue;
+    const DirectiveRow* row = FindDirective(word_);
+    if (row == nullptr) {
+      NoteUnknownWord();
+    } else if (ReadFields(*row)) {
+      (this->*row->Handler)(*row);
+    } else {
+      return;
+    }
+  }
+}
+
+bool CardReader::ReadFields(const DirectiveRow& row) {
+  for (int i = 0; i < row.Fields; ++i) {
+    std::string& field = fields_[static_cast<std::size_t>(i)];
+    if (!stream_.Read(field)) {
+      Problem(Joined("the file ends in the middle of ", row.Word, ", behind ", i, " of ",
+                     row.Fields, " fields"));
+      return false;
+    }
+    if (stream_.Unclosed()) {
+      Problem(Joined("a double quote in ", row.Word, " is never closed"));
+      return false;
+    }
+    const bool location = row.Fields == 8 && i == 0;
+    if (!location && field.starts_with('#') && FindDirective(field) != nullptr) {
+      Problem(Joined("\"", field, "\" stands where field ", i + 1, " of ", row.Word,
+                     " belongs; is a field missing?"));
+    }
+  }
+  return true;
+}
+
+/// A word that begins with "#" may be a comment, a colour or the mistake of an author.
+void CardReader::NoteUnknownWord() {
+  const std::string_view word = word_;
+  std::size_t end = 1;
+  while (end < word.size() && IsLetter(word[end])) ++end;
+  const std::string_view letters = word.substr(0, end);
+  const bool whole = end == word.size();
+  if (end < 3 || IsForeignDirective(letters)) return;
+  if (!whole) {
+    if (FindDirective(letters) != nullptr) {
+      Problem(Joined("a comma is missing behind ", letters));
+    }
+    return;
+  }
+  const std::string folded = FoldUpper(letters);
+  if (FindDirective(folded) != nullptr) {
+    Problem(Joined("\"", word, "\" is no directive; \"", folded, "\" is written in capitals"));
+  } else if (IsDirectiveCase(word) && !IsColor(word)) {
+    Problem(Joined("\"", word, "\" is no directive"));
+  }
+}
+
+void CardReader::Problem(std::string_view message) const { AddProblem(file_, line_, message); }
+
+Text CardReader::SharedField(int n) const { return InternText(Field(n)); }
+
+bool CardReader::ReadDeckNumber(std::string_view field) {
+  const double number = std::nearbyint(NumericPrefix(field));
+  if (!(number >= 1 && number <= State().Decks.UpperBound())) {
+    Problem(Joined("deck number ", field, " is not 1, 2 or 3"));
+    return false;
+  }
+  deckNumber_ = static_cast<int>(number);
+  return true;
+}
+
+/// A number out of its range is a problem and reads as 0.
+int CardReader::ReadWholeNumber(std::string_view field, std::string_view what, int smallest,
+                                int largest) {
+  const double number = std::nearbyint(NumericPrefix(field));
+  if (number >= smallest && number <= largest) return static_cast<int>(number);
+  Problem(Joined(what, " ", field, " is not between ", smallest, " and ", largest, "; 0 is taken"));
+  return 0;
+}
+
+Pile& CardReader::CardsOf(PileCode pile) {
+  Session& session = State();
+  switch (pile) {
+    case kTablePile:
+      return session.CardTable;
+    case kTraitActionPile:
+      return session.TraitActions;
+    case kSideboardPile:
+      return session.Sideboard;
+    case kCollectionPile:
+      return session.Collection;
+    case kPlayerDeckPile:
+      return session.Decks[deckNumber_].Cards;
+    default:
+      return player_.Deck;
+  }
+}
+
+/// A deck grows by one card at a time; the other piles follow the counts of this read.
+int CardReader::LastPosition(PileCode pile) {
+  return pile == kPlayerDeckPile ? CardsOf(pile).UpperBound()
+                                 : counts_[static_cast<std::size_t>(pile)];
+}
+
+/// The position of a new element of a pile, 0 when the pile is full.
+int CardReader::Grow(PileCode pile) {
+  const int position = LastPosition(pile) + 1;
+  const int bound = pile == kTablePile ? limits::kTableCards : limits::kPileCards;
+  if (position > bound) {
+    Problem(Joined("a card is left out: the pile holds ", bound, " cards already"));
+    return 0;
+  }
+  counts_[static_cast<std::size_t>(pile)] = position;
+  return position;
+}
+
+/// A fresh element at the end of a pile, nullptr when the pile is full.
+Card* CardReader::NewCard(PileCode pile) {
+  const int position = Grow(pile);
+  if (position == 0) return nullptr;
+  if (pile == kTemplatePile) {
+    Table<Template>& templates = State().Templates;
+    templates.Resize(position);
+    templates[position] = Template{};
+    return &templates[position].Card;
+  }
+  Pile& cards = CardsOf(pile);
+  cards.Resize(position);
+  cards[position] = Card{};
+  return &cards[position];
+}
+
+Card* CardReader::NewPreparedCard(PileCode pile, bool neutral) {
+  Card* card = NewCard(pile);
+  pile_ = card == nullptr ? kNoPile : pile;
+  if (card == nullptr) return nullptr;
+  InitCard(*card, 1, 0);
+  card->Owner = neutral ? 0 : player_.PlayerNo;
+  card->OwnerBit = OwnerBitFor(card->Owner, card->OwnerBit);
+  return card;
+}
+
+void CardReader::FillShortCard(Card& card, int firstField) const {
+  card.Name = Field(firstField);
+  card.Picture = SharedField(firstField + 1);
+  card.Thumb = SharedField(firstField + 2);
+  card.NameColor = SharedField(firstField + 3);
+  card.AuxText = SharedField(firstField + 4);
+  card.Description = SharedField(firstField + 5);
+}
+
+/// The card that a line speaks of. nullptr when there is none, which is a problem unless the card
+/// itself was left out already.
+Card* CardReader::CurrentCard(const DirectiveRow& row) {
+  Session& session = State();
+  switch (pile_) {
+    case kNoPile:
+      return nullptr;
+    case kRulesPile:
+      return &session.RulesCard;
+    case kCostPile:
+      if (session.CostCard.Initialised == 0) InitCard(session.CostCard, 1, 0);
+      return &session.CostCard;
+    case kPlayerCardPile:
+      if (session.CardTable.Holds(player_.PlayerCard))
+        return &session.CardTable[player_.PlayerCard];
+      break;
+    case kTemplatePile:
+      if (session.Templates.Holds(LastPosition(pile_))) {
+        return &session.Templates[LastPosition(pile_)].Card;
+      }
+      break;
+    default: {
+      Pile& cards = CardsOf(pile_);
+      if (cards.Holds(LastPosition(pile_))) return &cards[LastPosition(pile_)];
+    }
+  }
+  Problem(Joined("there is no card for ", row.Word));
+  return nullptr;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,60 @@
+// The words of card data files: directives and locations, a row each.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace brindlemoor {
+
+class CardReader;
+
+/// Where the card that #TRAIT, #EFFECT and the like speak of is.
+enum PileCode : int {
+  kDeckPile = 0,        ///< last card of the player's Deck
+  kTablePile = 1,       ///< last card of CardTable
+  kRulesPile = 2,       ///< RulesCard
+  kPlayerCardPile = 3,  ///< the player's player card in CardTable
+  kTraitActionPile = 4,
+  kSideboardPile = 5,
+  kPlayerDeckPile = 6,  ///< last card of the deck with the current deck number
+  kCollectionPile = 7,
+  kTemplatePile = 8,
+  kCostPile = 9,  ///< CostCard
+  kNoPile = 10    ///< the card was left out, and what follows it with it
+};
+
+/// A directive, the number of fields behind it and what reads it.
+struct DirectiveRow {
+  std::string_view Word;
+  int Fields;
+  void (CardReader::*Handler)(const DirectiveRow& row);
+  PileCode Pile;             ///< where a card of it goes, kNoPile when it makes none
+  bool Neutral;              ///< its card has owner 0
+  std::string_view Usage;    ///< the fields, for authors
+  std::string_view Meaning;  ///< one line for authors
+};
+
+/// Owners of LocationRow: the side that reads, or a fixed one.
+inline constexpr int kReadingSide = -1;
+
+/// A location word of #CARD lines.
+struct LocationRow {
+  std::string_view Word;
+  PileCode Pile;  ///< kNoPile leaves the card out
+  int InPlay;
+  int Owner;
+  bool CanBeForced;  ///< #INCLUDE and refreshes may send its cards elsewhere
+  std::string_view Meaning;
+};
+
+extern const std::array<DirectiveRow, 28> kDirectiveRows;
+extern const std::array<LocationRow, 12> kLocationRows;
+
+/// The row of a directive or location word (exact), nullptr for an unknown one.
+const DirectiveRow* FindDirective(std::string_view word);
+const LocationRow* FindLocation(std::string_view word);
+
+/// True for directives that other readers of the same files know.
+bool IsForeignDirective(std::string_view word);
+
+}  // namespace brindlemoor

@@ -1,0 +1,94 @@
+// Writing the player file, and the end of a game.
+#include "data/player_files.h"
+
+#include <algorithm>
+
+#include "core/cards.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "core/text.h"
+#include "data/card_writer.h"
+#include "data/profiles.h"
+#include "game/card_refresh.h"
+#include "platform/platform.h"
+#include "ui/forms.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr std::string_view kEnd = "\r\n";
+
+bool HoldsCard(const Pile& pile) {
+  for (const Card& card : pile) {
+    if (!IsFree(card)) return true;
+  }
+  return false;
+}
+
+void AppendCards(std::string& out, const Pile& pile, std::string_view location) {
+  for (const Card& stored : pile) {
+    if (IsFree(stored)) continue;
+    // The writer blanks what traits brought; the stored card keeps it.
+    Card card = stored;
+    out += CardToText(card, location);
+    out += kEnd;
+  }
+}
+
+std::string PlayerFileText() {
+  const Session& session = State();
+  std::string out =
+      Joined("#PLAYERDECK", kEnd, kEnd, kEnd, "#TOKENS, ", session.Players[1].Tokens, kEnd, kEnd);
+  for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) {
+    AppendCards(out, session.Decks[deck].Cards, Joined("INPLAYERDECK:", deck));
+  }
+  AppendCards(out, session.Collection, "COLLECTION");
+  return out;
+}
+
+bool FitsFileName(char character) {
+  constexpr std::string_view kForbidden = "/\\:*?\"<>|";
+  return static_cast<unsigned char>(character) >= 0x20 &&
+         kForbidden.find(character) == std::string_view::npos;
+}
+
+}  // namespace
+
+std::string PlayerFileName(int gameIndex) {
+  const Session& session = State();
+  if (!session.Games.Holds(gameIndex)) return "";
+  std::string name = Joined(session.Profile.PlayerName, "_", session.Games[gameIndex].Name, ".plr");
+  std::replace_if(
+      name.begin(), name.end(), [](char character) { return !FitsFileName(character); }, '_');
+  return name;
+}
+
+void WritePlayerFile(std::string_view fileName) {
+  Session& session = State();
+  if (session.DebugMode == 1 || fileName.empty()) return;
+  const std::string name(fileName);
+  session.SaleMode = 0;
+  RefreshCollection();
+  if (!HoldsCard(session.Decks[1].Cards) && !HoldsCard(session.Collection)) return;
+  EnterProgramFolder();
+  const std::string error = Desktop().Files().Write(InCurrentFolder(name), PlayerFileText());
+  if (!error.empty()) {
+    Desktop().MessageBox(Joined("Can't save ", name, ": ", error));
+    return;
+  }
+  session.Profile.PlayerFile = name;
+  SaveProfiles();
+}
+
+void EndGame() {
+  Session& session = State();
+  session.GameOver = 1;
+  session.PickingCard = 0;
+  session.DeckManagerMode = 0;
+  WritePlayerFile(PlayerFileName(session.CurrentGame));
+  HideHand();
+  TheMainWindow().Command1.Caption = "End Game";
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,100 @@
+// What files add to shared tables: cards of other files, custom strings and trait graphics.
+#include <utility>
+
+#include "core/cards.h"
+#include "core/limits.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "data/card_reader.h"
+#include "data/card_reading.h"
+#include "platform/platform.h"
+
+namespace brindlemoor {
+
+namespace {
+
+/// The number of a player state that belongs to no side.
+constexpr int kTemporaryState = 5;
+
+bool LeadsOut(std::string_view file) {
+  return file.starts_with('/') || file.starts_with('\\') ||
+         file.find("..") != std::string_view::npos;
+}
+
+/// The path of a referenced file, "" when it is not there. A reference that names its own way only
+/// counts by its last component.
+std::string ReferencedPath(std::string_view file) {
+  if (!file.empty() && !LeadsOut(file)) {
+    std::string path = InCurrentFolder(file);
+    if (Desktop().Files().Exists(path)) return path;
+  }
+  return ResolvePath(file, 0);
+}
+
+/// The cache entry of a file, read now if it is not there; nullptr when it can't be read.
+PlayerState* CachedFile(const std::string& path) {
+  Table<PlayerState>& cache = State().RefCache;
+  for (PlayerState& entry : cache) {
+    if (entry.FileName == path) return &entry;
+  }
+  cache.Resize(cache.UpperBound() + 1);
+  const int last = cache.UpperBound();
+  PlayerState& entry = cache[last];
+  InitPlayer(entry, kTemporaryState);
+  // Named before it is read, so that a file that refers to itself finds what it has so far.
+  entry.FileName = path;
+  if (ReadCardFile(path, entry, 1, "", 0)) return &entry;
+  cache.Resize(last - 1);
+  return nullptr;
+}
+
+}  // namespace
+
+Card GetRefCard(std::string_view name, std::string_view file) {
+  const std::string path = ReferencedPath(file);
+  if (path.empty() || name.empty()) return {};
+  PlayerState* entry = CachedFile(path);
+  if (entry == nullptr) return {};
+  for (const Card& card : entry->Deck) {
+    if (card.Name == name) return card;
+  }
+  return {};
+}
+
+bool AddCustomString(std::string_view key, std::string_view value) {
+  Table<CustomStringRec>& strings = State().CustomStrings;
+  if (strings.UpperBound() == 0) strings.Resize(1);
+  int slot = 1;
+  while (slot <= strings.UpperBound() && !strings[slot].Key.empty() && strings[slot].Key != key) {
+    ++slot;
+  }
+  if (slot > limits::kCustomStrings) return false;
+  if (slot > strings.UpperBound()) strings.Resize(slot);
+  CustomStringRec& record = strings[slot];
+  if (record.Key.empty()) {
+    record.Key = key;
+    record.Values.Reset(1);
+    record.Values[1] = value;
+    return true;
+  }
+  if (record.Values.UpperBound() >= limits::kCustomStringValues) return false;
+  record.Values.Append(value);
+  return true;
+}
+
+void AddTraitGraphic(std::string_view name, std::string_view picture, std::string_view fontColor,
+                     std::string_view label, int showSmall, int showLarge) {
+  Table<TraitGraphic>& graphics = State().TraitGraphics;
+  const bool first =
+      graphics.UpperBound() == 0 || (graphics.UpperBound() == 1 && graphics[1].TraitName.empty());
+  graphics.Resize(first ? 1 : graphics.UpperBound() + 1);
+  TraitGraphic& graphic = graphics[graphics.UpperBound()];
+  graphic.TraitName = name;
+  graphic.Picture = picture;
+  graphic.FontColor = fontColor;
+  graphic.Label = label;
+  graphic.ShowSmall = static_cast<std::uint8_t>(showSmall);
+  graphic.ShowLarge = static_cast<std::uint8_t>(showLarge);
+}
+
+}  // namespace brindlemoor
