@@ -16,7 +16,9 @@ struct Forms {
   std::unique_ptr<HelpForm> Help;
 };
 
-/// The main window, made (and loaded) at its first use.
+/// The windows, each made at its first use; the main window is loaded then.
 MainWindow& TheMainWindow();
+ProfileMenu& TheProfileMenu();
+HelpForm& TheHelpForm();
 
 }  // namespace brindlemoor

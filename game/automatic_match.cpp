@@ -1,0 +1,257 @@
+// A whole match without a display, played by the automatic player against the computer opponent.
+#include "game/automatic_match.h"
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <ostream>
+#include <utility>
+
+#include "core/cards.h"
+#include "core/fold.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "core/traits.h"
+#include "data/field_stream.h"
+#include "data/player_files.h"
+#include "game/automatic_player.h"
+#include "game/match_start.h"
+#include "game/program_start.h"
+#include "game/turn.h"
+#include "platform/headless/headless_platform.h"
+#include "script/stored_cards.h"
+
+namespace brindlemoor {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kPlayerName = "Auto";
+constexpr std::string_view kWorkFolder = "brindle-auto-work";
+
+std::string AbsoluteFolder(const std::string& folder) {
+  std::error_code failure;
+  const fs::path absolute = fs::absolute(folder.empty() ? "." : folder, failure);
+  std::string path = absolute.lexically_normal().generic_string();
+  while (path.size() > 1 && path.back() == '/') path.pop_back();
+  return path;
+}
+
+bool LiesIn(std::string_view path, std::string_view folder) {
+  return path == folder || path.starts_with(Joined(folder, "/"));
+}
+
+/// Other players' files stay out of the copy: a player of the same name would change the match.
+bool BelongsToPlayers(const fs::path& file) {
+  return FoldEquals(file.extension().string(), ".plr") || file.filename() == "PlayerProfiles.txt";
+}
+
+/// Copies the files of a folder and, for levels above 0, of its subfolders. "" or what went wrong.
+std::string CopyFiles(const fs::path& from, const fs::path& to, const fs::path& without,
+                      int levels) {
+  std::error_code failure;
+  fs::create_directories(to, failure);
+  fs::directory_iterator entry(from, failure);
+  for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
+    const fs::path path = entry->path();
+    std::error_code ignored;
+    if (entry->is_directory(ignored)) {
+      if (levels == 0 || path == without) continue;
+      std::string problem = CopyFiles(path, to / path.filename(), without, levels - 1);
+      if (!problem.empty()) return problem;
+    } else if (entry->is_regular_file(ignored) && !BelongsToPlayers(path)) {
+      fs::copy_file(path, to / path.filename(), fs::copy_options::overwrite_existing, failure);
+      if (failure) break;
+    }
+  }
+  if (!failure) return "";
+  return Joined("Can't copy ", from.string(), ": ", failure.message());
+}
+
+/// The folders of a match, and the copy of the game that it is played on.
+struct Stage {
+  std::string Folder;
+  std::string Pages;
+  std::string Work;
+};
+
+bool IsReportPage(const fs::path& file) {
+  constexpr std::string_view kDigits = "0123456789";
+  const std::string stem = file.stem().string();
+  return file.extension() == ".html" && stem.starts_with("turn-") &&
+         stem.find_first_not_of(kDigits, 5) == std::string::npos;
+}
+
+void RemoveOldPages(const std::string& folder) {
+  std::error_code failure;
+  fs::directory_iterator entry(folder, failure);
+  for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
+    std::error_code ignored;
+    if (IsReportPage(entry->path())) fs::remove(entry->path(), ignored);
+  }
+}
+
+/// "" or why these folders can't be used.
+std::string ChooseFolders(const AutomaticMatchOptions& options, Stage& stage) {
+  stage.Folder = AbsoluteFolder(options.Folder);
+  stage.Pages = AbsoluteFolder(options.PagesFolder);
+  stage.Work = Joined(stage.Pages, "/", kWorkFolder);
+  std::error_code failure;
+  if (!fs::is_directory(stage.Folder, failure)) return Joined("There is no folder ", stage.Folder);
+  if (stage.Folder == stage.Pages || LiesIn(stage.Folder, stage.Work)) {
+    return Joined("The pages can't go to ", stage.Pages);
+  }
+  fs::create_directories(stage.Pages, failure);
+  return failure ? Joined("Can't make ", stage.Pages, ": ", failure.message()) : std::string();
+}
+
+void OpenSession(const Stage& stage, std::uint64_t seed) {
+  State() = Session{};
+  auto desktop = std::make_shared<HeadlessPlatform>(std::make_unique<LocalFileSystem>(), seed);
+  desktop->AcceptMessages = true;
+  State().Desktop = std::move(desktop);
+  State().ProgramFolder = stage.Work;
+  State().CurrentFolder = stage.Work;
+  State().Profile.PlayerName = kPlayerName;
+  State().Profiles.Append(State().Profile);
+}
+
+bool IsStarterDeck(const std::string& path) {
+  FieldStream stream(Desktop().Files().Read(path).value_or(""));
+  for (std::string field; stream.Read(field);) {
+    if (field == "#STARTERDECK") return true;
+  }
+  return false;
+}
+
+/// Number of the n-th opponent of the first game that is, or is not, a starter deck or store.
+int FindOpponent(bool starterDeck, int n) {
+  const Table<GameRec>& games = State().Games;
+  if (!games.Holds(1)) return 0;
+  for (int opponent = 1; opponent <= games[1].Opponents.UpperBound(); ++opponent) {
+    if (IsFree(games[1].Opponents[opponent])) continue;
+    if (IsStarterDeck(games[1].OpponentFiles[opponent].Str()) == starterDeck && --n == 0) {
+      return opponent;
+    }
+  }
+  return 0;
+}
+
+/// Where the starter deck gave cards to the collection only, all of them are played.
+void FillFirstDeck() {
+  Session& session = State();
+  for (const Card& card : session.Decks[1].Cards) {
+    if (!IsFree(card)) return;
+  }
+  for (Card& card : session.Collection) {
+    if (IsFree(card)) continue;
+    AddToDeck(card, 1);
+    FreeCard(card);
+  }
+}
+
+void GetStarterDeck() {
+  NewGame();
+  const int opponent = FindOpponent(true, 1);
+  if (opponent == 0) return;
+  ChooseGame(1, opponent);
+  FillFirstDeck();
+  EndGame();
+  NewGame();
+}
+
+/// Brings the session to the first turn of the match. "" or why there is none.
+std::string StartMatch(int opponentNumber) {
+  GetStarterDeck();
+  if (State().Games[1].Name.empty()) return "There is no game in this folder.";
+  const int opponent = FindOpponent(false, opponentNumber);
+  if (opponent == 0) {
+    return Joined("The game has no opponent number ", opponentNumber, ".");
+  }
+  if (!Desktop().Files().Exists(InProgramFolder(PlayerFileName(1)))) {
+    return "The game's starter decks give no cards to play with.";
+  }
+  ChooseGame(1, opponent);
+  return "";
+}
+
+/// The card of a side's player, nullptr when it has left the table.
+const Card* PlayerCardOf(int side) {
+  const Pile& table = State().CardTable;
+  const int slot = State().Players[side].PlayerCard;
+  if (!table.Holds(slot) || IsFree(table[slot]) || table[slot].Owner != side) return nullptr;
+  return &table[slot];
+}
+
+std::string Standing(int side) {
+  const Card* card = PlayerCardOf(side);
+  if (card == nullptr) return "no player card";
+  return Joined(card->Name, " HP ", TraitNumber(*card, "HP"));
+}
+
+bool HasLost(int side) {
+  const Card* card = PlayerCardOf(side);
+  return card == nullptr || (HasTrait(*card, "HP", "") && TraitNumber(*card, "HP") <= 0);
+}
+
+/// The engine ends a game without noting who won it: the table tells.
+MatchWinner Winner() {
+  const bool playerLost = HasLost(1);
+  if (State().GameOver == 0 || playerLost == HasLost(2)) return MatchWinner::kNobody;
+  return playerLost ? MatchWinner::kEnemy : MatchWinner::kPlayer;
+}
+
+/// Keeps the page shown last; its pictures are those of the program's folder, not of the copy.
+std::string SavePage(const Stage& stage, int turn) {
+  std::string page = Desktop().Files().Read(InProgramFolder("Display.html")).value_or("");
+  ReplaceAll(page, FileUrl(stage.Work), FileUrl(stage.Folder));
+  ReplaceAll(page, stage.Work, stage.Folder);
+  std::array<char, 32> name{};
+  std::snprintf(name.data(), name.size(), "/turn-%03d.html", turn);
+  return Desktop().Files().Write(stage.Pages + name.data(), page);
+}
+
+AutomaticMatchResult PlayTurns(const Stage& stage, int maximumTurns, std::ostream& out) {
+  AutomaticMatchResult result;
+  result.Error = SavePage(stage, 0);
+  while (result.Error.empty() && State().GameOver == 0 && result.Turns < maximumTurns) {
+    ++result.Turns;
+    out << "Turn " << result.Turns << ": " << Standing(1) << ", " << Standing(2) << '\n';
+    PlanAutomaticPlays();
+    TakeTurn(0);
+    result.Error = SavePage(stage, result.Turns);
+  }
+  result.Winner = Winner();
+  return result;
+}
+
+constexpr std::array<std::string_view, 3> kVerdicts = {"no decision", "the player wins",
+                                                       "the enemy wins"};
+
+}  // namespace
+
+AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::ostream& out) {
+  Stage stage;
+  AutomaticMatchResult result;
+  result.Error = ChooseFolders(options, stage);
+  if (!result.Error.empty()) return result;
+  std::error_code ignored;
+  fs::remove_all(stage.Work, ignored);
+  RemoveOldPages(stage.Pages);
+  result.Error = CopyFiles(stage.Folder, stage.Work, stage.Pages, 1);
+  if (result.Error.empty()) {
+    OpenSession(stage, options.Seed);
+    result.Error = StartMatch(options.Opponent);
+  }
+  if (result.Error.empty()) {
+    result = PlayTurns(stage, options.MaximumTurns, out);
+    out << "After turn " << result.Turns << ": " << Standing(1) << ", " << Standing(2) << '\n'
+        << "Result: " << kVerdicts[static_cast<std::size_t>(result.Winner)] << ".\n";
+  }
+  fs::remove_all(stage.Work, ignored);
+  return result;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,32 @@
+// A whole match without a display, played by the automatic player against the computer opponent.
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+
+namespace brindlemoor {
+
+/// How a match is set up. Both folders must be there already, or be possible to make.
+struct AutomaticMatchOptions {
+  std::string Folder;       ///< program's folder; nothing in it is changed
+  std::string PagesFolder;  ///< gets the report pages "turn-001.html" and so on
+  std::uint64_t Seed = 1;
+  int MaximumTurns = 200;
+  int Opponent = 1;  ///< which opponent of the first game, starter decks and stores left out
+};
+
+enum class MatchWinner { kNobody, kPlayer, kEnemy };
+
+struct AutomaticMatchResult {
+  std::string Error;  ///< why no match was played, "" when one was
+  MatchWinner Winner = MatchWinner::kNobody;
+  int Turns = 0;
+};
+
+/// Gets cards from the first game's first starter deck and plays a match to its end or to the
+/// maximum of turns, on a copy of the program's folder. Prints a line for each turn and the result.
+/// The same seed and files give the same lines and pages. Begins with a fresh session.
+AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::ostream& out);
+
+}  // namespace brindlemoor

@@ -1,0 +1,108 @@
+// Paying for cards by tests that leave no trace, the enemy's menu actions and the end of bonuses.
+#include "game/card_play.h"
+
+#include "core/cards.h"
+#include "core/fold.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "core/traits.h"
+#include "script/run_action.h"
+#include "script/triggers.h"
+
+namespace brindlemoor {
+namespace {
+
+/// Runs the actions of one card that change the price of work. The card is the acting record.
+void RunCostModifiers(Card& card, Card& work, int mode) {
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    if (card.Effects[effect].Trigger != "COSTMOD") continue;
+    RunAction(card, work, effect, RunOptions{.CostMode = 1, .TestRun = mode});
+  }
+}
+
+bool ModifiesCosts(const Card& card) {
+  for (const CardEffect& effect : card.Effects) {
+    if (effect.Trigger == "COSTMOD") return true;
+  }
+  return false;
+}
+
+void ModifyCost(Card& work, int mode) {
+  Session& session = State();
+  RunCostModifiers(session.RulesCard, work, mode);
+  for (int slot = 1; slot <= session.CardTable.UpperBound(); ++slot) {
+    if (IsFree(session.CardTable[slot]) || !ModifiesCosts(session.CardTable[slot])) continue;
+    Card copy = session.CardTable[slot];
+    RunCostModifiers(copy, work, mode);
+  }
+}
+
+void ExpireBonusTraits(Card& card) {
+  for (int item = 1; item <= card.Traits.UpperBound(); ++item) {
+    const Text entry = card.Traits[item];
+    const std::string_view name = FieldAt(entry, 1, ':');
+    if (FoldStartsWith(entry, "BONUS") || FieldAt(entry, 2, ':') == "BONUS") {
+      RemoveTrait(card, name);
+    }
+  }
+}
+
+void ExpireBonusActions(Card& card) {
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    if (ScriptTraitValue(card.Effects[effect].Script, "BONUSACTION") == "NONE") continue;
+    CardEffect& expired = card.Effects.Edit(effect);
+    expired.Script = Text();
+    expired.Trigger = Text();
+  }
+}
+
+void PlanMenuAction(Card& card, int effect) {
+  const CardEffect& action = card.Effects[effect];
+  if (action.MenuState == kOrdinaryAction) return;
+  int quality = kNoTarget;
+  PickTarget(card, effect, action.TargetType, Text(), quality);
+  const MenuStates state = quality == kCleanTarget ? kArmedMenuAction : kMenuAction;
+  if (card.Effects[effect].MenuState != state) card.Effects.Edit(effect).MenuState = state;
+}
+
+}  // namespace
+
+int PayCost(const Card& card, int mode) {
+  Session& session = State();
+  session.CostCard.InPlay = 1;
+  if (session.DebugMode == 1) return -1;
+  const Pile table = session.CardTable;
+  const std::string page = session.PageText;
+  const std::string banner = session.PhaseBanner;
+  Card work = card;
+
+  ModifyCost(work, mode);
+  const int failures = FireTrigger(work, "COST", -1, 0, 1);
+  session.CardTable = table;
+  session.PageText = page;
+  if (failures > 0) {
+    session.PhaseBanner = banner;
+    return 0;
+  }
+  if (mode == 0) FireTrigger(work, "COST");
+  return -1;
+}
+
+void PlanEnemyMenuActions() {
+  Pile& table = State().CardTable;
+  for (int slot = 1; slot <= table.UpperBound(); ++slot) {
+    if (IsFree(table[slot]) || table[slot].Owner != 2) continue;
+    for (int effect = 1; effect <= table[slot].Effects.UpperBound(); ++effect) {
+      PlanMenuAction(table[slot], effect);
+    }
+  }
+}
+
+void ExpireBonuses() {
+  for (Card& card : State().CardTable) {
+    ExpireBonusTraits(card);
+    ExpireBonusActions(card);
+  }
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,157 @@
+// The refresh of stored cards and the table of master definitions.
+#include "game/card_refresh.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "core/cards.h"
+#include "core/paths.h"
+#include "core/random.h"
+#include "core/state.h"
+#include "core/traits.h"
+#include "data/card_reader.h"
+#include "script/trait_actions.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kMatchMasters = 5000;
+constexpr int kSaveMasters = 2000;
+/// The number of a player state that belongs to no side.
+constexpr int kTemporaryState = 5;
+/// Probes of one look-up, per element of the table, before it is searched in order.
+constexpr int kProbesPerElement = 2;
+
+using Piles = std::vector<Pile*>;
+
+/// What the player owns. A source file may hold lines that fill the collection or the decks; a
+/// refresh takes only definitions from it.
+struct OwnedPiles {
+  Pile Collection = State().Collection;
+  FixedTable<DeckRec, 3> Decks = State().Decks;
+
+  void PutBack() const {
+    State().Collection = Collection;
+    State().Decks = Decks;
+  }
+};
+
+std::vector<Text> SourceFilesOf(const Piles& piles) {
+  std::vector<Text> files;
+  for (const Pile* pile : piles) {
+    for (const Card& card : *pile) {
+      if (IsFree(card) || card.SourceFile.empty()) continue;
+      if (std::ranges::find(files, card.SourceFile) == files.end())
+        files.push_back(card.SourceFile);
+    }
+  }
+  return files;
+}
+
+void StoreMasters(const Pile& definitions, const Text& file) {
+  int lost = 0;
+  for (const Card& card : definitions) {
+    if (IsFree(card)) continue;
+    const int slot = MasterSlot(card.UniqueID);
+    if (slot == 0) {
+      ++lost;
+    } else {
+      State().MasterCards[slot] = card;
+    }
+  }
+  if (lost == 0) return;
+  AddProblem(file, 0,
+             Joined(lost, " cards are not brought up to date: the games of one refresh may have ",
+                    State().MasterCards.UpperBound(), " different cards"));
+}
+
+void FillMasterCards(const std::vector<Text>& files, int capacity) {
+  State().MasterCards.Reset(capacity);
+  for (const Text& file : files) {
+    const std::string path = ResolvePath(file, 0);
+    if (path.empty()) continue;
+    PlayerState definitions;
+    InitPlayer(definitions, kTemporaryState);
+    ReadCards(path, definitions, 1, "INDECK", 0);
+    StoreMasters(definitions.Deck, file);
+  }
+}
+
+/// The master's definition under the identity and looks of the stored card.
+void TakeDefinition(Card& card, const Card& master) {
+  Card fresh = master;
+  fresh.Name = card.Name;
+  fresh.Picture = card.Picture;
+  fresh.Thumb = card.Thumb;
+  fresh.Owner = card.Owner;
+  fresh.OwnerBit = card.OwnerBit;
+  fresh.GlobalID = card.GlobalID;
+  fresh.NameColor = card.NameColor;
+  fresh.TraitActionsApplied = 0;
+  card = std::move(fresh);
+  ApplyTraitActions(card, "");
+}
+
+void RefreshCard(Card& card) {
+  const int slot = MasterSlot(card.UniqueID);
+  if (slot == 0) return;
+  const Card& master = State().MasterCards[slot];
+  if (IsFree(master)) return;
+  if (!card.UniqueID.empty() && master.UniqueID == card.UniqueID &&
+      master.SourceFile == card.SourceFile && !HasTrait(card, "NOMRP", "")) {
+    TakeDefinition(card, master);
+  }
+  // A card without a unique ID takes over everything, the owner too.
+  if (card.UniqueID.empty() && card.Name == master.Name) card = master;
+}
+
+void Refresh(const Piles& piles, int capacity) {
+  {
+    const OwnedPiles owned;
+    FillMasterCards(SourceFilesOf(piles), capacity);
+    owned.PutBack();
+  }
+  for (Pile* pile : piles) {
+    for (Card& card : *pile) {
+      if (!IsFree(card)) RefreshCard(card);
+    }
+  }
+  SeedFromClock();
+}
+
+}  // namespace
+
+int MasterSlot(std::string_view uniqueId) {
+  const Pile& masters = State().MasterCards;
+  const int count = masters.UpperBound();
+  if (count == 0) return 0;
+  SeedFromText(uniqueId, 0);
+  for (int probe = 0; probe < count * kProbesPerElement; ++probe) {
+    const int slot = RollDie(count);
+    const Text& present = masters[slot].UniqueID;
+    if (present.empty() || present == uniqueId) return slot;
+  }
+  int free = 0;
+  for (int slot = 1; slot <= count; ++slot) {
+    const Text& present = masters[slot].UniqueID;
+    if (present == uniqueId) return slot;
+    if (free == 0 && present.empty()) free = slot;
+  }
+  return free;
+}
+
+void RefreshPlayers() {
+  FixedTable<PlayerState, 3>& players = State().Players;
+  Refresh({&players[1].Deck, &players[2].Deck}, kMatchMasters);
+}
+
+void RefreshCollection() {
+  Session& session = State();
+  Piles piles{&session.Collection};
+  for (DeckRec& deck : session.Decks) piles.push_back(&deck.Cards);
+  Refresh(piles, kSaveMasters);
+  session.MasterCards.Reset(1);
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,173 @@
+// The start of a match.
+#include "game/match_start.h"
+
+#include "core/cards.h"
+#include "core/pages.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "core/traits.h"
+#include "data/card_reader.h"
+#include "data/player_files.h"
+#include "game/card_refresh.h"
+#include "game/game_list.h"
+#include "game/turn.h"
+#include "platform/platform.h"
+#include "script/trait_actions.h"
+#include "script/triggers.h"
+#include "ui/deck_manager.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kFirstTokens = 500;
+
+void BackToList() {
+  EnterProgramFolder();
+  State().PageText.clear();
+  ShowGameList();
+}
+
+/// Where the tables ended before the files of a match were read.
+struct TableEnds {
+  int CardTable = State().CardTable.UpperBound();
+  int TraitActions = State().TraitActions.UpperBound();
+  int Sideboard = State().Sideboard.UpperBound();
+  std::int32_t PlayerCard = State().Players[2].PlayerCard;
+
+  /// Takes out what the files brought, so that another opponent can be chosen.
+  void PutBack() const {
+    Session& session = State();
+    session.CardTable.Resize(CardTable);
+    session.TraitActions.Resize(TraitActions);
+    session.Sideboard.Resize(Sideboard);
+    InitPlayer(session.Players[2], 2);
+    session.Players[2].PlayerCard = PlayerCard;
+    InitPlayer(session.GameDeck, 4);
+  }
+};
+
+bool HasOpponent(int gameIndex, int opponentIndex) {
+  const Table<GameRec>& games = State().Games;
+  return games.Holds(gameIndex) && games[gameIndex].OpponentFiles.Holds(opponentIndex) &&
+         !games[gameIndex].OpponentFiles[opponentIndex].empty();
+}
+
+/// True when the file is still there; says so otherwise.
+bool CanRead(std::string_view file) {
+  if (!FindCardFile(file).empty()) return true;
+  Desktop().MessageBox(Joined("Can't read ", file, "."));
+  return false;
+}
+
+/// Reads the rules and the opponent. False when one of the files has vanished; then none was read.
+bool ReadMatchFiles(int gameIndex, int opponentIndex) {
+  Session& session = State();
+  const Text rules = session.Games[gameIndex].RulesFile;
+  const Text opponent = session.Games[gameIndex].OpponentFiles[opponentIndex];
+  const Text folder = session.Games[gameIndex].Folder;
+  EnterProgramFolder();
+  if (!CanRead(rules) || !CanRead(opponent)) return false;
+  session.StarterDeckFlag = 0;
+  ReadCards(rules, session.GameDeck, 0, "", 0);
+  session.Profile.RulesFile = rules;
+  session.CurrentFolder = folder.empty() ? session.ProgramFolder : InProgramFolder(folder);
+  session.CurrentGame = static_cast<std::int16_t>(gameIndex);
+  ReadCards(opponent, session.Players[2], 0, "", 0);
+  EnterProgramFolder();
+  return true;
+}
+
+bool HasPlayerFile() {
+  return Desktop().Files().Exists(InProgramFolder(PlayerFileName(State().CurrentGame)));
+}
+
+void ReadPlayerFile() {
+  ReadCards(PlayerFileName(State().CurrentGame), State().Players[1], 0, "", 0);
+}
+
+/// Lets the player choose a deck. False when there is none for this game or the program ends.
+bool ChooseDeck() {
+  Session& session = State();
+  if (!HasPlayerFile()) {
+    Desktop().MessageBox(
+        "You do not have a deck for this game!\n"
+        "Please choose a starter deck or a card store.");
+    return false;
+  }
+  ReadPlayerFile();
+  ShowDeckManager();
+  if (Desktop().Ending()) return false;
+  LoadDeckIntoPlayer(session.Players[1], session.CurrentDeck);
+  return true;
+}
+
+/// A card that begins in play leaves the draw pile for the table.
+void BringIntoPlay(PlayerState& player, int position) {
+  const Card card = player.Deck[position];
+  const bool isPlayer = HasTrait(card, "PLAYER", "");
+  FreeCard(player.Deck[position]);
+  const int slot = AddToTable(card);
+  if (!isPlayer || slot == 0) return;
+  player.PlayerCard = slot;
+  player.Color = State().CardTable[slot].NameColor;
+}
+
+}  // namespace
+
+void LoadDeckIntoPlayer(PlayerState& player, int deckNumber) {
+  if (!State().Decks.Holds(deckNumber)) return;
+  player.Deck = State().Decks[deckNumber].Cards;
+  ShufflePile(player);
+}
+
+void BeginGame() {
+  RefreshPlayers();
+  for (int side = 1; side <= 2; ++side) {
+    PlayerState& player = State().Players[side];
+    // Cards that come into the pile meanwhile stay there.
+    const int last = player.Deck.UpperBound();
+    for (int position = 1; position <= last && player.Deck.Holds(position); ++position) {
+      const Card& card = player.Deck[position];
+      if (IsFree(card)) continue;
+      if (HasTrait(card, "STARTSINPLAY", "") || HasTrait(card, "PLAYER", "")) {
+        BringIntoPlay(player, position);
+      }
+    }
+  }
+  FireTrigger(State().RulesCard, "GAMESTART");
+}
+
+void ChooseGame(int gameIndex, int opponentIndex) {
+  if (!HasOpponent(gameIndex, opponentIndex)) return;
+  Session& session = State();
+  session.PageText = "<font size=+5>Loading...</font>";
+  WritePage("Display.html", "#000000");
+  ShowMain("Display.html");
+  // What ran while the page was shown may have changed the list.
+  if (Desktop().Ending() || !HasOpponent(gameIndex, opponentIndex)) return;
+  const TableEnds ends;
+  if (!ReadMatchFiles(gameIndex, opponentIndex)) {
+    BackToList();
+    return;
+  }
+  if (session.StarterDeckFlag == 0 && !ChooseDeck()) {
+    if (Desktop().Ending()) return;
+    ends.PutBack();
+    BackToList();
+    return;
+  }
+  EnterProgramFolder();
+  if (session.StarterDeckFlag == 1 && !HasPlayerFile()) {
+    session.Players[1].Tokens = kFirstTokens;
+  } else {
+    ReadPlayerFile();
+  }
+  ShufflePile(session.Players[2]);
+  ReapplyTraitActions(1);
+  BeginGame();
+  TakeTurn(1);
+  session.StarterDeckFlag = 0;
+}
+
+}  // namespace brindlemoor

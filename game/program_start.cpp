@@ -1,0 +1,134 @@
+// Program start and the reset of a new game.
+#include "game/program_start.h"
+
+#include <array>
+
+#include "core/cards.h"
+#include "core/paths.h"
+#include "core/random.h"
+#include "core/state.h"
+#include "data/card_reader.h"
+#include "game/game_list.h"
+#include "platform/platform.h"
+#include "script/effect_masks.h"
+#include "script/target_types.h"
+#include "ui/forms.h"
+
+namespace brindlemoor {
+
+namespace {
+
+void BuildBitValues() {
+  auto& values = State().BitValues;
+  values = {};
+  for (std::size_t bit = 1; bit < values.size(); ++bit) values[bit] = std::uint64_t{1} << (bit - 1);
+}
+
+void ResetTables() {
+  Session& session = State();
+  session.RulesCard.InPlay = 1;
+  InitCard(session.RulesCard, 1, 1);
+  BuildEffectMasks(session.RulesCard, 0);
+  session.CardTable.Reset(1);
+  session.Sideboard.Reset(1);
+  session.TraitActions.Reset(1);
+  session.Games.Reset(1);
+  session.TraitGraphics.Reset(1);
+  session.TraitBitNames.Reset(1);
+  session.WaitingSlots.Reset(1);
+  for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) {
+    DeckRec& record = session.Decks[deck];
+    if (record.DeckName.empty()) record.DeckName = Joined("Deck #", deck);
+    record.Cards.Reset(1);
+  }
+  for (auto& hits : session.HitTable) hits.clear();
+}
+
+/// What a game leaves behind that another game of the folder must not see.
+void ForgetLastGame() {
+  Session& session = State();
+  session.CustomStrings.Reset(0);
+  session.DeckRules = Text();
+  session.PendingCards.Reset(1);
+  session.PendingCount = 0;
+  session.Problems.clear();
+  session.CurrentGame = 0;
+  session.StarterDeckFlag = 0;
+  session.PlayQueue = {};
+  session.PlayTarget = {};
+  session.AwaitingPlayTarget = 0;
+  session.AwaitingMenuTarget = 0;
+}
+
+struct DefaultPlayer {
+  int Side;
+  std::string_view Name;
+  std::string_view Thumb;
+};
+constexpr std::array<DefaultPlayer, 2> kDefaultPlayers = {
+    {{1, "Player 1", "Player1thumb.bmp"}, {2, "Player 2", "Player2thumb.bmp"}}};
+
+/// A card that stands for a side until a card with the trait PLAYER takes its place.
+void AddDefaultPlayer(const DefaultPlayer& player) {
+  Card card;
+  InitCard(card, player.Side, 0);
+  card.Name = player.Name;
+  card.Thumb = player.Thumb;
+  AddEffect(card, "REQALLY:REQTRAIT:PLAYER:DESTROYME", kTargetTriggeringCard, "OTHERENTERSPLAY", 0,
+            TargetTypeName(kTargetTriggeringCard));
+  State().Players[player.Side].PlayerCard = AddToTable(card);
+}
+
+void ResetSides() {
+  Session& session = State();
+  for (int side = 1; side <= 3; ++side) InitPlayer(session.Players[side], side);
+  InitPlayer(session.GameDeck, 4);
+  for (const DefaultPlayer& player : kDefaultPlayers) AddDefaultPlayer(player);
+  session.Players[3].Color = "#AAAAAA";
+  Pile& hand = session.Players[1].Hand;
+  hand.Reset(10);
+  for (Card& card : hand) InitCard(card, 1, 0);
+  session.Collection.Resize(1);
+  session.SelectedSlot = 0;
+}
+
+/// Reads a file that the profile names, if it is still there. Folders in the name lead nowhere.
+void ReadStoredFile(const Text& file, PlayerState& player) {
+  if (file.empty()) return;
+  const std::string name = FileNameOf(file);
+  if (Desktop().Files().Exists(InProgramFolder(name))) ReadCards(name, player, 0, "", 0);
+}
+
+}  // namespace
+
+void StartProgram() {
+  EnterProgramFolder();
+  if (Desktop().Files().Exists(InProgramFolder("Debug.on"))) State().DebugMode = 1;
+  NewGame();
+  if (!Desktop().Ending()) Desktop().ShowForm(TheMainWindow(), false);
+}
+
+void NewGame() {
+  Session& session = State();
+  EnterProgramFolder();
+  session.GameOver = 0;
+  TheMainWindow().Command1.Caption = "Take Turn";
+  SeedFromClock();
+  BuildBitValues();
+  session.FullSizeImages = TheMainWindow().fullsizemen.Checked ? 1 : 0;
+  ForgetLastGame();
+  ResetTables();
+  ResetSides();
+  if (session.Profile.PlayerName.empty()) ChooseProfile();
+  if (session.Profile.PlayerName.empty()) {
+    Desktop().EndProgram();
+    return;
+  }
+  EnterProgramFolder();
+  ReadStoredFile(session.Profile.RulesFile, session.GameDeck);
+  ReadStoredFile(session.Profile.PlayerFile, session.Players[1]);
+  DiscoverGames();
+  ShowGameList();
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,181 @@
+// The turn driver: both sides' card plays, the scripted steps and the report page.
+#include "game/turn.h"
+
+#include <array>
+
+#include "core/cards.h"
+#include "core/pages.h"
+#include "core/state.h"
+#include "game/card_play.h"
+#include "game/opponent.h"
+#include "platform/platform.h"
+#include "script/target_types.h"
+#include "script/triggers.h"
+#include "ui/battlefield.h"
+#include "ui/card_pages.h"
+#include "ui/forms.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kPlaysPerRow = 5;
+constexpr int kDiscard = -1;
+constexpr int kPaid = -1;
+
+std::string PlaysTable(std::string_view title, std::string_view background,
+                       std::string_view cells) {
+  return Joined("<table width=100%><tr><td colspan=80 ", background, "><font color=#FFFF00>", title,
+                "</font></td></tr><tr><td ", background, "><p align=right>", cells,
+                "</p></td></tr></table>");
+}
+
+void PlayHandCard(Card& card, int target, PlayCells& cells) {
+  if (target == kDiscard) {
+    FreeCard(card);
+    return;
+  }
+  if (PayCost(card, 0) != kPaid) {
+    cells.AddText(
+        Joined("You do not have enough resources to play ", ColoredName(card), "!<br><br>"));
+    return;
+  }
+  cells.AddCard(CardPictureHtml(card, -1, 0));
+  if (target > 0) card.TargetSlot = static_cast<std::int16_t>(target);
+  AddToTable(card);
+  FreeCard(card);  // only now: its entry scripts still find it in the hand
+}
+
+std::string PlayQueuedCards() {
+  Session& session = State();
+  PlayCells cells;
+  for (int position = 1; position <= session.PlayQueue.UpperBound(); ++position) {
+    const int slot = session.PlayQueue[position];
+    if (slot == 0) continue;
+    Pile& hand = session.Players[1].Hand;
+    if (hand.Holds(slot)) PlayHandCard(hand[slot], session.PlayTarget[position], cells);
+    session.PlayQueue[position] = 0;
+    session.PlayTarget[position] = 0;
+  }
+  session.PlayQueue = {};
+  session.PlayTarget = {};
+  return cells.Html();
+}
+
+struct Plays {
+  std::string Html;      ///< both plays tables
+  std::string Thoughts;  ///< the enemy's reasoning
+};
+
+Plays PlayCards() {
+  PlanEnemyMenuActions();
+  EnemyPlays enemy = PlayEnemyHand();
+  std::string html = PlaysTable("Enemy Card Plays", " bgcolor = #661100 ", enemy.Cells);
+  html += PlaysTable("Your Card Plays", " bgcolor = #004400 ", PlayQueuedCards());
+  return {std::move(html), std::move(enemy.Thoughts)};
+}
+
+enum class StepCall { kNone, kRules, kCards, kFlush, kExpire };
+
+struct TurnStep {
+  std::string_view Name;
+  std::string_view BannerColor;
+  std::array<StepCall, 5> Calls;
+};
+
+using enum StepCall;
+constexpr std::array<StepCall, 5> kPhase = {kRules, kFlush, kCards, kFlush};
+constexpr std::array<TurnStep, 12> kTurnSteps = {{
+    {"TURNSTART", "FFFFFF", {kRules, kCards, kFlush}},
+    {"PHASE1", "FF0000", kPhase},
+    {"PHASE2", "FF9900", kPhase},
+    {"PHASE3", "FFFF00", kPhase},
+    {"PHASE4", "00FF00", kPhase},
+    {"PHASE5", "0000FF", kPhase},
+    {"PHASE6", "9900FF", kPhase},
+    {"PHASE7", "FF0000", kPhase},
+    {"PHASE8", "FFAA00", kPhase},
+    {"PHASE9", "FFFF00", kPhase},
+    {"PHASE10", "00FF00", {kCards, kFlush}},  // the rules card gets no PHASE10
+    {"TURNEND", "FFFFFF", {kCards, kFlush, kExpire, kRules, kFlush}},
+}};
+
+void RunStep(const TurnStep& step) {
+  if (State().DebugMode == 1) {
+    State().PhaseBanner +=
+        Joined("<table bgcolor=", step.BannerColor, "><tr><td><p><font color=000000>Starting ",
+               step.Name, "</font><p></td></tr></table>");
+  }
+  for (const StepCall call : step.Calls) {
+    switch (call) {
+      case kNone:
+        break;
+      case kRules:
+        FireTrigger(State().RulesCard, step.Name);
+        break;
+      case kCards:
+        FireHit(TriggerCode(step.Name));
+        break;
+      case kFlush:
+        FlushPending();
+        break;
+      case kExpire:
+        ExpireBonuses();
+        break;
+    }
+  }
+}
+
+std::string DebugCounters() {
+  const Session& session = State();
+  return Joined("<br><br><font size=+2>Total actions masked: <font color=#FFFFFF>",
+                session.StatMasked, "</font></font><br>",
+                "<br><br><font size=+2 color=#FF0000>Actions not masked: <font color=#FFFFFF>",
+                session.StatNotMasked, "</font></font><br>",
+                "<br><br><font size=+2 color=#AA9999>Actions cancelled by counters: ",
+                "<font color=#FFFFFF>", session.StatCancelled, "</font></font><br>");
+}
+
+void ShowReport(const Plays& plays) {
+  const Session& session = State();
+  const bool debug = session.DebugMode == 1;
+  if (debug) AppendPage(plays.Thoughts);
+  AppendPage(PlayerHeader(session.Players[1]));
+  AppendPage("<br><br>");
+  AppendPage(PlayerTable(session.Players[1]));
+  AppendPage(PlayerTable(session.Players[2]));
+  AppendPage(plays.Html);
+  AppendPage(session.PhaseBanner);
+  if (debug) AppendPage(DebugCounters());
+  WritePage("Display.html", "#000000");
+  WritePage("LastDiplayed.html", "#000000");  // the file is named so
+  ShowMain("Display.html");
+}
+
+}  // namespace
+
+void PlayCells::AddCard(std::string_view picture) {
+  html_ += Joined("<td><center>", picture, "</td>");
+  if (++column_ < kPlaysPerRow) return;
+  column_ = 0;
+  html_ += "</tr><tr>";
+}
+
+void TakeTurn(int skipPlays) {
+  Session& session = State();
+  session.RulesCard.InPlay = 1;
+  session.CostCard.InPlay = 1;
+  Plays plays;
+  if (skipPlays != 1) plays = PlayCards();
+  for (const TurnStep& step : kTurnSteps) RunStep(step);
+  ShowReport(plays);
+  UpdateHand();
+  session.StatMasked = 0;
+  session.StatNotMasked = 0;
+  session.StatCancelled = 0;
+  Desktop().RaiseForm(TheMainWindow());
+  session.PhaseBanner.clear();
+  session.LimitsReported.clear();
+}
+
+}  // namespace brindlemoor

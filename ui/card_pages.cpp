@@ -1,0 +1,150 @@
+// A card as HTML: its name, picture link, description page, panel, and the player header.
+#include "ui/card_pages.h"
+
+#include <array>
+
+#include "core/cards.h"
+#include "core/pages.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "core/traits.h"
+#include "script/messages.h"
+#include "ui/battlefield.h"
+#include "ui/forms.h"
+
+namespace brindlemoor {
+
+namespace {
+
+/// Side 0 aligns nothing; otherwise that side's cards stand on the left.
+std::string_view Alignment(const Card& card, int side) {
+  if (side != 1 && side != 2) return "";
+  return card.Owner == side ? " align = left " : " align = right ";
+}
+
+/// Size and border of a large picture, up to its source.
+constexpr std::string_view kLargeImage = "hspace=5 width = 150 height = 225 border = \"0\" src=\"";
+constexpr std::string_view kThumbnail = " border = \"0\" src=\"";
+
+std::string ImageLink(const Card& card, std::string_view alignment, std::string_view attributes,
+                      std::string_view source) {
+  return Joined("<a href=\"CARD", card.GlobalID, "\"><img ", alignment, attributes, source,
+                "\"></img></a>");
+}
+
+std::string MenuLinks(const Card& card) {
+  std::string links;
+  if (card.Owner == 2) return links;  // the enemy's menu is not the player's to use
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    if (card.Effects[effect].MenuState == kOrdinaryAction) continue;
+    links += Joined("<a href=\"MENUACTION:", card.GlobalID, ":", effect, "\">",
+                    card.Effects[effect].MenuCaption, "</a><br>");
+  }
+  return links;
+}
+
+std::string DebugText(const Card& card) {
+  std::string html = Joined("<br><br>Card #", card.Slot, "<br>Global ID: ", card.GlobalID, ", ");
+  for (const Text& trait : card.Traits) {
+    if (trait.empty()) continue;
+    const std::string_view value = FieldAt(trait, 2, ':');
+    html += FieldAt(trait, 1, ':');
+    html += value.empty() ? std::string(", ") : Joined(" (", value, "), ");
+  }
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    const CardEffect& action = card.Effects[effect];
+    html += Joined("Action #", effect, "<br>Trigger: ", action.Trigger, "<br>Action:<br>",
+                   action.Script, "<br><br>");
+  }
+  return html;
+}
+
+void PaintPicture(const Card& card) {
+  if (!card.Picture.empty()) PaintImage(ResolvePath(card.Picture, 0));
+}
+
+/// A resource of the player card that has a place of its own in the header.
+struct Resource {
+  std::string_view Trait;
+  std::string_view Image;
+  std::string_view Color;
+};
+constexpr std::array<Resource, 3> kResources = {{{"MONSTERS", "monstercost.jpg", "#00FF00"},
+                                                 {"MANA", "magiccost.jpg", "#00AFFF"},
+                                                 {"HEARTS", "heartcost.jpg", "#FF0000"}}};
+
+std::string ResourceHtml(std::string_view trait) {
+  for (const Resource& resource : kResources) {
+    if (FieldAt(trait, 1, ':') != resource.Trait) continue;
+    return Joined("<img src=\"", ResolvePath(resource.Image, 1), "\"></img><font color=\"",
+                  resource.Color, "\" size=\"+4\">", FieldAt(trait, 2, ':'), "</font>  ");
+  }
+  return "";
+}
+
+}  // namespace
+
+std::string ColoredName(Card& card) {
+  if (card.NameColor.empty()) card.NameColor = "#FFFFFF";
+  return Joined("<font color=\"", card.NameColor, "\">", card.Name, "</font>");
+}
+
+std::string CardPictureHtml(const Card& card, int large, int side) {
+  if (large == 0 || State().FullSizeImages == 0) {
+    if (card.Thumb.empty()) return "";
+    return ImageLink(card, Alignment(card, side), kThumbnail, ResolvePath(card.Thumb, 1));
+  }
+  if (card.Picture.empty()) return "";
+  return ImageLink(card, Alignment(card, side), kLargeImage, ResolvePath(card.Picture, 1));
+}
+
+void ShowCardDescription(Card& card, int withBadges) {
+  PaintPicture(card);
+  std::string html = Joined("<p>", ColoredName(card), "</p><p>", "</p>");
+  if (withBadges == 1) html += Joined("<p>", TraitBadges(card, 0), "</p>");
+  if (card.InPlay == 1) html += Joined("<p>", MenuLinks(card), "</p>");
+  html += Joined("<p>", card.Description, "</p>");
+  ReplaceAll(html, "$MYNAME", ColoredName(card));
+  if (State().DebugMode == 1) html += DebugText(card);
+  State().PageText.clear();
+  AppendPage(html);
+  WritePage("CardDesc.html", "#000000");
+  ShowInView(TheMainWindow().CardDescWB, "CardDesc.html");
+  State().PageText.clear();
+}
+
+std::string CardSummary(Card& card, int withBadges) {
+  PaintPicture(card);
+  std::string html = Joined("<p>", ColoredName(card), "</p>");
+  if (withBadges == 1) html += Joined("<p>", TraitBadges(card, 0), "</p>");
+  html += Joined("<p>", card.Description, "</p>");
+  return ReplaceAll(html, "$MYNAME", ColoredName(card));
+}
+
+std::string CardPanelHtml(Card& card, int side) {
+  if (IsFree(card)) return "Non-existant card referenced.<br>";  // spelled so on every page
+  const std::string_view alignment = side == 1 ? Alignment(card, 1) : " align = left ";
+  const std::string path = ReplacedCopy(ResolvePath(card.Picture, 0), "\\", "/");
+  std::string html = Joined("<table width=100%><tr><td bgcolor=#0>",
+                            ImageLink(card, alignment, kLargeImage, Joined("file://", path)), "<p>",
+                            ColoredName(card), "</p><p>", "</p><p>", TraitBadges(card, 0), "</p>");
+  std::string description = card.Description.Str();
+  ExpandMessage(card, card, description, "", "");
+  html += Joined("<p>", description, "</p></td></tr></table><br>");
+  return card.Picture.empty() ? std::string() : html;  // no picture, no panel
+}
+
+std::string PlayerHeader(const PlayerState& player) {
+  Pile& table = State().CardTable;
+  if (!table.Holds(player.PlayerCard)) return "";
+  Card& card = table[player.PlayerCard];
+  std::string html = Joined("<center><table border=\"1\"><th>", ColoredName(card),
+                            "</th><tr><td><center>HP: <font color=\"#00FF00\">",
+                            GetTrait(card, "HP").Print(), "</font><br>");
+  for (const Text& trait : card.Traits) html += ResourceHtml(trait);
+  html += "</tr></td></table></center>";  // closed in this order, as the pages always had it
+  return html;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,24 @@
+// The window of the help pages.
+#include "ui/help_window.h"
+
+#include "core/pages.h"
+#include "platform/platform.h"
+#include "ui/forms.h"
+
+namespace brindlemoor {
+
+HelpForm::HelpForm() : Form("HelpForm") {
+  Caption = "Brindlemoor Help";
+  Width = 760;
+  Height = 620;
+  Arrangement = {.Direction = Layout::Kind::kControl, .Leaf = &HelpWB, .Stretch = 1};
+}
+
+void ShowHelp(std::string_view file) {
+  HelpForm& form = TheHelpForm();
+  Desktop().ShowForm(form, false);
+  ShowInView(form.HelpWB, file);
+  Desktop().RaiseForm(form);
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,207 @@
+// Clicks on links in the views, and the play menu.
+#include "ui/link_protocol.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "core/cards.h"
+#include "core/fold.h"
+#include "core/pages.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "game/match_start.h"
+#include "platform/platform.h"
+#include "script/target_types.h"
+#include "ui/card_pages.h"
+#include "ui/forms.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr std::string_view kCardLink = "CARD";
+
+/// The body of a link: the address without the scheme and the folder that a relative link gets.
+std::string CleanUrl(std::string url, bool decodeBlanks) {
+  if (decodeBlanks) ReplaceAll(url, "%20", " ");
+  constexpr std::string_view kScheme = "file://";
+  if (url.starts_with(kScheme)) url.erase(0, kScheme.size());
+  ReplaceAll(url, State().ProgramFolder + "/", "");
+  return url;
+}
+
+int NumberField(std::string_view url, int field) {
+  return static_cast<int>(std::clamp(NumericPrefix(FieldAt(url, field, ':')), -1.0, 32767.0));
+}
+
+/// Slot of the card that a "CARD" link names, 0 for none.
+int LinkedSlot(std::string_view url) { return FindSlot(url.substr(kCardLink.size())); }
+
+void AimQueuedPlay(int slot) {
+  Session& state = State();
+  const int entry = state.AwaitingPlayTarget;
+  const int position = state.PlayQueue.Holds(entry) ? state.PlayQueue[entry] : 0;
+  if (state.Players[1].Hand.Holds(position)) {
+    Card& card = state.Players[1].Hand[position];
+    card.TargetSlot = card.StoredTarget = static_cast<std::int16_t>(slot);
+    state.PlayTarget[entry] = static_cast<std::int16_t>(slot);
+    ShowPlayMenu();
+  }
+  state.AwaitingPlayTarget = 0;
+}
+
+void AimMenuAction(int slot) {
+  Session& state = State();
+  if (!state.CardTable.Holds(state.SelectedSlot)) return;
+  Card& card = state.CardTable[state.SelectedSlot];
+  if (card.Effects.Holds(state.MenuEffect)) {
+    CardEffect& effect = card.Effects.Edit(state.MenuEffect);
+    effect.ChosenTarget = slot;
+    effect.MenuState = kArmedMenuAction;
+  }
+  state.AwaitingMenuTarget = 0;
+  ShowPlayMenu();
+}
+
+void CardClicked(int slot) {
+  Session& state = State();
+  if (state.AwaitingMenuTarget != 0) {
+    if (state.SelectedSlot >= 1) AimMenuAction(slot);
+  } else if (state.AwaitingPlayTarget != 0) {
+    AimQueuedPlay(slot);
+  } else {
+    ShowCardDescription(state.CardTable[slot], 1);
+    state.SelectedSlot = static_cast<std::int16_t>(slot);
+  }
+}
+
+bool OwnsCards() {
+  const Pile& collection = State().Collection;
+  return collection.UpperBound() > 1 || (collection.UpperBound() == 1 && !IsFree(collection[1]));
+}
+
+/// A menu action that waits was clicked: arms it, or first asks for what it needs.
+void ChooseMenuAction(int slot, CardEffect& effect) {
+  Session& state = State();
+  switch (effect.TargetType) {
+    case kTargetCollection:
+      Desktop().MessageBox(OwnsCards()
+                               ? "Choosing one of your own cards comes with the deck manager."
+                               : "You don't own any cards to modify!");
+      return;
+    case kTargetCard:
+      state.AwaitingMenuTarget = 1;
+      state.SelectedSlot = static_cast<std::int16_t>(slot);
+      break;
+    default:
+      effect.MenuState = kArmedMenuAction;
+      state.AwaitingMenuTarget = 0;
+  }
+  ShowPlayMenu();
+}
+
+}  // namespace
+
+bool WB_BeforeNavigate(const std::string& address) {
+  if (State().OwnNavigation == 1) return false;
+  const std::string url = CleanUrl(address, true);
+  const std::string_view form = FieldAt(url, 1, ':');
+  if (FoldEquals(form, "HELP")) {
+    ShowHelp(FieldAt(url, 2, ':'));
+    return true;
+  }
+  // Views hand the scheme over in lower case.
+  if (FoldEquals(form, "GAME")) {
+    ChooseGame(NumberField(url, 2), NumberField(url, 3));
+    return true;
+  }
+  if (!url.starts_with(kCardLink)) return false;
+  if (url == "CARDRulesCard") return true;
+  if (const int slot = LinkedSlot(url); slot != 0) CardClicked(slot);
+  return true;
+}
+
+bool InPlayWB_BeforeNavigate(const std::string& address) {
+  const std::string url = CleanUrl(address, false);
+  if (!url.starts_with(kCardLink)) return false;
+  if (const int slot = LinkedSlot(url); slot != 0) {
+    ShowCardDescription(State().CardTable[slot], 1);
+    State().SelectedSlot = static_cast<std::int16_t>(slot);
+  }
+  return true;
+}
+
+bool CardDescWB_BeforeNavigate(const std::string& address) {
+  Session& state = State();
+  const std::string url = CleanUrl(address, true);
+  if (!FoldEquals(FieldAt(url, 1, ':'), "MENUACTION")) return false;
+  const int slot = FindSlot(FieldAt(url, 2, ':'));
+  if (slot == 0) return true;
+  Card& card = state.CardTable[slot];
+  const int index = NumberField(url, 3);
+  if (!card.Effects.Holds(index) || index > 255) return true;
+  state.MenuEffect = static_cast<std::uint8_t>(index);
+  const std::uint8_t menuState = card.Effects[index].MenuState;
+  if (menuState == kArmedMenuAction) {
+    card.Effects.Edit(index).MenuState = kMenuAction;
+    state.AwaitingMenuTarget = 0;
+    ShowPlayMenu();
+  } else if (menuState == kMenuAction) {
+    ChooseMenuAction(slot, card.Effects.Edit(index));
+  }
+  return true;
+}
+
+namespace {
+
+void ListPlays() {
+  Session& state = State();
+  for (int entry = 1; entry <= state.PlayQueue.UpperBound(); ++entry) {
+    const int position = state.PlayQueue[entry];
+    if (!state.Players[1].Hand.Holds(position)) continue;
+    const std::string name = ColoredName(state.Players[1].Hand[position]);
+    const int target = state.PlayTarget[entry];
+    if (target < 0) {
+      AppendPage(Joined("Discard ", name, "<br>"));
+    } else if (state.CardTable.Holds(target)) {
+      AppendPage(Joined("Play ", name, " on ", ColoredName(state.CardTable[target]), "<br>"));
+    } else {
+      AppendPage(Joined("Play ", name, "<br>"));
+    }
+  }
+}
+
+std::string MenuActionLine(Card& card, const CardEffect& effect) {
+  const std::string name = ColoredName(card);
+  if (effect.TargetType == kTargetCollection) {
+    return Joined(name, " uses special action \"", effect.MenuCaption,
+                  "\" on one of the cards in their collection.");
+  }
+  if (State().CardTable.Holds(effect.ChosenTarget)) {
+    return Joined(name, " uses special action \"", effect.MenuCaption, "\" on \"",
+                  State().CardTable[effect.ChosenTarget].Name, "\".<br>");
+  }
+  return Joined(name, " uses special action \"", effect.MenuCaption, "\".");
+}
+
+void ListMenuActions() {
+  for (Card& card : State().CardTable) {
+    if (IsFree(card)) continue;
+    for (const CardEffect& effect : card.Effects) {
+      if (effect.MenuState == kArmedMenuAction) AppendPage(MenuActionLine(card, effect));
+    }
+  }
+}
+
+}  // namespace
+
+void ShowPlayMenu() {
+  State().PageText.clear();
+  ListPlays();
+  ListMenuActions();
+  WritePage("Display.html", "#000000");
+  Desktop().PumpEvents();
+  ShowInView(TheMainWindow().InPlayWB, "Display.html");
+}
+
+}  // namespace brindlemoor

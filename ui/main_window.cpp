@@ -1,0 +1,278 @@
+// The main window: its arrangement, the hand strip and the menus.
+#include "ui/main_window.h"
+
+#include "core/cards.h"
+#include "core/pages.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "data/card_reader.h"
+#include "data/player_files.h"
+#include "game/program_start.h"
+#include "game/turn.h"
+#include "platform/platform.h"
+#include "ui/card_pages.h"
+#include "ui/forms.h"
+#include "ui/link_protocol.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kHandPositions = 10;
+constexpr int kThumbWidth = 65;
+constexpr int kThumbHeight = 92;
+constexpr int kHandCellWidth = 88;
+constexpr int kPictureWidth = 260;
+constexpr int kPictureHeight = 390;
+
+Layout ControlCell(Control& control, int width, int height, int stretch) {
+  return {.Direction = Layout::Kind::kControl,
+          .Leaf = &control,
+          .Stretch = stretch,
+          .Width = width,
+          .Height = height};
+}
+
+/// Five rows of two hand cards, a name label above each thumbnail.
+Layout HandStrip(MainWindow& window) {
+  Layout strip{.Direction = Layout::Kind::kColumn};
+  for (int row = 0; row < kHandPositions / 2; ++row) {
+    Layout pair{.Direction = Layout::Kind::kRow};
+    for (int column = 0; column < 2; ++column) {
+      const auto label = static_cast<std::size_t>(row * 2 + column);
+      Layout cell{.Direction = Layout::Kind::kColumn};
+      cell.Children.push_back(ControlCell(*window.HandLabel[label], kHandCellWidth, 16, 0));
+      cell.Children.push_back(
+          ControlCell(*window.Picture2[label + 1], kThumbWidth, kThumbHeight, 0));
+      pair.Children.push_back(std::move(cell));
+    }
+    strip.Children.push_back(std::move(pair));
+  }
+  return strip;
+}
+
+Layout Arrange(MainWindow& window) {
+  Layout left{.Direction = Layout::Kind::kColumn};
+  left.Children = {HandStrip(window), ControlCell(window.Command1, 0, 36, 0),
+                   ControlCell(window.InPlayWB, 0, 0, 1)};
+  Layout middle{.Direction = Layout::Kind::kColumn, .Stretch = 1};
+  middle.Children = {ControlCell(window.backbutton, 0, 30, 0), ControlCell(window.WB, 0, 0, 1)};
+  Layout right{.Direction = Layout::Kind::kColumn};
+  right.Children = {ControlCell(window.Picture1, kPictureWidth, kPictureHeight, 0),
+                    ControlCell(window.CardDescWB, kPictureWidth, 0, 1)};
+  return {.Direction = Layout::Kind::kRow,
+          .Children = {std::move(left), std::move(middle), std::move(right)}};
+}
+
+}  // namespace
+
+MainWindow::MainWindow() : Form("MainWindow") {
+  for (int position = 1; position <= kHandPositions; ++position) {
+    auto& picture = Picture2[static_cast<std::size_t>(position)];
+    picture = std::make_unique<PictureBox>("Picture2(" + std::to_string(position) + ")");
+    picture->MouseMove = [this, position] { Picture2_MouseMove(position); };
+    picture->MouseUp = [this, position](MouseButton button) { Picture2_MouseUp(position, button); };
+    auto& label = HandLabel[static_cast<std::size_t>(position) - 1];
+    label = std::make_unique<Label>("HandLabel(" + std::to_string(position - 1) + ")");
+    label->Caption = "Card Name";
+  }
+  Command1.Caption = "Take Turn";
+  Command1.Click = [this] { Command1_Click(); };
+  backbutton.Caption = "<<< Back to Game";
+  backbutton.Visible = false;
+  backbutton.Click = [this] { backbutton_Click(); };
+
+  WB.BeforeNavigate = WB_BeforeNavigate;
+  InPlayWB.BeforeNavigate = InPlayWB_BeforeNavigate;
+  CardDescWB.BeforeNavigate = CardDescWB_BeforeNavigate;
+
+  fullsizemen.Checkable = true;
+  fullsizemen.Checked = true;
+  debugmen.Checkable = true;
+  helpmen.Shortcut = "F1";
+  newgamemen.Click = [this] { newgamemen_Click(); };
+  deckmanagermen.Click = [this] { deckmanagermen_Click(); };
+  EditMen.Click = [this] { EditMen_Click(); };
+  saveplrmen.Click = [this] { saveplrmen_Click(); };
+  savehtmlmen.Click = [this] { savehtmlmen_Click(); };
+  fullsizemen.Click = [this] { fullsizemen_Click(); };
+  debugmen.Click = [this] { debugmen_Click(); };
+  helpmen.Click = [this] { helpmen_Click(); };
+  filemen.Items = {&newgamemen, &deckmanagermen, &EditMen, &saveplrmen, &savehtmlmen};
+  optionmen.Items = {&fullsizemen, &debugmen};
+  Menus = {&filemen, &optionmen, &helpmen};
+
+  Width = 1240;
+  Height = 760;
+  Maximised = true;
+  Arrangement = Arrange(*this);
+  QueryClose = [this] { return Form_QueryClose(); };
+}
+
+void MainWindow::Form_Load() {
+  deckmanagermen.Enabled = State().DeckManagerMode == 0;
+  debugmen.Checked = State().DebugMode == 1;
+  Caption = "Brindlemoor version Beta 1.0";
+  EnterProgramFolder();
+  ShowInView(InPlayWB, "blank.htm");
+  ShowInView(CardDescWB, "blank.htm");
+  HideHand();
+}
+
+void MainWindow::Command1_Click() {
+  Session& state = State();
+  if (state.GameOver == 1) {
+    state.PageText.clear();
+    NewGame();
+    return;
+  }
+  TakeTurn(0);
+  UpdateHand();
+  state.SelectedSlot = 0;
+  ShowPlayMenu();
+}
+
+void MainWindow::backbutton_Click() {
+  ShowMain("Display.html");
+  backbutton.Visible = false;
+}
+
+void MainWindow::Picture2_MouseMove(int position) {
+  Session& state = State();
+  const std::int16_t selected = state.SelectedSlot;
+  Desktop().PumpEvents();
+  Pile& hand = state.Players[1].Hand;
+  if (position != LastHovered && hand.Holds(position) && !IsFree(hand[position])) {
+    LastHovered = position;
+    ShowCardDescription(hand[position], 1);
+    Desktop().PumpEvents();
+    state.SelectedSlot = selected;
+  }
+}
+
+void MainWindow::Picture2_MouseUp(int position, MouseButton button) {
+  Session& state = State();
+  Pile& hand = state.Players[1].Hand;
+  if (!hand.Holds(position) || IsFree(hand[position])) return;
+  const bool discard = button == MouseButton::kRight;
+  if (discard) state.SelectedSlot = -1;
+  QueuePlay(position, state.SelectedSlot);
+  hand[position].TargetSlot = state.SelectedSlot;
+  // A discard waits for no target: the next click on a card must not turn it into a play.
+  if (discard) state.AwaitingPlayTarget = 0;
+  state.SelectedSlot = 0;
+  ShowPlayMenu();
+  Desktop().PumpEvents();
+}
+
+void MainWindow::newgamemen_Click() {
+  EndGame();
+  NewGame();
+}
+
+void MainWindow::deckmanagermen_Click() {
+  Desktop().MessageBox(
+      "The deck manager comes with a later version.  Until then a match is played with deck 1.");
+}
+
+void MainWindow::EditMen_Click() {
+  Desktop().MessageBox("The card editor comes with a later version.");
+}
+
+void MainWindow::saveplrmen_Click() { WritePlayerFile(PlayerFileName(State().CurrentGame)); }
+
+// The entry stands in the menu and does nothing; that is meant.
+void MainWindow::savehtmlmen_Click() {}
+
+void MainWindow::fullsizemen_Click() {
+  fullsizemen.Checked = !fullsizemen.Checked;
+  State().FullSizeImages = fullsizemen.Checked ? 1 : 0;
+}
+
+void MainWindow::debugmen_Click() {
+  State().DebugMode = State().DebugMode == 1 ? 0 : 1;
+  debugmen.Checked = State().DebugMode == 1;
+}
+
+void MainWindow::helpmen_Click() { ShowHelp("MainHelp.html"); }
+
+bool MainWindow::Form_QueryClose() {
+  Session& state = State();
+  if (state.TestFromEditor == 0) {
+    Desktop().EndProgram();
+    return false;
+  }
+  ReadCards(state.CardFile, state.Players[1], 1, "", 0);
+  return false;
+}
+
+void UpdateHand() {
+  MainWindow& window = TheMainWindow();
+  const Pile& hand = State().Players[1].Hand;
+  for (int position = 1; position <= kHandPositions; ++position) {
+    PictureBox& picture = *window.Picture2[static_cast<std::size_t>(position)];
+    Label& label = *window.HandLabel[static_cast<std::size_t>(position) - 1];
+    const bool held = hand.Holds(position) && !IsFree(hand[position]);
+    if (held) {
+      const Card& card = hand[position];
+      picture.Picture = ResolvePath(card.Thumb, 0);
+      picture.ToolTip = card.Name.Str();
+      int low = 0;
+      int middle = 0;
+      int high = 0;
+      SplitColor(ColorValue(card.NameColor), low, middle, high);
+      label.TextColor = high << 16 | middle << 8 | low;
+      label.Caption = card.Name.Str();
+    }
+    picture.Visible = held;
+    label.Visible = held;
+  }
+}
+
+void HideHand() {
+  MainWindow& window = TheMainWindow();
+  for (int position = 1; position <= kHandPositions; ++position) {
+    window.Picture2[static_cast<std::size_t>(position)]->Visible = false;
+    window.HandLabel[static_cast<std::size_t>(position) - 1]->Visible = false;
+  }
+}
+
+void QueuePlay(int position, int target) {
+  Session& state = State();
+  for (int entry = 1; entry <= state.PlayQueue.UpperBound(); ++entry) {
+    if (state.PlayQueue[entry] == 0) {
+      state.PlayQueue[entry] = static_cast<std::uint8_t>(position);
+      state.PlayTarget[entry] = static_cast<std::int16_t>(target);
+      Card& card = state.Players[1].Hand[position];
+      card.TargetSlot = card.StoredTarget = static_cast<std::int16_t>(target);
+      state.AwaitingPlayTarget = static_cast<std::uint8_t>(entry);
+      return;
+    }
+    if (state.PlayQueue[entry] == position) {
+      state.PlayQueue[entry] = 0;
+      state.PlayTarget[entry] = 0;
+      CompactQueue();
+      return;
+    }
+  }
+}
+
+void CompactQueue() {
+  // Entries 9 and 10 are not touched; that is meant.
+  constexpr int kLastMoved = 7;
+  Session& state = State();
+  for (bool moved = true; moved;) {
+    moved = false;
+    for (int entry = 1; entry <= kLastMoved; ++entry) {
+      if (state.PlayQueue[entry] != 0 || state.PlayQueue[entry + 1] == 0) continue;
+      state.PlayQueue[entry] = std::exchange(state.PlayQueue[entry + 1], std::uint8_t{0});
+      state.PlayTarget[entry] = std::exchange(state.PlayTarget[entry + 1], std::int16_t{0});
+      moved = true;
+    }
+  }
+}
+
+void PaintImage(std::string_view file) { TheMainWindow().Picture1.Picture = std::string(file); }
+
+}  // namespace brindlemoor

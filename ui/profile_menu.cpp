@@ -1,0 +1,124 @@
+// The profile chooser of the program's start.
+#include "ui/profile_menu.h"
+
+#include <algorithm>
+
+#include "core/paths.h"
+#include "core/state.h"
+#include "data/card_reader.h"
+#include "data/profiles.h"
+#include "platform/platform.h"
+#include "ui/forms.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kButtons = 8;
+constexpr int kFirstTokens = 500;
+
+}  // namespace
+
+ProfileMenu::ProfileMenu() : Form("ProfileMenu") {
+  Caption = "Choose a Player Profile";
+  Width = 380;
+  Layout buttons{.Direction = Layout::Kind::kColumn, .Stretch = 1};
+  for (int index = 0; index < kButtons; ++index) {
+    auto& button = Command1[static_cast<std::size_t>(index)];
+    button = std::make_unique<Button>("Command1(" + std::to_string(index) + ")");
+    button->Caption = "New Player Profile";
+    button->Click = [this, index] { Command1_Click(index); };
+    buttons.Children.push_back(
+        {.Direction = Layout::Kind::kControl, .Leaf = button.get(), .Height = 40});
+  }
+  VScroll1.Visible = false;
+  VScroll1.Change = [this] { VScroll1_Change(); };
+  // The form has a second button that nothing is bound to; it is not shown.
+  Command2.Visible = false;
+  Arrangement = {
+      .Direction = Layout::Kind::kRow,
+      .Children = {std::move(buttons), {.Direction = Layout::Kind::kControl, .Leaf = &VScroll1}}};
+  QueryClose = [this] { return Form_QueryClose(); };
+}
+
+void ProfileMenu::Form_Load() { LoadButtons(); }
+
+void ProfileMenu::LoadButtons() {
+  for (auto& button : Command1) button->Caption = "";
+  LoadProfiles();
+  UpdateButtons();
+}
+
+void ProfileMenu::UpdateButtons() {
+  const Table<ProfileRec>& profiles = State().Profiles;
+  const int beyond = profiles.UpperBound() - (kButtons - 1);
+  VScroll1.Maximum = std::max(beyond, 0);
+  VScroll1.Visible = beyond > 0;
+  for (int index = 0; index < kButtons; ++index) {
+    const int profile = ScrollOffset + index;
+    std::string caption;
+    if (profile == 0) {
+      caption = "New Player";
+    } else if (profiles.Holds(profile)) {
+      caption = profiles[profile].PlayerName.Str();
+    }
+    Command1[static_cast<std::size_t>(index)]->Caption = caption;
+  }
+}
+
+void ProfileMenu::VScroll1_Change() {
+  ScrollOffset = VScroll1.Value;
+  UpdateButtons();
+}
+
+namespace {
+
+void TakeProfile(const ProfileRec& profile) {
+  Session& state = State();
+  state.Profile = profile;
+  if (!ResolvePath(profile.PlayerFile, 0).empty()) {
+    ReadCards(profile.PlayerFile, state.Players[1], 0, "", 0);
+  }
+}
+
+/// Asks until the name can be part of a file name or the box is cancelled; "" then.
+std::string AskNewName() {
+  while (true) {
+    const std::string name = Desktop().AskText("New Player Name?").value_or("");
+    if (name.empty()) return name;
+    const std::string refusal = RefusePlayerName(name);
+    if (refusal.empty()) return name;
+    Desktop().MessageBox(refusal);
+  }
+}
+
+}  // namespace
+
+void ProfileMenu::Command1_Click(int index) {
+  Session& state = State();
+  const int profile = ScrollOffset + index;
+  if (profile >= 1 && state.Profiles.Holds(profile)) {
+    TakeProfile(state.Profiles[profile]);
+  } else {
+    // A new player starts afresh: what an earlier profile left in these fields is not theirs.
+    state.Profile = ProfileRec{};
+    state.Profile.PlayerName = AskNewName();
+    state.Profiles.Append(state.Profile);
+    state.Players[1].Tokens = kFirstTokens;
+  }
+  SaveProfiles();
+  Desktop().HideForm(*this);
+}
+
+bool ProfileMenu::Form_QueryClose() {
+  if (State().Profile.PlayerName.empty()) Desktop().EndProgram();
+  return false;
+}
+
+void ChooseProfile() {
+  ProfileMenu& form = TheProfileMenu();
+  form.Form_Load();
+  Desktop().ShowForm(form, true);
+}
+
+}  // namespace brindlemoor
