@@ -2,6 +2,8 @@
 #include "core/encoding.h"
 
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 namespace brindlemoor {
 
@@ -19,6 +21,19 @@ constexpr std::array<char32_t, 32> kWindows1252 = {
 
 unsigned char ByteAt(std::string_view text, std::size_t position) noexcept {
   return static_cast<unsigned char>(text[position]);
+}
+
+/// Position of the first byte at or behind position that is not ASCII. Card files are nearly all
+/// ASCII, and this walk is half of what reading one costs: so eight bytes at a time.
+std::size_t SkipAscii(std::string_view text, std::size_t position) noexcept {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+  for (; text.size() - position >= sizeof(std::uint64_t); position += sizeof(std::uint64_t)) {
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, text.data() + position, sizeof(eight));
+    if ((eight & kHighBits) != 0) break;
+  }
+  while (position < text.size() && ByteAt(text, position) < 0x80) ++position;
+  return position;
 }
 
 }  // namespace
@@ -45,11 +60,11 @@ DecodedCharacter DecodeAt(std::string_view text, std::size_t position) noexcept 
 }
 
 bool IsUtf8(std::string_view bytes) noexcept {
-  std::size_t position = 0;
+  std::size_t position = SkipAscii(bytes, 0);
   while (position < bytes.size()) {
     const DecodedCharacter character = DecodeAt(bytes, position);
     if (!character.Valid) return false;
-    position += static_cast<std::size_t>(character.Length);
+    position = SkipAscii(bytes, position + static_cast<std::size_t>(character.Length));
   }
   return true;
 }

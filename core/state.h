@@ -69,15 +69,15 @@ struct Session {
   Pile MasterCards;                  ///< hash table of master definitions
   Table<PlayerState> RefCache;       ///< files read for #REF... directives
   Table<Template> Templates;
-  Text CardFile;                  ///< file in the editor
-  Card EditCard;                  ///< card in the editor
-  std::string ProgramFolder;      ///< absolute, without a closing separator
-  std::string CurrentFolder;      ///< where plain file names are opened
-  int ReadDepth = 0;              ///< ReadCards calls in progress
-  std::array<Text, 51> FileList;  ///< names of the reads in progress, from 1
+  Text CardFile;                   ///< file in the editor
+  Card EditCard;                   ///< card in the editor
+  std::string ProgramFolder;       ///< absolute, without a closing separator
+  std::string CurrentFolder;       ///< where plain file names are opened
+  int ReadDepth = 0;               ///< ReadCards calls in progress
+  std::array<Text, 51> FileList;   ///< names of the reads in progress, from 1
   std::array<Text, 51> OpenPaths;  ///< parallel to FileList: the files as opened
-  int FilesRead = 0;              ///< files of the outermost read in progress
-  std::vector<Problem> Problems;  ///< what readers found wrong
+  int FilesRead = 0;               ///< files of the outermost read in progress
+  std::vector<Problem> Problems;   ///< what readers found wrong
 
   // Planning and clicks.
   FixedTable<std::uint8_t, 10> PlayQueue;   ///< hand positions in play order; 0 free

@@ -10,6 +10,7 @@
 #include "data/player_files.h"
 #include "game/card_refresh.h"
 #include "game/game_list.h"
+#include "game/program_start.h"
 #include "game/turn.h"
 #include "platform/platform.h"
 #include "script/trait_actions.h"
@@ -69,6 +70,7 @@ bool ReadMatchFiles(int gameIndex, int opponentIndex) {
   EnterProgramFolder();
   if (!CanRead(rules) || !CanRead(opponent)) return false;
   session.StarterDeckFlag = 0;
+  ForgetRules();
   ReadCards(rules, session.GameDeck, 0, "", 0);
   session.Profile.RulesFile = rules;
   session.CurrentFolder = folder.empty() ? session.ProgramFolder : InProgramFolder(folder);

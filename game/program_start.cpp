@@ -26,14 +26,10 @@ void BuildBitValues() {
 
 void ResetTables() {
   Session& session = State();
-  session.RulesCard.InPlay = 1;
-  InitCard(session.RulesCard, 1, 1);
-  BuildEffectMasks(session.RulesCard, 0);
+  ForgetRules();
   session.CardTable.Reset(1);
   session.Sideboard.Reset(1);
-  session.TraitActions.Reset(1);
   session.Games.Reset(1);
-  session.TraitGraphics.Reset(1);
   session.TraitBitNames.Reset(1);
   session.WaitingSlots.Reset(1);
   for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) {
@@ -47,8 +43,6 @@ void ResetTables() {
 /// What a game leaves behind that another game of the folder must not see.
 void ForgetLastGame() {
   Session& session = State();
-  session.CustomStrings.Reset(0);
-  session.DeckRules = Text();
   session.PendingCards.Reset(1);
   session.PendingCount = 0;
   session.Problems.clear();
@@ -101,6 +95,17 @@ void ReadStoredFile(const Text& file, PlayerState& player) {
 
 }  // namespace
 
+void ForgetRules() {
+  Session& session = State();
+  session.RulesCard.InPlay = 1;
+  InitCard(session.RulesCard, 1, 1);
+  BuildEffectMasks(session.RulesCard, 0);
+  session.TraitActions.Reset(1);
+  session.TraitGraphics.Reset(1);
+  session.CustomStrings.Reset(0);
+  session.DeckRules = Text();
+}
+
 void StartProgram() {
   EnterProgramFolder();
   if (Desktop().Files().Exists(InProgramFolder("Debug.on"))) State().DebugMode = 1;
@@ -119,6 +124,7 @@ void NewGame() {
   ForgetLastGame();
   ResetTables();
   ResetSides();
+  HideHand();
   if (session.Profile.PlayerName.empty()) ChooseProfile();
   if (session.Profile.PlayerName.empty()) {
     Desktop().EndProgram();

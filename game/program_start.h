@@ -11,4 +11,7 @@ void StartProgram();
 /// shows the game list. Ends the program when no profile was chosen.
 void NewGame();
 
+/// Empties what a rules file fills, so that the rules of one game never stay on in another.
+void ForgetRules();
+
 }  // namespace brindlemoor

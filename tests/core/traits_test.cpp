@@ -254,7 +254,8 @@ TEST_F(TraitsTest, TraitsThatPassALossToEachOtherComeToAnEnd) {
 TEST_F(TraitsTest, ACancelledChangeLeavesTheRestOfTheReactionsOut) {
   Card card = MakeCard("Goblin", 1, {"HP:20"});
   card.InPlay = 1;
-  AddEffect(card, "CANCEL", 7, "BEFORETRAITCHANGE:HP", 0, "SELF");
+  // A requirement on the acting card that fails cancels what it answers.
+  AddEffect(card, "REQMYTRAITLESS:HP:5", 7, "BEFORETRAITCHANGE:HP", 0, "SELF");
   AddEffect(card, "SETTRAIT:SEEN:1", 7, "BEFORETRAITCHANGE:HP", 0, "SELF");
   Change(card, "HP", -10);
   EXPECT_EQ(TraitNumber(card, "HP"), 20);

@@ -75,6 +75,24 @@ TEST_F(MatchStartTest, AMatchBringsBothDecksAndTheStartingCards) {
   EXPECT_EQ(session.Collection[1].Name, "Spare");
 }
 
+TEST_F(MatchStartTest, TheRulesOfAnotherGameDoNotStayOn) {
+  OwnDeck();
+  WriteFile("pirates.txt",
+            "#DECKRULES, TRAITLIMIT:#ANY#:5\n#CUSTOMSTRING, SEA, wet\n#RULESCARD\n"
+            "#TRAIT, TRAITGRAPHIC:FLYING::label:#FFFFFF:1:1\n#EFFECT, SELF, TURNSTART, ECHO:ahoy\n"
+            "#TRAITACTION, FLYING\n#EFFECT, SELF, PHASE9, ECHO:plank\n");
+  ReadCards("pirates.txt", State().GameDeck, 0, "", 0);
+  ChooseGame(1, 2);
+  ASSERT_NE(InTable("Wall"), nullptr);
+  for (const CardEffect& effect : InTable("Wall")->Effects) {
+    EXPECT_NE(effect.Script, "TRAIT:TRAITEFFECT:FLYING:ECHO:plank");
+  }
+  EXPECT_EQ(State().DeckRules, "");
+  EXPECT_EQ(State().CustomStrings.UpperBound(), 0);
+  EXPECT_EQ(State().TraitGraphics[1].TraitName, "");
+  EXPECT_EQ(desktop_->Pages["WB"].find("ahoy"), std::string::npos);
+}
+
 TEST_F(MatchStartTest, WithoutAPlayerFileTheListComesBack) {
   desktop_->ExpectedMessages = {
       "You do not have a deck for this game!\nPlease choose a starter deck or a card store."};
