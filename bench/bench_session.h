@@ -1,0 +1,45 @@
+// What benchmarks start from: a fresh session without a display.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/cards.h"
+#include "core/state.h"
+#include "core/traits.h"
+#include "platform/headless/headless_platform.h"
+#include "platform/headless/memory_files.h"
+
+namespace brindlemoor {
+
+/// A fresh session on a folder; messages need not be expected.
+inline HeadlessPlatform& StartBenchSession(std::unique_ptr<FileSystem> files, std::string folder,
+                                           std::uint64_t seed = 1) {
+  State() = Session{};
+  auto desktop = std::make_shared<HeadlessPlatform>(std::move(files), seed);
+  desktop->AcceptMessages = true;
+  State().Desktop = desktop;
+  State().ProgramFolder = State().CurrentFolder = std::move(folder);
+  return *desktop;
+}
+
+/// A copy of the shipped games in a temporary folder, removed at the end.
+class GamesCopy {
+ public:
+  GamesCopy() : path_(std::filesystem::temp_directory_path() / "brindlemoor-bench") {
+    std::filesystem::remove_all(path_);
+    std::filesystem::copy(std::string(BRINDLEMOOR_SOURCE_DIR) + "/games", path_,
+                          std::filesystem::copy_options::recursive);
+  }
+  GamesCopy(const GamesCopy&) = delete;
+  GamesCopy& operator=(const GamesCopy&) = delete;
+  ~GamesCopy() { std::filesystem::remove_all(path_); }
+  std::string Path() const { return path_.string(); }
+
+ private:
+  std::filesystem::path path_;
+};
+
+}  // namespace brindlemoor
