@@ -48,7 +48,8 @@ def main():
             wrong += [f"{name} includes {header}: not listed" for header in sorted(found - allowed)]
             wrong += [f"{name} no longer includes {header}" for header in sorted(allowed - found)]
     wrong += [f"{name} is listed and is not there" for name in rows]
-    print("\n".join(wrong))
+    for line in wrong:
+        print(line)
     return 1 if wrong else 0
 
 
