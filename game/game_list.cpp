@@ -72,7 +72,7 @@ bool Mentions(std::string_view bytes, std::string_view word) {
 /// The direct subfolder that a game means: never a way out of the program's folder. A name that
 /// differs in case only is taken where the exact one is missing.
 std::string SubfolderFor(std::string_view reference) {
-  const std::string name = FileNameOf(reference);
+  std::string name = FileNameOf(reference);
   if (name == "." || name == "..") return "";
   FileSystem& files = Desktop().Files();
   const std::string& programFolder = State().ProgramFolder;

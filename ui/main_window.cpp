@@ -37,10 +37,9 @@ Layout ControlCell(Control& control, int width, int height, int stretch) {
 /// Five rows of two hand cards, a name label above each thumbnail.
 Layout HandStrip(MainWindow& window) {
   Layout strip{.Direction = Layout::Kind::kColumn};
-  for (int row = 0; row < kHandPositions / 2; ++row) {
+  for (std::size_t first = 0; first < kHandPositions; first += 2) {
     Layout pair{.Direction = Layout::Kind::kRow};
-    for (int column = 0; column < 2; ++column) {
-      const auto label = static_cast<std::size_t>(row * 2 + column);
+    for (const std::size_t label : {first, first + 1}) {
       Layout cell{.Direction = Layout::Kind::kColumn};
       cell.Children.push_back(ControlCell(*window.HandLabel[label], kHandCellWidth, 16, 0));
       cell.Children.push_back(

@@ -84,7 +84,7 @@ void TakeProfile(const ProfileRec& profile) {
 /// Asks until the name can be part of a file name or the box is cancelled; "" then.
 std::string AskNewName() {
   while (true) {
-    const std::string name = Desktop().AskText("New Player Name?").value_or("");
+    std::string name = Desktop().AskText("New Player Name?").value_or("");
     if (name.empty()) return name;
     const std::string refusal = RefusePlayerName(name);
     if (refusal.empty()) return name;
