@@ -29,6 +29,7 @@ inline constexpr int kBoosterDraws = 100000;       ///< draws for one booster
 inline constexpr int kPileCards = 200000;          ///< cards of one pile that a file fills
 inline constexpr int kCardItems = 10000;           ///< traits, or actions, of one card
 inline constexpr int kTraitNameBytes = 4096;       ///< longer names get no base for their bonus
+inline constexpr int kRedirects = 32;         ///< times that one action is turned to another card
 inline constexpr int kTraitRedirects = 16;    ///< traits that pass one change on to one another
 inline constexpr int kNestedBonuses = 16;     ///< bonus expressions that read one another
 inline constexpr int kBonuses = 1000;         ///< bonus expressions behind one reading of a trait

@@ -110,6 +110,7 @@ struct Session {
   std::uint8_t CancelState = 0;     ///< 0 none, 1 cancelled, 2 CANCEL executed in this run
   std::int32_t RedirectTarget = 0;  ///< slot chosen by a redirect, 0 none
   Text RedirectScript;
+  int RedirectDepth = 0;      ///< runs in progress of redirected actions
   Text RedirectTraitName;     ///< trait that takes a negative change instead
   std::string FailReason;     ///< why the last requirement failed
   std::uint8_t HpReport = 0;  ///< 1 a sentence about the target's HP is due, 2 the source's

@@ -8,7 +8,7 @@ namespace brindlemoor {
 
 std::span<const std::span<const Command>> CommandFamilies() {
   static const std::array families = {RequirementCommands(), TraitCommands(), CardCommands(),
-                                      DisplayCommands()};
+                                      DisplayCommands(), ReactionCommands()};
   return families;
 }
 

@@ -34,6 +34,7 @@ std::span<const Command> RequirementCommands();  // script/requirement_commands.
 std::span<const Command> TraitCommands();        // script/trait_commands.cpp
 std::span<const Command> CardCommands();         // script/card_commands.cpp
 std::span<const Command> DisplayCommands();      // script/display_commands.cpp
+std::span<const Command> ReactionCommands();     // script/reaction_commands.cpp
 
 /// The row of a word, nullptr for an unknown one. Exact case, without the "AI" prefix.
 const Command* FindCommand(std::string_view word);

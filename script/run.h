@@ -48,6 +48,8 @@ struct Run {
   bool DestroySource = false;
   bool DestroyTarget = false;
   int Winner = 0;
+  bool Cancels = false;  ///< CANCEL was carried out: it outlives the runs that this one starts
+  int RedirectsTo = 0;   ///< the same for the slot of REDIRECTBYGID
   int LeaveResult = -1;
 
   bool Testing() const { return Options.TestRun != 0; }

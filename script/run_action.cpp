@@ -2,12 +2,14 @@
 #include "script/run_action.h"
 
 #include <optional>
+#include <utility>
 
 #include "core/limits.h"
 #include "core/state.h"
 #include "core/traits.h"
 #include "script/command_table.h"
 #include "script/effect_masks.h"
+#include "script/reactions.h"
 #include "script/run.h"
 #include "script/run_epilogue.h"
 #include "script/values.h"
@@ -143,7 +145,9 @@ int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& opt
   double& amount = options.Amount != nullptr ? *options.Amount : freshAmount;
   ClearSharedState(session, amount);
   if (const auto refusal = Refusal(session, source, target, options)) return *refusal;
-  if (session.RunDepth == 0 && options.Nested == 0) session.NestedCommands = 0;
+  if (session.RunDepth == 0 && options.Nested == 0 && !options.Redirected) {
+    session.NestedCommands = 0;
+  }
   session.HpReport = 0;
   if (source.Name.empty() || FilterRefuses(session, source, target, effectIndex, options)) {
     return kRunFailed;
@@ -157,16 +161,17 @@ int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& opt
           effectIndex, options,
           script,      ParsedScript::Of(script),
           amount,      unanswered ? 1 : options.NoCounters};
-  if (session.CancelState == 1) {
+  if (!OfferAction(run)) {
     --session.RunDepth;
     return kRunNothing;
   }
   DrawPictures(run);
-  session.DeleteRunningEffect = 0;
+  const auto outerDeletes = std::exchange(session.DeleteRunningEffect, std::uint8_t{0});
   const bool finished = Walk(run);
   const int result = finished ? CloseRun(run) : run.LeaveResult;
   --session.RunDepth;
   if (finished) AfterRun(run);
+  session.DeleteRunningEffect = outerDeletes;
   return result;
 }
 

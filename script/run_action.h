@@ -17,15 +17,15 @@ enum RunResults : int {
 
 /// Parameters of a run beside the two cards and the action's index.
 struct RunOptions {
-  int CostMode = -1;             ///< 1 paying a cost or acting on a card not in play; -1 ordinary
-  int TestRun = 0;               ///< 1 a test: the caller gives scratch copies
+  int CostMode = -1;  ///< 1 paying a cost or acting on a card not in play; -1 ordinary
+  int TestRun = 0;    ///< 1 a test: the caller gives scratch copies
   std::string_view EchoOverride = {};  ///< replaces ECHOONCE's message when not empty
-  int NoCounters = 0;            ///< 1 no reactions, and CANCEL is inert
-  int Nested = 0;                ///< 1 started by another run or by PickTarget
-  Text ScriptOverride = {};      ///< run instead of the action's script when not empty
-  double* Amount = nullptr;      ///< the incoming value, shared with the caller; nullptr is a fresh 0
-  Text IncomingScript = {};      ///< the script that a reaction answers
-  bool Redirected = false;       ///< the re-run of a redirected action
+  int NoCounters = 0;                  ///< 1 no reactions, and CANCEL is inert
+  int Nested = 0;                      ///< 1 started by another run or by PickTarget
+  Text ScriptOverride = {};            ///< run instead of the action's script when not empty
+  double* Amount = nullptr;  ///< the incoming value, shared with the caller; nullptr is a fresh 0
+  Text IncomingScript = {};  ///< the script that a reaction answers
+  bool Redirected = false;   ///< the re-run of a redirected action
 };
 
 /// Runs action effectIndex of source on target and returns a RunResults code. Both cards may be the

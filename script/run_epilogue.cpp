@@ -34,15 +34,6 @@ const Frame& FrameOf(const Run& run) {
   return side == 1 ? kHumanFrame : side == 2 ? kComputerFrame : kNeutralFrame;
 }
 
-void AddToBanner(std::string_view html) {
-  std::string& banner = State().PhaseBanner;
-  if (banner.size() + html.size() > limits::kPageBytes) {
-    limits::ReportLimit("The report grew too long: a text was left out.");
-    return;
-  }
-  banner += html;
-}
-
 /// The run's text in its frame. The outermost run closes its cell, row and table in the odd order
 /// that the pages have always had.
 std::string FramedText(const Run& run, const Frame& frame) {
@@ -93,7 +84,27 @@ void Repeat(Run& run) {
   }
 }
 
+/// A reaction's answer reaches the action even when deaths, changed traits or repeats have started
+/// runs since, each of which cleared it.
+void KeepAnswer(const Run& run) {
+  Session& session = State();
+  if (run.Cancels) session.CancelState = 1;
+  if (run.RedirectsTo > 0) {
+    session.RedirectTarget = run.RedirectsTo;
+    session.RedirectScript = Text();
+  }
+}
+
 }  // namespace
+
+void AddToBanner(std::string_view html) {
+  std::string& banner = State().PhaseBanner;
+  if (banner.size() + html.size() > limits::kPageBytes) {
+    limits::ReportLimit("The report grew too long: a text was left out.");
+    return;
+  }
+  banner += html;
+}
 
 int ResultCode(int applied, int failed, int softFailed) {
   if (failed + softFailed == 0) return kRunClean;
@@ -128,6 +139,7 @@ void AfterRun(Run& run) {
     run.Source.Effects.Edit(run.EffectIndex).Script = Text();
   }
   if (real && run.RepeatCount > 0 && run.Options.Nested == 0) Repeat(run);
+  KeepAnswer(run);
 }
 
 }  // namespace brindlemoor

@@ -1,0 +1,113 @@
+// Reactions: the scans for MYACTION and TARGETED actions, and the run of an action that was turned
+// to another card.
+#include "script/reactions.h"
+
+#include <string_view>
+
+#include "core/limits.h"
+#include "core/state.h"
+#include "script/run.h"
+#include "script/target_types.h"
+#include "script/triggers.h"
+
+namespace brindlemoor {
+namespace {
+
+constexpr std::string_view kMyAction = "MYACTION";
+constexpr std::string_view kTargeted = "TARGETED";
+
+bool Answers(const CardEffect& effect, std::string_view trigger) {
+  return effect.Trigger == trigger && effect.MenuState != kMenuAction && !effect.Script.empty();
+}
+
+/// The firing must not take the shared roll and the once-only message from the action it answers.
+void FireOnAll(Card& actor, std::string_view trigger, int effect) {
+  Session& session = State();
+  const int roll = session.SharedChanceRoll;
+  const auto echoed = session.EchoedOnce;
+  FireTrigger(actor, trigger, -1, effect);
+  session.SharedChanceRoll = roll;
+  session.EchoedOnce = echoed;
+}
+
+/// Runs one reaction of the actor to the action.
+void React(const Run& action, Card& actor, std::string_view trigger, int effect) {
+  const int targetType = actor.Effects[effect].TargetType;
+  if (targetType == kTargetAll) {
+    FireOnAll(actor, trigger, effect);
+    return;
+  }
+  const RunOptions options{.NoCounters = action.NoCounters, .IncomingScript = action.Script};
+  if (targetType == kTargetTriggeringCard) {
+    RunAction(actor, action.Source, effect, options);
+  } else {
+    int quality = kNoTarget;
+    const int slot = PickTarget(actor, effect, targetType, Text(), quality);
+    Pile& table = State().CardTable;
+    if (table.Holds(slot)) RunAction(actor, table[slot], effect, options);
+  }
+  if (actor.Effects[effect].MenuState == kArmedMenuAction) {
+    actor.Effects.Edit(effect).MenuState = kMenuAction;
+  }
+}
+
+bool TurnedAway(const Run& action) {
+  const int slot = State().RedirectTarget;
+  return slot > 0 && slot != action.Target.Slot;
+}
+
+/// Lets the card's reactions run in order. Those that they add answer from the next action on.
+void Scan(const Run& action, Card& actor, std::string_view trigger, bool untilTurnedAway) {
+  const int last = actor.Effects.UpperBound();
+  for (int effect = 1; effect <= last; ++effect) {
+    if (!Answers(actor.Effects[effect], trigger)) continue;
+    React(action, actor, trigger, effect);
+    if (untilTurnedAway && TurnedAway(action)) return;
+  }
+}
+
+/// Runs the action on the card that it was turned to. False when it has been turned too often: it
+/// then stays where it is.
+bool RunOnNewTarget(Run& action) {
+  Session& session = State();
+  const int slot = session.RedirectTarget;
+  if (!session.CardTable.Holds(slot)) return false;
+  if (session.RedirectDepth >= limits::kRedirects) {
+    limits::ReportLimit(
+        "Cards turn an action to one another without an end; it stays where it is.");
+    return false;
+  }
+  Card& source = action.Source;
+  if (source.Effects.Holds(action.EffectIndex)) {
+    source.Effects.Edit(action.EffectIndex).ChosenTarget = slot;
+  }
+  ++session.RedirectDepth;
+  --session.RunDepth;
+  RunAction(source, session.CardTable[slot], action.EffectIndex,
+            RunOptions{.CostMode = action.Options.CostMode,
+                       .Nested = action.Options.Nested,
+                       .ScriptOverride = session.RedirectScript,
+                       .Amount = &action.Amount,
+                       .Redirected = true});
+  ++session.RunDepth;
+  --session.RedirectDepth;
+  return true;
+}
+
+}  // namespace
+
+bool OfferAction(Run& run) {
+  Session& session = State();
+  if (session.RunDepth != 1 || run.Testing() || run.NoCounters != 0) return true;
+  if (!run.Options.Redirected && run.Source.Effects[run.EffectIndex].Trigger != kMyAction) {
+    Scan(run, run.Source, kMyAction, false);
+    if (session.CancelState == 1) return false;
+  }
+  if (run.Source.GlobalID != run.Target.GlobalID && run.Options.IncomingScript.empty()) {
+    Scan(run, run.Target, kTargeted, true);
+    if (session.CancelState == 1) return false;
+  }
+  return !TurnedAway(run) || !RunOnNewTarget(run);
+}
+
+}  // namespace brindlemoor
