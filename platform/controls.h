@@ -159,9 +159,9 @@ struct Layout {
   Kind Direction = Kind::kColumn;
   Control* Leaf = nullptr;
   std::vector<Layout> Children{};
-  int Stretch = 0;    ///< share of spare room, 0 keeps the natural size
-  int Width = 0;      ///< fixed width in pixels at 96 dpi, 0 natural
-  int Height = 0;     ///< fixed height, 0 natural
+  int Stretch = 0;      ///< share of spare room, 0 keeps the natural size
+  int Width = 0;        ///< fixed width in pixels at 96 dpi, 0 natural
+  int Height = 0;       ///< fixed height, 0 natural
   std::string Title{};  ///< caption of a frame around the children, "" for no frame
 };
 
@@ -175,7 +175,7 @@ struct Form : Observed {
   Property<bool> Shown{*this, false};  ///< kept by the platform
   Layout Arrangement;
   std::vector<MenuItem*> Menus;
-  int Width = 0;   ///< first size in pixels, 0 natural
+  int Width = 0;  ///< first size in pixels, 0 natural
   int Height = 0;
   bool Maximised = false;
 

@@ -1,0 +1,94 @@
+// The desktop program.
+#include <QApplication>
+#include <QFileInfo>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "apps/brindlemoor/options.h"
+#include "apps/brindlemoor/program_folder.h"
+#include "core/state.h"
+#include "game/program_start.h"
+#include "platform/qt/browser_engine.h"
+#include "platform/qt/geometry_report.h"
+#include "platform/qt/qt_platform.h"
+#include "platform/qt/style.h"
+#include "ui/forms.h"
+
+namespace {
+
+using namespace brindlemoor;  // NOLINT: the program itself
+
+constexpr int kFailed = 1;
+constexpr int kWrongUsage = 2;
+
+std::string Variable(const char* name) { return qEnvironmentVariable(name).toStdString(); }
+
+bool HasDisplay() {
+  return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+         qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+ProgramFolderResult FindFolder(const Options& options) {
+  FolderChoice choice;
+  choice.Argument = options.Folder;
+  choice.ExecutableFolder = QCoreApplication::applicationDirPath().toStdString();
+  choice.DataHome = Variable("XDG_DATA_HOME");
+  choice.Home = Variable("HOME");
+  choice.ShippedGames = {choice.ExecutableFolder + "/../share/brindlemoor/games",
+                         BRINDLEMOOR_INSTALLED_GAMES, BRINDLEMOOR_SOURCE_GAMES};
+  return FindProgramFolder(choice);
+}
+
+std::unique_ptr<GeometryReport> StartReport() {
+  const QString file = qEnvironmentVariable("BRINDLEMOOR_TEST_GEOMETRY");
+  return file.isEmpty() ? nullptr : std::make_unique<GeometryReport>(file);
+}
+
+int Play(const Options& options) {
+  const ProgramFolderResult place = FindFolder(options);
+  auto desktop =
+      std::make_shared<QtPlatform>(std::make_unique<LocalFileSystem>(), place.Folder, options.Seed);
+  auto report = StartReport();
+  if (!place.Error.empty()) {
+    // Said twice: a program started from a menu has no terminal.
+    std::fprintf(stderr, "brindlemoor: %s\n", place.Error.c_str());
+    desktop->MessageBox(place.Error);
+    return kFailed;
+  }
+  State() = Session{};
+  State().Desktop = desktop;
+  State().ProgramFolder = State().CurrentFolder = place.Folder;
+  State().DebugMode = options.Debug ? 1 : 0;
+  StartProgram();
+  desktop->Run();
+  report.reset();
+  desktop->CloseWindows();
+  State() = Session{};
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const Options options = ReadOptions(std::vector<std::string>(argv + 1, argv + argc));
+  if (!options.Error.empty()) {
+    std::fprintf(stderr, "brindlemoor: %s\n%s", options.Error.c_str(), HelpText());
+    return kWrongUsage;
+  }
+  if (options.Help || options.Version) {
+    std::fputs(options.Help ? HelpText() : "Brindlemoor version Beta 1.0\n", stdout);
+    return 0;
+  }
+  if (!HasDisplay()) {
+    std::fputs("brindlemoor: there is no display (DISPLAY is not set).\n", stderr);
+    return kFailed;
+  }
+  PrepareBrowserEngine();
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("brindlemoor");
+  QApplication::setApplicationDisplayName("");
+  ApplyStyle(application);
+  return Play(options);
+}

@@ -1,0 +1,26 @@
+// The command line of the desktop program.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brindlemoor {
+
+struct Options {
+  std::string Folder;
+  std::optional<std::uint64_t> Seed;
+  bool Debug = false;
+  bool Help = false;
+  bool Version = false;
+  std::string Error;  ///< what is wrong with the command line, "" when it is right
+};
+
+/// arguments are those behind the program's name.
+Options ReadOptions(const std::vector<std::string>& arguments);
+
+/// What --help prints.
+const char* HelpText();
+
+}  // namespace brindlemoor

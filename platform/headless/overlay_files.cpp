@@ -1,0 +1,41 @@
+// The files of the machine, with everything that is written kept in memory.
+#include "platform/headless/overlay_files.h"
+
+#include <set>
+
+namespace brindlemoor {
+namespace {
+
+std::vector<std::string> Merged(const std::vector<std::string>& a,
+                                const std::vector<std::string>& b) {
+  std::set<std::string> names(a.begin(), a.end());
+  names.insert(b.begin(), b.end());
+  return {names.begin(), names.end()};
+}
+
+}  // namespace
+
+bool OverlayFileSystem::Exists(const std::string& path) const {
+  return MemoryFileSystem::Exists(path) || (!hides_(path) && machine_.Exists(path));
+}
+
+bool OverlayFileSystem::FolderExists(const std::string& path) const {
+  return MemoryFileSystem::FolderExists(path) || machine_.FolderExists(path);
+}
+
+std::vector<std::string> OverlayFileSystem::ListFiles(const std::string& folder) const {
+  std::vector<std::string> shown = machine_.ListFiles(folder);
+  std::erase_if(shown, [&](const std::string& name) { return hides_(folder + "/" + name); });
+  return Merged(MemoryFileSystem::ListFiles(folder), shown);
+}
+
+std::vector<std::string> OverlayFileSystem::ListFolders(const std::string& folder) const {
+  return Merged(MemoryFileSystem::ListFolders(folder), machine_.ListFolders(folder));
+}
+
+std::optional<std::string> OverlayFileSystem::Read(const std::string& path) const {
+  if (MemoryFileSystem::Exists(path)) return MemoryFileSystem::Read(path);
+  return hides_(path) ? std::nullopt : machine_.Read(path);
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,30 @@
+// OverlayFileSystem: the files of the machine, with everything that is written kept in memory.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/files.h"
+#include "platform/headless/memory_files.h"
+
+namespace brindlemoor {
+
+/// Shows the machine's files, except those that it is told to hide. A file in Contents stands
+/// before one of the machine; nothing on the machine is changed.
+class OverlayFileSystem : public MemoryFileSystem {
+ public:
+  using Test = std::function<bool(const std::string& path)>;
+  explicit OverlayFileSystem(Test hides) : hides_(std::move(hides)) {}
+
+  bool Exists(const std::string& path) const override;
+  bool FolderExists(const std::string& path) const override;
+  std::vector<std::string> ListFiles(const std::string& folder) const override;
+  std::vector<std::string> ListFolders(const std::string& folder) const override;
+  std::optional<std::string> Read(const std::string& path) const override;
+
+ private:
+  LocalFileSystem machine_;
+  Test hides_;
+};
+
+}  // namespace brindlemoor

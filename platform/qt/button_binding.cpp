@@ -1,0 +1,82 @@
+// Push buttons, option buttons and check boxes.
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+
+#include "platform/qt/bindings.h"
+#include "platform/qt/form_window.h"
+
+namespace brindlemoor {
+
+namespace {
+
+/// A push button that the Enter key presses as well as the blank.
+class KeyButton : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+      click();
+    } else {
+      QPushButton::keyPressEvent(event);
+    }
+  }
+};
+
+template <class Model>
+void ShareMnemonic(Model& model, QAbstractButton& button, FormWindow& window) {
+  window.AddMnemonic(
+      [&model] { return model.Visible ? QString::fromStdString(model.Caption) : QString(); },
+      [&model, &button](const QString& marked) {
+        const QString text = model.Visible ? marked : QString::fromStdString(model.Caption);
+        if (button.text() != text) button.setText(text);
+      });
+}
+
+/// Follows a check mark and hands the user's change of it on.
+template <class Model>
+QWidget* BindMark(Model& model, QAbstractButton& button, FormWindow& window) {
+  ShareMnemonic(model, button, window);
+  BindCommon(model, button, window, [&model, &button, &window] {
+    if (button.isChecked() != model.Value) {
+      const QSignalBlocker quiet(button);
+      button.setChecked(model.Value);
+    }
+    window.RefreshMnemonics();
+  });
+  QObject::connect(&button, &QAbstractButton::toggled, &window,
+                   [&model](bool marked) { model.Value = marked; });
+  QObject::connect(&button, &QAbstractButton::clicked, &window, [&model] {
+    if (model.Click) model.Click();
+  });
+  return &button;
+}
+
+}  // namespace
+
+QWidget* BindButton(Button& model, FormWindow& window) {
+  auto* button = new KeyButton(&window);
+  ShareMnemonic(model, *button, window);
+  BindCommon(model, *button, window, [&window] { window.RefreshMnemonics(); });
+  QObject::connect(button, &QPushButton::clicked, &window, [&model] {
+    if (model.Click) model.Click();
+  });
+  return button;
+}
+
+QWidget* BindOptionButton(OptionButton& model, FormWindow& window) {
+  auto* button = new QRadioButton(&window);
+  window.OptionGroup(QString::fromStdString(model.Name)).addButton(button);
+  return BindMark(model, *button, window);
+}
+
+QWidget* BindCheckBox(CheckBox& model, FormWindow& window) {
+  return BindMark(model, *new QCheckBox(&window), window);
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,54 @@
+// The binding of any control by its kind, and what all kinds share.
+#include <QVariant>
+#include <QWidget>
+
+#include "platform/qt/bindings.h"
+#include "platform/qt/form_window.h"
+
+namespace brindlemoor {
+
+namespace {
+
+using Maker = QWidget* (*)(Control&, FormWindow&);
+
+template <class Model, QWidget* (*Bind)(Model&, FormWindow&)>
+QWidget* Try(Control& control, FormWindow& window) {
+  auto* model = dynamic_cast<Model*>(&control);
+  return model == nullptr ? nullptr : Bind(*model, window);
+}
+
+constexpr Maker kMakers[] = {
+    Try<Button, BindButton>,         Try<Label, BindLabel>,
+    Try<TextBox, BindTextBox>,       Try<ComboBox, BindComboBox>,
+    Try<ListBox, BindListBox>,       Try<OptionButton, BindOptionButton>,
+    Try<CheckBox, BindCheckBox>,     Try<ScrollBar, BindScrollBar>,
+    Try<PictureBox, BindPictureBox>, Try<BrowserView, BindBrowserView>,
+};
+
+/// As rich text a tool tip is broken into lines; what it says stays plain.
+QString Wrapped(const std::string& toolTip) {
+  if (toolTip.empty()) return {};
+  return "<qt>" + QString::fromStdString(toolTip).toHtmlEscaped() + "</qt>";
+}
+
+}  // namespace
+
+QWidget* BindControl(Control& control, FormWindow& window) {
+  for (const Maker make : kMakers) {
+    if (QWidget* widget = make(control, window)) return widget;
+  }
+  return nullptr;
+}
+
+void BindCommon(Control& model, QWidget& widget, FormWindow& window, std::function<void()> sync) {
+  widget.setObjectName(QString::fromStdString(model.Name));
+  widget.setProperty("control", true);
+  window.Bind(model, [&model, &widget, sync = std::move(sync)] {
+    widget.setVisible(model.Visible);
+    widget.setEnabled(model.Enabled);
+    widget.setToolTip(Wrapped(model.ToolTip));
+    sync();
+  });
+}
+
+}  // namespace brindlemoor

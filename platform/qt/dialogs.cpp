@@ -1,0 +1,101 @@
+// Message boxes and input, file and colour dialogs. Texts come from cards: they are never markup.
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <algorithm>
+
+#include "platform/qt/event_loop.h"
+#include "platform/qt/qt_platform.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr const char* kTitle = "Brindlemoor";
+constexpr int kInputWidth = 360;
+
+QString ToQt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+void PrepareBox(QMessageBox& box, std::string_view text) {
+  box.setWindowTitle(kTitle);
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQt(text));
+}
+
+}  // namespace
+
+bool QtPlatform::RunDialog(QDialog& dialog) {
+  if (ending_) return false;
+  dialogs_.push_back(&dialog);
+  WakeEventLoop();
+  const int result = dialog.exec();
+  dialogs_.erase(std::find(dialogs_.begin(), dialogs_.end(), &dialog));
+  return result == QDialog::Accepted && !ending_;
+}
+
+void QtPlatform::MessageBox(std::string_view text) {
+  QMessageBox box(Owner());
+  PrepareBox(box, text);
+  box.setStandardButtons(QMessageBox::Ok);
+  RunDialog(box);
+}
+
+bool QtPlatform::AskYesNo(std::string_view text) {
+  QMessageBox box(Owner());
+  PrepareBox(box, text);
+  box.setIcon(QMessageBox::Question);
+  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+  box.setDefaultButton(QMessageBox::Yes);
+  box.setEscapeButton(QMessageBox::No);
+  RunDialog(box);
+  return !ending_ && box.clickedButton() == box.button(QMessageBox::Yes);
+}
+
+std::optional<std::string> QtPlatform::AskText(std::string_view prompt) {
+  QInputDialog dialog(Owner());
+  dialog.setWindowTitle(kTitle);
+  dialog.setInputMode(QInputDialog::TextInput);
+  dialog.setLabelText(ToQt(prompt));
+  dialog.resize(kInputWidth, dialog.sizeHint().height());
+  for (QLabel* label : dialog.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
+  if (!RunDialog(dialog)) return std::nullopt;
+  return dialog.textValue().toStdString();
+}
+
+std::optional<std::string> QtPlatform::AskFile(const FileDialogRequest& request) {
+  QFileDialog dialog(Owner());
+  dialog.setAcceptMode(request.Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(request.Save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialog.setDirectory(lastFolder_);
+  dialog.setDefaultSuffix(QString::fromStdString(request.DefaultExtension));
+  const QString name = QString::fromStdString(request.FileName);
+  QStringList filters;
+  if (name.contains('*')) {
+    filters << name;
+  } else {
+    if (!request.DefaultExtension.empty()) {
+      filters << "*." + QString::fromStdString(request.DefaultExtension);
+    }
+    dialog.selectFile(name);
+  }
+  filters << "*";
+  dialog.setNameFilters(filters);
+  if (!RunDialog(dialog) || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  const QString file = dialog.selectedFiles().constFirst();
+  lastFolder_ = QFileInfo(file).absolutePath();
+  return file.toStdString();
+}
+
+std::optional<std::int32_t> QtPlatform::AskColor(std::int32_t present) {
+  QColorDialog dialog(QColor::fromRgb(static_cast<QRgb>(present)), Owner());
+  if (!RunDialog(dialog)) return std::nullopt;
+  return static_cast<std::int32_t>(dialog.selectedColor().rgb() & 0xFFFFFF);
+}
+
+}  // namespace brindlemoor

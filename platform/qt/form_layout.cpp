@@ -1,0 +1,143 @@
+// Nested rows and columns.
+#include "platform/qt/form_layout.h"
+
+#include <QBoxLayout>
+#include <QCoreApplication>
+#include <QGroupBox>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "platform/qt/bindings.h"
+#include "platform/qt/form_window.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kMargin = 8;
+constexpr int kSpacing = 4;
+
+using Kind = Layout::Kind;
+
+/// A row whose scroll bar follows the wheel wherever the pointer is in the row.
+class ScrolledRow : public QWidget {
+ public:
+  using QWidget::QWidget;
+  QScrollBar* Bar = nullptr;
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override {
+    if (Bar != nullptr && Bar->isVisible()) {
+      QCoreApplication::sendEvent(Bar, event);
+    } else {
+      event->ignore();
+    }
+  }
+};
+
+bool IsSpace(const Layout& cell) { return cell.Leaf == nullptr && cell.Children.empty(); }
+
+/// Whether something in the cell takes spare room in a direction.
+bool Grows(const Layout& cell, Kind direction) {
+  return std::any_of(cell.Children.begin(), cell.Children.end(), [&](const Layout& child) {
+    return (cell.Direction == direction && child.Stretch > 0) || Grows(child, direction);
+  });
+}
+
+bool HoldsScrollBar(const Layout& cell) {
+  return cell.Direction == Kind::kRow &&
+         std::any_of(cell.Children.begin(), cell.Children.end(), [](const Layout& child) {
+           return dynamic_cast<ScrollBar*>(child.Leaf) != nullptr;
+         });
+}
+
+QBoxLayout* NewBox(Kind direction) {
+  auto* box =
+      new QBoxLayout(direction == Kind::kRow ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  box->setContentsMargins(0, 0, 0, 0);
+  box->setSpacing(kSpacing);
+  return box;
+}
+
+void FixSize(QWidget& widget, const Layout& cell) {
+  if (cell.Width > 0) widget.setFixedWidth(cell.Width);
+  if (cell.Height > 0) widget.setFixedHeight(cell.Height);
+}
+
+void AddLeaf(QBoxLayout& box, const Layout& cell, Kind direction, FormWindow& window) {
+  QWidget* widget = BindControl(*cell.Leaf, window);
+  if (widget == nullptr) return;
+  if (auto* bar = qobject_cast<QScrollBar*>(widget)) {
+    bar->setOrientation(direction == Kind::kRow ? Qt::Vertical : Qt::Horizontal);
+  }
+  if (cell.Stretch > 0) {
+    QSizePolicy policy = widget->sizePolicy();
+    if (direction == Kind::kRow) {
+      policy.setHorizontalPolicy(QSizePolicy::Expanding);
+    } else {
+      policy.setVerticalPolicy(QSizePolicy::Expanding);
+    }
+    widget->setSizePolicy(policy);
+  }
+  FixSize(*widget, cell);
+  box.addWidget(widget, cell.Stretch);
+  window.AddTabStop(*widget);
+}
+
+void FillBox(QBoxLayout& box, const Layout& cell, FormWindow& window);
+
+QWidget* Container(const Layout& cell, FormWindow& window) {
+  QWidget* widget = nullptr;
+  ScrolledRow* scrolled = nullptr;
+  if (!cell.Title.empty()) {
+    widget = new QGroupBox(QString::fromStdString(cell.Title), &window);
+  } else {
+    widget = scrolled = new ScrolledRow(&window);
+  }
+  QBoxLayout* box = NewBox(cell.Direction);
+  if (!cell.Title.empty()) box->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  widget->setLayout(box);
+  FillBox(*box, cell, window);
+  FixSize(*widget, cell);
+  if (scrolled != nullptr && HoldsScrollBar(cell)) scrolled->Bar = widget->findChild<QScrollBar*>();
+  return widget;
+}
+
+void AddCell(QBoxLayout& box, const Layout& cell, Kind direction, FormWindow& window) {
+  if (IsSpace(cell)) {
+    if (cell.Stretch > 0) box.addStretch(cell.Stretch);
+    box.addSpacing(direction == Kind::kRow ? cell.Width : cell.Height);
+  } else if (cell.Leaf != nullptr) {
+    AddLeaf(box, cell, direction, window);
+  } else if (!cell.Title.empty() || cell.Width > 0 || cell.Height > 0 || HoldsScrollBar(cell)) {
+    box.addWidget(Container(cell, window), cell.Stretch);
+  } else {
+    QBoxLayout* inner = NewBox(cell.Direction);
+    box.addLayout(inner, cell.Stretch);
+    FillBox(*inner, cell, window);
+  }
+}
+
+void FillBox(QBoxLayout& box, const Layout& cell, FormWindow& window) {
+  for (const Layout& child : cell.Children) AddCell(box, child, cell.Direction, window);
+  const bool filled = std::any_of(
+      cell.Children.begin(), cell.Children.end(),
+      [&](const Layout& child) { return child.Stretch > 0 || Grows(child, cell.Direction); });
+  if (!filled) box.addStretch(1);
+}
+
+}  // namespace
+
+QWidget* BuildArrangement(const Layout& arrangement, FormWindow& window) {
+  auto* page = new QWidget(&window);
+  QBoxLayout* box = NewBox(Kind::kColumn);
+  box->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  page->setLayout(box);
+  Layout root = arrangement;
+  root.Stretch = std::max(root.Stretch, 1);
+  AddCell(*box, root, Kind::kColumn, window);
+  return page;
+}
+
+}  // namespace brindlemoor

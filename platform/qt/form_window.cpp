@@ -1,0 +1,156 @@
+// Building, showing and closing a form's window.
+#include "platform/qt/form_window.h"
+
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QWindow>
+#include <algorithm>
+
+#include "platform/qt/bindings.h"
+#include "platform/qt/form_layout.h"
+#include "platform/qt/mnemonics.h"
+#include "platform/qt/page_view.h"
+#include "platform/qt/qt_platform.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr double kSmallestZoom = 0.5;
+constexpr double kLargestZoom = 3.0;
+constexpr double kZoomStep = 0.1;
+
+/// Where the screen is too small for the controls, they scroll.
+class PageArea : public QScrollArea {
+ public:
+  PageArea(QWidget* page, QWidget* parent) : QScrollArea(parent) {
+    setObjectName("page");
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidgetResizable(true);
+    setWidget(page);
+  }
+  QSize sizeHint() const override { return widget()->sizeHint(); }
+};
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form, QtPlatform& platform) : form_(form), platform_(platform) {
+  setObjectName(QString::fromStdString(form.Name));
+  BindMenus(form.Menus, *this);
+  setCentralWidget(new PageArea(BuildArrangement(form.Arrangement, *this), this));
+  Bind(form, [this] { setWindowTitle(QString::fromStdString(form_.Caption)); });
+  if (!views_.empty()) AddZoomKeys();
+  OrderTabStops();
+  building_ = false;
+  RefreshMnemonics();
+}
+
+FormWindow::~FormWindow() {
+  for (Observed* model : bound_) model->OnChange = nullptr;
+}
+
+void FormWindow::Bind(Observed& model, std::function<void()> sync) {
+  bound_.push_back(&model);
+  sync();
+  model.OnChange = std::move(sync);
+}
+
+void FormWindow::AddMnemonic(std::function<QString()> caption,
+                             std::function<void(const QString&)> apply) {
+  mnemonics_.push_back({std::move(caption), std::move(apply)});
+}
+
+void FormWindow::RefreshMnemonics() {
+  if (building_) return;
+  QStringList captions;
+  for (const Mnemonic& mnemonic : mnemonics_) captions << mnemonic.Caption();
+  const QStringList marked = WithMnemonics(captions);
+  for (qsizetype index = 0; index < marked.size(); ++index) {
+    mnemonics_[static_cast<std::size_t>(index)].Apply(marked[index]);
+  }
+}
+
+QButtonGroup& FormWindow::OptionGroup(const QString& controlName) {
+  QButtonGroup*& group = optionGroups_[controlName.section('(', 0, 0)];
+  if (group == nullptr) group = new QButtonGroup(this);
+  return *group;
+}
+
+void FormWindow::OrderTabStops() {
+  QWidget* last = nullptr;
+  for (QWidget* stop : tabStops_) {
+    // The widget that takes a page's keys comes and goes with its browser process.
+    QWidget* taker = stop->focusProxy() != nullptr ? stop->focusProxy() : stop;
+    if (taker->focusPolicy() == Qt::NoFocus) continue;
+    if (last != nullptr) setTabOrder(last, taker);
+    last = taker;
+  }
+}
+
+void FormWindow::AddZoomKeys() {
+  const auto zoomTo = [this](const char* keys, std::function<double()> zoom) {
+    connect(new QShortcut(QKeySequence(QString(keys)), this), &QShortcut::activated, this,
+            [this, zoom = std::move(zoom)] { SetZoom(zoom()); });
+  };
+  for (const char* keys : {"Ctrl++", "Ctrl+="}) zoomTo(keys, [this] { return zoom_ + kZoomStep; });
+  zoomTo("Ctrl+-", [this] { return zoom_ - kZoomStep; });
+  zoomTo("Ctrl+0", [] { return 1.0; });
+}
+
+void FormWindow::SetZoom(double zoom) {
+  zoom_ = std::clamp(zoom, kSmallestZoom, kLargestZoom);
+  for (PageView* view : views_) view->setZoomFactor(zoom_);
+}
+
+void FormWindow::TakeFirstSize(QWidget* owner) {
+  if (std::exchange(sized_, true)) return;
+  const QScreen* screen = owner != nullptr ? owner->screen() : QGuiApplication::primaryScreen();
+  const QRect room = screen->availableGeometry();
+  const QSize natural = sizeHint();
+  const QSize wanted(form_.Width > 0 ? form_.Width : natural.width(),
+                     form_.Height > 0 ? form_.Height : natural.height());
+  resize(wanted.boundedTo(room.size()));
+  QRect place(QPoint(0, 0), size());
+  place.moveCenter(owner != nullptr ? owner->frameGeometry().center() : room.center());
+  move(std::clamp(place.x(), room.left(), room.right() + 1 - place.width()),
+       std::clamp(place.y(), room.top(), room.bottom() + 1 - place.height()));
+}
+
+void FormWindow::Present(bool modal, QWidget* owner) {
+  const auto modality = !modal             ? Qt::NonModal
+                        : owner == nullptr ? Qt::ApplicationModal
+                                           : Qt::WindowModal;
+  if (isVisible() && modality != windowModality()) hide();
+  setWindowModality(modality);
+  create();
+  windowHandle()->setTransientParent(modal && owner != nullptr ? owner->windowHandle() : nullptr);
+  TakeFirstSize(owner);
+  if (isMinimized()) {
+    showNormal();
+  } else if (!isVisible() && form_.Maximised) {
+    showMaximized();
+  } else {
+    show();
+  }
+  raise();
+  activateWindow();
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  if (platform_.Ending()) return;
+  event->ignore();
+  if (form_.QueryClose && form_.QueryClose()) return;
+  platform_.HideForm(form_);
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  if (!building_ && !isMinimized() && form_.Resize) form_.Resize();
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,74 @@
+// FormWindow: the real window of a form.
+#pragma once
+
+#include <QMainWindow>
+#include <QMap>
+#include <QString>
+#include <functional>
+#include <vector>
+
+#include "platform/controls.h"
+
+class QButtonGroup;
+
+namespace brindlemoor {
+
+class PageView;
+class QtPlatform;
+
+/// Built from a form's arrangement and menus; knows nothing of any one form. The form outlives it.
+class FormWindow : public QMainWindow {
+ public:
+  FormWindow(Form& form, QtPlatform& platform);
+  ~FormWindow() override;
+
+  Form& Model() { return form_; }
+  QtPlatform& Desktop() { return platform_; }
+
+  /// Shows the window; a modal one blocks owner, or all windows when there is no owner.
+  void Present(bool modal, QWidget* owner);
+
+  // For the bindings of controls.
+
+  /// Runs sync now and after every change of the model.
+  void Bind(Observed& model, std::function<void()> sync);
+  /// A caption that takes an access key: apply is called with the marked caption.
+  void AddMnemonic(std::function<QString()> caption, std::function<void(const QString&)> apply);
+  /// Shares the access keys out again; a binding calls it when its caption has changed.
+  void RefreshMnemonics();
+  /// The group in which one option at a time is chosen: the control array of the given name.
+  QButtonGroup& OptionGroup(const QString& controlName);
+  void AddView(PageView& view) { views_.push_back(&view); }
+  /// Appends a widget to those that the Tab key goes through.
+  void AddTabStop(QWidget& widget) { tabStops_.push_back(&widget); }
+  /// Sets the Tab key's way; a view calls it when the widget behind it has changed.
+  void OrderTabStops();
+  double Zoom() const { return zoom_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  struct Mnemonic {
+    std::function<QString()> Caption;
+    std::function<void(const QString&)> Apply;
+  };
+
+  void AddZoomKeys();
+  void SetZoom(double zoom);
+  void TakeFirstSize(QWidget* owner);
+
+  Form& form_;
+  QtPlatform& platform_;
+  bool building_ = true;
+  bool sized_ = false;
+  double zoom_ = 1.0;
+  std::vector<Observed*> bound_;
+  std::vector<Mnemonic> mnemonics_;
+  std::vector<PageView*> views_;
+  std::vector<QWidget*> tabStops_;
+  QMap<QString, QButtonGroup*> optionGroups_;
+};
+
+}  // namespace brindlemoor

@@ -1,0 +1,91 @@
+// Combo boxes and list boxes.
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QSignalBlocker>
+#include <memory>
+
+#include "platform/qt/bindings.h"
+#include "platform/qt/form_window.h"
+
+namespace brindlemoor {
+
+namespace {
+
+using Items = std::vector<std::string>;
+
+QStringList ToQt(const Items& items) {
+  QStringList list;
+  for (const std::string& item : items) list << QString::fromStdString(item);
+  return list;
+}
+
+constexpr int kShortestCombo = 14;  // characters
+
+void ShowText(QComboBox& combo, const QString& text) {
+  combo.setCurrentIndex(combo.findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+  if (combo.isEditable()) {
+    if (combo.currentText() != text) combo.setEditText(text);
+  } else {
+    combo.setPlaceholderText(text);  // seen while no item is chosen
+  }
+}
+
+}  // namespace
+
+QWidget* BindComboBox(ComboBox& model, FormWindow& window) {
+  auto* combo = new QComboBox(&window);
+  combo->setEditable(model.Editable);
+  combo->setInsertPolicy(QComboBox::NoInsert);
+  combo->setMaxVisibleItems(20);
+  combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  combo->setMinimumContentsLength(kShortestCombo);
+  auto shown = std::make_shared<Items>();
+  BindCommon(model, *combo, window, [&model, combo, shown] {
+    const QSignalBlocker quiet(combo);
+    if (*shown != model.Items.Get()) {
+      *shown = model.Items.Get();
+      combo->clear();
+      combo->addItems(ToQt(*shown));
+    }
+    ShowText(*combo, QString::fromStdString(model.Text));
+  });
+  const auto take = [&model](const QString& text) {
+    model.Text = text.toStdString();
+    if (model.Change) model.Change();
+  };
+  QObject::connect(combo, &QComboBox::textActivated, &window, take);
+  if (model.Editable) {
+    QObject::connect(combo->lineEdit(), &QLineEdit::textEdited, &window, take);
+  }
+  return combo;
+}
+
+QWidget* BindListBox(ListBox& model, FormWindow& window) {
+  auto* list = new QListWidget(&window);
+  auto shown = std::make_shared<Items>();
+  BindCommon(model, *list, window, [&model, list, shown] {
+    const QSignalBlocker quiet(list);
+    if (*shown != model.Items.Get()) {
+      *shown = model.Items.Get();
+      list->clear();
+      list->addItems(ToQt(*shown));
+    }
+    if (list->currentRow() != model.Selected - 1) list->setCurrentRow(model.Selected - 1);
+  });
+  const auto take = [&model](int row) {
+    model.Selected = row + 1;
+    if (model.Click) model.Click();
+  };
+  QObject::connect(list, &QListWidget::itemClicked, &window,
+                   [take, list](QListWidgetItem* item) { take(list->row(item)); });
+  // With the keyboard the selection is the click; a first look at the list selects nothing.
+  QObject::connect(list, &QListWidget::itemSelectionChanged, &window, [take, list] {
+    const bool byKey = QApplication::mouseButtons() == Qt::NoButton;
+    if (byKey && !list->selectedItems().isEmpty()) take(list->currentRow());
+  });
+  return list;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,47 @@
+// PageView: the widget of a browser view.
+#pragma once
+
+#include <QUrl>
+#include <QWebEngineView>
+#include <memory>
+
+#include "platform/controls.h"
+
+class QWebEngineProfile;
+
+namespace brindlemoor {
+
+class FormWindow;
+class PagePolicy;
+class QtPlatform;
+
+/// The profile of all pages: nothing is stored, scripts and the like are off, and every request
+/// goes by the policy, which the profile does not outlive.
+std::unique_ptr<QWebEngineProfile> NewPageProfile(const PagePolicy& policy);
+
+/// A link's URL as the program's logic reads it: the scheme in lower case, escapes resolved.
+std::string LinkText(const QUrl& url);
+
+class PageView : public QWebEngineView {
+ public:
+  PageView(BrowserView& model, FormWindow& window);
+  ~PageView() override;
+
+  /// Shows a page and returns when it has been read (or after a time limit). Events run meanwhile,
+  /// but no input of the user.
+  void Load(const QUrl& url);
+
+  QSize sizeHint() const override { return {180, 90}; }
+  QSize minimumSizeHint() const override { return {120, 60}; }
+
+ private:
+  class Page;
+
+  void PageRead();
+
+  FormWindow& window_;
+  QWidget* focusWidget_ = nullptr;  // known to the tab order
+  std::unique_ptr<Page> page_;      // goes before the view that shows it
+};
+
+}  // namespace brindlemoor

@@ -1,0 +1,101 @@
+// QtPlatform: the desktop with real windows.
+#pragma once
+
+#include <QHash>
+#include <QUrl>
+#include <deque>
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "platform/controls.h"
+#include "platform/platform.h"
+#include "platform/qt/page_policy.h"
+#include "platform/qt/picture_cache.h"
+
+class QDialog;
+class QEventLoop;
+class QWebEngineProfile;
+class QWidget;
+
+namespace brindlemoor {
+
+class FormWindow;
+class PageView;
+
+/// Needs a QApplication that lives longer. Forms must live until CloseWindows.
+class QtPlatform : public Platform {
+ public:
+  /// folder is the program's folder. A seed replaces the clock.
+  QtPlatform(std::unique_ptr<FileSystem> files, const std::string& folder,
+             std::optional<std::uint64_t> seed);
+  ~QtPlatform() override;
+
+  /// Serves events until the program ends.
+  void Run();
+  /// Takes all windows down. The forms may go afterwards.
+  void CloseWindows();
+
+  void ShowForm(Form& form, bool modal) override;
+  void HideForm(Form& form) override;
+  void RaiseForm(Form& form) override;
+  void MessageBox(std::string_view text) override;
+  bool AskYesNo(std::string_view text) override;
+  std::optional<std::string> AskText(std::string_view prompt) override;
+  std::optional<std::string> AskFile(const FileDialogRequest& request) override;
+  std::optional<std::int32_t> AskColor(std::int32_t present) override;
+  void Navigate(BrowserView& view, const std::string& url) override;
+  void PumpEvents() override;
+  void EndProgram() override;
+  bool Ending() const override { return ending_; }
+  std::uint64_t ClockSeed() override;
+
+  // For the bindings.
+
+  PictureCache& Pictures() { return pictures_; }
+  QWebEngineProfile& PageProfile() { return *profile_; }
+  const PagePolicy& Policy() const { return policy_; }
+  void AddView(BrowserView& model, PageView& view) { views_.insert(&model, &view); }
+  /// Asks the logic about a click on a link as soon as no page is being read.
+  void QueueClick(BrowserView& view, const QUrl& url);
+  /// The pointer or the focus came to a picture. While an earlier one is still being served, only
+  /// the last is kept, so that a wild pointer does not nest handlers without end.
+  void Hover(PictureBox& picture);
+
+ private:
+  struct ModalRun {
+    Form* Shown;
+    QEventLoop* Loop;
+  };
+  struct LinkClick {
+    BrowserView* View;
+    QUrl Url;
+  };
+
+  FormWindow& WindowOf(Form& form);
+  /// The window that a new modal window or dialog stands before; nothing before the first one.
+  QWidget* Owner() const;
+  /// Runs a dialog; true when it was accepted.
+  bool RunDialog(QDialog& dialog);
+  void LoadPage(PageView& view, const QUrl& url);
+  void DeliverClicks();
+  void EndWhenNothingIsShown();
+
+  PagePolicy policy_;
+  PictureCache pictures_;
+  std::unique_ptr<QWebEngineProfile> profile_;
+  std::map<Form*, std::unique_ptr<FormWindow>> windows_;
+  QHash<BrowserView*, PageView*> views_;
+  std::vector<ModalRun> modal_;
+  std::vector<QDialog*> dialogs_;
+  std::deque<LinkClick> clicks_;
+  PictureBox* nextHover_ = nullptr;
+  QString lastFolder_;  // of the file dialogs
+  std::optional<std::uint64_t> seed_;
+  int pagesBeingRead_ = 0;
+  bool hovering_ = false;
+  bool running_ = false;
+  bool ending_ = false;
+};
+
+}  // namespace brindlemoor

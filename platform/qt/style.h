@@ -1,0 +1,26 @@
+// The look of the desktop program.
+#pragma once
+
+#include <QColor>
+
+class QApplication;
+
+namespace brindlemoor {
+
+/// The dark, calm style of all windows and dialogs.
+void ApplyStyle(QApplication& application);
+
+/// Contrast of two colours, from 1 (none) to 21 (black on white).
+double Contrast(QColor one, QColor other);
+
+/// What windows are filled with.
+QColor WindowColor();
+
+/// The plate on which text of a given colour can be read: none (invalid) for light text, a light
+/// one for text that would drown in the dark windows.
+QColor PlateFor(QColor text);
+
+/// The frame of the picture that the pointer or the keyboard is on.
+QColor HighlightColor();
+
+}  // namespace brindlemoor
