@@ -22,7 +22,7 @@ namespace {
 constexpr int kHandPositions = 10;
 constexpr int kThumbWidth = 65;
 constexpr int kThumbHeight = 86;
-constexpr int kHandCellWidth = 112;
+constexpr int kHandCellWidth = 124;
 constexpr int kPictureWidth = 260;
 constexpr int kPictureHeight = 390;
 

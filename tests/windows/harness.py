@@ -73,6 +73,7 @@ class Display:
         if not number:
             raise RuntimeError("the virtual display did not start")
         self.name = f":{number}"
+        self.width, self.height = (int(part) for part in size.split("x"))
 
     def xdotool(self, *arguments):
         result = subprocess.run(["xdotool", *map(str, arguments)], capture_output=True, text=True,
@@ -110,6 +111,12 @@ class Display:
         for window in self.xdotool("search", "--onlyvisible", "--name", "."):
             titles.add(" ".join(self.xdotool("getwindowname", window)))
         return titles
+
+    def fill_screen(self, title):
+        """Does what a window manager does for a maximised window."""
+        windows = self.xdotool("search", "--onlyvisible", "--name", f"^{title}$")
+        self.xdotool("windowmove", windows[-1], 0, 0, "windowsize", windows[-1], self.width,
+                     self.height)
 
     def ask_to_close(self, title):
         """Sends a window what a window manager sends when its close button is pressed."""

@@ -63,6 +63,7 @@ class Match(harness.WindowTest):
         self.run_.click("control", text="New Player")
         self.run_.answer("Ann")
         self.run_.wait_for("link", text="Oona Ebb")
+        self.display.fill_screen(TITLE)
 
     def open_chest(self):
         self.choose_opponent(2)
