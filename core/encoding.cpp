@@ -69,7 +69,29 @@ bool IsUtf8(std::string_view bytes) noexcept {
   return true;
 }
 
+namespace {
+
+/// The bytes before a character that the end of the file cuts off; all bytes when there is none.
+/// That the file is UTF-8 must show before: a single byte at the end may be a whole character of
+/// another encoding.
+std::size_t WholeUtf8Length(std::string_view bytes) noexcept {
+  constexpr std::size_t kLongest = 4;
+  for (std::size_t cut = 1; cut < kLongest && cut <= bytes.size(); ++cut) {
+    const unsigned char lead = ByteAt(bytes, bytes.size() - cut);
+    if ((lead & 0xC0) == 0x80) continue;  // a byte inside a character
+    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC2 ? 2 : 1;
+    const std::string_view whole = bytes.substr(0, bytes.size() - cut);
+    const std::size_t text = whole.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+    const bool cutOff = length > cut && SkipAscii(whole, text) < whole.size() && IsUtf8(whole);
+    return cutOff ? whole.size() : bytes.size();
+  }
+  return bytes.size();
+}
+
+}  // namespace
+
 std::string DecodeFileText(std::string bytes) {
+  bytes.resize(WholeUtf8Length(bytes));
   if (IsUtf8(bytes)) {
     if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
     return bytes;

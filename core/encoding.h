@@ -10,7 +10,8 @@ namespace brindlemoor {
 bool IsUtf8(std::string_view bytes) noexcept;
 
 /// The text of a file's bytes as UTF-8: a byte order mark is dropped; bytes that are no UTF-8 are
-/// read as Windows-1252 (its five unassigned bytes give U+FFFD).
+/// read as Windows-1252 (its five unassigned bytes give U+FFFD). A character of UTF-8 text that the
+/// end of the file cuts off is dropped.
 std::string DecodeFileText(std::string bytes);
 
 /// One character of a text and how many bytes it takes. A byte that begins no well-formed UTF-8

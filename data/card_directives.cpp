@@ -20,6 +20,8 @@ namespace brindlemoor {
 namespace {
 
 constexpr int kByte = 255;
+constexpr int kLeast = std::numeric_limits<std::int32_t>::min();
+constexpr int kMost = std::numeric_limits<std::int32_t>::max();
 constexpr int kDuplicateId = 10000000;
 /// A broken file shows no more message boxes than these; the problems tell of all.
 constexpr int kMessagesPerFile = 20;
@@ -27,6 +29,25 @@ constexpr int kMessagesPerFile = 20;
 std::uint8_t ByteOf(std::string_view text) {
   const double number = NumericPrefix(text);
   return number >= 0 && number <= kByte ? static_cast<std::uint8_t>(number) : std::uint8_t{0};
+}
+
+/// A line "BONUSHP:2" gives the card the base "HP:BONUS". When a line of its own for that trait
+/// follows, as in saved cards, it takes the place of the base: two items would be two traits.
+void DropBonusBase(Card& card, std::string_view text) {
+  const std::string_view name = FieldAt(text, 1, ':');
+  const int base = TraitSlot(card, name);
+  if (base == 0 || FieldAt(card.Traits[base], 2, ':') != "BONUS" ||
+      !HasTrait(card, Joined("BONUS", name), "")) {
+    return;
+  }
+  const int last = card.Traits.UpperBound();
+  card.TraitCaptions.Resize(last);
+  for (int item = base; item < last; ++item) {
+    card.Traits.Edit(item) = Text(card.Traits[item + 1]);
+    card.TraitCaptions.Edit(item) = Text(card.TraitCaptions[item + 1]);
+  }
+  card.Traits.Edit(last) = Text();
+  card.TraitCaptions.Edit(last) = Text();
 }
 
 }  // namespace
@@ -169,8 +190,7 @@ void CardReader::TraitAction(const DirectiveRow& row) {
 }
 
 void CardReader::Tokens(const DirectiveRow&) {
-  constexpr int kMost = std::numeric_limits<std::int32_t>::max();
-  player_.Tokens = ReadWholeNumber(Field(0), "the number of tokens", -kMost, kMost);
+  player_.Tokens = ReadWholeNumber(Field(0), "the number of tokens", kLeast, kMost);
 }
 
 void CardReader::TemplateData(const DirectiveRow& row) {
@@ -180,10 +200,9 @@ void CardReader::TemplateData(const DirectiveRow& row) {
     Problem(Joined("there is no template for ", row.Word));
     return;
   }
-  constexpr int kMost = std::numeric_limits<std::int32_t>::max();
   templates[last].BackImage = SharedField(0);
   templates[last].MiniBorder = SharedField(1);
-  templates[last].BorderColor = ReadWholeNumber(Field(2), "the border colour", -kMost, kMost);
+  templates[last].BorderColor = ReadWholeNumber(Field(2), "the border colour", kLeast, kMost);
 }
 
 void CardReader::Nothing(const DirectiveRow&) {}
@@ -211,6 +230,7 @@ void CardReader::Trait(const DirectiveRow& row) {
     Problem(Joined("the trait \"", text, "\" is left out: the card has ", limits::kCardItems));
     return;
   }
+  DropBonusBase(*card, text);
   SetTrait(*card, text, "", 1);
   if (pile_ == kRulesPile && FieldAt(text, 1, ':') == "TRAITGRAPHIC") {
     AddTraitGraphic(FieldAt(text, 2, ':'), FieldAt(text, 3, ':'), FieldAt(text, 5, ':'),

@@ -8,16 +8,16 @@
 #include "core/state.h"
 #include "core/text.h"
 #include "data/card_writer.h"
+#include "data/field_text.h"
 #include "data/profiles.h"
+#include "data/saving.h"
 #include "game/card_refresh.h"
-#include "platform/platform.h"
+#include "game/card_sorting.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
 
 namespace {
-
-constexpr std::string_view kEnd = "\r\n";
 
 bool HoldsCard(const Pile& pile) {
   for (const Card& card : pile) {
@@ -32,14 +32,14 @@ void AppendCards(std::string& out, const Pile& pile, std::string_view location) 
     // The writer blanks what traits brought; the stored card keeps it.
     Card card = stored;
     out += CardToText(card, location);
-    out += kEnd;
+    out += kLineEnd;
   }
 }
 
 std::string PlayerFileText() {
   const Session& session = State();
-  std::string out =
-      Joined("#PLAYERDECK", kEnd, kEnd, kEnd, "#TOKENS, ", session.Players[1].Tokens, kEnd, kEnd);
+  std::string out = Joined("#PLAYERDECK", kLineEnd, kLineEnd, kLineEnd, "#TOKENS, ",
+                           session.Players[1].Tokens, kLineEnd, kLineEnd);
   for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) {
     AppendCards(out, session.Decks[deck].Cards, Joined("INPLAYERDECK:", deck));
   }
@@ -70,13 +70,11 @@ void WritePlayerFile(std::string_view fileName) {
   const std::string name(fileName);
   session.SaleMode = 0;
   RefreshCollection();
+  for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) SortDeck(deck);
+  SortCollection();
   if (!HoldsCard(session.Decks[1].Cards) && !HoldsCard(session.Collection)) return;
   EnterProgramFolder();
-  const std::string error = Desktop().Files().Write(InCurrentFolder(name), PlayerFileText());
-  if (!error.empty()) {
-    Desktop().MessageBox(Joined("Can't save ", name, ": ", error));
-    return;
-  }
+  if (!SaveOrTell(InCurrentFolder(name), name, PlayerFileText())) return;
   session.Profile.PlayerFile = name;
   SaveProfiles();
 }

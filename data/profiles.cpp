@@ -9,6 +9,8 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "data/field_stream.h"
+#include "data/field_text.h"
+#include "data/saving.h"
 #include "platform/platform.h"
 
 namespace brindlemoor {
@@ -20,8 +22,9 @@ constexpr std::string_view kWord = "#PLAYERPROFILE";
 constexpr int kLongestName = 100;
 
 std::string ProfileLine(const ProfileRec& profile) {
-  return Joined("\"", kWord, "\",\"", profile.PlayerName, "\",\"", profile.PlayerFile, ":",
-                profile.RulesFile, "\",\"\",\"\",\"\"\r\n");
+  const std::string files = Joined(profile.PlayerFile, ":", profile.RulesFile);
+  return Joined("\"", kWord, "\",", NameField(profile.PlayerName), ",", NameField(files),
+                ",\"\",\"\",\"\"", kLineEnd);
 }
 
 /// The five fields behind the word; what the end of the file cuts off is empty.
@@ -71,9 +74,8 @@ void SaveProfiles() {
     if (profile.PlayerName == session.Profile.PlayerName) profile = session.Profile;
     if (!profile.PlayerName.empty()) text += ProfileLine(profile);
   }
-  text += "\r\n";
-  const std::string error = Desktop().Files().Write(InProgramFolder(kListFile), text);
-  if (!error.empty()) Desktop().MessageBox(Joined("Can't save ", kListFile, ": ", error));
+  text += kLineEnd;
+  SaveOrTell(InProgramFolder(kListFile), kListFile, text);
 }
 
 std::string RefusePlayerName(std::string_view name) {

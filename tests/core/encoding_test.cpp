@@ -20,7 +20,9 @@ TEST(DecodeFileTextTest, ReadsUtf8ElseWindows1252) {
       {"\xFF", "\xC3\xBF"},
       {"\xF0\x9F\x82\xA1", "\xF0\x9F\x82\xA1"},
       // One broken character makes the whole file Windows-1252, its valid ones as well.
-      {"\xC3\xA9\xE9", "\xC3\x83\xC2\xA9\xC3\xA9"},
+      {"\xC3\xA9\xE9.", "\xC3\x83\xC2\xA9\xC3\xA9."},
+      // But a file that ends inside a character was cut.
+      {"\xC3\xA9\xE9", "\xC3\xA9"},
   };
   for (const auto& [bytes, text] : cases) EXPECT_EQ(DecodeFileText(bytes), text);
 }

@@ -362,7 +362,7 @@ TEST_F(CardReaderTest, BadInputIsSkippedWithAProblem) {
        "2: the card \"K\" is left out: no deck number was given\n"},
       {"#EXTRADATA, 300, , , ,", "2: the rarity 300 is not between 0 and 255; 0 is taken\n"},
       {"#TOKENS, 1e300",
-       "2: the number of tokens 1e300 is not between -2147483647 and 2147483647; 0 is taken\n"},
+       "2: the number of tokens 1e300 is not between -2147483648 and 2147483647; 0 is taken\n"},
       {"#TEMPLATEDATA, a, b, 1", "2: there is no template for #TEMPLATEDATA\n"},
       {"#TRAIT, ", "2: a trait has no name\n"},
       {"#EFFECT, NOBODY, PHASE1, ECHO:x",

@@ -36,6 +36,11 @@ TEST(FieldStream, CutsAtCommasAndLineEnds) {
       {"\"never, closed\nx", {"never, closed\nx"}},
       {"\xEF\xBB\xBF#CARD,caf\xE9", {"\xC3\xAF\xC2\xBB\xC2\xBF#CARD", "caf\xC3\xA9"}},
       {"\xEF\xBB\xBF#CARD,caf\xC3\xA9", {"#CARD", "caf\xC3\xA9"}},
+      // A file that was cut inside a character does not turn into another encoding.
+      {"caf\xC3\xA9,caf\xC3", {"caf\xC3\xA9", "caf"}},
+      {"caf\xC3\xA9,\xE2\x82", {"caf\xC3\xA9"}},
+      {"caf\xC3\xA9,\xF0\x9F\x98", {"caf\xC3\xA9"}},
+      {"cafe,caf\xC3", {"cafe", "caf\xC3\x83"}},
   };
   for (const auto& c : cases) EXPECT_EQ(FieldsOf(c.Text), c.Expected) << c.Text;
 }

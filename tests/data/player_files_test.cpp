@@ -1,8 +1,11 @@
 // Player files, the profile list and the end of a game.
 #include "data/player_files.h"
 
+#include <algorithm>
+
 #include "data/card_reader.h"
 #include "data/profiles.h"
+#include "tests/support/saved_cards.h"
 #include "tests/support/session_test.h"
 #include "ui/forms.h"
 
@@ -49,6 +52,22 @@ TEST_F(PlayerFilesTest, WritesTokensDecksAndCollectionInOrder) {
   EXPECT_EQ(State().Profile.PlayerFile, kFile);
   EXPECT_EQ(ReadFile("PlayerProfiles.txt"),
             "\"#PLAYERPROFILE\",\"Ann\",\"Ann_Goblins.plr:Goblins.txt\",\"\",\"\",\"\"\r\n\r\n");
+}
+
+TEST_F(PlayerFilesTest, ASaveSortsDecksAndCollection) {
+  for (const char* name : {"Troll", "", "Elf"}) State().Collection.Append(MakeCard(name, 1));
+  for (const char* name : {"Orc", "Imp"}) State().Decks[2].Cards.Append(MakeCard(name, 1));
+  WritePlayerFile(kFile);
+  std::string order;
+  const std::string saved = ReadFile("Ann_Goblins.plr");
+  for (const char* name : {"Imp", "Orc", "Elf", "Troll"}) {
+    const std::size_t found = saved.find(Joined("\"", name, "\""));
+    ASSERT_NE(found, std::string::npos) << name;
+    EXPECT_TRUE(order.empty() || saved.find(order) < found) << name;
+    order = Joined("\"", name, "\"");
+  }
+  EXPECT_EQ(State().Collection.UpperBound(), 2) << "free elements go";
+  EXPECT_EQ(State().Decks[2].Cards[1].Name, "Imp");
 }
 
 TEST_F(PlayerFilesTest, ASavedPlayerComesBackAndSavesTheSame) {
@@ -150,6 +169,98 @@ TEST_F(PlayerFilesTest, TheProfileListToleratesAnythingElse) {
   LoadProfiles();
   ASSERT_EQ(profiles.UpperBound(), 1);
   EXPECT_EQ(profiles[1].PlayerName, "");
+}
+
+TEST_F(PlayerFilesTest, AListThatCannotBeSavedSaysWhy) {
+  WriteFile("PlayerProfiles.txt", "old");
+  files_->WriteError = "no space";
+  desktop_->ExpectedMessages = {"Can't save PlayerProfiles.txt: no space"};
+  SaveProfiles();
+  EXPECT_EQ(ReadFile("PlayerProfiles.txt"), "old");
+}
+
+TEST_F(PlayerFilesTest, ALongListAmongForeignLinesIsReadWhole) {
+  constexpr int kPlayers = 10000;
+  std::string list;
+  for (int player = 1; player <= kPlayers; ++player) {
+    list += Joined("# a note, \"on player\", ", player, "\r\n\"#PLAYERPROFILE\",\"P", player,
+                   "\",\"P", player, ".plr:Goblins.txt\",\"\",\"\",\"\"\r\n\r\n#CARD, x\n");
+  }
+  WriteFile("PlayerProfiles.txt", list);
+  LoadProfiles();
+  ASSERT_EQ(State().Profiles.UpperBound(), kPlayers);
+  EXPECT_EQ(State().Profiles[kPlayers].PlayerFile, Joined("P", kPlayers, ".plr"));
+  State().Profile = {"P777", "new.plr", "Goblins.txt"};
+  SaveProfiles();
+  LoadProfiles();
+  ASSERT_EQ(State().Profiles.UpperBound(), kPlayers);
+  EXPECT_EQ(State().Profiles[777].PlayerFile, "new.plr");
+  EXPECT_EQ(State().Profiles[kPlayers].PlayerName, Joined("P", kPlayers));
+}
+
+TEST_F(PlayerFilesTest, AListCutAnywhereKeepsThePlayersBeforeTheCut) {
+  State().Profiles.Resize(0);
+  for (const std::string name : {"Ann, B.", "Bob", "\xC3\x84nne"}) {
+    State().Profiles.Append({name, name + ".plr", "r.txt"});
+  }
+  SaveProfiles();
+  const std::string list = ReadFile("PlayerProfiles.txt");
+  for (std::size_t size = 0; size <= list.size(); ++size) {
+    WriteFile("PlayerProfiles.txt", list.substr(0, size));
+    LoadProfiles();
+    const Table<ProfileRec>& profiles = State().Profiles;
+    const auto whole = std::count(list.begin(), list.begin() + static_cast<long>(size), '\n');
+    ASSERT_GE(profiles.UpperBound(), std::min<long>(whole, 3)) << size;
+    if (whole >= 1) {
+      EXPECT_EQ(profiles[1].PlayerFile, "Ann, B..plr");
+    }
+    if (whole >= 2) {
+      EXPECT_EQ(profiles[2].PlayerName, "Bob");
+    }
+  }
+}
+
+TEST_F(PlayerFilesTest, APlayerFileCutAnywhereKeepsTheCardsBeforeTheCut) {
+  OwnCards();
+  Card wizard = MakeCard("Wizard, \xC3\x84lter", 1, {"HP:3", "FLYING"});
+  wizard.Description = "Line one,\r\n#TRAIT, and \"two\"";
+  wizard.TraitCaptions.Edit(2) = "It flies, mostly";
+  wizard.ActivateOn = "PHASE2";
+  wizard.EntryScripts = "MODTRAIT:HP:1$|$ECHO:a, b$|$";
+  AddEffect(wizard, "ECHO:x, y", 7, "MENU:PHASE1:Cast, or not", 0, "SELF");
+  State().Decks[2].Cards.Append(wizard);
+  State().Collection.Append(wizard);
+  WritePlayerFile(kFile);
+  const std::string file = ReadFile("Ann_Goblins.plr");
+
+  const auto ownedAfter = [this](const std::string& text) {
+    WriteFile("Ann_Goblins.plr", text);
+    State().Problems.clear();
+    ReadCards(kFile, State().Players[1], 0, "", 0);
+    std::vector<std::string> cards;
+    const auto add = [&cards](const Pile& pile) {
+      for (const Card& card : pile) {
+        if (!IsFree(card)) cards.push_back(Described(card));
+      }
+    };
+    for (const DeckRec& deck : State().Decks) add(deck.Cards);
+    add(State().Collection);
+    return cards;
+  };
+  const std::vector<std::string> owned = ownedAfter(file);
+  ASSERT_EQ(owned.size(), 5U);
+  const std::string banner(41, '*');
+  for (std::size_t size = 0; size < file.size(); ++size) {
+    std::size_t whole = 0;
+    for (std::size_t card = file.find(banner); card != std::string::npos;
+         card = file.find(banner, card + 1)) {
+      const std::size_t next = std::min(file.find(banner, card + 1), file.size());
+      if (next <= size) ++whole;
+    }
+    const std::vector<std::string> found = ownedAfter(file.substr(0, size));
+    ASSERT_GE(found.size(), whole) << size;
+    for (std::size_t card = 0; card < whole; ++card) ASSERT_EQ(found[card], owned[card]) << size;
+  }
 }
 
 TEST_F(PlayerFilesTest, NamesThatNoFileCanHaveAreRefused) {

@@ -1,0 +1,49 @@
+// Quoting of fields.
+#include "data/field_text.h"
+
+#include "core/text.h"
+
+namespace brindlemoor {
+
+namespace {
+
+bool NeedsQuotes(std::string_view text) {
+  if (text.empty()) return false;
+  const char first = text.front();
+  return first == ' ' || first == '\t' || first == '"' ||
+         text.find_first_of(",\r\n") != std::string_view::npos;
+}
+
+std::string EscapedQuotes(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (const char character : text) {
+    if (character == '"') {
+      out += "&quot";
+    } else {
+      out += character;
+    }
+  }
+  return out;
+}
+
+}  // namespace
+
+std::string QuotedField(std::string_view text) { return Joined('"', EscapedQuotes(text), '"'); }
+
+std::string PlainField(std::string_view text) {
+  if (!NeedsQuotes(text)) return std::string(text);
+  std::string escaped = EscapedQuotes(text);
+  return NeedsQuotes(escaped) ? Joined('"', escaped, '"') : escaped;
+}
+
+std::string NameAsRead(std::string_view name) {
+  return NeedsQuotes(name) ? EscapedQuotes(name) : std::string(name);
+}
+
+std::string NameField(std::string_view name) {
+  const std::string text = NameAsRead(name);
+  return text.find('"') == std::string::npos ? Joined('"', text, '"') : text;
+}
+
+}  // namespace brindlemoor

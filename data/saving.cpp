@@ -1,0 +1,33 @@
+// The one way by which the program's text files are saved.
+#include "data/saving.h"
+
+#include "core/encoding.h"
+#include "core/text.h"
+#include "platform/platform.h"
+
+namespace brindlemoor {
+
+namespace {
+
+/// A text as UTF-8. One stray byte, as an old file name may hold, would make the reader take the
+/// whole file for another encoding; such a byte becomes the character of its number.
+std::string WellFormed(std::string_view text) {
+  std::string out;
+  for (std::size_t position = 0; position < text.size();) {
+    AppendCodePoint(out, NextCodePoint(text, position));
+  }
+  return out;
+}
+
+}  // namespace
+
+bool SaveOrTell(const std::string& path, std::string_view shownName, std::string_view text) {
+  FileSystem& files = Desktop().Files();
+  const std::string error =
+      IsUtf8(text) ? files.Write(path, text) : files.Write(path, WellFormed(text));
+  if (error.empty()) return true;
+  Desktop().MessageBox(Joined("Can't save ", shownName, ": ", error));
+  return false;
+}
+
+}  // namespace brindlemoor

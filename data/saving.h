@@ -1,0 +1,13 @@
+// Saving a text file, or saying why it could not be saved.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace brindlemoor {
+
+/// Writes a text to a path, beside the old file and renamed over it. True when it is there; else
+/// the old file is as it was and a message box says why the file called shownName was not saved.
+bool SaveOrTell(const std::string& path, std::string_view shownName, std::string_view text);
+
+}  // namespace brindlemoor
