@@ -163,6 +163,13 @@ void FlushPending() {
   for (const Card& card : entering) AddToTable(card);
 }
 
+void ShuffleCards(Pile& pile) {
+  for (int position = 1; position <= pile.UpperBound(); ++position) {
+    const int other = RollDie(pile.UpperBound());
+    if (other != position) std::swap(pile[position], pile[other]);
+  }
+}
+
 int SellValue(const Card& card) { return card.Rarity / 10 + 1; }
 
 Card* OwnerCard(const Card& card) {

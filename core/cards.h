@@ -41,6 +41,9 @@ void QueuePending(const Card& card);
 /// Brings the waiting cards into the table. Cards queued meanwhile wait for the next flush.
 void FlushPending();
 
+/// Exchanges every record of a pile with a random one of the whole pile.
+void ShuffleCards(Pile& pile);
+
 /// What the store pays for a card: Rarity / 10, rounded down, plus 1.
 int SellValue(const Card& card);
 

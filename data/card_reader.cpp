@@ -4,10 +4,10 @@
 #include <optional>
 #include <utility>
 
+#include "core/cards.h"
 #include "core/fold.h"
 #include "core/limits.h"
 #include "core/paths.h"
-#include "core/random.h"
 #include "core/state.h"
 #include "data/card_reading.h"
 #include "platform/platform.h"
@@ -96,12 +96,6 @@ void ReadCards(std::string_view file, PlayerState& player, int noDuplicates,
 
 void CopyDeck(PlayerState& player) { player.StartDeck = player.Deck; }
 
-void ShufflePile(PlayerState& player) {
-  Pile& deck = player.Deck;
-  for (int i = 1; i <= deck.UpperBound(); ++i) {
-    const int j = RollDie(deck.UpperBound());
-    if (i != j) std::swap(deck[i], deck[j]);
-  }
-}
+void ShufflePile(PlayerState& player) { ShuffleCards(player.Deck); }
 
 }  // namespace brindlemoor

@@ -11,7 +11,6 @@
 #include "core/fold.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "core/strings.h"
 #include "core/traits.h"
 #include "data/field_stream.h"
 #include "data/player_files.h"
@@ -20,6 +19,7 @@
 #include "game/program_start.h"
 #include "game/turn.h"
 #include "platform/headless/headless_platform.h"
+#include "platform/headless/overlay_files.h"
 #include "script/stored_cards.h"
 
 namespace brindlemoor {
@@ -29,7 +29,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kPlayerName = "Auto";
-constexpr std::string_view kWorkFolder = "brindle-auto-work";
 
 std::string AbsoluteFolder(const std::string& folder) {
   std::error_code failure;
@@ -39,42 +38,15 @@ std::string AbsoluteFolder(const std::string& folder) {
   return path;
 }
 
-bool LiesIn(std::string_view path, std::string_view folder) {
-  return path == folder || path.starts_with(Joined(folder, "/"));
-}
-
-/// Other players' files stay out of the copy: a player of the same name would change the match.
+/// Other players' files are not read: a player of the same name would change the match.
 bool BelongsToPlayers(const fs::path& file) {
   return FoldEquals(file.extension().string(), ".plr") || file.filename() == "PlayerProfiles.txt";
 }
 
-/// Copies the files of a folder and, for levels above 0, of its subfolders. "" or what went wrong.
-std::string CopyFiles(const fs::path& from, const fs::path& to, const fs::path& without,
-                      int levels) {
-  std::error_code failure;
-  fs::create_directories(to, failure);
-  fs::directory_iterator entry(from, failure);
-  for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
-    const fs::path path = entry->path();
-    std::error_code ignored;
-    if (entry->is_directory(ignored)) {
-      if (levels == 0 || path == without) continue;
-      std::string problem = CopyFiles(path, to / path.filename(), without, levels - 1);
-      if (!problem.empty()) return problem;
-    } else if (entry->is_regular_file(ignored) && !BelongsToPlayers(path)) {
-      fs::copy_file(path, to / path.filename(), fs::copy_options::overwrite_existing, failure);
-      if (failure) break;
-    }
-  }
-  if (!failure) return "";
-  return Joined("Can't copy ", from.string(), ": ", failure.message());
-}
-
-/// The folders of a match, and the copy of the game that it is played on.
+/// The folders of a match.
 struct Stage {
   std::string Folder;
-  std::string Pages;
-  std::string Work;
+  std::string Pages;  ///< "" when no pages are kept
 };
 
 bool IsReportPage(const fs::path& file) {
@@ -96,24 +68,23 @@ void RemoveOldPages(const std::string& folder) {
 /// "" or why these folders can't be used.
 std::string ChooseFolders(const AutomaticMatchOptions& options, Stage& stage) {
   stage.Folder = AbsoluteFolder(options.Folder);
-  stage.Pages = AbsoluteFolder(options.PagesFolder);
-  stage.Work = Joined(stage.Pages, "/", kWorkFolder);
   std::error_code failure;
   if (!fs::is_directory(stage.Folder, failure)) return Joined("There is no folder ", stage.Folder);
-  if (stage.Folder == stage.Pages || LiesIn(stage.Folder, stage.Work)) {
-    return Joined("The pages can't go to ", stage.Pages);
-  }
+  if (options.PagesFolder.empty()) return "";
+  stage.Pages = AbsoluteFolder(options.PagesFolder);
+  if (stage.Folder == stage.Pages) return Joined("The pages can't go to ", stage.Pages);
   fs::create_directories(stage.Pages, failure);
   return failure ? Joined("Can't make ", stage.Pages, ": ", failure.message()) : std::string();
 }
 
 void OpenSession(const Stage& stage, std::uint64_t seed) {
   State() = Session{};
-  auto desktop = std::make_shared<HeadlessPlatform>(std::make_unique<LocalFileSystem>(), seed);
+  auto desktop = std::make_shared<HeadlessPlatform>(
+      std::make_unique<OverlayFileSystem>(BelongsToPlayers), seed);
   desktop->AcceptMessages = true;
   State().Desktop = std::move(desktop);
-  State().ProgramFolder = stage.Work;
-  State().CurrentFolder = stage.Work;
+  State().ProgramFolder = stage.Folder;
+  State().CurrentFolder = stage.Folder;
   State().Profile.PlayerName = kPlayerName;
   State().Profiles.Append(State().Profile);
 }
@@ -203,14 +174,13 @@ MatchWinner Winner() {
   return playerLost ? MatchWinner::kEnemy : MatchWinner::kPlayer;
 }
 
-/// Keeps the page shown last; its pictures are those of the program's folder, not of the copy.
+/// Keeps the page shown last.
 std::string SavePage(const Stage& stage, int turn) {
-  std::string page = Desktop().Files().Read(InProgramFolder("Display.html")).value_or("");
-  ReplaceAll(page, FileUrl(stage.Work), FileUrl(stage.Folder));
-  ReplaceAll(page, stage.Work, stage.Folder);
+  if (stage.Pages.empty()) return "";
+  const std::string page = Desktop().Files().Read(InProgramFolder("Display.html")).value_or("");
   std::array<char, 32> name{};
   std::snprintf(name.data(), name.size(), "/turn-%03d.html", turn);
-  return Desktop().Files().Write(stage.Pages + name.data(), page);
+  return LocalFileSystem().Write(stage.Pages + name.data(), page);
 }
 
 AutomaticMatchResult PlayTurns(const Stage& stage, int maximumTurns, std::ostream& out) {
@@ -237,20 +207,14 @@ AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::o
   AutomaticMatchResult result;
   result.Error = ChooseFolders(options, stage);
   if (!result.Error.empty()) return result;
-  std::error_code ignored;
-  fs::remove_all(stage.Work, ignored);
-  RemoveOldPages(stage.Pages);
-  result.Error = CopyFiles(stage.Folder, stage.Work, stage.Pages, 1);
-  if (result.Error.empty()) {
-    OpenSession(stage, options.Seed);
-    result.Error = StartMatch(options.Opponent);
-  }
+  if (!stage.Pages.empty()) RemoveOldPages(stage.Pages);
+  OpenSession(stage, options.Seed);
+  result.Error = StartMatch(options.Opponent);
   if (result.Error.empty()) {
     result = PlayTurns(stage, options.MaximumTurns, out);
     out << "After turn " << result.Turns << ": " << Standing(1) << ", " << Standing(2) << '\n'
         << "Result: " << kVerdicts[static_cast<std::size_t>(result.Winner)] << ".\n";
   }
-  fs::remove_all(stage.Work, ignored);
   return result;
 }
 

@@ -7,10 +7,10 @@
 
 namespace brindlemoor {
 
-/// How a match is set up. Both folders must be there already, or be possible to make.
+/// How a match is set up.
 struct AutomaticMatchOptions {
   std::string Folder;       ///< program's folder; nothing in it is changed
-  std::string PagesFolder;  ///< gets the report pages "turn-001.html" and so on
+  std::string PagesFolder;  ///< gets the report pages "turn-001.html" and so on; "" keeps none
   std::uint64_t Seed = 1;
   int MaximumTurns = 200;
   int Opponent = 1;  ///< which opponent of the first game, starter decks and stores left out
@@ -25,8 +25,9 @@ struct AutomaticMatchResult {
 };
 
 /// Gets cards from the first game's first starter deck and plays a match to its end or to the
-/// maximum of turns, on a copy of the program's folder. Prints a line for each turn and the result.
-/// The same seed and files give the same lines and pages. Begins with a fresh session.
+/// maximum of turns; what the program writes meanwhile stays in memory. Prints a line for each turn
+/// and the result. The same seed and files give the same lines and pages. Begins with a fresh
+/// session and leaves it as the match ended.
 AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::ostream& out);
 
 }  // namespace brindlemoor

@@ -72,6 +72,7 @@ int PayCost(const Card& card, int mode) {
   session.CostCard.InPlay = 1;
   if (session.DebugMode == 1) return -1;
   const Pile table = session.CardTable;
+  const auto hits = session.HitTable;  // a trait that a test gives can bring actions with it
   const std::string page = session.PageText;
   const std::string banner = session.PhaseBanner;
   Card work = card;
@@ -79,6 +80,7 @@ int PayCost(const Card& card, int mode) {
   ModifyCost(work, mode);
   const int failures = FireTrigger(work, "COST", -1, 0, 1);
   session.CardTable = table;
+  session.HitTable = hits;
   session.PageText = page;
   if (failures > 0) {
     session.PhaseBanner = banner;

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "core/cards.h"
-#include "core/random.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "core/traits.h"
@@ -74,13 +73,6 @@ void SortCards(Pile& pile, std::string_view spec) {
     return upwards ? Greater(b.Key, a.Key) : Greater(a.Key, b.Key);
   });
   Permute(pile, keys);
-}
-
-void ShuffleCards(Pile& pile) {
-  for (int position = 1; position <= pile.UpperBound(); ++position) {
-    const int other = RollDie(pile.UpperBound());
-    if (other != position) std::swap(pile[position], pile[other]);
-  }
 }
 
 void CompactCollection() {

@@ -1,4 +1,4 @@
-// Sorting, compacting and shuffling piles of cards.
+// Sorting and compacting piles of cards.
 #pragma once
 
 #include <string_view>
@@ -11,9 +11,6 @@ namespace brindlemoor {
 /// the front, "TRAIT:x" sorts by the value of the trait x downwards, any other word by the numeric
 /// value of the trait of that name downwards. Cards without the name or trait go to the end.
 void SortCards(Pile& pile, std::string_view spec);
-
-/// Exchanges every record with a random one of the pile.
-void ShuffleCards(Pile& pile);
 
 /// Takes the free records out of Collection, unless it holds no card at all.
 void CompactCollection();

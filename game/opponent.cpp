@@ -1,8 +1,142 @@
-// The computer opponent's part of a turn.
+// The computer opponent's part of a turn: what its cards are worth, and what it plays.
 #include "game/opponent.h"
 
-namespace brindlemoor {
+#include <array>
+#include <cmath>
+#include <string_view>
 
-EnemyPlays PlayEnemyHand() { return {}; }  // the enemy keeps its hand
+#include "core/cards.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "core/traits.h"
+#include "game/card_play.h"
+#include "game/card_sorting.h"
+#include "game/turn.h"
+#include "script/run_action.h"
+#include "script/target_types.h"
+#include "script/triggers.h"
+#include "ui/card_pages.h"
+
+namespace brindlemoor {
+namespace {
+
+constexpr std::string_view kLove = "AILOVE";
+constexpr int kCanPay = -1;
+constexpr double kNotPayable = -10;
+constexpr double kFreeRecord = -100;
+
+/// Sum and number of the judgements of a card's actions.
+struct Judgement {
+  double Love = 0;
+  int Count = 0;
+  double Worth() const { return std::floor(10 * Love / (Count == 0 ? 1 : Count)); }
+};
+
+/// What an action of a trigger adds without being tried.
+struct TriggerWorth {
+  std::string_view Trigger;  ///< up to the first ":"
+  int Worth;                 ///< 0 leaves the action out
+};
+constexpr std::array<TriggerWorth, 7> kUntriedTriggers = {{
+    {"COSTMOD", 1},
+    {"OTHERENTERSPLAY", 1},
+    {"TARGETED", 0},
+    {"TRAITCHANGE", 0},
+    {"BEFORETRAITCHANGE", 0},
+    {"ONDEATH", 0},
+    {"COST", 0},
+}};
+
+const TriggerWorth* UntriedTrigger(std::string_view trigger) {
+  const std::string_view word = FieldAt(trigger, 1, ':');
+  for (const TriggerWorth& row : kUntriedTriggers) {
+    if (row.Trigger == word) return &row;
+  }
+  return nullptr;
+}
+
+/// A test run of an action on the target that it would take.
+void TryAction(Card& card, int effect, Judgement& judgement) {
+  int quality = kNoTarget;
+  const int slot = PickTarget(card, effect, card.Effects[effect].TargetType, Text(), quality);
+  const Pile& table = State().CardTable;
+  if (!table.Holds(slot)) {
+    --judgement.Love;
+    return;
+  }
+  Card actor = card;
+  Card target = table[slot];
+  const int weight = card.Effects[effect].Trigger == "AIREQ" ? 3 : 1;
+  const int result =
+      RunAction(actor, target, effect, RunOptions{.CostMode = 1, .TestRun = 1, .NoCounters = 1});
+  judgement.Love += result == kRunClean ? 2 * weight : -weight;
+  ++judgement.Count;
+}
+
+void JudgeAction(Card& card, int effect, Judgement& judgement) {
+  const CardEffect& action = card.Effects[effect];
+  if (action.Script.empty()) return;
+  if (const TriggerWorth* untried = UntriedTrigger(action.Trigger)) {
+    judgement.Love += untried->Worth;
+    judgement.Count += untried->Worth;
+  } else if (action.TargetType != kTargetSelf) {
+    TryAction(card, effect, judgement);
+  }
+}
+
+Judgement JudgeActions(Card& card) {
+  Judgement judgement;
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    JudgeAction(card, effect, judgement);
+  }
+  return judgement;
+}
+
+void ValueHand() {
+  Pile& hand = State().Players[2].Hand;
+  for (int position = 1; position <= hand.UpperBound(); ++position) {
+    if (IsFree(hand[position])) InitCard(hand[position], 1, 0);
+    ValueCardForAI(hand[position]);
+  }
+  SortCards(hand, kLove);
+}
+
+void Consider(Card& card, PlayCells& cells, std::string& thoughts) {
+  thoughts += Joined("<br>AI thinking of playing ", ColoredName(card), ".  Priority level is ",
+                     GetTrait(card, kLove).Str(), ".");
+  if (TraitNumber(card, kLove) < 1 || PayCost(card, 1) != kCanPay) return;
+  PayCost(card, 0);  // a modifier that raises the price only now leaves the card unpaid, but played
+  cells.AddCard(CardPictureHtml(card, 1, 0));
+  AddToTable(card);
+  FreeCard(card);  // only now: its entry scripts still find it in the hand
+}
+
+}  // namespace
+
+double ValueCardForAI(Card& card) {
+  if (IsFree(card)) return kFreeRecord;
+  Judgement judgement{.Love = kNotPayable};
+  if (PayCost(card, 1) == kCanPay) {
+    card.InPlay = 1;  // the tests treat it as a card on the table
+    judgement = JudgeActions(card);
+  }
+  const double worth = judgement.Worth();
+  SetTrait(card, kLove, worth + TraitNumber(card, "PRIORITY"), 0);
+  card.InPlay = 0;
+  return worth;
+}
+
+EnemyPlays PlayEnemyHand() {
+  ValueHand();
+  EnemyPlays plays;
+  PlayCells cells;
+  Pile& hand = State().Players[2].Hand;
+  // A card that is drawn meanwhile into a later position has no value yet and stays.
+  for (int position = 1; position <= hand.UpperBound(); ++position) {
+    if (!IsFree(hand[position])) Consider(hand[position], cells, plays.Thoughts);
+  }
+  plays.Cells = cells.Html();
+  return plays;
+}
 
 }  // namespace brindlemoor

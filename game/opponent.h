@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "core/records.h"
+
 namespace brindlemoor {
 
 /// What the enemy's plays leave for the report.
@@ -11,7 +13,13 @@ struct EnemyPlays {
   std::string Thoughts;  ///< its reasoning, shown in debug mode
 };
 
-/// The enemy plays cards from its hand.
+/// Tries a hand card's actions out on the present table and stores what the card is worth, with
+/// its PRIORITY, as the trait "AILOVE". Returns the worth without the PRIORITY; -100 for a card
+/// that can't be paid and for a free record, which is left as it is.
+double ValueCardForAI(Card& card);
+
+/// The enemy values its hand, sorts it and plays, best first, what is worth 1 or more and can be
+/// paid.
 EnemyPlays PlayEnemyHand();
 
 }  // namespace brindlemoor
