@@ -1,4 +1,4 @@
-// Sorting, compacting and shuffling piles of cards.
+// Sorting and compacting piles of cards.
 #include "game/card_sorting.h"
 
 #include <algorithm>

@@ -17,7 +17,7 @@ struct Form;
 /// What a file dialog is opened with. Extensions are without a dot.
 struct FileDialogRequest {
   bool Save = false;
-  std::string FileName;          ///< preset name or pattern such as "*.txt"
+  std::string FileName;  ///< preset name or pattern such as "*.txt"
   std::string DefaultExtension;
 };
 

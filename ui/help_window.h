@@ -12,7 +12,8 @@ struct HelpForm : Form {
   BrowserView HelpWB{"HelpWB"};
 };
 
-/// Shows a help page of the program's folder in the help window, which stays usable beside the game.
+/// Shows a help page of the program's folder in the help window, which stays usable beside the
+/// game.
 void ShowHelp(std::string_view file);
 
 }  // namespace brindlemoor

@@ -20,20 +20,20 @@ class HeadlessPlatform : public Platform {
       : Platform(std::move(files)), seed_(seed) {}
 
   // What the caller prepares.
-  std::deque<std::string> ExpectedMessages;               ///< message boxes to come, whole texts
+  std::deque<std::string> ExpectedMessages;  ///< message boxes to come, whole texts
   std::deque<bool> YesNoAnswers;
-  std::deque<std::optional<std::string>> TextAnswers;     ///< nothing stands for a cancel
+  std::deque<std::optional<std::string>> TextAnswers;  ///< nothing stands for a cancel
   std::deque<std::optional<std::string>> FileAnswers;
   std::deque<std::optional<std::int32_t>> ColorAnswers;
-  std::deque<std::function<void(Form&)>> ModalForms;      ///< plays the user of each modal form
-  std::function<void()> OnPump;                           ///< events that wait
-  bool AcceptMessages = false;                            ///< message boxes need not be expected
+  std::deque<std::function<void(Form&)>> ModalForms;  ///< plays the user of each modal form
+  std::function<void()> OnPump;                       ///< events that wait
+  bool AcceptMessages = false;                        ///< message boxes need not be expected
 
   // What the caller finds.
-  std::vector<std::string> Messages;           ///< every message box
+  std::vector<std::string> Messages;  ///< every message box
   std::vector<std::string> UnexpectedDialogs;
-  std::map<std::string, std::string> Pages;    ///< bytes of the page each view shows, by its name
-  std::vector<std::string> Navigations;        ///< "view url" in order
+  std::map<std::string, std::string> Pages;  ///< bytes of the page each view shows, by its name
+  std::vector<std::string> Navigations;      ///< "view url" in order
   int Raised = 0;
 
   void ShowForm(Form& form, bool modal) override;

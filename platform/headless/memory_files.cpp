@@ -15,7 +15,8 @@ std::vector<std::string> MemoryFileSystem::ListFiles(const std::string& folder) 
   std::vector<std::string> names;
   for (const auto& [path, bytes] : Contents) {
     if (!path.starts_with(prefix)) continue;
-    if (path.find('/', prefix.size()) == std::string::npos) names.push_back(path.substr(prefix.size()));
+    if (path.find('/', prefix.size()) == std::string::npos)
+      names.push_back(path.substr(prefix.size()));
   }
   return names;
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,7 +15,8 @@
 namespace brindlemoor {
 
 /// A card with traits, initialised, in no table.
-inline Card MakeCard(std::string_view name, int owner, const std::vector<std::string>& traits = {}) {
+inline Card MakeCard(std::string_view name, int owner,
+                     const std::vector<std::string>& traits = {}) {
   Card card;
   InitCard(card, owner, 0);
   card.Name = name;
