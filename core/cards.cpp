@@ -173,8 +173,8 @@ void ShuffleCards(Pile& pile) {
 int SellValue(const Card& card) { return card.Rarity / 10 + 1; }
 
 Card* OwnerCard(const Card& card) {
-  if (card.Owner != 1 && card.Owner != 2) return nullptr;
   Session& state = State();
+  if (!state.Players.Holds(card.Owner)) return nullptr;
   const int slot = state.Players[card.Owner].PlayerCard;
   if (!state.CardTable.Holds(slot) || IsFree(state.CardTable[slot])) return nullptr;
   return &state.CardTable[slot];

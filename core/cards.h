@@ -47,7 +47,7 @@ void ShuffleCards(Pile& pile);
 /// What the store pays for a card: Rarity / 10, rounded down, plus 1.
 int SellValue(const Card& card);
 
-/// The player card of the card's owner; nullptr for a neutral card or a side without one.
+/// The player card of the card's owner; nullptr for owner 0 or a side without one.
 Card* OwnerCard(const Card& card);
 
 /// Frees a record: its Name becomes empty.

@@ -1,6 +1,7 @@
 // The random sequence and the dice.
 #include "core/random.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <limits>
@@ -50,10 +51,13 @@ int RollDie(double n) {
 
 double RollDice(double count, double sides) {
   if (!(count >= 1)) return 0;
-  if (count >= limits::kDice + 1.0) {
-    limits::ReportLimit("Too many dice in one roll; only some were rolled.");
-    count = limits::kDice;
+  int& rolled = State().DiceRolled;
+  const int allowed = std::min(limits::kDice, limits::kDiceOfTurn - rolled);
+  if (count >= allowed + 1.0) {
+    limits::ReportLimit("Too many dice; only some were rolled.");
+    count = allowed;
   }
+  rolled += static_cast<int>(count);
   double total = 0;
   for (int left = static_cast<int>(count); left > 0; --left) total += RollDie(sides);
   return total;

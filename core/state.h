@@ -91,7 +91,8 @@ struct Session {
   std::string PageText;                               ///< the HTML being composed
   std::string PhaseBanner;                            ///< what scripts have said this turn
   std::set<std::string, std::less<>> LimitsReported;  ///< bounds already named this turn
-  std::uint8_t OwnNavigation = 0;                     ///< 1 while the program navigates a view
+  std::uint8_t TurnRunning = 0;    ///< 1 while a turn or the start of a match runs
+  std::uint8_t OwnNavigation = 0;  ///< 1 while the program navigates a view
   std::uint8_t DebugMode = 0;
   std::uint8_t FullSizeImages = 0;
   std::uint8_t GameOver = 0;
@@ -104,10 +105,11 @@ struct Session {
   std::uint8_t SaleMode = 0;
 
   // State that script runs share.
-  int RunDepth = 0;                 ///< RunAction frames in progress
-  int NestedCommands = 0;           ///< commands walked by the runs that this one started
-  double LastValue = 0;             ///< behind LASTVAL, $AMT and the like
-  std::uint8_t CancelState = 0;     ///< 0 none, 1 cancelled, 2 CANCEL executed in this run
+  int RunDepth = 0;              ///< RunAction frames in progress
+  int RunFrames = 0;             ///< the same, and those whose repeats and trait changes still run
+  int NestedCommands = 0;        ///< commands walked by the runs that this one started
+  double LastValue = 0;          ///< behind LASTVAL, $AMT and the like
+  std::uint8_t CancelState = 0;  ///< 0 none, 1 cancelled, 2 CANCEL executed in this run
   std::int32_t RedirectTarget = 0;  ///< slot chosen by a redirect, 0 none
   Text RedirectScript;
   int RedirectDepth = 0;      ///< runs in progress of redirected actions
@@ -124,6 +126,7 @@ struct Session {
   int TraitRedirectDepth = 0;          ///< ModTrait calls in progress that a redirect made
   int BonusDepth = 0;                  ///< bonus expressions in progress
   int BonusCount = 0;                  ///< evaluated since the outermost one began
+  int DiceRolled = 0;                  ///< dice of rolls with several, this turn
   double StatMasked = 0;
   double StatNotMasked = 0;
   double StatCancelled = 0;

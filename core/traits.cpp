@@ -220,7 +220,11 @@ void SetTrait(Card& card, std::string_view name, const Value& value, int keepAct
   const Text& present = card.Traits[item];
   if (present == withValue || (printed.empty() && present == full)) return;
   card.Traits.Edit(item) = printed.empty() ? full : withValue;
-  card.ChangedTraits = Joined(card.ChangedTraits, full, ":");
+  if (card.ChangedTraits.size() + full.size() < limits::kChangedTraitBytes) {
+    card.ChangedTraits = Joined(card.ChangedTraits, full, ":");
+  } else {
+    limits::ReportLimit("Too many changed traits of a card wait: one is not told of.");
+  }
 
   // Files write a trait with its value as the name; from here on the name alone counts.
   const std::string_view bare = NameOfItem(full);

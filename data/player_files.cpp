@@ -7,12 +7,14 @@
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/text.h"
+#include "data/card_reader.h"
 #include "data/card_writer.h"
 #include "data/field_text.h"
 #include "data/profiles.h"
 #include "data/saving.h"
 #include "game/card_refresh.h"
 #include "game/card_sorting.h"
+#include "platform/platform.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
@@ -53,7 +55,28 @@ bool FitsFileName(char character) {
          kForbidden.find(character) == std::string_view::npos;
 }
 
+/// Once for each damage: a copy that is there already has been told of.
+void KeepDamagedFile(std::string_view fileName, const Problem& problem) {
+  FileSystem& files = Desktop().Files();
+  const std::string path = FindCardFile(fileName);
+  const std::string copy = path + ".damaged";
+  const auto bytes = files.Read(path);
+  if (!bytes || files.Read(copy) == bytes) return;
+  const std::string failure = files.Write(copy, *bytes);
+  Desktop().MessageBox(
+      Joined(fileName, " is damaged.  Line ", problem.Line, ": ", problem.Message,
+             failure.empty() ? ".  A copy of it is kept as " : ".  No copy could be kept as ",
+             FileNameOf(copy), "."));
+}
+
 }  // namespace
+
+void ReadPlayerFile(std::string_view fileName) {
+  const std::vector<Problem>& problems = State().Problems;
+  const std::size_t before = problems.size();
+  ReadCards(fileName, State().Players[1], 0, "", 0);
+  if (problems.size() > before) KeepDamagedFile(fileName, problems[before]);
+}
 
 std::string PlayerFileName(int gameIndex) {
   const Session& session = State();

@@ -10,6 +10,10 @@ namespace brindlemoor {
 /// can't hold is written as "_". "" for a number that is no game.
 std::string PlayerFileName(int gameIndex);
 
+/// Reads a player file for side 1. What is wrong in it would be gone with the next save: then a
+/// copy of the file is kept beside it, and a message says so.
+void ReadPlayerFile(std::string_view fileName);
+
 /// Saves the player's cards, decks and tokens and the profile list. Nothing in debug mode, and
 /// nothing without a name or when neither deck 1 nor the collection holds a card. A file that can't
 /// be written is told in a message box and stays as it was.

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "core/encoding.h"
+#include "core/fold.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
@@ -90,6 +91,9 @@ std::string RefusePlayerName(std::string_view name) {
   }
   if (std::any_of(name.begin(), name.end(), IsControl)) {
     return "The name holds a control character.";
+  }
+  for (const ProfileRec& profile : State().Profiles) {
+    if (FoldEquals(profile.PlayerName, name)) return "There is a player of this name already.";
   }
   return "";
 }

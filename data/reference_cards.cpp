@@ -5,9 +5,12 @@
 #include "core/limits.h"
 #include "core/paths.h"
 #include "core/state.h"
+#include "core/strings.h"
+#include "core/traits.h"
 #include "data/card_reader.h"
 #include "data/card_reading.h"
 #include "platform/platform.h"
+#include "script/effect_masks.h"
 
 namespace brindlemoor {
 
@@ -48,6 +51,16 @@ PlayerState* CachedFile(const std::string& path) {
   return nullptr;
 }
 
+/// Trait bits are numbered anew for each game, and the cache outlives games.
+void RenumberTraitBits(Card& card) {
+  card.TraitBits = TraitWords();
+  for (const Text& item : card.Traits) {
+    const TraitBit bit = TraitBitFor(FieldAt(item, 1, ':'));
+    if (bit.Word != -1) card.TraitBits[bit.Word] |= bit.BitValue;
+  }
+  BuildEffectMasks(card, 0);
+}
+
 }  // namespace
 
 Card GetRefCard(std::string_view name, std::string_view file) {
@@ -56,7 +69,10 @@ Card GetRefCard(std::string_view name, std::string_view file) {
   PlayerState* entry = CachedFile(path);
   if (entry == nullptr) return {};
   for (const Card& card : entry->Deck) {
-    if (card.Name == name) return card;
+    if (card.Name != name) continue;
+    Card copy = card;
+    RenumberTraitBits(copy);
+    return copy;
   }
   return {};
 }

@@ -25,15 +25,38 @@ constexpr int kProbesPerElement = 2;
 
 using Piles = std::vector<Pile*>;
 
-/// What the player owns. A source file may hold lines that fill the collection or the decks; a
-/// refresh takes only definitions from it.
-struct OwnedPiles {
+/// A source file may hold lines that do more than define cards. A refresh takes only definitions
+/// from it: what the player owns and the game in progress stay as they are.
+struct ReaderTables {
   Pile Collection = State().Collection;
   FixedTable<DeckRec, 3> Decks = State().Decks;
+  Table<Template> Templates = State().Templates;
+  Card RulesCard = State().RulesCard;
+  Card CostCard = State().CostCard;
+  Table<TraitGraphic> TraitGraphics = State().TraitGraphics;
+  Table<CustomStringRec> CustomStrings = State().CustomStrings;
+  Text DeckRules = State().DeckRules;
+  Text GameFileName = State().GameFileName;
+  std::uint8_t StarterDeckFlag = State().StarterDeckFlag;
+  int CardTable = State().CardTable.UpperBound();
+  int TraitActions = State().TraitActions.UpperBound();
+  int Sideboard = State().Sideboard.UpperBound();
 
   void PutBack() const {
-    State().Collection = Collection;
-    State().Decks = Decks;
+    Session& session = State();
+    session.Collection = Collection;
+    session.Decks = Decks;
+    session.Templates = Templates;
+    session.RulesCard = RulesCard;
+    session.CostCard = CostCard;
+    session.TraitGraphics = TraitGraphics;
+    session.CustomStrings = CustomStrings;
+    session.DeckRules = DeckRules;
+    session.GameFileName = GameFileName;
+    session.StarterDeckFlag = StarterDeckFlag;
+    session.CardTable.Resize(CardTable);
+    session.TraitActions.Resize(TraitActions);
+    session.Sideboard.Resize(Sideboard);
   }
 };
 
@@ -108,9 +131,9 @@ void RefreshCard(Card& card) {
 
 void Refresh(const Piles& piles, int capacity) {
   {
-    const OwnedPiles owned;
+    const ReaderTables tables;
     FillMasterCards(SourceFilesOf(piles), capacity);
-    owned.PutBack();
+    tables.PutBack();
   }
   for (Pile* pile : piles) {
     for (Card& card : *pile) {

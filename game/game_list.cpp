@@ -99,7 +99,7 @@ void AddGame(FieldStream& stream, const std::string& file) {
   int slot = 1;
   while (slot <= games.UpperBound() && !games[slot].Name.empty()) ++slot;
   if (slot > limits::kGames) {
-    limits::ReportLimit("games of this folder");
+    limits::ReportLimit("The folder has too many games: some were left out.");
     return;
   }
   if (slot > games.UpperBound()) games.Resize(slot);
@@ -126,7 +126,7 @@ void ScanForGame(std::string bytes, const std::string& file) {
 void AddOpponent(FieldStream& stream, GameRec& game, const std::string& path) {
   const auto fields = ReadFields<8>(stream);
   if (game.Opponents.UpperBound() > limits::kGames) {
-    limits::ReportLimit("opponents of a game");
+    limits::ReportLimit("A game has too many opponents: some were left out.");
     return;
   }
   Card opponent;

@@ -1,6 +1,8 @@
 // The start of a match.
 #include "game/match_start.h"
 
+#include <algorithm>
+
 #include "core/cards.h"
 #include "core/pages.h"
 #include "core/paths.h"
@@ -35,6 +37,8 @@ struct TableEnds {
   int TraitActions = State().TraitActions.UpperBound();
   int Sideboard = State().Sideboard.UpperBound();
   std::int32_t PlayerCard = State().Players[2].PlayerCard;
+  std::int16_t CurrentGame = State().CurrentGame;
+  Text RulesFile = State().Profile.RulesFile;
 
   /// Takes out what the files brought, so that another opponent can be chosen.
   void PutBack() const {
@@ -44,6 +48,8 @@ struct TableEnds {
     session.Sideboard.Resize(Sideboard);
     InitPlayer(session.Players[2], 2);
     session.Players[2].PlayerCard = PlayerCard;
+    session.CurrentGame = CurrentGame;
+    session.Profile.RulesFile = RulesFile;
     InitPlayer(session.GameDeck, 4);
   }
 };
@@ -71,6 +77,10 @@ bool ReadMatchFiles(int gameIndex, int opponentIndex) {
   if (!CanRead(rules) || !CanRead(opponent)) return false;
   session.StarterDeckFlag = 0;
   ForgetRules();
+  // The list shows over the two default player cards; what else lies there came from rules files.
+  session.CardTable.Resize(std::max(session.Players[1].PlayerCard, session.Players[2].PlayerCard));
+  session.Sideboard.Reset(1);
+  InitPlayer(session.GameDeck, 4);
   ReadCards(rules, session.GameDeck, 0, "", 0);
   session.Profile.RulesFile = rules;
   session.CurrentFolder = folder.empty() ? session.ProgramFolder : InProgramFolder(folder);
@@ -80,13 +90,18 @@ bool ReadMatchFiles(int gameIndex, int opponentIndex) {
   return true;
 }
 
+/// The cards of another game's player file are not of this game.
+void OwnNothing() {
+  Session& session = State();
+  session.Collection.Reset(1);
+  for (DeckRec& deck : session.Decks) deck.Cards.Reset(1);
+}
+
 bool HasPlayerFile() {
   return Desktop().Files().Exists(InProgramFolder(PlayerFileName(State().CurrentGame)));
 }
 
-void ReadPlayerFile() {
-  ReadCards(PlayerFileName(State().CurrentGame), State().Players[1], 0, "", 0);
-}
+void ReadOwnFile() { ReadPlayerFile(PlayerFileName(State().CurrentGame)); }
 
 /// Lets the player choose a deck. False when there is none for this game or the program ends.
 bool ChooseDeck() {
@@ -97,7 +112,7 @@ bool ChooseDeck() {
         "Please choose a starter deck or a card store.");
     return false;
   }
-  ReadPlayerFile();
+  ReadOwnFile();
   ShowDeckManager();
   if (Desktop().Ending()) return false;
   LoadDeckIntoPlayer(session.Players[1], session.CurrentDeck);
@@ -140,8 +155,10 @@ void BeginGame() {
   FireTrigger(State().RulesCard, "GAMESTART");
 }
 
-void ChooseGame(int gameIndex, int opponentIndex) {
-  if (!HasOpponent(gameIndex, opponentIndex)) return;
+namespace {
+
+/// The way from a click on a portrait to the first report.
+void StartMatch(int gameIndex, int opponentIndex) {
   Session& session = State();
   session.PageText = "<font size=+5>Loading...</font>";
   WritePage("Display.html", "#000000");
@@ -161,15 +178,26 @@ void ChooseGame(int gameIndex, int opponentIndex) {
   }
   EnterProgramFolder();
   if (session.StarterDeckFlag == 1 && !HasPlayerFile()) {
+    OwnNothing();
     session.Players[1].Tokens = kFirstTokens;
   } else {
-    ReadPlayerFile();
+    ReadOwnFile();
   }
   ShufflePile(session.Players[2]);
   ReapplyTraitActions(1);
   BeginGame();
   TakeTurn(1);
   session.StarterDeckFlag = 0;
+}
+
+}  // namespace
+
+void ChooseGame(int gameIndex, int opponentIndex) {
+  Session& session = State();
+  if (session.TurnRunning == 1 || !HasOpponent(gameIndex, opponentIndex)) return;
+  session.TurnRunning = 1;
+  StartMatch(gameIndex, opponentIndex);
+  session.TurnRunning = 0;
 }
 
 }  // namespace brindlemoor

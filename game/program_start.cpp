@@ -8,6 +8,7 @@
 #include "core/random.h"
 #include "core/state.h"
 #include "data/card_reader.h"
+#include "data/player_files.h"
 #include "game/game_list.h"
 #include "platform/platform.h"
 #include "script/effect_masks.h"
@@ -86,11 +87,10 @@ void ResetSides() {
   session.SelectedSlot = 0;
 }
 
-/// Reads a file that the profile names, if it is still there. Folders in the name lead nowhere.
-void ReadStoredFile(const Text& file, PlayerState& player) {
-  if (file.empty()) return;
+/// The name of a file of the profile, "" when it is gone. Folders in the name lead nowhere.
+std::string StoredFile(const Text& file) {
   const std::string name = FileNameOf(file);
-  if (Desktop().Files().Exists(InProgramFolder(name))) ReadCards(name, player, 0, "", 0);
+  return !name.empty() && Desktop().Files().Exists(InProgramFolder(name)) ? name : "";
 }
 
 }  // namespace
@@ -131,8 +131,12 @@ void NewGame() {
     return;
   }
   EnterProgramFolder();
-  ReadStoredFile(session.Profile.RulesFile, session.GameDeck);
-  ReadStoredFile(session.Profile.PlayerFile, session.Players[1]);
+  if (const std::string rules = StoredFile(session.Profile.RulesFile); !rules.empty()) {
+    ReadCards(rules, session.GameDeck, 0, "", 0);
+  }
+  if (const std::string own = StoredFile(session.Profile.PlayerFile); !own.empty()) {
+    ReadPlayerFile(own);
+  }
   DiscoverGames();
   ShowGameList();
 }

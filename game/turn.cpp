@@ -35,6 +35,7 @@ void PlayHandCard(Card& card, int target, PlayCells& cells) {
     FreeCard(card);
     return;
   }
+  if (IsFree(card)) return;
   if (PayCost(card, 0) != kPaid) {
     cells.AddText(
         Joined("You do not have enough resources to play ", ColoredName(card), "!<br><br>"));
@@ -137,8 +138,9 @@ std::string DebugCounters() {
 }
 
 void ShowReport(const Plays& plays) {
-  const Session& session = State();
+  Session& session = State();
   const bool debug = session.DebugMode == 1;
+  session.PageText.clear();  // events that ran meanwhile may have left a page half composed
   if (debug) AppendPage(plays.Thoughts);
   AppendPage(PlayerHeader(session.Players[1]));
   AppendPage("<br><br>");
@@ -163,6 +165,7 @@ void PlayCells::AddCard(std::string_view picture) {
 
 void TakeTurn(int skipPlays) {
   Session& session = State();
+  const auto outer = std::exchange(session.TurnRunning, std::uint8_t{1});
   session.RulesCard.InPlay = 1;
   session.CostCard.InPlay = 1;
   Plays plays;
@@ -176,6 +179,8 @@ void TakeTurn(int skipPlays) {
   Desktop().RaiseForm(TheMainWindow());
   session.PhaseBanner.clear();
   session.LimitsReported.clear();
+  session.DiceRolled = 0;
+  session.TurnRunning = outer;
 }
 
 }  // namespace brindlemoor

@@ -113,12 +113,12 @@ Step Permanent(Run& run) {
 }
 
 Step AddMod(Run& run) {
-  const Text rest = run.Rest(1);
   Text& scripts = run.Target.EntryScripts;
-  if (scripts.size() + rest.size() > static_cast<std::size_t>(limits::kTextBytes)) {
+  const std::size_t rest = run.Fields.TailSize(run.Position + 1);
+  if (scripts.size() + rest > static_cast<std::size_t>(limits::kTextBytes)) {
     limits::ReportLimit("A card has too many modifications: one was left out.");
   } else {
-    scripts = Joined(scripts, rest, "$|$");
+    scripts = Joined(scripts, run.Rest(1), "$|$");
   }
   return Step::kNext;
 }

@@ -5,6 +5,7 @@
 
 #include "core/state.h"
 #include "core/strings.h"
+#include "core/traits.h"
 #include "script/command_table.h"
 
 namespace brindlemoor {
@@ -31,11 +32,17 @@ ParsedScript::ParsedScript(std::string_view script) : script_(script) {
     const FieldRow& row = fields_.emplace_back(RowOf(walker.Next()));
     wantsPictures_ = wantsPictures_ || (row.Row != nullptr && row.Row->Pictures);
   }
+  declaresNoCounters_ = ScriptTraitValue(script, "NOCOUNTERS") != "NONE";
 }
 
 const ParsedScript::FieldRow& ParsedScript::RowAt(int n) const noexcept {
   static const FieldRow missing;
   return n >= 1 && n <= FieldCount() ? fields_[static_cast<std::size_t>(n) - 1] : missing;
+}
+
+std::size_t ParsedScript::TailSize(int n) const noexcept {
+  if (n < 1 || n > FieldCount()) return 0;
+  return script_.size() - static_cast<std::size_t>(Field(n).data() - script_.data());
 }
 
 Text ParsedScript::Tail(int n) const {

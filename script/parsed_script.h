@@ -30,6 +30,10 @@ class ParsedScript final : public TextAttachment {
   /// Field n and everything behind it, as a script of its own. The first few that are asked for are
   /// kept, so that their parsed form serves every run.
   Text Tail(int n) const;
+  /// Bytes of Tail(n), without making it.
+  std::size_t TailSize(int n) const noexcept;
+  /// True when the script lends its run the trait "NOCOUNTERS".
+  bool DeclaresNoCounters() const noexcept { return declaresNoCounters_; }
   /// True when one of the commands may show the run's card pictures.
   bool WantsPictures() const noexcept { return wantsPictures_; }
 
@@ -40,6 +44,7 @@ class ParsedScript final : public TextAttachment {
   std::string_view script_;
   std::vector<FieldRow> fields_;
   bool wantsPictures_ = false;
+  bool declaresNoCounters_ = false;
   mutable std::vector<std::pair<int, Text>> tails_;
 };
 

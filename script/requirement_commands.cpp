@@ -54,9 +54,14 @@ bool HasNot(Run& run, const Card& card) { return !Has(run, card); }
 
 double TraitOf(Run& run, const Card& card) { return TraitNumber(card, run.Argument(1)); }
 
-bool AtMost(Run& run, const Card& card) { return TraitOf(run, card) <= run.Evaluated(2).Number(); }
-bool AtLeast(Run& run, const Card& card) { return TraitOf(run, card) >= run.Evaluated(2).Number(); }
-bool Exactly(Run& run, const Card& card) { return TraitOf(run, card) == run.Evaluated(2).Number(); }
+/// The trait less the value. Both may roll dice: the trait is read first.
+double Surplus(Run& run, const Card& card) {
+  const double trait = TraitOf(run, card);
+  return trait - run.Evaluated(2).Number();
+}
+bool AtMost(Run& run, const Card& card) { return Surplus(run, card) <= 0; }
+bool AtLeast(Run& run, const Card& card) { return Surplus(run, card) >= 0; }
+bool Exactly(Run& run, const Card& card) { return Surplus(run, card) == 0; }
 
 /// A value that is itself an expression is followed one step. The numeric readings decide: values
 /// whose readings differ are never the same value.

@@ -70,7 +70,8 @@ void DrawPictures(Run& run) {
 }
 
 void ReportUnknownWord(Run& run, std::string_view word) {
-  if (run.Testing()) return;
+  // A long script full of unknown words would be told of again and again.
+  if (run.Testing() || run.RunText.size() + run.Script.size() > limits::kPageBytes) return;
   run.Show(Joined("Unrecognized command in ", ColoredName(run.Source), ", targeting ",
                   ColoredName(run.Target), ": \"", word, "\" (Full string: \"", run.Script.View(),
                   "\")<br><br>"));
@@ -100,7 +101,7 @@ Step CarryOut(Run& run, const ParsedScript::FieldRow& field) {
 
 /// True when the commands of all runs that the outermost one started have become too many.
 bool WalkedTooFar(Session& session) {
-  if (session.RunDepth <= 1) return false;
+  if (session.RunFrames <= 1) return false;
   if (session.NestedCommands >= limits::kActionCommands) {
     limits::ReportLimit("An action set too many others going; it was stopped.");
     return true;
@@ -145,24 +146,24 @@ int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& opt
   double& amount = options.Amount != nullptr ? *options.Amount : freshAmount;
   ClearSharedState(session, amount);
   if (const auto refusal = Refusal(session, source, target, options)) return *refusal;
-  if (session.RunDepth == 0 && options.Nested == 0 && !options.Redirected) {
-    session.NestedCommands = 0;
-  }
+  if (session.RunFrames == 0) session.NestedCommands = 0;
   session.HpReport = 0;
   if (source.Name.empty() || FilterRefuses(session, source, target, effectIndex, options)) {
     return kRunFailed;
   }
 
   ++session.RunDepth;
+  ++session.RunFrames;
   const Text script =
       options.ScriptOverride.empty() ? source.Effects[effectIndex].Script : options.ScriptOverride;
-  const bool unanswered = options.NoCounters == 1 || HasTrait(source, "NOCOUNTERS", script);
-  Run run{source,      target,
-          effectIndex, options,
-          script,      ParsedScript::Of(script),
-          amount,      unanswered ? 1 : options.NoCounters};
+  const ParsedScript& fields = ParsedScript::Of(script);
+  const bool unanswered = options.NoCounters == 1 || fields.DeclaresNoCounters() ||
+                          TraitSlot(source, "NOCOUNTERS") != 0;
+  Run run{source, target, effectIndex, options,
+          script, fields, amount,      unanswered ? 1 : options.NoCounters};
   if (!OfferAction(run)) {
     --session.RunDepth;
+    --session.RunFrames;
     return kRunNothing;
   }
   DrawPictures(run);
@@ -172,6 +173,7 @@ int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& opt
   --session.RunDepth;
   if (finished) AfterRun(run);
   session.DeleteRunningEffect = outerDeletes;
+  --session.RunFrames;
   return result;
 }
 

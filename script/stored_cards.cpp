@@ -5,6 +5,7 @@
 #include "core/limits.h"
 #include "core/state.h"
 #include "data/card_reader.h"
+#include "script/run_epilogue.h"
 
 namespace brindlemoor {
 namespace {
@@ -88,7 +89,7 @@ void CreateCards(std::string_view name, std::string_view path, int owner, double
   ReadCards(path, session.GameDeck, 1, "INDECK", 1);
   const int index = FindModel(session.GameDeck.Deck, name);
   if (index == 0) {
-    session.PhaseBanner += Joined("<br>Card \"", name, "\" not found in \"", path, "\".<br>");
+    AddToBanner(Joined("<br>Card \"", name, "\" not found in \"", path, "\".<br>"));
     return;
   }
   Card model = session.GameDeck.Deck[index];

@@ -27,16 +27,18 @@ bool SwitchedOff(const Card& card, const Card& giver) {
   return card.TraitCaptions[TraitSlot(card, giver.Name)] == "OVERRIDE";
 }
 
-void Merge(Card& card, const Card& giver) {
+/// True when the card got actions.
+bool Merge(Card& card, const Card& giver) {
   const bool forAll = giver.Name == kEveryCard;
-  if (!forAll && !HasTrait(card, giver.Name, "")) return;
-  if (AlreadyMerged(card, giver)) return;
-  if (!forAll && SwitchedOff(card, giver)) return;
+  if (!forAll && !HasTrait(card, giver.Name, "")) return false;
+  if (AlreadyMerged(card, giver)) return false;
+  if (!forAll && SwitchedOff(card, giver)) return false;
   for (const CardEffect& effect : giver.Effects) {
     if (effect.Script.empty()) continue;
     const Text script = InternText(Joined("TRAIT:TRAITEFFECT:", giver.Name, ":", effect.Script));
     AddEffect(card, script, effect.TargetType, effect.Trigger, 0, effect.TargetText);
   }
+  return true;
 }
 
 /// Whole record but for the trigger: a menu action's caption and state go with its script.
@@ -57,14 +59,16 @@ void ReapplyOverPile(Pile& pile, int force) {
 void ApplyTraitActions(Card& card, std::string_view only) {
   if (IsFree(card) || card.TraitActionsApplied == 1) return;
   const Pile& givers = State().TraitActions;
+  bool added = false;
   for (int index = 1; index <= givers.UpperBound(); ++index) {
     const Card& giver = givers[index];
     if (IsFree(giver) || (!only.empty() && giver.Name != only)) continue;
-    Merge(card, giver);
+    added = Merge(card, giver) || added;
   }
   card.TraitActionsApplied = 1;
-  // A scratch copy has the slot of its model, whose lists a test must not change.
-  if (IsTableRecord(card)) RegisterAllHits(card);
+  // A scratch copy has the slot of its model, whose lists a test must not change. The actions of a
+  // card in play are registered already, unless some are new: most changes of a trait bring none.
+  if ((added || card.InPlay == 0) && IsTableRecord(card)) RegisterAllHits(card);
 }
 
 void RemoveTraitEffects(Card& card, std::string_view name) {

@@ -121,14 +121,17 @@ void MainWindow::Form_Load() {
 
 void MainWindow::Command1_Click() {
   Session& state = State();
+  if (state.TurnRunning == 1) return;
   if (state.GameOver == 1) {
     state.PageText.clear();
     NewGame();
     return;
   }
+  if (state.CurrentGame == 0) return;  // at the game list there is no turn to take
   TakeTurn(0);
   UpdateHand();
   state.SelectedSlot = 0;
+  state.AwaitingMenuTarget = 0;
   ShowPlayMenu();
 }
 
@@ -161,11 +164,13 @@ void MainWindow::Picture2_MouseUp(int position, MouseButton button) {
   // A discard waits for no target: the next click on a card must not turn it into a play.
   if (discard) state.AwaitingPlayTarget = 0;
   state.SelectedSlot = 0;
+  state.AwaitingMenuTarget = 0;
   ShowPlayMenu();
   Desktop().PumpEvents();
 }
 
 void MainWindow::newgamemen_Click() {
+  if (State().TurnRunning == 1) return;
   EndGame();
   NewGame();
 }
@@ -237,23 +242,32 @@ void HideHand() {
   }
 }
 
+namespace {
+
+/// The first queue entry that holds a hand position (0 for a free one), 0 if there is none.
+int QueueEntryOf(int position) {
+  const auto& queue = State().PlayQueue;
+  for (int entry = 1; entry <= queue.UpperBound(); ++entry) {
+    if (queue[entry] == position) return entry;
+  }
+  return 0;
+}
+
+}  // namespace
+
 void QueuePlay(int position, int target) {
   Session& state = State();
-  for (int entry = 1; entry <= state.PlayQueue.UpperBound(); ++entry) {
-    if (state.PlayQueue[entry] == 0) {
-      state.PlayQueue[entry] = static_cast<std::uint8_t>(position);
-      state.PlayTarget[entry] = static_cast<std::int16_t>(target);
-      Card& card = state.Players[1].Hand[position];
-      card.TargetSlot = card.StoredTarget = static_cast<std::int16_t>(target);
-      state.AwaitingPlayTarget = static_cast<std::uint8_t>(entry);
-      return;
-    }
-    if (state.PlayQueue[entry] == position) {
-      state.PlayQueue[entry] = 0;
-      state.PlayTarget[entry] = 0;
-      CompactQueue();
-      return;
-    }
+  // A queued card is looked for first: a free entry may stand before it.
+  if (const int entry = QueueEntryOf(position); entry != 0) {
+    state.PlayQueue[entry] = 0;
+    state.PlayTarget[entry] = 0;
+    CompactQueue();
+  } else if (const int free = QueueEntryOf(0); free != 0) {
+    state.PlayQueue[free] = static_cast<std::uint8_t>(position);
+    state.PlayTarget[free] = static_cast<std::int16_t>(target);
+    Card& card = state.Players[1].Hand[position];
+    card.TargetSlot = card.StoredTarget = static_cast<std::int16_t>(target);
+    state.AwaitingPlayTarget = static_cast<std::uint8_t>(free);
   }
 }
 

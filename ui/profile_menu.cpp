@@ -5,7 +5,7 @@
 
 #include "core/paths.h"
 #include "core/state.h"
-#include "data/card_reader.h"
+#include "data/player_files.h"
 #include "data/profiles.h"
 #include "platform/platform.h"
 #include "ui/forms.h"
@@ -77,7 +77,7 @@ void TakeProfile(const ProfileRec& profile) {
   Session& state = State();
   state.Profile = profile;
   if (!ResolvePath(profile.PlayerFile, 0).empty()) {
-    ReadCards(profile.PlayerFile, state.Players[1], 0, "", 0);
+    ReadPlayerFile(profile.PlayerFile);
   }
 }
 

@@ -93,7 +93,7 @@ constexpr std::array<Command, 1> kCommands = {{
 }};
 
 void PrintHelp() {
-  std::cout << "brindle plays and checks card games on the terminal.\n\n";
+  std::cout << "brindle plays card games on the terminal.\n\n";
   for (const Command& command : kCommands) {
     std::cout << "  brindle " << command.Usage << "\n      " << command.Summary << '\n';
   }

@@ -1,7 +1,7 @@
 // Card files, stores and starter decks, to the byte.
 #include "data/card_file_writer.h"
 
-#include "data/card_reader.h"
+#include "data/card_writer.h"
 #include "script/target_types.h"
 #include "tests/support/saved_cards.h"
 #include "tests/support/session_test.h"
@@ -9,13 +9,30 @@
 namespace brindlemoor {
 namespace {
 
-constexpr std::string_view kStars = "*****************************************";
+std::string ElfHead(std::string_view location) {
+  return Joined(kStars, " Elf\r\n#CARD, ", location,
+                ", \"Elf\", \"Elf42\", elves.txt, Elf42.jpg, Elf42-mini.jpg, #FF0000, "
+                "\"A &quotsmall&quot one.\"\r\n");
+}
 
 class CardFileWriterTest : public SessionTest {
  protected:
   CardFileWriterTest() {
     State().Players[1].Tokens = 500;
-    State().Collection[1] = MakeCard("Elf", 1, {"HP:1"});
+    Card elf = MakeCard("Elf", 1, {"HP:1", "CHARACTER"});
+    elf.UniqueID = "Elf42";
+    elf.SourceFile = "elves.txt";
+    elf.Picture = "Elf42.jpg";
+    elf.Thumb = "Elf42-mini.jpg";
+    elf.NameColor = "#FF0000";
+    elf.Description = "A \"small\" one.";
+    elf.TraitCaptions.Edit(1) = "Its health";
+    elf.Rarity = 50;
+    elf.ActivateOn = "TURNSTART";
+    AddEffect(elf, "REQENEMY:DESTROY:", kTargetCard, "TURNSTART", 0, "TARGETCARD");
+    AddEffect(elf, "ECHO:a, b", kTargetSelf, "MENU:PHASE3:Rest", 0, "SELF");
+    AddEffect(elf, "TRAIT:TRAITEFFECT:HP:ECHO:x", kTargetSelf, "PHASE1", 0, "SELF");
+    State().Collection[1] = elf;
     State().Collection.Append({});
     State().Collection.Append(MakeCard("Orc", 1));
     State().CostCard = MakeCard("CostCard", 1);
@@ -23,146 +40,96 @@ class CardFileWriterTest : public SessionTest {
     State().Templates.Append({MakeCard("Hero", 1), "C:\\art\\back.jpg", "art/border.jpg", 255});
     State().Templates.Append({{}, "unused.jpg", "", 0});
   }
-  static std::string CardText(std::string_view location, std::string_view name,
-                              std::string_view lines = "") {
-    return Joined(kStars, " ", name, "\r\n#CARD, ", location, ", \"", name,
-                  "\", \"\", , , , #FFFFFF, \"\"\r\n", lines, "#EXTRADATA, 0, , , , \r\n\r\n\r\n");
-  }
-  static std::string Head() {
-    return Joined(kStars, "\r\n***********  CARD DATA FILE *************\r\n", kStars,
-                  "\r\n\r\n#TOKENS, 500\r\n\r\n");
-  }
-  /// Cost card, template and cards, as a file without an include ends.
-  static std::string OwnCards(std::string_view location) {
-    return Joined("*** Card Cost Calculator ***\r\n",
-                  CardText("#COSTCARD", "CostCard", "#EFFECT, SELF, COST, \"MODTRAIT:COST:1\"\r\n"),
-                  "\r\n", CardText("#TEMPLATE", "Hero"),
-                  "#TEMPLATEDATA, back.jpg, border.jpg, 255\r\n\r\n\r\n",
-                  CardText(location, "Elf", "#TRAIT, \"HP:1\", \r\n"), CardText(location, "Orc"));
-  }
 };
 
-constexpr std::string_view kStarterHead =
-    "#NEUTRALCARD, Goblins, , , #FFFFFF, , ,\r\n"
-    "#TRAIT, STORE\r\n"
-    "#EFFECT, ALL, OTHERENTERSPLAY, REQNOTRAIT:STORE:DESTROY\r\n"
-    "#EFFECT, ALL, GAMESTART, ECHO:Your new starter deck contains the following cards.  Click on "
-    "the menu above to save your new deck.:BOOSTER:80\"\r\n\r\n";
-constexpr std::string_view kStoreHead =
-    "#NEUTRALCARD, Goblins, , , #FFFFFF, , ,\r\n"
-    "#TRAIT, STORE\r\n"
-    "#EFFECT, ALL, OTHERENTERSPLAY, REQNOTRAIT:STORE:DESTROY\r\n"
-    "#EFFECT, SELF, MENU:TURNSTART:Purchase a booster of 8 new cards from the Goblins set (5 "
-    "tokens), \"MODTOKENS:-5:ECHO:You tear open a pack of boosters!<br>The following cards have "
-    "been added to your collection.:BOOSTER:8\"\r\n\r\n";
-
 TEST_F(CardFileWriterTest, WritesEveryKindOfFileToTheByte) {
-  const std::string gameFile = "\r\n#GAMEFILE, rules.txt\r\n\r\n";
-  const std::string include = "#INCLUDE, /sets/Own, cards.txt\r\n\r\n";
-  const std::string quoted = "#INCLUDE, \"/sets/Own, cards.txt\"\r\n\r\n";
+  const std::string head = Joined(kStars, "\r\n***********  CARD DATA FILE *************\r\n",
+                                  kStars, "\r\n\r\n#TOKENS, 500\r\n\r\n");
+  const std::string own =
+      Joined("*** Card Cost Calculator ***\r\n",
+             CardLines("#COSTCARD", "CostCard", "#EFFECT, SELF, COST, \"MODTRAIT:COST:1\"\r\n"),
+             "\r\n", CardLines("#TEMPLATE", "Hero"),
+             "#TEMPLATEDATA, back.jpg, border.jpg, 255\r\n\r\n\r\n", ElfHead("COLLECTION"),
+             "#TRAIT, \"HP:1\", #TRAIT, \"CHARACTER\", \r\n#TRAITACTIONDESC, HP, \"Its health\"\r\n"
+             "#EFFECT, TARGETCARD, TURNSTART, \"REQENEMY:DESTROY:\"\r\n"
+             "#EFFECT, SELF, MENU:PHASE3:Rest, \"ECHO:a, b\"\r\n"
+             "#EXTRADATA, 50, TURNSTART, , , \r\n\r\n\r\n",
+             CardLines("COLLECTION", "Orc"));
+  const std::string goblins =
+      "#NEUTRALCARD, Goblins, , , #FFFFFF, , ,\r\n#TRAIT, STORE\r\n"
+      "#EFFECT, ALL, OTHERENTERSPLAY, REQNOTRAIT:STORE:DESTROY\r\n";
+  const std::string starter =
+      goblins +
+      "#EFFECT, ALL, GAMESTART, ECHO:Your new starter deck contains the following cards.  Click on "
+      "the menu above to save your new deck.:BOOSTER:80\"\r\n\r\n";
+  const std::string store =
+      goblins +
+      "#EFFECT, SELF, MENU:TURNSTART:Purchase a booster of 8 new cards from the Goblins set (5 "
+      "tokens), \"MODTOKENS:-5:ECHO:You tear open a pack of boosters!<br>The following cards have "
+      "been added to your collection.:BOOSTER:8\"\r\n\r\n";
+  const std::string game = "\r\n#GAMEFILE, rules.txt\r\n\r\n";
+  const std::string include = "\r\n#INCLUDE, C:\\sets\\cards.txt\r\n\r\n";
+  const std::string quoted = "\r\n#INCLUDE, \"/sets/Own, cards.txt\"\r\n\r\n";
   const struct {
-    std::string_view GameFile;
-    std::string_view CardFile;
-    std::string_view DeckName;
+    std::string_view GameFile, CardFile, DeckName;
     int Starter;
     std::string Expected;
   } cases[] = {
-      {"", "", "", 0, Head() + OwnCards("COLLECTION")},
-      {"rules.txt", "", "", 0, Head() + gameFile + OwnCards("COLLECTION")},
-      {"", "/sets/cards.txt", "", 0, Head() + OwnCards("COLLECTION")},
-      {"", "", "Goblins", 1, Joined(Head(), kStarterHead, "\r\n", OwnCards("COLLECTION"))},
-      {"", "", "Goblins", 0, Joined(Head(), kStoreHead, "\r\n", OwnCards("COLLECTION"))},
-      {"rules.txt", "C:\\sets\\cards.txt", "Goblins", 0,
-       Joined(Head(), gameFile, kStoreHead, "\r\n#INCLUDE, C:\\sets\\cards.txt\r\n\r\n")},
-      {"", "/sets/Own, cards.txt", "Goblins", 1, Joined(Head(), kStarterHead, "\r\n", quoted)},
-      {"", "/sets/OUT.txt", "Goblins", 0,
-       Joined(Head(), kStoreHead, "\r\n", OwnCards("COLLECTION"))},
+      {"", "", "", 0, head + own},
+      {"rules.txt", "", "", 0, head + game + own},
+      {"", "", "Goblins", 1, head + starter + "\r\n" + own},
+      {"", "", "Goblins", 0, head + store + "\r\n" + own},
+      {"rules.txt", "C:\\sets\\cards.txt", "Goblins", 0, head + game + store + include},
+      {"", "/sets/Own, cards.txt", "Goblins", 1, head + starter + quoted},
+      {"", "/sets/OUT.txt", "Goblins", 0, head + store + "\r\n" + own},
   };
   for (const auto& c : cases) {
-    SCOPED_TRACE(Joined(c.CardFile, " ", c.DeckName, " ", c.Starter));
     State().GameFileName = c.GameFile;
     State().CardFile = c.CardFile;
     EXPECT_TRUE(SaveCardFile("out.txt", "COLLECTION", c.DeckName, c.Starter));
     EXPECT_EQ(ReadFile("out.txt"), c.Expected);
   }
   EXPECT_EQ(State().Templates[1].BackImage, "back.jpg");
-  EXPECT_EQ(State().Templates[1].MiniBorder, "border.jpg");
-}
-
-TEST_F(CardFileWriterTest, TheCardsThatWereSavedKeepWhatTraitsBrought) {
-  AddEffect(State().Collection[1], "TRAIT:TRAITEFFECT:HP:ECHO:x", kTargetSelf, "PHASE1", 0, "SELF");
-  SaveCardFile("out.txt", "COLLECTION", "", 0);
-  EXPECT_EQ(ReadFile("out.txt").find("TRAITEFFECT"), std::string::npos);
-  EXPECT_EQ(State().Collection[1].Effects[1].Script, "TRAIT:TRAITEFFECT:HP:ECHO:x");
-}
-
-TEST_F(CardFileWriterTest, AFailedSaveSaysWhyAndKeepsTheOldFile) {
-  WriteFile("out.txt", "old");
-  files_->WriteError = "no space";
-  desktop_->ExpectedMessages = {"Can't save out.txt: no space"};
-  EXPECT_FALSE(SaveCardFile("out.txt", "COLLECTION", "", 0));
-  EXPECT_EQ(ReadFile("out.txt"), "old");
+  Card& elf = State().Collection[1];
+  EXPECT_NE(elf.Effects[3].Script, "") << "only a copy loses what traits brought";
+  for (const std::string_view location : {"#PLAYERCARD", "PLAYERCARD"}) {
+    EXPECT_EQ(CardToText(elf, location), ElfHead(location) + "\r\n");
+  }
 }
 
 TEST_F(CardFileWriterTest, AStoreReadBackSellsBoosters) {
   State().CardFile = "/elsewhere/cards.txt";
   SaveCardFile("cards.txt", "COLLECTION", "", 0);
-  for (const std::string_view deckName : {"Goblins", "Goblins, Trolls and #TRAIT"}) {
-    SaveCardFile("store.txt", "#CARDINDECK", deckName, 0);
-    State().CardTable.Reset(1);
-    State().GameDeck = PlayerState{};
-    InitPlayer(State().GameDeck, 4);
-    ReadInOrder("store.txt", State().GameDeck);
-    ASSERT_EQ(State().CardTable.UpperBound(), 2);
-    const Card& store = State().CardTable[2];
-    EXPECT_EQ(store.Name, deckName);
-    EXPECT_EQ(store.Owner, 0);
-    EXPECT_EQ(store.NameColor, "#FFFFFF");
-    EXPECT_TRUE(HasTrait(store, "STORE", ""));
-    ASSERT_EQ(store.Effects.UpperBound(), 2);
-    EXPECT_EQ(store.Effects[1].Script, "REQNOTRAIT:STORE:DESTROY");
-    EXPECT_EQ(store.Effects[2].Trigger, "TURNSTART");
-    EXPECT_EQ(store.Effects[2].MenuCaption,
-              Joined("Purchase a booster of 8 new cards from the ", deckName, " set (5 tokens)"));
-    EXPECT_EQ(store.Effects[2].Script,
-              "MODTOKENS:-5:ECHO:You tear open a pack of boosters!<br>The following cards have "
-              "been added to your collection.:BOOSTER:8");
-    EXPECT_EQ(Described(State().Collection).find("[Elf]"), 0U) << "the included cards are there";
-  }
+  SaveCardFile("store.txt", "#CARDINDECK", "Orcs, Trolls and #TRAIT", 0);
+  ReadInOrder("store.txt", State().GameDeck);
+  ASSERT_EQ(State().CardTable.UpperBound(), 2);
+  EXPECT_EQ(State().CardTable[2].Owner, 0);
+  EXPECT_EQ(
+      Described(State().CardTable[2]),
+      "[Orcs, Trolls and #TRAIT][][][][][#FFFFFF][][][]\ntrait [STORE][]\n"
+      "action [2][ALL][OTHERENTERSPLAY][0][][REQNOTRAIT:STORE:DESTROY]\n"
+      "action [7][SELF][TURNSTART][1][Purchase a booster of 8 new cards from the Orcs, Trolls "
+      "and #TRAIT set (5 tokens)][MODTOKENS:-5:ECHO:You tear open a pack of boosters!<br>The "
+      "following cards have been added to your collection.:BOOSTER:8]\nrarity 0\n");
+  EXPECT_EQ(State().Collection[1].Name, "Elf") << "the included cards are there";
   EXPECT_TRUE(State().Problems.empty());
-}
-
-TEST_F(CardFileWriterTest, AStarterDeckReadBackDealsItsCards) {
-  SaveCardFile("starter.txt", "#CARDINDECK", "Goblins", 1);
-  const std::string cost = Described(State().CostCard);
-  State().CostCard = Card{};
-  State().Templates.Resize(0);
-  ReadInOrder("starter.txt", State().GameDeck);
-  const Card& starter = State().CardTable[2];
-  ASSERT_EQ(starter.Effects.UpperBound(), 2);
-  EXPECT_EQ(starter.Effects[2].TargetType, kTargetAll);
-  EXPECT_EQ(starter.Effects[2].Trigger, "GAMESTART");
-  EXPECT_TRUE(starter.Effects[2].Script.View().ends_with("save your new deck.:BOOSTER:80\""));
-  EXPECT_EQ(Described(State().CostCard), cost);
-  EXPECT_EQ(State().Templates[1].Card.Name, "Hero");
-  EXPECT_EQ(State().GameDeck.Deck[2].Name, "Elf");
-  EXPECT_EQ(State().GameDeck.Deck[3].Name, "Orc");
+  files_->WriteError = "no space";
+  desktop_->ExpectedMessages = {"Can't save cards.txt: no space"};
+  EXPECT_FALSE(SaveCardFile("cards.txt", "COLLECTION", "Goblins", 0));
+  EXPECT_NE(ReadFile("cards.txt").find("Elf"), std::string::npos) << "the old file stays";
 }
 
 TEST_F(CardFileWriterTest, StampingNamesTheCardsAndTheirFile) {
-  State().Collection[3].UniqueID = "Orc77";
-  State().Collection[3].SourceFile = "older.txt";
-  StampCards("C:\\sets\\cards.txt", 0);
-  const auto stamps = [] {
-    std::string all;
+  const auto stamped = [](std::string_view file, int all) {
+    StampCards(file, all);
+    std::string stamps;
     for (const Card& card : State().Collection) {
-      all += Joined(card.UniqueID, "@", card.SourceFile, " ");
+      stamps += Joined(card.UniqueID, "@", card.SourceFile, " ");
     }
-    return all;
+    return stamps;
   };
-  EXPECT_EQ(stamps(), "Elf1@cards.txt 2@cards.txt Orc77@older.txt ");
-  StampCards("/sets/new.txt", 1);
-  EXPECT_EQ(stamps(), "Elf1@new.txt 2@new.txt Orc77@new.txt ");
+  EXPECT_EQ(stamped("C:\\sets\\cards.txt", 0), "Elf42@elves.txt 2@cards.txt Orc3@cards.txt ");
+  EXPECT_EQ(stamped("/sets/new.txt", 1), "Elf42@new.txt 2@new.txt Orc3@new.txt ");
 }
 
 }  // namespace

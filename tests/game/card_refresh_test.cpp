@@ -1,10 +1,6 @@
 // Stored cards brought up to date with their source files.
 #include "game/card_refresh.h"
 
-#include <set>
-
-#include "data/card_reader.h"
-#include "script/trait_actions.h"
 #include "tests/support/session_test.h"
 
 namespace brindlemoor {
@@ -18,14 +14,17 @@ class CardRefreshTest : public SessionTest {
               "#TRAIT, HP:9\n#TRAIT, FLYING\n#EFFECT, SELF, PHASE1, ECHO:new\n"
               "#EXTRADATA, 40, PHASE2, , ,\n"
               "#CARD, INDECK, Elsewhere, id2, other.txt, , , , \n#TRAIT, HP:9\n"
-              "#CARDINDECK, Plain, p.jpg, , , , From the file\n#TRAIT, HP:9\n");
+              "#CARDINDECK, Plain, p.jpg, , , , From the file\n#TRAIT, HP:9\n"
+              "#COLLECTION, Stray, , , , , \n#CARDINPLAYERDECK, 1, Stray, , , , ,\n#TOKENS, 1\n");
     State().TraitActions.Append(MakeCard("FLYING", 0));
     AddEffect(State().TraitActions[2], "ECHO:fly", 7, "PHASE3", 1, "SELF");
+    State().Players[1].Tokens = 30;
   }
-  static Card Stored(std::string_view uniqueId, const std::vector<std::string>& traits = {"HP:1"}) {
+  static Card Stored(std::string_view uniqueId, std::string_view source = "src.txt",
+                     const std::vector<std::string>& traits = {"HP:1"}) {
     Card card = MakeCard("Old Name", 2, traits);
     card.UniqueID = uniqueId;
-    card.SourceFile = "src.txt";
+    card.SourceFile = source;
     card.Picture = "old.jpg";
     card.Thumb = "oldt.jpg";
     card.NameColor = "#0000FF";
@@ -43,52 +42,54 @@ class CardRefreshTest : public SessionTest {
 
 TEST_F(CardRefreshTest, TakesTheDefinitionAndKeepsIdentityAndLooks) {
   const Card card = Refreshed(Stored("id1"));
-  EXPECT_EQ(card.Name, "Old Name");
-  EXPECT_EQ(card.Picture, "old.jpg");
-  EXPECT_EQ(card.Thumb, "oldt.jpg");
-  EXPECT_EQ(card.NameColor, "#0000FF");
-  EXPECT_EQ(card.Owner, 2);
-  EXPECT_EQ(card.OwnerBit, 2);
-  EXPECT_EQ(card.GlobalID, 4711);
-  EXPECT_EQ(card.Description, "New text");
-  EXPECT_EQ(card.Rarity, 40);
-  EXPECT_EQ(card.ActivateOn, "PHASE2");
-  EXPECT_EQ(GetTrait(card, "HP").Str(), "9");
+  EXPECT_EQ(Joined(card.Name, "|", card.Picture, "|", card.Thumb, "|", card.NameColor, "|",
+                   int{card.Owner}, "|", card.OwnerBit, "|", card.GlobalID),
+            "Old Name|old.jpg|oldt.jpg|#0000FF|2|2|4711");
+  EXPECT_EQ(Joined(card.Description, "|", int{card.Rarity}, "|", card.ActivateOn, "|",
+                   GetTrait(card, "HP").Str()),
+            "New text|40|PHASE2|9");
   ASSERT_EQ(card.Effects.UpperBound(), 2);
   EXPECT_EQ(card.Effects[1].Script, "ECHO:new");
   EXPECT_EQ(card.Effects[2].Script, "TRAIT:TRAITEFFECT:FLYING:ECHO:fly");
 }
 
 TEST_F(CardRefreshTest, WithoutAMatchingDefinitionACardStaysAsStored) {
-  Card elsewhere = Stored("id2");
-  Card lostSource = Stored("id1");
-  lostSource.SourceFile = "gone.txt";
-  Card nameless = Stored("", {"HP:1"});
-  nameless.SourceFile = Text();
-  for (const Card& stored :
-       {Stored("id1", {"HP:1", "NOMRP"}), Stored("unknown"), elsewhere, lostSource, nameless}) {
+  for (const Card& stored : {Stored("id1", "src.txt", {"HP:1", "NOMRP"}), Stored("unknown"),
+                             Stored("id2"), Stored("id1", "gone.txt"), Stored("", "")}) {
     const Card card = Refreshed(stored);
-    SCOPED_TRACE(card.UniqueID.Str());
-    EXPECT_EQ(GetTrait(card, "HP").Str(), "1");
-    EXPECT_EQ(card.Rarity, 3);
-    EXPECT_EQ(card.Description, "");
+    EXPECT_EQ(Joined(GetTrait(card, "HP").Str(), "|", int{card.Rarity}, "|", card.Description),
+              "1|3|")
+        << stored.UniqueID.View() << " " << stored.SourceFile.View();
   }
+  Refreshed(Stored("id1"));  // brings the file in
+  EXPECT_EQ(Refreshed(MakeCard("Plain", 2)).Description, "From the file")
+      << "without an identity it is the card of its name";
 }
 
-TEST_F(CardRefreshTest, ACardWithoutUniqueIdBecomesTheOneOfItsName) {
-  State().Players[1].Deck.Append(Stored("id1"));  // brings the file in
-  Card plain = MakeCard("Plain", 2);
-  EXPECT_EQ(Refreshed(plain).Description, "From the file");
+TEST_F(CardRefreshTest, TheGameInProgressStaysAsItIs) {
+  WriteFile("src.txt",
+            ReadFile("src.txt") +
+                "#RULESCARD\n#EFFECT, SELF, TURNSTART, WINGAME\n#STARTERDECK\n"
+                "#NEUTRALCARD, Intruder, , , , ,\n#TRAITACTION, FLYING\n"
+                "#CUSTOMSTRING, SEA, wet\n#DECKRULES, none\n#SIDEBOARDCARD, x, , , , ,\n");
+  SetTrait(State().RulesCard, "ROUND", 3, 1);
+  const int slots = State().CardTable.UpperBound();
+  const int givers = State().TraitActions.UpperBound();
+  Refreshed(Stored("id1"));
+  EXPECT_EQ(TraitNumber(State().RulesCard, "ROUND"), 3);
+  EXPECT_EQ(State().RulesCard.Effects[1].Script, "");
+  EXPECT_EQ(State().StarterDeckFlag, 0);
+  EXPECT_EQ(State().DeckRules, "");
+  EXPECT_EQ(State().CustomStrings.UpperBound(), 0);
+  EXPECT_EQ(State().CardTable.UpperBound(), slots);
+  EXPECT_EQ(State().TraitActions.UpperBound(), givers);
+  EXPECT_EQ(State().Sideboard.UpperBound(), 1);
 }
 
 TEST_F(CardRefreshTest, TheCollectionAndTheDecksAreRefreshedAndOtherwiseKept) {
-  WriteFile("src.txt", Joined(files_->Contents["/game/src.txt"],
-                              "#COLLECTION, Stray, , , , , \n#CARDINPLAYERDECK, 1, Stray, , , , ,\n"
-                              "#TOKENS, 1\n"));
   State().Collection[1] = Stored("id1");
   State().Collection.Append(MakeCard("Second", 1));
   State().Decks[2].Cards.Append(Stored("id1"));
-  State().Players[1].Tokens = 30;
   RefreshCollection();
   ASSERT_EQ(State().Collection.UpperBound(), 2);
   EXPECT_EQ(State().Collection[1].Rarity, 40);
@@ -96,44 +97,6 @@ TEST_F(CardRefreshTest, TheCollectionAndTheDecksAreRefreshedAndOtherwiseKept) {
   EXPECT_EQ(State().Decks[1].Cards.UpperBound(), 1);
   EXPECT_EQ(State().Decks[2].Cards[2].Rarity, 40);
   EXPECT_EQ(State().Players[1].Tokens, 30);
-  EXPECT_EQ(State().MasterCards.UpperBound(), 1);
-}
-
-TEST_F(CardRefreshTest, KeysFindTheirPlaceAgainUntilTheTableIsFull) {
-  Pile& masters = State().MasterCards;
-  EXPECT_EQ(MasterSlot("x"), 0);
-  masters.Reset(300);
-  std::set<int> slots;
-  for (int i = 0; i < 300; ++i) {
-    const std::string key = Joined("Card", i, "x");
-    const int slot = MasterSlot(key);
-    ASSERT_TRUE(masters.Holds(slot));
-    masters[slot].UniqueID = key;
-    slots.insert(slot);
-  }
-  EXPECT_EQ(slots.size(), 300U);
-  for (int i = 0; i < 300; ++i) {
-    const std::string key = Joined("Card", i, "x");
-    EXPECT_EQ(masters[MasterSlot(key)].UniqueID, key);
-  }
-  EXPECT_EQ(MasterSlot("one more"), 0);
-}
-
-TEST_F(CardRefreshTest, MoreCardsThanTheTableHoldsAreAProblemAndNoMore) {
-  std::string text;
-  for (int i = 1; i <= 2001; ++i) text += Joined("#CARD, INDECK, C, c", i, "c, src.txt, , , , \n");
-  WriteFile("src.txt", text);
-  State().Collection[1] = Stored("c1c");
-  RefreshCollection();
-  ASSERT_EQ(State().Problems.size(), 1U);
-  EXPECT_EQ(State().Problems[0].File, "src.txt");
-}
-
-TEST_F(CardRefreshTest, TheSequenceGoesOnFromTheClock) {
-  RefreshPlayers();
-  const auto first = State().Random.State;
-  RefreshPlayers();
-  EXPECT_NE(State().Random.State, first);
 }
 
 }  // namespace

@@ -37,121 +37,128 @@ class MatchStartTest : public SessionTest {
               "#CARD, INPLAYERDECK:1, Hero, , , , , #0000FF, \n#TRAIT, PLAYER\n"
               "#CARD, COLLECTION, Spare, , , , , , \n");
   }
-  static const Card* InTable(std::string_view name) {
-    for (const Card& card : State().CardTable) {
-      if (card.Name == name) return &card;
-    }
-    return nullptr;
-  }
-  static int Copies(const Pile& pile, std::string_view name) {
-    int count = 0;
-    for (const Card& card : pile) count += card.Name == name ? 1 : 0;
-    return count;
+  /// The last card of a name, nullptr for none.
+  static const Card* In(const Pile& pile, std::string_view name) {
+    const Card* found = nullptr;
+    for (const Card& card : pile) found = card.Name == name ? &card : found;
+    return found;
   }
 };
 
 TEST_F(MatchStartTest, AMatchBringsBothDecksAndTheStartingCards) {
   OwnDeck();
-  ChooseGame(1, 2);
-  Session& session = State();
-  EXPECT_EQ(session.Profile.RulesFile, "goblins.txt");
-  EXPECT_EQ(session.CurrentGame, 1);
-  EXPECT_EQ(session.Players[1].Tokens, 42);
-  EXPECT_EQ(session.CurrentFolder, kFolder);
-  ASSERT_NE(InTable("King"), nullptr);
-  ASSERT_NE(InTable("Hero"), nullptr);
-  ASSERT_NE(InTable("Wall"), nullptr);
-  EXPECT_NE(InTable("Moat"), nullptr);
-  EXPECT_EQ(InTable("Wall")->Effects[1].Script, "TRAIT:TRAITEFFECT:FLYING:ECHO:fly");
-  EXPECT_EQ(session.Players[2].PlayerCard, InTable("King")->Slot);
-  EXPECT_EQ(session.Players[2].Color, "#00FF00");
-  EXPECT_EQ(session.Players[1].PlayerCard, InTable("Hero")->Slot);
-  EXPECT_EQ(session.Players[1].Color, "#0000FF");
-  EXPECT_EQ(Copies(session.Players[2].Deck, "Guard"), 1);
-  EXPECT_EQ(Copies(session.Players[2].Deck, "Wall"), 0);
-  EXPECT_EQ(Copies(session.Players[1].Deck, "Elf"), 1);
-  EXPECT_EQ(Copies(session.Players[1].Deck, "Hero"), 0);
-  EXPECT_EQ(Copies(session.Decks[1].Cards, "Hero"), 1) << "the stored deck keeps its cards";
-  EXPECT_EQ(session.Collection[1].Name, "Spare");
-}
-
-TEST_F(MatchStartTest, TheRulesOfAnotherGameDoNotStayOn) {
-  OwnDeck();
+  // The rules of another game do not stay on.
   WriteFile("pirates.txt",
             "#DECKRULES, TRAITLIMIT:#ANY#:5\n#CUSTOMSTRING, SEA, wet\n#RULESCARD\n"
             "#TRAIT, TRAITGRAPHIC:FLYING::label:#FFFFFF:1:1\n#EFFECT, SELF, TURNSTART, ECHO:ahoy\n"
             "#TRAITACTION, FLYING\n#EFFECT, SELF, PHASE9, ECHO:plank\n");
   ReadCards("pirates.txt", State().GameDeck, 0, "", 0);
   ChooseGame(1, 2);
-  ASSERT_NE(InTable("Wall"), nullptr);
-  for (const CardEffect& effect : InTable("Wall")->Effects) {
-    EXPECT_NE(effect.Script, "TRAIT:TRAITEFFECT:FLYING:ECHO:plank");
-  }
-  EXPECT_EQ(State().DeckRules, "");
-  EXPECT_EQ(State().CustomStrings.UpperBound(), 0);
-  EXPECT_EQ(State().TraitGraphics[1].TraitName, "");
+  const Session& session = State();
+  EXPECT_EQ(Joined(session.Profile.RulesFile, "|", session.CurrentGame, "|", session.CurrentFolder,
+                   "|", session.Players[1].Tokens),
+            "goblins.txt|1|/game|42");
+  const Card* const king = In(session.CardTable, "King");
+  const Card* const hero = In(session.CardTable, "Hero");
+  const Card* const wall = In(session.CardTable, "Wall");
+  ASSERT_TRUE(king != nullptr && hero != nullptr && wall != nullptr);
+  EXPECT_NE(In(session.CardTable, "Moat"), nullptr);
+  ASSERT_EQ(wall->Effects.UpperBound(), 1);
+  EXPECT_EQ(wall->Effects[1].Script, "TRAIT:TRAITEFFECT:FLYING:ECHO:fly");
+  EXPECT_EQ(session.Players[2].PlayerCard, king->Slot);
+  EXPECT_EQ(session.Players[2].Color, "#00FF00");
+  EXPECT_EQ(session.Players[1].PlayerCard, hero->Slot);
+  EXPECT_EQ(session.Players[1].Color, "#0000FF");
+  EXPECT_NE(In(session.Players[2].Deck, "Guard"), nullptr);
+  EXPECT_EQ(In(session.Players[2].Deck, "Wall"), nullptr);
+  EXPECT_NE(In(session.Players[1].Deck, "Elf"), nullptr);
+  EXPECT_EQ(In(session.Players[1].Deck, "Hero"), nullptr);
+  EXPECT_NE(In(session.Decks[1].Cards, "Hero"), nullptr) << "the stored deck keeps its cards";
+  EXPECT_EQ(session.Collection[1].Name, "Spare");
+  EXPECT_EQ(session.DeckRules, "");
+  EXPECT_EQ(session.CustomStrings.UpperBound(), 0);
+  EXPECT_EQ(session.TraitGraphics[1].TraitName, "");
   EXPECT_EQ(desktop_->Pages["WB"].find("ahoy"), std::string::npos);
 }
 
-TEST_F(MatchStartTest, WithoutAPlayerFileTheListComesBack) {
-  desktop_->ExpectedMessages = {
-      "You do not have a deck for this game!\nPlease choose a starter deck or a card store."};
-  const int tableCards = State().CardTable.UpperBound();
-  ChooseGame(1, 2);
-  EXPECT_EQ(State().CardTable.UpperBound(), tableCards);
-  EXPECT_EQ(State().Players[2].Deck.UpperBound(), 1) << "the next choice starts clean";
-  EXPECT_EQ(State().TraitActions.UpperBound(), 1);
-  EXPECT_EQ(State().PageText, "");
-  EXPECT_EQ(ReadFile("Display.html").find("Loading"), std::string::npos);
-}
-
-TEST_F(MatchStartTest, AStarterDeckNeedsNoPlayerFile) {
+TEST_F(MatchStartTest, AStarterDeckNeedsNoPlayerFileButAStoreReadsIt) {
   ChooseGame(1, 3);
   EXPECT_EQ(State().Players[1].Tokens, 500);
-  EXPECT_NE(InTable("Store"), nullptr);
-  EXPECT_EQ(Copies(State().Players[2].Deck, "Reward"), 1);
-  EXPECT_EQ(State().StarterDeckFlag, 0);
-}
-
-TEST_F(MatchStartTest, AStoreReadsThePlayerFileThatIsThere) {
+  EXPECT_NE(In(State().CardTable, "Store"), nullptr);
+  EXPECT_NE(In(State().Players[2].Deck, "Reward"), nullptr);
   OwnDeck();
   ChooseGame(1, 3);
   EXPECT_EQ(State().Players[1].Tokens, 42);
   EXPECT_EQ(State().Collection[1].Name, "Spare");
-  EXPECT_EQ(Copies(State().Players[1].Deck, "Elf"), 0) << "no deck is played in a store";
+  EXPECT_EQ(In(State().Players[1].Deck, "Elf"), nullptr) << "no deck is played in a store";
 }
 
-TEST_F(MatchStartTest, AVanishedFileLeadsBackToTheList) {
-  desktop_->ExpectedMessages = {"Can't read /game/Goblins/gone.txt.", "Can't read goblins.txt."};
-  ChooseGame(1, 4);
-  files_->Contents.erase("/game/goblins.txt");
+TEST_F(MatchStartTest, OneGameTakesNothingFromAnother) {
+  State().Games.Append(State().Games[1]);
+  State().Games[2].Name = "Elves";
+  State().CurrentGame = 1;
+  State().Profile.RulesFile = "other.txt";
+  State().Collection[1] = MakeCard("Goblin of the other game", 1);
+  State().Decks[2].Cards[1] = MakeCard("Goblin of the other game", 1);
+  desktop_->ExpectedMessages = {
+      "You do not have a deck for this game!\nPlease choose a starter deck or a card store."};
+  ChooseGame(2, 2);
+  EXPECT_EQ(State().CurrentGame, 1) << "a save after the refusal is not one of that game";
+  EXPECT_EQ(State().Profile.RulesFile, "other.txt");
+
+  ChooseGame(2, 3);
+  EXPECT_TRUE(IsFree(State().Collection[1]));
+  EXPECT_TRUE(IsFree(State().Decks[2].Cards[1]));
+}
+
+TEST_F(MatchStartTest, CardsThatTheRulesFilePutsOnTheTableAreThereOnce) {
+  WriteFile("goblins.txt", ReadFile("goblins.txt") + "#NEUTRALCARD, Altar, , , , ,\n");
+  OwnDeck();
+  for (int side = 1; side <= 2; ++side) PutPlayerCard(side);
+  ReadCards("goblins.txt", State().GameDeck, 0, "", 0);
   ChooseGame(1, 2);
-  EXPECT_EQ(State().Profile.RulesFile, "");
-  EXPECT_EQ(State().Players[2].Deck.UpperBound(), 1);
+  int altars = 0;
+  for (const Card& card : State().CardTable) altars += card.Name == "Altar" ? 1 : 0;
+  EXPECT_EQ(altars, 1);
 }
 
-TEST_F(MatchStartTest, NumbersOutsideTheListAreIgnored) {
+TEST_F(MatchStartTest, ReferencedCardsFollowTheTraitNumbersOfTheirGame) {
+  WriteFile("ref.txt",
+            "#CARDINDECK, Imp, , , , ,\n#TRAIT, A\n#TRAIT, B\n#EFFECT, SELF, PHASE1, REQTRAIT:B\n");
+  GetRefCard("Imp", "ref.txt");
+  State().TraitBitNames.Reset(1);  // another game begins
+  const TraitBit first = TraitBitFor("B");
+  const Card card = GetRefCard("Imp", "ref.txt");
+  EXPECT_EQ(card.TraitBits[first.Word] & first.BitValue, first.BitValue);
+  EXPECT_EQ(card.Effects[1].NeedTargetBits[first.Word], first.BitValue);
+}
+
+TEST_F(MatchStartTest, ADamagedPlayerFileIsToldOfOnceAndKept) {
+  OwnDeck();
+  const std::string damaged = ReadFile("Ann_Goblins.plr") + "#CARD, COLLECTION, \"Cut";
+  WriteFile("Ann_Goblins.plr", damaged);
+  desktop_->AcceptMessages = true;
+  ChooseGame(1, 2);
+  EXPECT_EQ(desktop_->Messages.size(), 1U);
+  EXPECT_NE(desktop_->Messages[0].find("Ann_Goblins.plr is damaged.  Line 7: "), std::string::npos)
+      << desktop_->Messages[0];
+  EXPECT_EQ(ReadFile("Ann_Goblins.plr.damaged"), damaged);
+}
+
+TEST_F(MatchStartTest, WhatIsNotThereLeadsBackToTheList) {
   for (const auto& [game, opponent] : {std::pair{0, 2}, {2, 2}, {-1, 2}, {1, 0}, {1, 1}, {1, 9}}) {
     ChooseGame(game, opponent);
   }
   EXPECT_TRUE(desktop_->Navigations.empty());
+  desktop_->ExpectedMessages = {"Can't read /game/Goblins/gone.txt.", "Can't read goblins.txt."};
+  ChooseGame(1, 4);
+  files_->Contents.erase("/game/goblins.txt");
+  ChooseGame(1, 2);
+  EXPECT_EQ(State().Players[2].Deck.UpperBound(), 1);
   // The list changes while the page is shown.
   desktop_->OnPump = [] { State().Games.Reset(1); };
   ChooseGame(1, 2);
   EXPECT_EQ(State().Profile.RulesFile, "");
-}
-
-TEST_F(MatchStartTest, ADeckIsCopiedAndShuffled) {
-  Pile& deck = State().Decks[2].Cards;
-  for (int i = 0; i < 20; ++i) deck.Append(MakeCard(Joined("C", i), 1));
-  PlayerState& player = State().Players[1];
-  LoadDeckIntoPlayer(player, 2);
-  ASSERT_EQ(player.Deck.UpperBound(), 21);
-  int moved = 0;
-  for (int i = 1; i <= 21; ++i) moved += player.Deck[i].Name == deck[i].Name ? 0 : 1;
-  EXPECT_GT(moved, 0);
-  LoadDeckIntoPlayer(player, 4);
-  EXPECT_EQ(player.Deck.UpperBound(), 21);
 }
 
 }  // namespace

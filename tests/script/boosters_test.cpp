@@ -69,32 +69,21 @@ TEST_F(BoostersTest, RarityThinsCardsOut) {
   // Of 100 draws of each kind 100 common and 21 rare ones stay.
   EXPECT_GT(owned.count("Rare"), 40U);
   EXPECT_LT(owned.count("Rare"), 100U);
-  EXPECT_EQ(Count("Max attempts exceeded."), 0);
 }
 
 TEST_F(BoostersTest, AStoreWithoutFittingCardsEndsInOrder) {
-  struct Case {
-    const char* What;
-    const char* Script;
-    const char* Stocked;
-    int Rarity;
-    std::multiset<std::string> Owned;
-  };
-  const Case cases[] = {
-      {"no element", "BOOSTER:1", nullptr, 0, {}},
-      {"no element, requirements", "BOOSTERWITHREQS:1:REQTRAIT:OPEN", nullptr, 0, {}},
-      {"free elements", "BOOSTER:1", "", 0, {}},
-      {"free elements, requirements", "BOOSTERWITHREQS:1:REQTRAIT:OPEN", "", 0, {}},
-      {"only a card that never comes", "BOOSTER:1", "Never", 101, {"Never"}},
-      {"nothing meets the requirements", "BOOSTERWITHREQS:1:REQTRAIT:OPEN", "Imp", 0, {"Imp"}},
-  };
-  for (const Case& row : cases) {
+  const Rows<const char*, const char*, int, std::multiset<std::string>> cases = {
+      {"BOOSTERWITHREQS:1:REQTRAIT:OPEN", nullptr, 0, {}},
+      {"BOOSTER:1", "", 0, {}},
+      {"BOOSTER:1", "Never", 101, {"Never"}},
+      {"BOOSTERWITHREQS:1:REQTRAIT:OPEN", "Imp", 0, {"Imp"}}};
+  for (const auto& [script, stocked, rarity, owned] : cases) {
     State().Collection.Reset(1);
     State().Players[2].StartDeck.Reset(0);
-    if (row.Stocked != nullptr) Stock(row.Stocked, row.Rarity);
-    RunScript(row.Script);
-    EXPECT_EQ(Count("Max attempts exceeded."), 1) << row.What;
-    EXPECT_EQ(Owned(), row.Owned) << row.What;
+    if (stocked != nullptr) Stock(stocked, rarity);
+    RunScript(script);
+    EXPECT_EQ(Count("Max attempts exceeded."), 1) << script;
+    EXPECT_EQ(Owned(), owned) << script;
   }
 }
 
@@ -105,31 +94,17 @@ TEST_F(BoostersTest, RequirementsChooseTheCardsAndThenTheRunsTarget) {
   SetTrait(player_, "GREEN", 1, 0);
   RunScript("BOOSTERWITHREQS:20:REQTRAIT:GREEN:MODTRAIT:BOUGHT:1");
   const auto owned = Owned();
-  EXPECT_EQ(owned.count("Imp"), 0U);
-  EXPECT_EQ(owned.count("Elf") + owned.count("Orc"), 20U);
-  EXPECT_GT(owned.count("Elf"), 0U);
-  EXPECT_GT(owned.count("Orc"), 0U);
+  EXPECT_EQ(owned.size(), 20U);
+  EXPECT_EQ(std::set<std::string>(owned.begin(), owned.end()),
+            (std::set<std::string>{"Elf", "Orc"}));
   EXPECT_EQ(TraitNumber(player_, "BOUGHT"), 1) << "the rest is walked on the run's target too";
 
+  for (const Pile* pile : {&State().Collection, &State().Players[2].StartDeck}) {
+    for (const Card& card : *pile) EXPECT_FALSE(HasTrait(card, "BOUGHT", ""));
+  }
   RemoveTrait(player_, "GREEN");
   RunScript("BOOSTERWITHREQS:1:REQTRAIT:GREEN:MODTRAIT:BOUGHT:1");
   EXPECT_EQ(TraitNumber(player_, "BOUGHT"), 1);
-}
-
-TEST_F(BoostersTest, RequirementsDoNotTouchTheStore) {
-  Stock("Imp", 0, {"RED"});
-  RunScript("BOOSTERWITHREQS:3:MODTRAIT:TRIED:1:SETMYTRAIT:SOLD:1");
-  EXPECT_FALSE(HasTrait(State().Players[2].StartDeck[1], "TRIED", ""));
-  EXPECT_EQ(TraitNumber(player_, "TRIED"), 1);
-  for (const Card& card : State().Collection) EXPECT_FALSE(HasTrait(card, "TRIED", ""));
-}
-
-TEST_F(BoostersTest, NoRequirementsFitEveryCard) {
-  Stock("Imp", 0);
-  shop_.Effects.Edit(1).Script = "REQTRAIT:ABSENT";
-  RunScript("BOOSTERWITHREQS:2");
-  EXPECT_EQ(Owned().count("Imp"), 2U);
-  EXPECT_EQ(Count("Max attempts exceeded."), 0);
 }
 
 TEST_F(BoostersTest, NamedCardsComeFromTheStore) {
@@ -140,17 +115,6 @@ TEST_F(BoostersTest, NamedCardsComeFromTheStore) {
   RunScript("BOOSTERCARD:Dwarf:2");
   EXPECT_EQ(Owned().size(), 3U);
   EXPECT_EQ(Count("Non-existant card referenced."), 2);
-}
-
-TEST_F(BoostersTest, FreePlacesOfTheCollectionAreFilledFirst) {
-  Stock("Imp", 0);
-  State().Collection.Reset(3);
-  State().Collection[2].Name = "Mine";
-  RunScript("BOOSTER:3");
-  ASSERT_EQ(State().Collection.UpperBound(), 4);
-  EXPECT_EQ(State().Collection[1].Name, "Imp");
-  EXPECT_EQ(State().Collection[2].Name, "Mine");
-  EXPECT_EQ(State().Collection[4].Name, "Imp");
 }
 
 TEST_F(BoostersTest, EndlessBoostersStopAtTheBound) {

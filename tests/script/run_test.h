@@ -6,16 +6,21 @@
 
 #include "script/run_action.h"
 #include "script/target_types.h"
+#include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
 
 namespace brindlemoor {
 
 class RunTest : public SessionTest {
  protected:
-  /// Runs a script from Ada (human) on Bob (computer) in place of an action, without mask filter.
-  int RunScript(std::string_view script, RunOptions options = {}) {
+  /// Runs a script in place of an action, without mask filter.
+  static int RunOn(Card& source, Card& target, std::string_view script, RunOptions options = {}) {
     options.ScriptOverride = script;
-    return RunAction(ada, bob, 1, options);
+    return RunAction(source, target, 1, options);
+  }
+  /// The same from Ada (human) on Bob (computer).
+  int RunScript(std::string_view script, const RunOptions& options = {}) {
+    return RunOn(ada, bob, script, options);
   }
   /// The same as an action of Ada's, masks and all.
   int RunOwnAction(std::string_view script, const RunOptions& options = {}) {
@@ -32,12 +37,6 @@ class RunTest : public SessionTest {
   }
   /// What the run said, and an empty banner for the next.
   static std::string TakeBanner() { return std::exchange(State().PhaseBanner, std::string()); }
-
-  static RunOptions TestOptions() {
-    RunOptions options;
-    options.TestRun = 1;
-    return options;
-  }
 
   Card& ada = PutInPlay(MakeCard("Ada", 1));
   Card& bob = PutInPlay(MakeCard("Bob", 2));

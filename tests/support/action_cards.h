@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "core/cards.h"
@@ -12,6 +13,10 @@
 #include "script/target_types.h"
 
 namespace brindlemoor {
+
+/// The table of a test: for (const auto& [script, result] : Rows<const char*, int>{...}).
+template <class... Fields>
+using Rows = std::vector<std::tuple<Fields...>>;
 
 /// Adds an action and returns its number.
 inline int GiveAction(Card& card, std::string_view trigger, std::string_view target,

@@ -1,8 +1,6 @@
 // The battlefield table, hit points and badges: what the player sees of the table.
 #include "ui/battlefield.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support/session_test.h"
 
 namespace brindlemoor {
@@ -13,11 +11,6 @@ class BattlefieldTest : public SessionTest {
   BattlefieldTest() {
     State().Profile.PlayerName = "Ann";
     State().Players[1].Color = "#FFFFFF";
-    State().Players[2].Color = "#6400FF";
-  }
-  /// A card in the table without pictures, its number as name.
-  static Card& PutNumbered(int number, int owner, const std::vector<std::string>& traits = {}) {
-    return PutInPlay(MakeCard(Joined("C", number), owner, traits));
   }
   static std::string Cell(int number, std::string_view shade) {
     return Joined("<td width = 80 bgcolor = ", shade, " valign=top><center><br>",
@@ -25,24 +18,24 @@ class BattlefieldTest : public SessionTest {
   }
 };
 
-constexpr const char* kAnnsTitle =
-    "<center><table align=center><tr><td colspan=80 bgcolor = 404040><font color = #FFFFFF>"
-    "<center>Ann</font></td></tr>";
-
 TEST_F(BattlefieldTest, RowsHoldSixVisibleCards) {
   PutPlayerCard(1, {"INVISIBLE"});
+  PutInPlay(MakeCard("Hidden", 1, {"INVISIBLE"}));
+  PutInPlay(MakeCard("C1", 2));
   std::string rows;
-  EXPECT_EQ(PlayerTable(State().Players[1]), Joined(kAnnsTitle, "</table></center>"));
-  for (int number = 1; number <= 8; ++number) {
-    if (number == 3) PutNumbered(100, 1, {"INVISIBLE"});
-    if (number == 4) PutNumbered(101, 2);
-    PutNumbered(number, 1).InPlay = number == 5 ? 0 : 1;  // waiting cards are shown too
-    if (number % 6 == 1) rows += "<tr>";
-    rows += Cell(number, "202020");
-    if (number % 6 == 0) rows += "</tr>";
-    EXPECT_EQ(PlayerTable(State().Players[1]), Joined(kAnnsTitle, rows, "</table></center>"))
-        << number << " cards";
+  for (int number = 0; number <= 8; ++number) {
+    if (number > 0) {
+      PutInPlay(MakeCard(Joined("C", number), 1)).InPlay = number == 5 ? 0 : 1;  // waiting ones too
+      rows += Joined(number % 6 == 1 ? "<tr>" : "", Cell(number, "202020"),
+                     number % 6 == 0 ? "</tr>" : "");
+    }
+    EXPECT_EQ(PlayerTable(State().Players[1]),
+              Joined("<center><table align=center><tr><td colspan=80 bgcolor = 404040>"
+                     "<font color = #FFFFFF><center>Ann</font></td></tr>",
+                     rows, "</table></center>"));
   }
+  EXPECT_EQ(PlayerTable(State().Players[2]), Joined("<tr>", Cell(1, "000000"), "</table></center>"))
+      << "a side without a player card has rows only";
 }
 
 TEST_F(BattlefieldTest, CellShowsPictureNameBadgesAndHitPoints) {
@@ -51,6 +44,7 @@ TEST_F(BattlefieldTest, CellShowsPictureNameBadgesAndHitPoints) {
   goblin.Thumb = "goblin.bmp";
   goblin.NameColor = "";
   goblin.GlobalID = 77;
+  State().Players[2].Color = "#6400FF";
   State().TraitGraphics[1] = {"FLYING", "", "#00AAFF", "up", 0, 1};
   EXPECT_EQ(PlayerTable(State().Players[2]),
             "<center><table align=center><tr><td colspan=80 bgcolor = 190040>"
@@ -64,38 +58,28 @@ TEST_F(BattlefieldTest, CellShowsPictureNameBadgesAndHitPoints) {
             "<td></table></center>");
 }
 
-TEST_F(BattlefieldTest, SideWithoutPlayerCardHasRowsOnly) {
-  State().Players[2].Color = "";
-  PutNumbered(1, 2, {"HP:0"});
-  EXPECT_EQ(PlayerTable(State().Players[2]),
-            Joined("<tr>", Cell(1, "000000"), "</table></center>"));
-}
-
 TEST_F(BattlefieldTest, HitPointsAreColouredByTheirShare) {
-  struct {
+  const struct {
     std::vector<std::string> traits;
-    const char* color;
-    const char* hp;
-    const char* maximum;
-  } const cases[] = {
+    const char *color, *hp, *maximum;
+  } cases[] = {
+      {{"HP:4", "HPMAX:4"}, "#00FF00", "4", "4"},
       {{"HP:3", "HPMAX:4"}, "#00FF00", "3", "4"},
+      {{"HP:2.5", "HPMAX:4"}, "#FFFF00", "2.5", "4"},
       {{"HP:2", "HPMAX:4"}, "#FFFF00", "2", "4"},
       {{"HP:1", "HPMAX:4"}, "#FF9900", "1", "4"},
       {{"HP:0", "HPMAX:4"}, "#FF0000", "0", "4"},
       {{"HP:-2", "HPMAX:4"}, "#FF0000", "0", "4"},
       {{"HP:6", "HPMAX:4"}, "#FFFFFF", "6", "4"},
       {{"HP:5"}, "#00FF00", "5", "5"},
-      {{"HP:4", "HPMAX:4"}, "#00FF00", "4", "4"},
-      {{"HP:2.5", "HPMAX:4"}, "#FFFF00", "2.5", "4"},
       {{}, "#FF0000", "0", "0"},
   };
   for (const auto& row : cases) {
     const Card card = MakeCard("C", 1, row.traits);
-    const std::string text =
-        Joined("<font color=\"", row.color, "\"> ", row.hp,
-               "</font><font color=#FFFFFF>/</font><font color=#DDDDDD>", row.maximum, "</font>");
-    EXPECT_EQ(HPText(card, 0), text);
-    EXPECT_EQ(HPText(card, 1), Joined("<font color=\"#FFFFFF\">HP:</font>", text));
+    EXPECT_EQ(HPText(card, 0), Joined("<font color=\"", row.color, "\"> ", row.hp,
+                                      "</font><font color=#FFFFFF>/</font><font color=#DDDDDD>",
+                                      row.maximum, "</font>"));
+    EXPECT_EQ(HPText(card, 1), "<font color=\"#FFFFFF\">HP:</font>" + HPText(card, 0));
   }
 }
 
@@ -107,25 +91,15 @@ TEST_F(BattlefieldTest, BadgesFollowTheRules) {
   graphics.Append({"ARMOR", "", "#AAAAAA", "[#MYTRAIT/ARMOR#]", 1, 1});
   graphics.Append({"FAST", "", "#AAAAAA", "never", 0, 0});
   Card card = MakeCard("Bat", 1, {"FLYING", "ARMOR:2", "FAST", "PLAIN"});
-  struct {
-    const char* trait;
-    int mode;
-    const char* badge;
-  } const cases[] = {
-      {"FLYING", 0,
-       "<font size=+3 color=#0000FF><img src=\"/game/wing.gif\"></img>"
-       "small <font color=\"#FFFFFF\">Bat</font></font>"},
-      {"FLYING", 1, "<font size=+3 color=#FF00FF><img src=\"\"></img>large</font>"},
-      {"ARMOR", 0, "<font size=+1 color=#AAAAAA>[2]</font>"},
-      {"FAST", 1, ""},
-      {"flying", 1, ""},
-      {"", 1, ""},
-  };
-  for (const auto& row : cases) EXPECT_EQ(TraitBadge(card, row.trait, row.mode), row.badge);
-  for (int mode = 0; mode <= 1; ++mode) {
-    EXPECT_EQ(TraitBadges(card, mode),
-              TraitBadge(card, "FLYING", mode) + "<font size=+1 color=#AAAAAA>[2]</font>");
-  }
+  const std::string armor = "<font size=+1 color=#AAAAAA>[2]</font>";
+  const std::string small =
+      "<font size=+3 color=#0000FF><img src=\"/game/wing.gif\"></img>"
+      "small <font color=\"#FFFFFF\">Bat</font></font>";
+  const std::string large = "<font size=+3 color=#FF00FF><img src=\"\"></img>large</font>";
+  EXPECT_EQ(TraitBadges(card, 0), small + armor);
+  EXPECT_EQ(TraitBadges(card, 1), large + armor);
+  EXPECT_EQ(TraitBadge(card, "flying", 1), "");
+  EXPECT_EQ(TraitBadge(card, "", 1), "");
 }
 
 }  // namespace

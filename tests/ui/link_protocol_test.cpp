@@ -1,20 +1,12 @@
 // Clicks on links: the three views, the click state and the play menu.
 #include "ui/link_protocol.h"
 
-#include <gtest/gtest.h>
-
-#include "core/pages.h"
-#include "script/target_types.h"
-#include "support/session_test.h"
+#include "tests/support/action_cards.h"
+#include "tests/support/session_test.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
 namespace {
-
-constexpr std::string_view kPageHead =
-    "<HTML>\r\n<body bgcolor=\"#000000\" text=\\\"#FFFFFF\\\" link=\\\"#99FF33\\\" "
-    "alink=\\\"#00CC00\\\" vlink=\\\"#FFFF00\\\">\r\n";
-constexpr std::string_view kPageFoot = "\r\n</body></HTML>\r\n";
 
 class LinkProtocolTest : public SessionTest {
  protected:
@@ -24,19 +16,12 @@ class LinkProtocolTest : public SessionTest {
     goblin_->GlobalID = 111;
     ogre_ = &PutInPlay(MakeCard("Ogre", 2));
     ogre_->GlobalID = 222;
-  }
-  void AddMenuAction(Card& card, int targetType) {
-    AddEffect(card, "MODTRAIT:HP:1", targetType, "MENU:PHASE1:Heal", 0, TargetTypeName(targetType));
-  }
-  int MenuStateOf(const Card& card) const {
-    return card.Effects[card.Effects.UpperBound()].MenuState;
-  }
-  std::string PlayMenu() {
-    ShowPlayMenu();
-    std::string page = desktop_->Pages["InPlayWB"];
-    EXPECT_TRUE(page.starts_with(kPageHead)) << page;
-    EXPECT_TRUE(page.ends_with(kPageFoot)) << page;
-    return page.substr(kPageHead.size(), page.size() - kPageHead.size() - kPageFoot.size());
+    for (const char* target : {"SELF", "TARGETCARD", "COLLECTION"}) {
+      GiveAction(*goblin_, "MENU:PHASE1:Heal", target, "MODTRAIT:HP:1");
+    }
+    for (int position = 1; position <= 3; ++position) {
+      State().Players[1].Hand[position] = MakeCard(Joined("C", position), 1);
+    }
   }
 
   Card* goblin_;
@@ -63,18 +48,8 @@ TEST_F(LinkProtocolTest, WhichAddressesTheViewsTakeAsCommands) {
       {CardDescWB_BeforeNavigate, "file:///game/CARD111", false},
   };
   for (const auto& row : rows) EXPECT_EQ(row.handler(row.url), row.cancelled) << row.url;
-}
-
-TEST_F(LinkProtocolTest, FoldersWithBlanksWorkInTheMainView) {
-  State().ProgramFolder = "/my game";
-  EXPECT_TRUE(WB_BeforeNavigate("file:///my%20game/CARD222"));
-  EXPECT_EQ(State().SelectedSlot, ogre_->Slot);
-}
-
-TEST_F(LinkProtocolTest, OwnNavigationIsNoClick) {
   State().OwnNavigation = 1;
-  EXPECT_FALSE(WB_BeforeNavigate("file:///game/CARD111"));
-  EXPECT_EQ(State().SelectedSlot, 0);
+  EXPECT_FALSE(WB_BeforeNavigate("CARD222")) << "the program's own navigation is no click";
 }
 
 TEST_F(LinkProtocolTest, ACardClickShowsOrCompletesTheQueuedPlay) {
@@ -82,74 +57,57 @@ TEST_F(LinkProtocolTest, ACardClickShowsOrCompletesTheQueuedPlay) {
   EXPECT_EQ(State().SelectedSlot, ogre_->Slot);
   EXPECT_NE(desktop_->Pages["CardDescWB"].find("Ogre"), std::string::npos);
 
-  State().Players[1].Hand[3] = MakeCard("Bolt", 1);
   State().SelectedSlot = 0;
   QueuePlay(3, 0);
-  WB_BeforeNavigate("CARD222");
+  State().ProgramFolder = "/my game";
+  WB_BeforeNavigate("file:///my%20game/CARD222");
   EXPECT_EQ(State().PlayTarget[1], ogre_->Slot);
   EXPECT_EQ(State().Players[1].Hand[3].TargetSlot, ogre_->Slot);
   EXPECT_EQ(State().Players[1].Hand[3].StoredTarget, ogre_->Slot);
   EXPECT_EQ(State().AwaitingPlayTarget, 0);
   EXPECT_EQ(State().SelectedSlot, 0) << "aiming selects nothing";
-}
 
-TEST_F(LinkProtocolTest, AClickForAFreedQueuePlaceOnlyEndsTheWait) {
-  State().AwaitingPlayTarget = 1;
+  State().AwaitingPlayTarget = 2;  // of a play that was taken out again
   WB_BeforeNavigate("CARD222");
   EXPECT_EQ(State().AwaitingPlayTarget, 0);
-  EXPECT_EQ(State().PlayTarget[1], 0);
+  EXPECT_EQ(State().PlayTarget[2], 0);
 }
 
 TEST_F(LinkProtocolTest, MenuActionsAreArmedAndDisarmed) {
-  AddMenuAction(*goblin_, kTargetSelf);
-  const std::string url = "menuaction:111:" + std::to_string(goblin_->Effects.UpperBound());
-  CardDescWB_BeforeNavigate(url);
-  EXPECT_EQ(MenuStateOf(*goblin_), kArmedMenuAction);
-  CardDescWB_BeforeNavigate(url);
-  EXPECT_EQ(MenuStateOf(*goblin_), kMenuAction);
-}
-
-TEST_F(LinkProtocolTest, AMenuActionWithATargetWaitsForTheNextCardClick) {
-  AddMenuAction(*goblin_, kTargetCard);
-  CardDescWB_BeforeNavigate("menuaction:111:1");
-  EXPECT_EQ(State().AwaitingMenuTarget, 1);
-  EXPECT_EQ(MenuStateOf(*goblin_), kMenuAction);
+  const auto click = [this](int effect) {
+    CardDescWB_BeforeNavigate(Joined("menuaction:111:", effect));
+    return int{goblin_->Effects[effect].MenuState};
+  };
+  EXPECT_EQ(click(1), kArmedMenuAction);
+  EXPECT_EQ(click(1), kMenuAction);
+  EXPECT_EQ(click(2), kMenuAction) << "its target is clicked next";
   WB_BeforeNavigate("CARD222");
   EXPECT_EQ(State().AwaitingMenuTarget, 0);
-  EXPECT_EQ(MenuStateOf(*goblin_), kArmedMenuAction);
-  EXPECT_EQ(goblin_->Effects[1].ChosenTarget, ogre_->Slot);
-}
-
-TEST_F(LinkProtocolTest, AMenuActionOnTheCollectionNeedsOne) {
-  AddMenuAction(*goblin_, kTargetCollection);
+  EXPECT_EQ(goblin_->Effects[2].MenuState, kArmedMenuAction);
+  EXPECT_EQ(goblin_->Effects[2].ChosenTarget, ogre_->Slot);
   desktop_->ExpectedMessages = {"You don't own any cards to modify!"};
-  CardDescWB_BeforeNavigate("menuaction:111:1");
-  EXPECT_EQ(MenuStateOf(*goblin_), kMenuAction);
+  EXPECT_EQ(click(3), kMenuAction);
 }
 
 TEST_F(LinkProtocolTest, PlayMenuListsThePlan) {
-  Pile& hand = State().Players[1].Hand;
-  for (int position = 1; position <= 3; ++position) {
-    hand[position] = MakeCard("C" + std::to_string(position), 1);
-  }
   QueuePlay(1, 0);
   QueuePlay(2, ogre_->Slot);
   QueuePlay(3, -1);
-  AddMenuAction(*goblin_, kTargetSelf);
-  AddMenuAction(*goblin_, kTargetCard);
-  AddMenuAction(*goblin_, kTargetCollection);
   for (int effect = 1; effect <= 3; ++effect) {
     goblin_->Effects.Edit(effect).MenuState = kArmedMenuAction;
   }
   goblin_->Effects.Edit(2).ChosenTarget = ogre_->Slot;
-  EXPECT_EQ(PlayMenu(),
+  ShowPlayMenu();
+  EXPECT_EQ(desktop_->Pages["InPlayWB"],
+            "<HTML>\r\n<body bgcolor=\"#000000\" text=\\\"#FFFFFF\\\" link=\\\"#99FF33\\\" "
+            "alink=\\\"#00CC00\\\" vlink=\\\"#FFFF00\\\">\r\n"
             "Play <font color=\"#FFFFFF\">C1</font><br>"
             "Play <font color=\"#FFFFFF\">C2</font> on <font color=\"#FFFFFF\">Ogre</font><br>"
             "Discard <font color=\"#FFFFFF\">C3</font><br>"
             "<font color=\"#FFFFFF\">Goblin</font> uses special action \"Heal\"."
             "<font color=\"#FFFFFF\">Goblin</font> uses special action \"Heal\" on \"Ogre\".<br>"
             "<font color=\"#FFFFFF\">Goblin</font> uses special action \"Heal\" on one of the "
-            "cards in their collection.");
+            "cards in their collection.\r\n</body></HTML>\r\n");
   EXPECT_EQ(State().PageText, "");
 }
 

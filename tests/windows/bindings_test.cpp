@@ -1,10 +1,8 @@
 // What the user does reaches the models' handlers; what the program does is shown and calls nobody.
-#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -54,6 +52,7 @@ class ControlsTest : public DesktopTest {
 
 TEST_F(ControlsTest, WhatTheProgramSetsIsShownAndCallsNobody) {
   form_.Push.Caption = "Go";
+  form_.Push.ToolTip = "a <b> & c";
   form_.Line.Text = "line";
   form_.Lines.Text = "a\r\nb";
   form_.Combo.Text = "Three";
@@ -63,6 +62,7 @@ TEST_F(ControlsTest, WhatTheProgramSetsIsShownAndCallsNobody) {
   form_.Check.Value = true;
   form_.Bar.Value = 4;
   EXPECT_EQ(Find<QPushButton>(form_, form_.Push)->text(), "&Go");
+  EXPECT_EQ(Find(form_, form_.Push)->toolTip(), "<qt>a &lt;b&gt; &amp; c</qt>");
   EXPECT_EQ(Find<QLineEdit>(form_, form_.Line)->text(), "line");
   EXPECT_EQ(Find<QPlainTextEdit>(form_, form_.Lines)->toPlainText(), "a\nb");
   EXPECT_EQ(Find<QComboBox>(form_, form_.Combo)->currentIndex(), 2);
@@ -73,78 +73,41 @@ TEST_F(ControlsTest, WhatTheProgramSetsIsShownAndCallsNobody) {
   EXPECT_EQ(Find<QScrollBar>(form_, form_.Bar)->value(), 4);
   EXPECT_EQ(form_.Events, 0);
   EXPECT_EQ(form_.Lines.Text.Get(), "a\r\nb");
-}
-
-TEST_F(ControlsTest, WhatTheUserDoesIsStoredAndToldOnce) {
-  QTest::mouseClick(Find(form_, form_.Push), Qt::LeftButton);
-  EXPECT_EQ(form_.Events, 1);
-  QTest::keyClick(Find(form_, form_.Push), Qt::Key_Return);
-  EXPECT_EQ(form_.Events, 2);
-  QTest::keyClick(Find(form_, form_.Line), 'x');
-  EXPECT_EQ(form_.Line.Text.Get(), "x");
-  QTest::keyClick(Find(form_, form_.Lines), 'y');
-  EXPECT_EQ(form_.Lines.Text.Get(), "y");
-  EXPECT_EQ(form_.Events, 4);
-  QTest::keyClick(Find(form_, form_.Combo), Qt::Key_Down);
-  EXPECT_EQ(form_.Combo.Text.Get(), "One");
-  QTest::keyClick(Find(form_, form_.Free), 'F');
-  EXPECT_EQ(form_.Free.Text.Get(), "F");
-  EXPECT_EQ(form_.Events, 6);
-  auto* list = Find<QListWidget>(form_, form_.List);
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                    list->visualItemRect(list->item(1)).center());
-  EXPECT_EQ(form_.List.Selected.Get(), 2);
-  QTest::keyClick(list, Qt::Key_Up);
-  EXPECT_EQ(form_.List.Selected.Get(), 1);
-  EXPECT_EQ(form_.Events, 8);
-  QTest::keyClick(Find(form_, form_.Check), Qt::Key_Space);
-  EXPECT_TRUE(form_.Check.Value);
-  QTest::keyClick(Find(form_, form_.Bar), Qt::Key_PageDown);
-  EXPECT_EQ(form_.Bar.Value.Get(), 1);
-  EXPECT_EQ(form_.Events, 10);
-}
-
-TEST_F(ControlsTest, OneOptionOfAnArrayIsChosen) {
-  form_.Options[0].Value = true;
-  QTest::keyClick(Find(form_, form_.Options[1]), Qt::Key_Space);
-  EXPECT_FALSE(form_.Options[0].Value);
-  EXPECT_TRUE(form_.Options[1].Value);
-  form_.Options[0].Value = true;
-  EXPECT_FALSE(form_.Options[1].Value);
-}
-
-TEST_F(ControlsTest, AnItemThatIsNotInTheListIsStillRead) {
-  form_.Combo.Text = "Nine";
-  EXPECT_EQ(Find<QComboBox>(form_, form_.Combo)->currentIndex(), -1);
+  form_.Combo.Text = "Nine";  // not in the list, but still read
   EXPECT_EQ(Find<QComboBox>(form_, form_.Combo)->placeholderText(), "Nine");
   form_.Combo.Items = {"Eight", "Nine"};
   EXPECT_EQ(Find<QComboBox>(form_, form_.Combo)->currentText(), "Nine");
 }
 
-TEST_F(ControlsTest, ToolTipsAreWrappedAndNeverMarkup) {
-  form_.Push.ToolTip = "a <b> & c";
-  EXPECT_EQ(Find(form_, form_.Push)->toolTip(), "<qt>a &lt;b&gt; &amp; c</qt>");
+TEST_F(ControlsTest, WhatTheUserDoesIsStoredAndToldOnce) {
+  auto* list = Find<QListWidget>(form_, form_.List);
+  QTest::mouseClick(Find(form_, form_.Push), Qt::LeftButton);
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                    list->visualItemRect(list->item(1)).center());
+  EXPECT_EQ(form_.List.Selected.Get(), 2);
+  EXPECT_EQ(form_.Events, 2);
+  const std::pair<const Control*, int> keys[] = {
+      {&form_.Push, Qt::Key_Return}, {&form_.Line, Qt::Key_X},      {&form_.Lines, Qt::Key_Y},
+      {&form_.Combo, Qt::Key_Down},  {&form_.Free, Qt::Key_F},      {&form_.List, Qt::Key_Up},
+      {&form_.Check, Qt::Key_Space}, {&form_.Bar, Qt::Key_PageDown}};
+  for (const auto& [control, key] : keys) {
+    const int before = form_.Events;
+    QTest::keyClick(Find(form_, *control), static_cast<Qt::Key>(key));
+    EXPECT_EQ(form_.Events, before + 1) << control->Name;
+  }
+  EXPECT_EQ(form_.Line.Text.Get(), "x");
+  EXPECT_EQ(form_.Lines.Text.Get(), "y");
+  EXPECT_EQ(form_.Combo.Text.Get(), "One");
+  EXPECT_EQ(form_.Free.Text.Get(), "f");
+  EXPECT_EQ(form_.List.Selected.Get(), 1);
+  EXPECT_TRUE(form_.Check.Value);
+  EXPECT_EQ(form_.Bar.Value.Get(), 1);
+  form_.Options[0].Value = true;
+  QTest::keyClick(Find(form_, form_.Options[1]), Qt::Key_Space);
+  EXPECT_TRUE(form_.Options[1].Value && !form_.Options[0].Value) << "one of an array is chosen";
 }
 
-TEST_F(DesktopTest, HiddenPicturesKeepTheirPlaceAndHiddenButtonsGiveItUp) {
-  Form form("Form");
-  PictureBox picture("Picture");
-  Button hidden("Hidden");
-  Button below("Below");
-  Show(form, {Cell(picture, 60, 90), Cell(hidden), Cell(below)});
-  const auto top = [&] {
-    QCoreApplication::processEvents();
-    return Find(form, below)->y();
-  };
-  const int full = top();
-  picture.Visible = false;
-  EXPECT_EQ(top(), full);
-  hidden.Visible = false;
-  EXPECT_LT(top(), full);
-  desktop_->CloseWindows();
-}
-
-TEST_F(DesktopTest, PicturesCanBeReachedByKeysAlone) {
+TEST_F(DesktopTest, PicturesAreReachedByKeysAloneAndTellMouseButtonsApart) {
   Form form("Form");
   std::vector<std::unique_ptr<PictureBox>> boxes;
   std::string told;
@@ -166,85 +129,33 @@ TEST_F(DesktopTest, PicturesCanBeReachedByKeysAlone) {
   Find(form, first)->setFocus();
   const struct {
     Qt::Key Key;
-    Qt::KeyboardModifiers Modifiers;
     const char* Told;
-  } kSteps[] = {
-      {Qt::Key_Tab, Qt::NoModifier, "move0 "},
-      {Qt::Key_Return, Qt::NoModifier, "left0 "},
-      {Qt::Key_Right, Qt::NoModifier, "move1 "},
-      {Qt::Key_Delete, Qt::NoModifier, "right1 "},
-      {Qt::Key_Right, Qt::NoModifier, ""},
-      {Qt::Key_Down, Qt::NoModifier, "move3 "},
-      {Qt::Key_Return, Qt::ShiftModifier, "right3 "},
-      {Qt::Key_Left, Qt::NoModifier, "move2 "},
-      {Qt::Key_Enter, Qt::NoModifier, "left2 "},
-      {Qt::Key_Up, Qt::NoModifier, "move0 "},
-      {Qt::Key_Up, Qt::NoModifier, ""},
-  };
-  for (const auto& [key, modifiers, expected] : kSteps) {
+    Qt::KeyboardModifiers Modifiers = Qt::NoModifier;
+  } steps[] = {{Qt::Key_Tab, "move0 "},
+               {Qt::Key_Return, "left0 "},
+               {Qt::Key_Right, "move1 "},
+               {Qt::Key_Delete, "right1 "},
+               {Qt::Key_Right, ""},
+               {Qt::Key_Down, "move3 "},
+               {Qt::Key_Return, "right3 ", Qt::ShiftModifier},
+               {Qt::Key_Left, "move2 "},
+               {Qt::Key_Enter, "left2 "},
+               {Qt::Key_Up, "move0 "},
+               {Qt::Key_Up, ""}};
+  for (const auto& [key, expected, modifiers] : steps) {
     told.clear();
     QTest::keyClick(QApplication::focusWidget(), key, modifiers);
     EXPECT_EQ(told, expected) << QKeySequence(key).toString().toStdString();
   }
-  desktop_->CloseWindows();
-}
-
-TEST_F(DesktopTest, MouseButtonsOnPicturesAreToldApart) {
-  Form form("Form");
-  PictureBox picture("Picture");
-  std::string told;
-  picture.MouseUp = [&told](MouseButton button) {
-    told += button == MouseButton::kLeft ? "left " : "right ";
-  };
-  Show(form, {Cell(picture, 60, 90)});
-  QWidget* widget = Find(form, picture);
-  QTest::mouseClick(widget, Qt::LeftButton);
-  QTest::mouseClick(widget, Qt::RightButton);
-  QTest::mouseClick(widget, Qt::MiddleButton);
+  boxes[0]->MouseMove = nullptr;
+  told.clear();
+  QWidget* widget = Find(form, *boxes[0]);
+  for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+    QTest::mouseClick(widget, button);
+  }
   QTest::mousePress(widget, Qt::LeftButton);
   QTest::mouseRelease(widget, Qt::LeftButton, {}, {-20, -20});  // dragged away: no click
-  EXPECT_EQ(told, "left right ");
-  desktop_->CloseWindows();
-}
-
-TEST_F(DesktopTest, AMenuEntryShowsTheMarkOfTheModel) {
-  Form form("Form");
-  MenuItem menu("menu", "Options"), entry("entry", "Debug Mode"), help("help", "Help");
-  entry.Checkable = true;
-  int clicks = 0;
-  entry.Click = [&] { ++clicks; };
-  help.Click = [&] { clicks += 10; };
-  menu.Items = {&entry};
-  form.Menus = {&menu, &help};
-  Show(form, {});
-  QAction* action = Window(form)->findChild<QAction*>("entry");
-  ASSERT_NE(action, nullptr);
-  action->trigger();
-  EXPECT_EQ(clicks, 1);
-  EXPECT_FALSE(action->isChecked()) << "the handler did not set it";
-  entry.Checked = true;
-  EXPECT_TRUE(action->isChecked());
-  entry.Enabled = false;
-  action->trigger();
-  EXPECT_EQ(clicks, 1);
-  Window(form)->findChild<QAction*>("help")->trigger();
-  EXPECT_EQ(clicks, 11);
-  desktop_->CloseWindows();
-}
-
-TEST_F(DesktopTest, AccessKeysFollowTheCaptions) {
-  Form form("Form");
-  Button turn("Turn"), other("Other");
-  turn.Caption = "Take Turn";
-  other.Caption = "Try";
-  Show(form, {Cell(turn), Cell(other)});
-  EXPECT_EQ(Find<QPushButton>(form, other)->text(), "T&ry");
-  turn.Caption = "End Game";
-  EXPECT_EQ(Find<QPushButton>(form, turn)->text(), "&End Game");
-  EXPECT_EQ(Find<QPushButton>(form, other)->text(), "&Try");
-  turn.Caption = "Turn";
-  turn.Visible = false;
-  EXPECT_EQ(Find<QPushButton>(form, other)->text(), "&Try") << "a hidden button takes no key";
+  EXPECT_EQ(told, "left0 right0 ");
   desktop_->CloseWindows();
 }
 

@@ -7,10 +7,7 @@ namespace brindlemoor {
 namespace {
 
 TEST(Mnemonics, EachCaptionGetsAKeyOfItsOwn) {
-  const struct {
-    QStringList Captions;
-    QStringList Marked;
-  } kCases[] = {
+  const std::pair<QStringList, QStringList> cases[] = {
       {{"File", "Options", "Help"}, {"&File", "&Options", "&Help"}},
       {{"Save Cards", "Save Cards As..."}, {"&Save Cards", "Save &Cards As..."}},
       {{"Deck 1", "Deck 2", "Deck 3"}, {"&Deck 1", "Deck &2", "Deck &3"}},
@@ -21,7 +18,7 @@ TEST(Mnemonics, EachCaptionGetsAKeyOfItsOwn) {
       {{"Salt & Pepper", "Salt"}, {"&Salt && Pepper", "S&alt"}},
       {{"?", "???"}, {"?", "???"}},
   };
-  for (const auto& [captions, marked] : kCases) {
+  for (const auto& [captions, marked] : cases) {
     EXPECT_EQ(WithMnemonics(captions), marked) << captions.join(", ").toStdString();
   }
 }
