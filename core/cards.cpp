@@ -163,6 +163,13 @@ void FlushPending() {
   for (const Card& card : entering) AddToTable(card);
 }
 
+bool HoldsCards(const Pile& pile) {
+  for (const Card& card : pile) {
+    if (!IsFree(card)) return true;
+  }
+  return false;
+}
+
 void ShuffleCards(Pile& pile) {
   for (int position = 1; position <= pile.UpperBound(); ++position) {
     const int other = RollDie(pile.UpperBound());

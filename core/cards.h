@@ -41,6 +41,9 @@ void QueuePending(const Card& card);
 /// Brings the waiting cards into the table. Cards queued meanwhile wait for the next flush.
 void FlushPending();
 
+/// True when a pile holds a card with a name.
+bool HoldsCards(const Pile& pile);
+
 /// Exchanges every record of a pile with a random one of the whole pile.
 void ShuffleCards(Pile& pile);
 

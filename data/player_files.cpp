@@ -21,13 +21,6 @@ namespace brindlemoor {
 
 namespace {
 
-bool HoldsCard(const Pile& pile) {
-  for (const Card& card : pile) {
-    if (!IsFree(card)) return true;
-  }
-  return false;
-}
-
 void AppendCards(std::string& out, const Pile& pile, std::string_view location) {
   for (const Card& stored : pile) {
     if (IsFree(stored)) continue;
@@ -95,7 +88,7 @@ void WritePlayerFile(std::string_view fileName) {
   RefreshCollection();
   for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) SortDeck(deck);
   SortCollection();
-  if (!HoldsCard(session.Decks[1].Cards) && !HoldsCard(session.Collection)) return;
+  if (!HoldsCards(session.Decks[1].Cards) && !HoldsCards(session.Collection)) return;
   EnterProgramFolder();
   if (!SaveOrTell(InCurrentFolder(name), name, PlayerFileText())) return;
   session.Profile.PlayerFile = name;

@@ -106,15 +106,18 @@ void ReadOwnFile() { ReadPlayerFile(PlayerFileName(State().CurrentGame)); }
 /// Lets the player choose a deck. False when there is none for this game or the program ends.
 bool ChooseDeck() {
   Session& session = State();
-  if (!HasPlayerFile()) {
+  if (HasPlayerFile()) {
+    ReadOwnFile();
+    ShowDeckManager();
+    if (Desktop().Ending()) return false;
+  }
+  // A player file without a card that could be played counts like one that is not there.
+  if (!HasPlayerFile() || !HoldsCards(session.Decks[session.CurrentDeck].Cards)) {
     Desktop().MessageBox(
         "You do not have a deck for this game!\n"
         "Please choose a starter deck or a card store.");
     return false;
   }
-  ReadOwnFile();
-  ShowDeckManager();
-  if (Desktop().Ending()) return false;
   LoadDeckIntoPlayer(session.Players[1], session.CurrentDeck);
   return true;
 }

@@ -125,6 +125,7 @@ void NewGame() {
   ResetTables();
   ResetSides();
   HideHand();
+  BlankSideViews();
   if (session.Profile.PlayerName.empty()) ChooseProfile();
   if (session.Profile.PlayerName.empty()) {
     Desktop().EndProgram();

@@ -7,17 +7,6 @@
 
 namespace brindlemoor {
 
-namespace {
-
-bool HoldsCards(const Pile& pile) {
-  for (const Card& card : pile) {
-    if (!IsFree(card)) return true;
-  }
-  return false;
-}
-
-}  // namespace
-
 void ShowDeckManager() {
   Session& state = State();
   state.CurrentDeck = 1;

@@ -234,6 +234,13 @@ void UpdateHand() {
   }
 }
 
+void BlankSideViews() {
+  for (BrowserView* view : {&TheMainWindow().InPlayWB, &TheMainWindow().CardDescWB}) {
+    if (!view->Url.Get().ends_with("/blank.htm")) ShowInView(*view, "blank.htm");
+  }
+  TheMainWindow().Picture1.Picture = "";
+}
+
 void HideHand() {
   MainWindow& window = TheMainWindow();
   for (int position = 1; position <= kHandPositions; ++position) {

@@ -54,6 +54,8 @@ struct MainWindow : Form {
 void UpdateHand();
 /// Hides the strip.
 void HideHand();
+/// Takes plan, card page and picture of the last game from the sides.
+void BlankSideViews();
 /// Queues a hand position with a target (0 none yet, -1 discard), or takes it out of the queue.
 void QueuePlay(int position, int target);
 /// Moves queue entries up over free ones.

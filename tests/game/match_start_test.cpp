@@ -111,6 +111,15 @@ TEST_F(MatchStartTest, OneGameTakesNothingFromAnother) {
   EXPECT_TRUE(IsFree(State().Decks[2].Cards[1]));
 }
 
+TEST_F(MatchStartTest, APlayerFileWithoutCardsIsNoDeck) {
+  WriteFile("Ann_Goblins.plr", "something else altogether");
+  desktop_->ExpectedMessages = {
+      "You do not have a deck for this game!\nPlease choose a starter deck or a card store."};
+  ChooseGame(1, 2);
+  EXPECT_EQ(State().CurrentGame, 0);
+  EXPECT_EQ(ReadFile("Ann_Goblins.plr"), "something else altogether");
+}
+
 TEST_F(MatchStartTest, CardsThatTheRulesFilePutsOnTheTableAreThereOnce) {
   WriteFile("goblins.txt", ReadFile("goblins.txt") + "#NEUTRALCARD, Altar, , , , ,\n");
   OwnDeck();
