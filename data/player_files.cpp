@@ -43,9 +43,8 @@ std::string PlayerFileText() {
 }
 
 bool FitsFileName(char character) {
-  constexpr std::string_view kForbidden = "/\\:*?\"<>|";
   return static_cast<unsigned char>(character) >= 0x20 &&
-         kForbidden.find(character) == std::string_view::npos;
+         kNotInFileNames.find(character) == std::string_view::npos;
 }
 
 /// Once for each damage: a copy that is there already has been told of.

@@ -6,6 +6,9 @@
 
 namespace brindlemoor {
 
+/// Tokens of a player who has no stored file yet.
+inline constexpr int kFirstTokens = 500;
+
 /// Name of the player file of the current profile for a game: "Ann_Goblins.plr". What a file name
 /// can't hold is written as "_". "" for a number that is no game.
 std::string PlayerFileName(int gameIndex);

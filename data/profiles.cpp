@@ -80,13 +80,12 @@ void SaveProfiles() {
 }
 
 std::string RefusePlayerName(std::string_view name) {
-  constexpr std::string_view kForbidden = "/\\:*?\"<>|";
   if (name.find_first_not_of(' ') == std::string_view::npos) return "The name is empty.";
   if (Characters(name) > kLongestName) {
     return Joined("The name is longer than ", kLongestName, " characters.");
   }
   if (name.front() == '.') return "The name begins with a dot.";
-  if (name.find_first_of(kForbidden) != std::string_view::npos) {
+  if (name.find_first_of(kNotInFileNames) != std::string_view::npos) {
     return "The name holds one of the characters / \\ : * ? \" < > |, which no file name can hold.";
   }
   if (std::any_of(name.begin(), name.end(), IsControl)) {

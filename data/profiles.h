@@ -10,6 +10,9 @@ namespace brindlemoor {
 void LoadProfiles();
 /// Writes the list, the current profile copied onto its line. Says so when that fails.
 void SaveProfiles();
+/// Characters that no file name can hold on some system.
+inline constexpr std::string_view kNotInFileNames = "/\\:*?\"<>|";
+
 /// Why a player's name can't be taken, "" when it can: it becomes part of a file name.
 std::string RefusePlayerName(std::string_view name);
 

@@ -23,8 +23,6 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kFirstTokens = 500;
-
 void BackToList() {
   EnterProgramFolder();
   State().PageText.clear();

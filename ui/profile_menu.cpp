@@ -15,7 +15,6 @@ namespace brindlemoor {
 namespace {
 
 constexpr int kButtons = 8;
-constexpr int kFirstTokens = 500;
 
 }  // namespace
 
