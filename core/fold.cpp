@@ -89,4 +89,17 @@ bool FoldStartsWith(std::string_view text, std::string_view prefix) {
   return MatchFolded(text, prefix) != std::string_view::npos;
 }
 
+bool FoldContains(std::string_view text, std::string_view part) {
+  if (part.empty()) return true;
+  const char32_t first = FoldAt(part, 0).Key;
+  std::size_t position = 0;
+  while (position < text.size()) {
+    FoldedCharacter here{static_cast<unsigned char>(AsciiUpper(text[position])), 1};
+    if (!IsAscii(text[position])) here = FoldAt(text, position);
+    if (here.Key == first && FoldStartsWith(text.substr(position), part)) return true;
+    position += here.Length;
+  }
+  return false;
+}
+
 }  // namespace brindlemoor

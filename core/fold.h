@@ -27,4 +27,7 @@ int FoldPrefixLength(std::string_view text, std::string_view prefix);
 /// True when text, folded, begins with the prefix, folded.
 bool FoldStartsWith(std::string_view text, std::string_view prefix);
 
+/// True when the part occurs in text, both folded; allocates nothing. The empty part always does.
+bool FoldContains(std::string_view text, std::string_view part);
+
 }  // namespace brindlemoor

@@ -78,6 +78,7 @@ struct Label : Control {
 struct TextBox : Control {
   using Control::Control;
   Property<std::string> Text{*this};
+  Property<std::string> Placeholder{*this};  ///< shown faintly while there is no text
   Property<bool> MultiLine{*this, false};
   std::function<void()> Change;  ///< the user changed the text
 };
@@ -121,12 +122,34 @@ struct ScrollBar : Control {
   std::function<void()> Change;  ///< the user moved it; Value is already the new one
 };
 
+/// Keys that move about among pictures.
+enum class PictureKey { kLeft, kRight, kUp, kDown, kPageUp, kPageDown, kHome, kEnd };
+
 /// Shows an image file, scaled into the box with its proportion kept.
 struct PictureBox : Control {
   using Control::Control;
   Property<std::string> Picture{*this};  ///< path of the image file, "" for none
-  std::function<void()> MouseMove;       ///< the pointer moved over the box
-  std::function<void(MouseButton)> MouseUp;
+  Property<std::string> Caption{*this};  ///< shown where the image is missing or broken
+  Property<std::string> Badge{*this};    ///< a few characters in the corner, "" for none
+  std::string DragGroup;  ///< can be dragged to the boxes of other groups; "" for not at all
+  std::function<void()> MouseMove;           ///< the pointer or the focus came over the box
+  std::function<void(MouseButton)> MouseUp;  ///< a click; a drop on another group is a left one
+  /// A key was pressed in the box. True when that was all; else the focus moves to a neighbour.
+  std::function<bool(PictureKey)> KeyDown;
+};
+
+/// One bar of a bar chart.
+struct ChartBar {
+  std::string Label;
+  int Count = 0;
+  bool operator==(const ChartBar&) const = default;
+};
+
+/// A small drawing of upright bars, each with its count and its label, under a caption.
+struct BarChart : Control {
+  using Control::Control;
+  Property<std::string> Caption{*this};
+  Property<std::vector<ChartBar>> Bars{*this};
 };
 
 /// A browser view. Navigations that a click in a page starts are asked for with their URL.

@@ -57,5 +57,27 @@ TEST(FoldTest, UpperCaseIsSimpleAndKeepsWhatHasNone) {
   EXPECT_EQ(FoldPrefixLength("BOGUS", "BONUS"), -1);
 }
 
+TEST(FoldTest, APartIsFoundWhereverItStands) {
+  const std::tuple<const char*, const char*, bool> cases[] = {
+      {"Old Lighthouse", "LIGHT", true},
+      {"Old Lighthouse", "house", true},
+      {"aaab", "AAB", true},
+      {"gull", "gulls", false},
+      {"gull", "", true},
+      {"", "", true},
+      {"", "a", false},
+      {"caf\xC3\xA9 noir", "\xC3\x89 N", true},
+      {"\xC3\xA9t\xC3\xA9", "t\xC3\x89", true},
+      {"D\xC4\xB1ng", "ding", true},
+      {"cut \xC3", "\xC3\xA9", false},
+      {"caf\xC3\xA9", "\xA9", false},
+      {"\xE9 bad", "BAD", true},
+      {"\xE9 bad", "\xE9 B", true},
+      {"caf\xC3\xA9", "\xC3", false}};
+  for (const auto& [text, part, occurs] : cases) {
+    EXPECT_EQ(FoldContains(text, part), occurs) << text << ": " << part;
+  }
+}
+
 }  // namespace
 }  // namespace brindlemoor
