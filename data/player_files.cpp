@@ -79,6 +79,12 @@ std::string PlayerFileName(int gameIndex) {
   return name;
 }
 
+std::string OwnPlayerFileName() {
+  const Session& session = State();
+  return session.CurrentGame != 0 ? PlayerFileName(session.CurrentGame)
+                                  : FileNameOf(session.Profile.PlayerFile);
+}
+
 void WritePlayerFile(std::string_view fileName) {
   Session& session = State();
   if (session.DebugMode == 1 || fileName.empty()) return;

@@ -13,6 +13,10 @@ inline constexpr int kFirstTokens = 500;
 /// can't hold is written as "_". "" for a number that is no game.
 std::string PlayerFileName(int gameIndex);
 
+/// The player file in use: that of the game in progress, or at the list of games the one that was
+/// read there. "" for none.
+std::string OwnPlayerFileName();
+
 /// Reads a player file for side 1. What is wrong in it would be gone with the next save: then a
 /// copy of the file is kept beside it, and a message says so.
 void ReadPlayerFile(std::string_view fileName);

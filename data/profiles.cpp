@@ -79,7 +79,7 @@ void SaveProfiles() {
   SaveOrTell(InProgramFolder(kListFile), kListFile, text);
 }
 
-std::string RefusePlayerName(std::string_view name) {
+std::string RefuseNameInFiles(std::string_view name) {
   if (name.find_first_not_of(' ') == std::string_view::npos) return "The name is empty.";
   if (Characters(name) > kLongestName) {
     return Joined("The name is longer than ", kLongestName, " characters.");
@@ -91,10 +91,16 @@ std::string RefusePlayerName(std::string_view name) {
   if (std::any_of(name.begin(), name.end(), IsControl)) {
     return "The name holds a control character.";
   }
-  for (const ProfileRec& profile : State().Profiles) {
-    if (FoldEquals(profile.PlayerName, name)) return "There is a player of this name already.";
-  }
   return "";
+}
+
+std::string RefusePlayerName(std::string_view name) {
+  for (const ProfileRec& profile : State().Profiles) {
+    if (!name.empty() && FoldEquals(profile.PlayerName, name)) {
+      return "There is a player of this name already.";
+    }
+  }
+  return RefuseNameInFiles(name);
 }
 
 }  // namespace brindlemoor

@@ -13,6 +13,8 @@ void SaveProfiles();
 /// Characters that no file name can hold on some system.
 inline constexpr std::string_view kNotInFileNames = "/\\:*?\"<>|";
 
+/// Why a name can't be part of a file name, "" when it can.
+std::string RefuseNameInFiles(std::string_view name);
 /// Why a player's name can't be taken, "" when it can: it becomes part of a file name.
 std::string RefusePlayerName(std::string_view name);
 

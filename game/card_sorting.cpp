@@ -30,7 +30,7 @@ Value KeyOf(const Card& card, std::string_view kind, std::string_view trait) {
   if (kind == "EMPTY") return IsFree(card) ? 0 : 1;
   const bool unchanged = kind == "TRAIT";
   const std::string_view name = unchanged ? trait : kind;
-  if (!HasTrait(card, name, "")) return kLast;
+  if (name.empty() || !HasTrait(card, name, "")) return kLast;
   const Value value = GetTrait(card, name);
   return unchanged ? value : Value(value.Number());
 }
@@ -83,6 +83,30 @@ void CompactCollection() {
     if (++kept != position) collection[kept] = std::move(collection[position]);
   }
   if (kept > 0) collection.Resize(kept);
+}
+
+namespace {
+
+/// One pass that moves each card into a free place before it.
+void CloseGaps(Pile& pile) {
+  for (int position = 2; position <= pile.UpperBound(); ++position) {
+    if (!IsFree(pile[position - 1])) continue;
+    pile[position - 1] = std::move(pile[position]);
+    pile[position] = Card();
+  }
+}
+
+}  // namespace
+
+void TidyDecks() {
+  for (DeckRec& deck : State().Decks) {
+    SortCards(deck.Cards, kByName);
+    CloseGaps(deck.Cards);
+    int last = 1;
+    while (last < deck.Cards.UpperBound() && !IsFree(deck.Cards[last + 1])) ++last;
+    if (last < deck.Cards.UpperBound()) deck.Cards.Resize(last);
+  }
+  CloseGaps(State().Collection);
 }
 
 void SortDeck(int deckNumber) {

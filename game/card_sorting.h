@@ -15,6 +15,10 @@ void SortCards(Pile& pile, std::string_view spec);
 /// Takes the free records out of Collection, unless it holds no card at all.
 void CompactCollection();
 
+/// After a card has left a pile: sorts each deck by name and cuts off its free records (one stays
+/// in a deck without cards); in Collection the gap moves to the end.
+void TidyDecks();
+
 /// Sorts a deck, 1 to 3, by name.
 void SortDeck(int deckNumber);
 /// Sorts Collection by name and compacts it.

@@ -17,8 +17,8 @@ struct Form;
 /// What a file dialog is opened with. Extensions are without a dot.
 struct FileDialogRequest {
   bool Save = false;
-  std::string FileName;  ///< preset name or pattern such as "*.txt"
-  std::string DefaultExtension;
+  std::string FileName{};  ///< preset name or pattern such as "*.txt"
+  std::string DefaultExtension{};
 };
 
 /// A desktop: windows, dialogs, browser views, events, files and the clock. One side draws real
