@@ -21,6 +21,7 @@
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/overlay_files.h"
 #include "script/stored_cards.h"
+#include "ui/forms.h"
 
 namespace brindlemoor {
 
@@ -82,6 +83,7 @@ void OpenSession(const Stage& stage, std::uint64_t seed) {
   auto desktop = std::make_shared<HeadlessPlatform>(
       std::make_unique<OverlayFileSystem>(BelongsToPlayers), seed);
   desktop->AcceptMessages = true;
+  desktop->ModalForms.emplace_back([](Form&) { TheDeckManager().Command2_Click(); });
   State().Desktop = std::move(desktop);
   State().ProgramFolder = stage.Folder;
   State().CurrentFolder = stage.Folder;

@@ -106,8 +106,7 @@ bool ChooseDeck() {
   Session& session = State();
   if (HasPlayerFile()) {
     ReadOwnFile();
-    ShowDeckManager();
-    if (Desktop().Ending()) return false;
+    if (!ShowDeckManager() || Desktop().Ending()) return false;
   }
   // A player file without a card that could be played counts like one that is not there.
   if (!HasPlayerFile() || !HoldsCards(session.Decks[session.CurrentDeck].Cards)) {

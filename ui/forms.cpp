@@ -36,4 +36,10 @@ HelpForm& TheHelpForm() {
   return *forms.Help;
 }
 
+DeckManager& TheDeckManager() {
+  Forms& forms = TheForms();
+  if (forms.Decks == nullptr) forms.Decks = std::make_unique<DeckManager>();
+  return *forms.Decks;
+}
+
 }  // namespace brindlemoor

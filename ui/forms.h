@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "ui/deck_manager.h"
 #include "ui/help_window.h"
 #include "ui/main_window.h"
 #include "ui/profile_menu.h"
@@ -14,11 +15,13 @@ struct Forms {
   std::unique_ptr<MainWindow> Main;
   std::unique_ptr<ProfileMenu> Profiles;
   std::unique_ptr<HelpForm> Help;
+  std::unique_ptr<DeckManager> Decks;
 };
 
 /// The windows, each made at its first use; the main window is loaded then.
 MainWindow& TheMainWindow();
 ProfileMenu& TheProfileMenu();
 HelpForm& TheHelpForm();
+DeckManager& TheDeckManager();
 
 }  // namespace brindlemoor

@@ -80,14 +80,31 @@ bool OwnsCards() {
   return collection.UpperBound() > 1 || (collection.UpperBound() == 1 && !IsFree(collection[1]));
 }
 
-/// A menu action that waits was clicked: arms it, or first asks for what it needs.
-void ChooseMenuAction(int slot, CardEffect& effect) {
+/// Lets the player pick the owned card that a menu action changes. Without a pick it goes on
+/// waiting.
+void AimAtOwnedCard(int slot, int index) {
   Session& state = State();
+  if (!OwnsCards()) {
+    Desktop().MessageBox("You don't own any cards to modify!");
+    return;
+  }
+  if (!PickOwnedCard()) return;
+  CardEffect& effect = state.CardTable[slot].Effects.Edit(index);
+  effect.MenuState = kArmedMenuAction;
+  effect.ChosenTarget = state.PickedCard;
+  effect.PickedPile = state.PickedPile;
+  // The picked position counts as the selected slot too; that is meant.
+  state.SelectedSlot = static_cast<std::int16_t>(state.PickedCard);
+  ShowPlayMenu();
+}
+
+/// A menu action that waits was clicked: arms it, or first asks for what it needs.
+void ChooseMenuAction(int slot, int index) {
+  Session& state = State();
+  CardEffect& effect = state.CardTable[slot].Effects.Edit(index);
   switch (effect.TargetType) {
     case kTargetCollection:
-      Desktop().MessageBox(OwnsCards()
-                               ? "Choosing one of your own cards comes with the deck manager."
-                               : "You don't own any cards to modify!");
+      AimAtOwnedCard(slot, index);
       return;
     case kTargetCard:
       state.AwaitingMenuTarget = 1;
@@ -147,7 +164,7 @@ bool CardDescWB_BeforeNavigate(const std::string& address) {
     state.AwaitingMenuTarget = 0;
     ShowPlayMenu();
   } else if (menuState == kMenuAction) {
-    ChooseMenuAction(slot, card.Effects.Edit(index));
+    ChooseMenuAction(slot, index);
   }
   return true;
 }

@@ -11,9 +11,11 @@
 #include "game/program_start.h"
 #include "game/turn.h"
 #include "platform/platform.h"
+#include "ui/card_editor.h"
 #include "ui/card_pages.h"
 #include "ui/forms.h"
 #include "ui/link_protocol.h"
+#include "ui/owned_targets.h"
 
 namespace brindlemoor {
 
@@ -127,7 +129,8 @@ void MainWindow::Command1_Click() {
     NewGame();
     return;
   }
-  if (state.CurrentGame == 0) return;  // at the game list there is no turn to take
+  // At the game list there is no turn to take.
+  if (state.CurrentGame == 0 && state.TestFromEditor == 0) return;
   TakeTurn(0);
   UpdateHand();
   state.SelectedSlot = 0;
@@ -176,15 +179,17 @@ void MainWindow::newgamemen_Click() {
 }
 
 void MainWindow::deckmanagermen_Click() {
-  Desktop().MessageBox(
-      "The deck manager comes with a later version.  Until then a match is played with deck 1.");
+  // A running script may hold cards of the collection.
+  if (State().TurnRunning == 0) ShowDeckManagerInGame();
 }
 
-void MainWindow::EditMen_Click() {
-  Desktop().MessageBox("The card editor comes with a later version.");
-}
+void MainWindow::EditMen_Click() { OpenCardEditor(); }
 
-void MainWindow::saveplrmen_Click() { WritePlayerFile(PlayerFileName(State().CurrentGame)); }
+void MainWindow::saveplrmen_Click() {
+  const OwnedTargets targets;
+  WritePlayerFile(PlayerFileName(State().CurrentGame));
+  targets.PutBack();
+}
 
 // The entry stands in the menu and does nothing; that is meant.
 void MainWindow::savehtmlmen_Click() {}

@@ -3,6 +3,7 @@
 
 #include "data/card_reader.h"
 #include "tests/support/session_test.h"
+#include "ui/forms.h"
 
 namespace brindlemoor {
 namespace {
@@ -11,6 +12,7 @@ class MatchStartTest : public SessionTest {
  protected:
   MatchStartTest() {
     State().Profile.PlayerName = "Ann";
+    desktop_->ModalForms.emplace_back([](Form&) { TheDeckManager().Command2_Click(); });
     State().Games.Reset(1);
     GameRec& game = State().Games[1];
     game.Name = "Goblins";
@@ -118,6 +120,38 @@ TEST_F(MatchStartTest, APlayerFileWithoutCardsIsNoDeck) {
   ChooseGame(1, 2);
   EXPECT_EQ(State().CurrentGame, 0);
   EXPECT_EQ(ReadFile("Ann_Goblins.plr"), "something else altogether");
+}
+
+TEST_F(MatchStartTest, TheDeckIsChosenInTheDeckManager) {
+  WriteFile("goblins.txt", ReadFile("goblins.txt") + "#DECKRULES, TRAITMINIMUM:#ANY#:2,\n");
+  OwnDeck();
+  DeckManager& manager = TheDeckManager();
+  desktop_->ModalForms.clear();
+  desktop_->ModalForms.emplace_back([&](Form& form) {
+    manager.Option1[1]->Click();
+    manager.CollectPic[0]->MouseUp(MouseButton::kLeft);
+    manager.Command2.Click();
+    EXPECT_TRUE(form.Shown) << "one card is not enough";
+    EXPECT_TRUE(manager.QueryClose());
+    manager.backmen.Click();
+    EXPECT_FALSE(form.Shown);
+  });
+  desktop_->ExpectedMessages = {"You must have at least 2 cards in your play deck.",
+                                "You must have at least 2 cards in your play deck."};
+  ChooseGame(1, 2);
+  EXPECT_EQ(State().CurrentGame, 0) << "the player went back to the list";
+  EXPECT_NE(ReadFile("Ann_Goblins.plr").find("INPLAYERDECK:2, \"Spare\""), std::string::npos);
+
+  desktop_->ModalForms.emplace_back([&](Form&) {
+    manager.Option1[1]->Click();
+    manager.DeckPic[0]->MouseUp(MouseButton::kLeft);  // Spare goes back
+    manager.Option1[0]->Click();
+    manager.CollectPic[0]->MouseUp(MouseButton::kLeft);
+    manager.Command2.Click();
+  });
+  ChooseGame(1, 2);
+  EXPECT_EQ(State().CurrentGame, 1);
+  EXPECT_NE(In(State().Players[1].Deck, "Spare"), nullptr);
 }
 
 TEST_F(MatchStartTest, CardsThatTheRulesFilePutsOnTheTableAreThereOnce) {

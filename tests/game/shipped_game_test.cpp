@@ -10,6 +10,8 @@ TEST_F(ShippedGamesTest, FilesReadWithoutAProblem) {
   OpenStarterChest();
   for (int opponent = 2; opponent <= State().Games[1].Opponents.UpperBound(); ++opponent) {
     const std::string name = State().Games[1].Opponents[opponent].Name.Str();
+    desktop_->ModalForms.clear();
+    ExpectWholeDeck();
     ChooseGame(1, opponent);
     for (const Problem& problem : State().Problems) {
       ADD_FAILURE() << name << ": " << problem.File << ":" << problem.Line << ": "
@@ -35,6 +37,7 @@ TEST_F(ShippedGamesTest, ANewPlayerNeedsTheStarterChestFirst) {
 
 TEST_F(ShippedGamesTest, AMatchIsLostByDoingNothing) {
   OpenStarterChest();
+  ExpectWholeDeck();
   ChooseGame(1, OpponentNamed("Oona Ebb"));
   constexpr int kTurns = 60;
   int turn = 0;

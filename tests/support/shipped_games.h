@@ -11,6 +11,7 @@
 #include "game/match_start.h"
 #include "game/program_start.h"
 #include "tests/support/session_test.h"
+#include "ui/forms.h"
 
 namespace brindlemoor {
 
@@ -35,6 +36,14 @@ class ShippedGamesTest : public SessionTest {
       if (opponents[index].Name == name) return index;
     }
     return 0;
+  }
+  /// The next deck manager: the user puts every card of the collection into the deck and plays.
+  void ExpectWholeDeck() {
+    desktop_->ModalForms.emplace_back([](Form&) {
+      DeckManager& manager = TheDeckManager();
+      while (manager.CollectPic[0]->Visible) manager.CollectPic[0]->MouseUp(MouseButton::kLeft);
+      manager.Command2.Click();
+    });
   }
   /// Takes the cards of the starter chest and goes back to the list.
   static void OpenStarterChest() {

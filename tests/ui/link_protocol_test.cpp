@@ -89,6 +89,38 @@ TEST_F(LinkProtocolTest, MenuActionsAreArmedAndDisarmed) {
   EXPECT_EQ(click(3), kMenuAction);
 }
 
+TEST_F(LinkProtocolTest, AMenuActionOnOwnCardsAsksForOneInTheDeckManager) {
+  State().Collection.Reset(3);
+  for (int position = 1; position <= 3; ++position) {
+    State().Collection[position] = MakeCard(Joined("Own ", position), 1);
+  }
+  State().Decks[2].Cards[1] = MakeCard("Own 4", 1);
+  DeckManager& manager = TheDeckManager();
+  const auto pick = [&](const std::function<void()>& user) {
+    desktop_->ModalForms.emplace_back([user](Form&) { user(); });
+    CardDescWB_BeforeNavigate("menuaction:111:3");
+    const CardEffect& effect = goblin_->Effects[3];
+    return Joined(effect.MenuState, " ", effect.ChosenTarget, " ", int{effect.PickedPile}, " ",
+                  State().SelectedSlot, " ", int{State().PickingCard});
+  };
+  State().SelectedSlot = 0;
+  EXPECT_EQ(pick([&] {
+              EXPECT_FALSE(manager.Command2.Visible || manager.Command5.Visible);
+              manager.CollectPic[1]->MouseMove();
+              EXPECT_FALSE(manager.QueryClose());
+            }),
+            "1 0 0 0 0")
+      << "closed without a pick";
+  EXPECT_EQ(pick([&] { manager.CollectPic[1]->MouseUp(MouseButton::kLeft); }), "2 2 0 2 0");
+  EXPECT_EQ(State().Collection[2].Name, "Own 2");
+  CardDescWB_BeforeNavigate("menuaction:111:3");
+  EXPECT_EQ(pick([&] {
+              manager.Option1[1]->Click();
+              manager.DeckPic[0]->MouseUp(MouseButton::kLeft);
+            }),
+            "2 1 2 1 0");
+}
+
 TEST_F(LinkProtocolTest, PlayMenuListsThePlan) {
   QueuePlay(1, 0);
   QueuePlay(2, ogre_->Slot);

@@ -1,0 +1,148 @@
+// The deck manager: its menus, which read and write files.
+#include <array>
+
+#include "core/cards.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "core/traits.h"
+#include "data/card_reader.h"
+#include "data/opponent_files.h"
+#include "data/player_files.h"
+#include "data/profiles.h"
+#include "data/starter_deck_file.h"
+#include "platform/platform.h"
+#include "ui/deck_manager.h"
+
+namespace brindlemoor {
+
+namespace {
+
+/// A file of the user's choice that holds cards or tokens; "" with a message for any other.
+std::string AskCardFile(const FileDialogRequest& request) {
+  constexpr std::array<std::string_view, 5> kWords = {"#PLAYERDECK", "#CARD", "#COLLECTION",
+                                                      "#TOKENS", "#INCLUDE"};
+  const auto path = Desktop().AskFile(request);
+  if (!path) return "";
+  const auto bytes = Desktop().Files().Read(*path);
+  if (!bytes) {
+    Desktop().MessageBox(Joined("Can't read ", FileNameOf(*path), "."));
+    return "";
+  }
+  for (const std::string_view word : kWords) {
+    if (bytes->find(word) != std::string::npos) return *path;
+  }
+  Desktop().MessageBox(Joined("There are no cards in ", FileNameOf(*path), "."));
+  return "";
+}
+
+/// The name of the deck's player card, "" when it has none.
+std::string PlayerCardName(const Pile& deck) {
+  for (const Card& card : deck) {
+    if (!IsFree(card) && HasTrait(card, "PLAYER", "")) return card.Name.Str();
+  }
+  return "";
+}
+
+/// Where a file of the current game goes: the folder of its opponents. "" with a message when the
+/// name can't be part of a file name or the user would rather keep the file of this name.
+std::string NewGameFile(std::string_view name, std::string_view ending) {
+  const std::string refusal = RefuseNameInFiles(name);
+  if (!refusal.empty()) {
+    Desktop().MessageBox(refusal);
+    return "";
+  }
+  const Session& state = State();
+  const bool inGame = state.Games.Holds(state.CurrentGame);
+  const std::string folder = inGame ? state.Games[state.CurrentGame].Folder.Str() : std::string();
+  const std::string file = Joined(name, ending);
+  std::string path = InProgramFolder(folder.empty() ? file : Joined(folder, "/", file));
+  if (!Desktop().Files().Exists(path)) return path;
+  const std::string question = Joined("There is a file ", file, " already.  Replace it?");
+  return Desktop().AskYesNo(question) ? path : std::string();
+}
+
+/// The next save takes what is loaded for the player's own; the file as it was stays beside it.
+void KeepCopyOfPlayerFile() {
+  const std::string path = InProgramFolder(OwnPlayerFileName());
+  const auto bytes = Desktop().Files().Read(path);
+  if (!bytes) return;
+  const std::string failure = Desktop().Files().Write(path + ".before", *bytes);
+  if (!failure.empty()) {
+    Desktop().MessageBox(Joined("No copy of your player file could be kept: ", failure));
+  }
+}
+
+bool DeckHoldsCards() {
+  const Session& state = State();
+  if (HoldsCards(state.Decks[state.CurrentDeck].Cards)) return true;
+  Desktop().MessageBox("There are no cards in this deck.");
+  return false;
+}
+
+}  // namespace
+
+void DeckManager::savedeckmen_Click() {
+  if (State().DebugMode == 1) {
+    Desktop().MessageBox("Players are not saved in debug mode.");
+    return;
+  }
+  const auto path =
+      Desktop().AskFile({.Save = true, .FileName = "*.plr", .DefaultExtension = "plr"});
+  if (!path) return;
+  WritePlayerFile(*path);
+  UpdateDecks();
+}
+
+void DeckManager::loadplrmen_Click() {
+  const std::string path = AskCardFile({.FileName = "*.plr;*.txt", .DefaultExtension = "plr"});
+  if (path.empty()) return;
+  KeepCopyOfPlayerFile();
+  ReadPlayerFile(path);
+  ShowDeckNames();
+  ForgetPreviews();
+  UpdateDecks();
+}
+
+void DeckManager::loadoppmen_Click() {
+  const std::string path = AskCardFile({.FileName = "*.txt"});
+  if (path.empty()) return;
+  Session& state = State();
+  PlayerState scratch;
+  InitPlayer(scratch, 2);
+  state.Decks[state.CurrentDeck].Cards.Reset(1);
+  ReadCards(path, scratch, 0, Joined("INPLAYERDECK:", int{state.CurrentDeck}), 1);
+  ForgetPreviews();
+  UpdateDecks();
+}
+
+void DeckManager::saveasopponent_Click() {
+  if (!DeckHoldsCards()) return;
+  PlayerState enemy = State().Players[1];
+  enemy.Deck = State().Decks[State().CurrentDeck].Cards;
+  ShufflePile(enemy);
+  const auto answer =
+      Desktop().AskText("What should this enemy's name be?  (Leave blank for default name)");
+  if (!answer) return;
+  const std::string name = answer->empty() ? PlayerCardName(enemy.Deck) : *answer;
+  const std::string path = NewGameFile(name, "_Enemy.txt");
+  if (!path.empty() && WriteOpponentFile(path, name)) Desktop().MessageBox("Enemy saved.");
+}
+
+void DeckManager::savestarterdeckmen_Click() {
+  if (!DeckHoldsCards()) return;
+  const auto name = Desktop().AskText("What should this starter deck's name be?");
+  if (!name) return;
+  const std::string path = NewGameFile(*name, "_Starter.txt");
+  if (!path.empty() && WriteStarterDeckFile(path, *name)) {
+    Desktop().MessageBox("Starter deck saved.");
+  }
+}
+
+void DeckManager::helpmen_Click() {
+  Desktop().MessageBox(
+      "This is the deck editor.  Your card collection is shown in the middle of the screen and the "
+      "currently selected deck is on the left.  Simply click on a card to move it from one to the "
+      "other.  When you are satisfied with your deck, hit the \"PLAY\" button to start the game.");
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,103 @@
+// Laying out a test position and beginning its game.
+#include "ui/test_position.h"
+
+#include "core/cards.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "core/traits.h"
+#include "data/card_reader.h"
+#include "game/program_start.h"
+#include "game/turn.h"
+#include "platform/platform.h"
+#include "script/trait_actions.h"
+#include "script/triggers.h"
+#include "ui/forms.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kHandPositions = 10;
+
+/// The path of the rules file, asked for until one is found; "" when that was cancelled.
+std::string FindRulesFile() {
+  Text& name = State().GameFileName;
+  while (true) {
+    if (std::string path = ResolvePath(name, 0); !path.empty()) return path;
+    Desktop().MessageBox("Please choose the rules file to use for this card set.");
+    const auto chosen = Desktop().AskFile({.FileName = "*.txt"});
+    if (!chosen) return "";
+    name = FileNameOf(*chosen);
+  }
+}
+
+void ReadRules(const std::string& path) {
+  ForgetRules();
+  PlayerState scratch;
+  InitPlayer(scratch, 4);
+  ReadCards(path, scratch, 0, "", 0);
+}
+
+/// What lay there goes; the player cards with their ONDEATH.
+void ClearTable() {
+  Pile& table = State().CardTable;
+  for (Card& card : table) {
+    if (!IsFree(card) && !HasTrait(card, "PLAYER", "")) FreeCard(card);
+  }
+  for (int slot = 1; slot <= table.UpperBound(); ++slot) KillCard(table[slot]);
+}
+
+void DealHand(PlayerState& player, const Pile& cards) {
+  player.Hand.Reset(kHandPositions);
+  player.Deck.Reset(1);
+  for (int position = 1; position <= cards.UpperBound(); ++position) {
+    if (IsFree(cards[position])) continue;
+    if (position < kHandPositions) {
+      player.Hand[position] = cards[position];
+      ApplyTraitActions(player.Hand[position], "");
+    } else {
+      player.Deck.Append(cards[position]);
+    }
+  }
+}
+
+void BringIntoPlay(const Pile& cards, int side) {
+  for (const Card& card : cards) {
+    if (IsFree(card)) continue;
+    Card entering = card;
+    entering.Owner = static_cast<std::uint8_t>(side);
+    const int slot = AddToTable(entering);
+    if (slot == 0 || !HasTrait(entering, "PLAYER", "")) continue;
+    State().Players[side].Color = State().CardTable[slot].NameColor;
+  }
+}
+
+void BeginTurns() {
+  Session& state = State();
+  state.GameOver = 0;
+  state.TestFromEditor = 1;
+  TheMainWindow().Command1.Caption = "Take Turn";
+  Desktop().ShowForm(TheMainWindow(), false);
+  TakeTurn(1);
+}
+
+}  // namespace
+
+bool StartTestPosition() {
+  const std::string rules = FindRulesFile();
+  if (rules.empty()) return false;
+  Session& state = State();
+  state.DeckManagerMode = 0;
+  state.DebugMode = 1;
+  ClearTable();
+  ReadRules(rules);
+  DealHand(state.Players[1], state.Decks[1].Cards);
+  InitPlayer(state.Players[2], 2);  // the hand of an earlier match is no part of this one
+  BringIntoPlay(state.Decks[2].Cards, 1);
+  BringIntoPlay(state.Decks[3].Cards, 2);
+  ReapplyTraitActions(1);
+  BeginTurns();
+  return true;
+}
+
+}  // namespace brindlemoor
