@@ -17,6 +17,7 @@ namespace brindlemoor {
 
 class Platform;
 class cGdiPlus;
+struct EditorForms;
 struct Forms;
 
 /// Slot and action of one HitTable entry; slot 0 is free.
@@ -136,9 +137,10 @@ struct Session {
       InternedTexts;  ///< see InternText; keys are views of the texts
 
   // What the engine reaches of the desktop.
-  std::shared_ptr<Platform> Desktop;      ///< never empty while the program runs
-  std::shared_ptr<Forms> OpenForms;       ///< the windows
-  std::shared_ptr<cGdiPlus> ImageBridge;  ///< the one image object
+  std::shared_ptr<Platform> Desktop;             ///< never empty while the program runs
+  std::shared_ptr<Forms> OpenForms;              ///< the windows
+  std::shared_ptr<EditorForms> OpenEditorForms;  ///< the editor's windows
+  std::shared_ptr<cGdiPlus> ImageBridge;         ///< the one image object
 };
 
 /// The session of this program.

@@ -50,6 +50,7 @@ bool HeadlessPlatform::AskYesNo(std::string_view text) {
 }
 
 std::optional<std::string> HeadlessPlatform::AskText(std::string_view prompt) {
+  Questions.emplace_back(prompt);
   return TakeAnswer(TextAnswers, "input box", prompt);
 }
 

@@ -30,7 +30,8 @@ class HeadlessPlatform : public Platform {
   bool AcceptMessages = false;                        ///< message boxes need not be expected
 
   // What the caller finds.
-  std::vector<std::string> Messages;  ///< every message box
+  std::vector<std::string> Messages;   ///< every message box
+  std::vector<std::string> Questions;  ///< prompt of every input box
   std::vector<std::string> UnexpectedDialogs;
   std::map<std::string, std::string> Pages;  ///< bytes of the page each view shows, by its name
   std::vector<std::string> Navigations;      ///< "view url" in order

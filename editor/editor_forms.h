@@ -1,0 +1,24 @@
+// The editor's windows.
+#pragma once
+
+#include <memory>
+
+#include "editor/counter_picker.h"
+#include "editor/effect_picker.h"
+#include "editor/value_generator.h"
+
+namespace brindlemoor {
+
+/// Every window of the editor; each is made at its first use.
+struct EditorForms {
+  std::unique_ptr<EffectPicker> Effects;
+  std::unique_ptr<CounterPicker> Counters;
+  std::unique_ptr<ValGen> Values;
+};
+
+/// The windows, each made at its first use; the pickers are loaded then.
+EffectPicker& TheEffectPicker();
+CounterPicker& TheCounterPicker();
+ValGen& TheValGen();
+
+}  // namespace brindlemoor
