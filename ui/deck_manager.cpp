@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/cards.h"
+#include "core/pages.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "game/card_sorting.h"
@@ -220,6 +221,8 @@ void DeckManager::Form_Load() {
   TidyDecks();
   SortDeck(1);
   CollectionTop = 0;
+  ForgetPreviews();
+  if (!WB.Url.Get().empty()) ShowInView(WB, "blank.htm");
   ShowDeckNames();
   UpdateDecks();
 }
