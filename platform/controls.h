@@ -80,7 +80,9 @@ struct TextBox : Control {
   Property<std::string> Text{*this};
   Property<std::string> Placeholder{*this};  ///< shown faintly while there is no text
   Property<bool> MultiLine{*this, false};
-  std::function<void()> Change;  ///< the user changed the text
+  Property<bool> ReadOnly{*this, false};
+  std::function<void()> Change;      ///< the user changed the text
+  std::function<void()> RightClick;  ///< takes the place of the menu for copying and pasting
 };
 
 struct ComboBox : Control {
@@ -88,7 +90,18 @@ struct ComboBox : Control {
   Property<std::vector<std::string>> Items{*this};
   Property<std::string> Text{*this};
   Property<bool> Editable{*this, false};  ///< the user may type a text that is no item
-  std::function<void()> Change;
+  /// Number of the chosen item, from 1; 0 none. It tells items of the same text apart, and counts
+  /// only while that item's text is Text.
+  Property<int> Selected{*this, 0};
+  std::function<void()> Change;  ///< the user typed, or chose an item and there is no Click
+  std::function<void()> Click;   ///< the user chose an item
+
+  /// Chooses an item by its number; 0 chooses none.
+  void Select(int item) {
+    const bool there = item >= 1 && item <= static_cast<int>(Items.Get().size());
+    Selected = there ? item : 0;
+    Text = there ? Items.Get()[static_cast<std::size_t>(item) - 1] : std::string();
+  }
 };
 
 struct ListBox : Control {
@@ -175,6 +188,12 @@ struct MenuItem : Observed {
   std::vector<MenuItem*> Items;
 };
 
+/// A frame around other controls, which are hidden with it.
+struct Frame : Control {
+  using Control::Control;
+  Property<std::string> Caption{*this};
+};
+
 /// How a form arranges its controls: nested rows and columns. A leaf names one control; an element
 /// with neither a control nor children is empty space. A scroll bar stands upright in a row.
 struct Layout {
@@ -182,10 +201,11 @@ struct Layout {
   Kind Direction = Kind::kColumn;
   Control* Leaf = nullptr;
   std::vector<Layout> Children{};
-  int Stretch = 0;      ///< share of spare room, 0 keeps the natural size
-  int Width = 0;        ///< fixed width in pixels at 96 dpi, 0 natural
-  int Height = 0;       ///< fixed height, 0 natural
-  std::string Title{};  ///< caption of a frame around the children, "" for no frame
+  int Stretch = 0;         ///< share of spare room, 0 keeps the natural size
+  int Width = 0;           ///< fixed width in pixels at 96 dpi, 0 natural
+  int Height = 0;          ///< fixed height, 0 natural
+  std::string Title{};     ///< caption of a frame around the children, "" for no frame
+  Frame* Group = nullptr;  ///< the frame around the children where it is a control itself
 };
 
 /// A window: its caption, its arrangement, its menus and its events.

@@ -25,6 +25,7 @@ QWidget* BindOptionButton(OptionButton& model, FormWindow& window);
 QWidget* BindCheckBox(CheckBox& model, FormWindow& window);
 QWidget* BindScrollBar(ScrollBar& model, FormWindow& window);
 QWidget* BindPictureBox(PictureBox& model, FormWindow& window);
+QWidget* BindBarChart(BarChart& model, FormWindow& window);
 QWidget* BindBrowserView(BrowserView& model, FormWindow& window);
 void BindMenus(const std::vector<MenuItem*>& menus, FormWindow& window);
 

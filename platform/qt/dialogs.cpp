@@ -62,8 +62,11 @@ std::optional<std::string> QtPlatform::AskText(std::string_view prompt) {
   dialog.setWindowTitle(kTitle);
   dialog.setInputMode(QInputDialog::TextInput);
   dialog.setLabelText(ToQt(prompt));
+  for (QLabel* label : dialog.findChildren<QLabel*>()) {
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+  }
   dialog.resize(kInputWidth, dialog.sizeHint().height());
-  for (QLabel* label : dialog.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
   if (!RunDialog(dialog)) return std::nullopt;
   return dialog.textValue().toStdString();
 }
@@ -77,7 +80,8 @@ std::optional<std::string> QtPlatform::AskFile(const FileDialogRequest& request)
   const QString name = QString::fromStdString(request.FileName);
   QStringList filters;
   if (name.contains('*')) {
-    filters << name;
+    // Patterns are asked for with semicolons between them; a name filter has blanks.
+    filters << name.split(';', Qt::SkipEmptyParts).join(' ');
   } else {
     if (!request.DefaultExtension.empty()) {
       filters << "*." + QString::fromStdString(request.DefaultExtension);

@@ -90,13 +90,19 @@ void FillBox(QBoxLayout& box, const Layout& cell, FormWindow& window);
 QWidget* Container(const Layout& cell, FormWindow& window) {
   QWidget* widget = nullptr;
   ScrolledRow* scrolled = nullptr;
-  if (!cell.Title.empty()) {
+  if (cell.Group != nullptr) {
+    auto* group = new QGroupBox(&window);
+    BindCommon(*cell.Group, *group, window, [group, frame = cell.Group] {
+      group->setTitle(QString::fromStdString(frame->Caption));
+    });
+    widget = group;
+  } else if (!cell.Title.empty()) {
     widget = new QGroupBox(QString::fromStdString(cell.Title), &window);
   } else {
     widget = scrolled = new ScrolledRow(&window);
   }
   QBoxLayout* box = NewBox(cell.Direction);
-  if (!cell.Title.empty()) box->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  if (scrolled == nullptr) box->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   widget->setLayout(box);
   FillBox(*box, cell, window);
   FixSize(*widget, cell);
@@ -110,7 +116,8 @@ void AddCell(QBoxLayout& box, const Layout& cell, Kind direction, FormWindow& wi
     box.addSpacing(direction == Kind::kRow ? cell.Width : cell.Height);
   } else if (cell.Leaf != nullptr) {
     AddLeaf(box, cell, direction, window);
-  } else if (!cell.Title.empty() || cell.Width > 0 || cell.Height > 0 || HoldsScrollBar(cell)) {
+  } else if (cell.Group != nullptr || !cell.Title.empty() || cell.Width > 0 || cell.Height > 0 ||
+             HoldsScrollBar(cell)) {
     box.addWidget(Container(cell, window), cell.Stretch);
   } else {
     QBoxLayout* inner = NewBox(cell.Direction);

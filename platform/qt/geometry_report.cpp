@@ -3,11 +3,13 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QSaveFile>
 #include <QVariant>
@@ -82,14 +84,24 @@ QString MenuLines(const QWidget& menu, const QList<QAction*>& actions,
   return lines;
 }
 
+/// What a control says: its caption, its text or its name for those who cannot see it.
+QString Words(const QWidget& control) {
+  if (const auto* button = qobject_cast<const QAbstractButton*>(&control)) {
+    return Plain(button->text());
+  }
+  if (const auto* edit = qobject_cast<const QLineEdit*>(&control)) return edit->text();
+  if (const auto* edit = qobject_cast<const QPlainTextEdit*>(&control)) return edit->toPlainText();
+  if (const auto* combo = qobject_cast<const QComboBox*>(&control)) return combo->currentText();
+  return control.accessibleName();
+}
+
 QString WindowLines(const FormWindow& window) {
   QString lines = Line("window", window.objectName(), OnScreen(window), window.windowTitle());
   for (const QWidget* widget : window.findChildren<QWidget*>()) {
     if (!widget->isVisible() || !widget->property("control").toBool()) continue;
-    const auto* button = qobject_cast<const QAbstractButton*>(widget);
     const bool isView = dynamic_cast<const PageView*>(widget) != nullptr;
-    lines += Line(isView ? "view" : "control", widget->objectName(), OnScreen(*widget),
-                  button != nullptr ? Plain(button->text()) : QString());
+    lines +=
+        Line(isView ? "view" : "control", widget->objectName(), OnScreen(*widget), Words(*widget));
   }
   if (const auto* bar = window.findChild<QMenuBar*>()) {
     lines += MenuLines(*bar, bar->actions(), [bar](QAction* a) { return bar->actionGeometry(a); });

@@ -22,6 +22,7 @@ class LabelWidget : public QWidget {
 
   void Follow() {
     text_ = QString::fromStdString(model_.Caption);
+    setAccessibleName(text_);
     QSizePolicy policy(QSizePolicy::Preferred,
                        IsLong() ? QSizePolicy::Minimum : QSizePolicy::Fixed);
     policy.setHeightForWidth(IsLong());

@@ -23,6 +23,14 @@ QStringList ToQt(const Items& items) {
 
 constexpr int kShortestCombo = 14;  // characters
 
+/// The place of the item that Selected names, -1 when it names none of this text.
+int ChosenPlace(const ComboBox& model) {
+  const Items& items = model.Items;
+  const int place = model.Selected - 1;
+  const bool there = place >= 0 && place < static_cast<int>(items.size());
+  return there && items[static_cast<std::size_t>(place)] == model.Text.Get() ? place : -1;
+}
+
 void ShowText(QComboBox& combo, const QString& text) {
   combo.setCurrentIndex(combo.findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
   if (combo.isEditable()) {
@@ -49,15 +57,28 @@ QWidget* BindComboBox(ComboBox& model, FormWindow& window) {
       combo->clear();
       combo->addItems(ToQt(*shown));
     }
-    ShowText(*combo, QString::fromStdString(model.Text));
+    const int place = ChosenPlace(model);
+    if (place >= 0) {
+      combo->setCurrentIndex(place);
+    } else {
+      ShowText(*combo, QString::fromStdString(model.Text));
+    }
   });
-  const auto take = [&model](const QString& text) {
-    model.Text = text.toStdString();
-    if (model.Change) model.Change();
-  };
-  QObject::connect(combo, &QComboBox::textActivated, &window, take);
+  QObject::connect(combo, &QComboBox::activated, &window, [&model](int place) {
+    model.Select(place + 1);
+    if (model.Click) {
+      model.Click();
+    } else if (model.Change) {
+      model.Change();
+    }
+  });
   if (model.Editable) {
-    QObject::connect(combo->lineEdit(), &QLineEdit::textEdited, &window, take);
+    QObject::connect(combo->lineEdit(), &QLineEdit::textEdited, &window,
+                     [&model](const QString& text) {
+                       model.Selected = 0;
+                       model.Text = text.toStdString();
+                       if (model.Change) model.Change();
+                     });
   }
   return combo;
 }

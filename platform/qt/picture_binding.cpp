@@ -1,15 +1,21 @@
-// Picture boxes: a picture in its proportion, hovered, clicked and reached by keys.
+// Picture boxes: a picture in its proportion, hovered, clicked, dragged and reached by keys.
 #include <QApplication>
 #include <QFocusEvent>
+#include <QMap>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
+#include <QTimer>
 #include <QWidget>
 #include <cmath>
+#include <functional>
 #include <limits>
+#include <optional>
 
 #include "platform/qt/bindings.h"
 #include "platform/qt/form_window.h"
-#include "platform/qt/picture_cache.h"
+#include "platform/qt/picture_drag.h"
+#include "platform/qt/picture_face.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/style.h"
 
@@ -17,8 +23,36 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr QSize kNaturalSize(100, 150);
+constexpr QSize kNaturalSize(64, 88);
 constexpr QSize kSmallestSize(24, 36);
+
+struct MoveKey {
+  int Key;
+  PictureKey Means;
+  QPoint Direction;  ///< in which the focus moves; nowhere for the others
+};
+constexpr MoveKey kMoveKeys[] = {
+    {Qt::Key_Left, PictureKey::kLeft, {-1, 0}}, {Qt::Key_Right, PictureKey::kRight, {1, 0}},
+    {Qt::Key_Up, PictureKey::kUp, {0, -1}},     {Qt::Key_Down, PictureKey::kDown, {0, 1}},
+    {Qt::Key_PageUp, PictureKey::kPageUp, {}},  {Qt::Key_PageDown, PictureKey::kPageDown, {}},
+    {Qt::Key_Home, PictureKey::kHome, {}},      {Qt::Key_End, PictureKey::kEnd, {}},
+};
+
+/// The mouse button that a key stands for.
+std::optional<MouseButton> ButtonOf(const QKeyEvent& event) {
+  switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return event.modifiers().testFlag(Qt::ShiftModifier) ? MouseButton::kRight
+                                                           : MouseButton::kLeft;
+    case Qt::Key_Space:
+      return MouseButton::kLeft;
+    case Qt::Key_Delete:
+      return MouseButton::kRight;
+    default:
+      return std::nullopt;
+  }
+}
 
 class PictureWidget : public QWidget {
  public:
@@ -34,29 +68,38 @@ class PictureWidget : public QWidget {
     const bool active = model_.MouseMove || model_.MouseUp;
     setFocusPolicy(active ? Qt::StrongFocus : Qt::NoFocus);
     if (model_.MouseUp) setCursor(Qt::PointingHandCursor);
-    setAccessibleName(
-        QString::fromStdString(model_.ToolTip.Get().empty() ? model_.Name : model_.ToolTip.Get()));
+    const std::string& words = !model_.ToolTip.Get().empty()   ? model_.ToolTip.Get()
+                               : !model_.Caption.Get().empty() ? model_.Caption.Get()
+                                                               : model_.Name;
+    setAccessibleName(QString::fromStdString(words));
+    setAccessibleDescription(QString::fromStdString(model_.Badge));
     update();
+  }
+
+  void setVisible(bool visible) override {
+    if (!visible && !isHidden() && window()->focusWidget() == this) HandFocusOn();
+    QWidget::setVisible(visible);
   }
 
   QSize sizeHint() const override { return kNaturalSize; }
   QSize minimumSizeHint() const override { return kSmallestSize; }
 
  protected:
-  void paintEvent(QPaintEvent*) override {
-    const double ratio = devicePixelRatioF();
-    QPixmap picture = desktop_.Pictures().Scaled(QString::fromStdString(model_.Picture),
-                                                 (QSizeF(size()) * ratio).toSize());
-    const bool marked = model_.MouseUp && (hasFocus() || underMouse());
-    QPainter painter(this);
-    QRect place = rect();
-    if (!picture.isNull()) {
-      picture.setDevicePixelRatio(ratio);
-      place = QRect(QPoint(0, 0), picture.deviceIndependentSize().toSize());
-      place.moveCenter(rect().center());
-      painter.drawPixmap(place.topLeft(), picture);
+  bool event(QEvent* event) override {
+    // While a picture is dragged the key that gives it up is no shortcut.
+    if (event->type() == QEvent::ShortcutOverride && drag_ != nullptr &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+      event->accept();
+      return true;
     }
-    if (marked) {
+    return QWidget::event(event);
+  }
+
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    QRect place = DrawPicture(painter, rect(), model_, desktop_.Pictures(), devicePixelRatioF());
+    if (place.isEmpty()) place = rect();
+    if (model_.MouseUp && (hasFocus() || underMouse())) {
       painter.setPen(QPen(HighlightColor(), 2));
       painter.drawRect(place.adjusted(1, 1, -1, -1));
     }
@@ -64,10 +107,41 @@ class PictureWidget : public QWidget {
 
   void enterEvent(QEnterEvent*) override { update(); }
   void leaveEvent(QEvent*) override { update(); }
-  void mouseMoveEvent(QMouseEvent*) override { desktop_.Hover(model_); }
+
+  void mousePressEvent(QMouseEvent* event) override {
+    if (event->button() == Qt::LeftButton) pressed_ = event->position().toPoint();
+    if (event->button() == Qt::LeftButton || !event->buttons().testFlag(Qt::LeftButton)) {
+      givenUp_ = false;
+    }
+  }
+  void mouseMoveEvent(QMouseEvent* event) override {
+    const QPoint pointer = event->position().toPoint();
+    if (!event->buttons().testFlag(Qt::LeftButton)) {
+      GiveUpDrag();
+      givenUp_ = false;
+    } else if (drag_ == nullptr && !givenUp_ && CanBeDragged() &&
+               (pointer - pressed_).manhattanLength() > QApplication::startDragDistance()) {
+      StartDrag();
+    }
+    if (drag_ != nullptr) {
+      drag_->MoveTo(mapTo(window(), pointer));
+    } else if (!givenUp_) {
+      desktop_.Hover(model_);
+    }
+  }
   void mouseReleaseEvent(QMouseEvent* event) override {
-    if (!rect().contains(event->position().toPoint())) return;
-    if (event->button() == Qt::LeftButton) Press(MouseButton::kLeft);
+    const QPoint pointer = event->position().toPoint();
+    const bool left = event->button() == Qt::LeftButton;
+    if (drag_ != nullptr || givenUp_) {
+      if (!left) return;
+      const bool taken = drag_ != nullptr && drag_->Takes(mapTo(window(), pointer));
+      GiveUpDrag();
+      givenUp_ = false;
+      if (taken) Press(MouseButton::kLeft);
+      return;
+    }
+    if (!rect().contains(pointer)) return;
+    if (left) Press(MouseButton::kLeft);
     if (event->button() == Qt::RightButton) Press(MouseButton::kRight);
   }
 
@@ -78,41 +152,25 @@ class PictureWidget : public QWidget {
       case Qt::BacktabFocusReason:
       case Qt::ShortcutFocusReason:
       case Qt::OtherFocusReason:
-        desktop_.Hover(model_);
+        if (!quiet_) desktop_.Hover(model_);
         break;
       default:
         break;
     }
   }
-  void focusOutEvent(QFocusEvent*) override { update(); }
+  void focusOutEvent(QFocusEvent*) override {
+    GiveUpDrag();
+    update();
+  }
+  void hideEvent(QHideEvent*) override { GiveUpDrag(); }
 
   void keyPressEvent(QKeyEvent* event) override {
-    const bool shifted = (event->modifiers() & Qt::ShiftModifier) != 0;
-    switch (event->key()) {
-      case Qt::Key_Return:
-      case Qt::Key_Enter:
-        if (!event->isAutoRepeat()) Press(shifted ? MouseButton::kRight : MouseButton::kLeft);
-        break;
-      case Qt::Key_Space:
-        if (!event->isAutoRepeat()) Press(MouseButton::kLeft);
-        break;
-      case Qt::Key_Delete:
-        if (!event->isAutoRepeat()) Press(MouseButton::kRight);
-        break;
-      case Qt::Key_Left:
-        MoveFocus({-1, 0});
-        break;
-      case Qt::Key_Right:
-        MoveFocus({1, 0});
-        break;
-      case Qt::Key_Up:
-        MoveFocus({0, -1});
-        break;
-      case Qt::Key_Down:
-        MoveFocus({0, 1});
-        break;
-      default:
-        QWidget::keyPressEvent(event);
+    if (event->key() == Qt::Key_Escape && drag_ != nullptr) {
+      GiveUpDrag();
+    } else if (const auto button = ButtonOf(*event)) {
+      if (!event->isAutoRepeat()) PressByKey(*button);
+    } else if (!Move(event->key())) {
+      QWidget::keyPressEvent(event);
     }
   }
 
@@ -121,33 +179,122 @@ class PictureWidget : public QWidget {
     if (model_.MouseUp) model_.MouseUp(button);
   }
 
-  /// Gives the focus to the nearest picture box that lies in a direction.
-  void MoveFocus(QPoint direction) {
+  /// A click by a key. What lies under the keyboard may be another card now.
+  void PressByKey(MouseButton button) {
+    if (!model_.MouseUp) return;
+    const QPointer<QWidget> alive(this);
+    model_.MouseUp(button);
+    if (alive && hasFocus() && isVisible()) desktop_.Hover(model_);
+  }
+
+  /// Serves a key that moves; false for any other.
+  bool Move(int key) {
+    for (const MoveKey& row : kMoveKeys) {
+      if (row.Key != key) continue;
+      if (model_.KeyDown && model_.KeyDown(row.Means)) return true;
+      if (row.Direction.isNull()) return false;
+      MoveFocus(row.Direction);
+      return true;
+    }
+    return false;
+  }
+
+  /// The box with the smallest distance; those without one are left out.
+  using Distance = std::function<std::optional<double>(const PictureWidget& other, QPoint way)>;
+  PictureWidget* Nearest(const Distance& distance) const {
     PictureWidget* nearest = nullptr;
     double shortest = std::numeric_limits<double>::max();
     for (QWidget* widget : window()->findChildren<QWidget*>()) {
       auto* other = dynamic_cast<PictureWidget*>(widget);
-      if (other == nullptr || other == this || !other->isVisible() ||
-          other->focusPolicy() == Qt::NoFocus) {
+      if (other == nullptr || other == this || !other->isVisibleTo(window()) ||
+          !other->isEnabled() || other->focusPolicy() == Qt::NoFocus) {
         continue;
       }
       const QPoint way =
           other->mapTo(window(), other->rect().center()) - mapTo(window(), rect().center());
-      const int ahead = QPoint::dotProduct(way, direction);
-      if (ahead <= 0) continue;
-      const int aside = std::abs(way.x() * direction.y()) + std::abs(way.y() * direction.x());
-      // What lies straight ahead goes before what is only near.
-      const double distance = ahead + 3.0 * aside;
-      if (distance < shortest) {
-        shortest = distance;
+      const auto far = distance(*other, way);
+      if (far && *far < shortest) {
+        shortest = *far;
         nearest = other;
       }
     }
+    return nearest;
+  }
+
+  /// Gives the focus to the nearest picture box that lies in a direction.
+  void MoveFocus(QPoint direction) {
+    PictureWidget* nearest =
+        Nearest([direction](const PictureWidget&, QPoint way) -> std::optional<double> {
+          const int ahead = QPoint::dotProduct(way, direction);
+          if (ahead <= 0) return std::nullopt;
+          const int aside = std::abs(way.x() * direction.y()) + std::abs(way.y() * direction.x());
+          // What lies straight ahead goes before what is only near.
+          return ahead + 3.0 * aside;
+        });
     if (nearest != nullptr) nearest->setFocus(Qt::OtherFocusReason);
+  }
+
+  /// Gives the focus to the nearest picture box of the same group, if there is one.
+  void HandFocusOn() {
+    PictureWidget* nearest =
+        Nearest([this](const PictureWidget& other, QPoint way) -> std::optional<double> {
+          if (other.model_.DragGroup != model_.DragGroup) return std::nullopt;
+          return std::hypot(way.x(), way.y());
+        });
+    if (nearest != nullptr) nearest->TakeFocusOver();
+  }
+
+  /// Takes the focus of a box that hides. Whoever hides boxes may be in the middle of it, so the
+  /// preview comes when that is over, and only where the focus has come to rest.
+  void TakeFocusOver() {
+    quiet_ = true;
+    setFocus(Qt::OtherFocusReason);
+    quiet_ = false;
+    QTimer::singleShot(0, this, [this] {
+      if (hasFocus() && isVisible()) desktop_.Hover(model_);
+    });
+  }
+
+  bool CanBeDragged() const { return !model_.DragGroup.empty() && model_.MouseUp; }
+
+  /// The areas of the other groups in the window: for each the box around its pictures.
+  std::vector<QRect> OtherAreas() const {
+    QMap<std::string, QRect> areas;
+    for (QWidget* widget : window()->findChildren<QWidget*>()) {
+      auto* other = dynamic_cast<PictureWidget*>(widget);
+      if (other == nullptr) continue;
+      const std::string& group = other->model_.DragGroup;
+      if (group.empty() || group == model_.DragGroup) continue;
+      areas[group] |= QRect(other->mapTo(window(), QPoint(0, 0)), other->size());
+    }
+    return {areas.begin(), areas.end()};
+  }
+
+  void StartDrag() {
+    const double ratio = devicePixelRatioF();
+    QPixmap picture((QSizeF(size()) * ratio).toSize());
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setFont(font());
+    DrawPicture(painter, rect(), model_, desktop_.Pictures(), ratio);
+    painter.end();
+    drag_ = new DragLayer(window(), picture, pressed_, OtherAreas());
+  }
+
+  /// Ends a drag; the button that is still down does nothing more.
+  void GiveUpDrag() {
+    if (drag_ == nullptr) return;
+    delete drag_;
+    givenUp_ = true;
   }
 
   PictureBox& model_;
   QtPlatform& desktop_;
+  QPointer<DragLayer> drag_;  // of the window
+  QPoint pressed_;
+  bool givenUp_ = false;  // the left button is down, but is no click
+  bool quiet_ = false;    // the focus comes without a preview
 };
 
 }  // namespace

@@ -8,8 +8,8 @@
 
 namespace brindlemoor {
 
-/// Keeps scaled pictures by file, time of its last change and size. What was used longest ago
-/// leaves when the bound is reached.
+/// Keeps scaled pictures by file, time of its last change and size of the box; also that a file is
+/// no picture. What was used longest ago leaves when the bound is reached.
 class PictureCache {
  public:
   /// The bound in bytes of picture data.
@@ -19,11 +19,20 @@ class PictureCache {
   /// picture for a file that is missing or no image.
   QPixmap Scaled(const QString& file, QSize box);
   /// Bytes held, rounded up to whole units of 1024.
-  int BytesHeld() const { return pictures_.totalCost() * kUnit; }
+  qsizetype BytesHeld() const { return pictures_.totalCost() * kUnit; }
 
  private:
   static constexpr int kUnit = 1024;
-  QCache<QString, QPixmap> pictures_;
+  struct Key {
+    QString File;
+    QSize Box;
+    qint64 Changed;
+    bool operator==(const Key&) const = default;
+    friend size_t qHash(const Key& key, size_t seed = 0) {
+      return qHashMulti(seed, key.File, key.Box.width(), key.Box.height(), key.Changed);
+    }
+  };
+  QCache<Key, QPixmap> pictures_;
 };
 
 }  // namespace brindlemoor

@@ -25,6 +25,8 @@ constexpr const char* kText = "#e6e4df";
 constexpr const char* kFaded = "#7d838a";
 constexpr const char* kPlate = "#d8d5cc";
 constexpr const char* kAccent = "#c99a4b";
+constexpr const char* kEdge = "#5a646f";
+constexpr const char* kBar = "#8fb0a9";
 
 constexpr const char* kSheet = R"(
 QToolTip { color: #1d2126; background: #efe6d2; border: 1px solid #8a7a55; padding: 4px; }
@@ -142,5 +144,15 @@ QColor PlateFor(QColor text) {
 QColor WindowColor() { return QColor(kWindow); }
 
 QColor HighlightColor() { return QColor(kAccent); }
+
+QColor TextColor() { return QColor(kText); }
+
+QColor CardColor() { return QColor(kRaised); }
+
+QColor CardEdgeColor() { return QColor(kEdge); }
+
+QColor BadgeColor() { return QColor(kSunken); }
+
+QColor BarColor() { return QColor(kBar); }
 
 }  // namespace brindlemoor

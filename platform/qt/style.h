@@ -20,7 +20,20 @@ QColor WindowColor();
 /// one for text that would drown in the dark windows.
 QColor PlateFor(QColor text);
 
-/// The frame of the picture that the pointer or the keyboard is on.
+/// The frame of the picture that the pointer or the keyboard is on, and of where a card can go.
 QColor HighlightColor();
+
+/// Text on windows, blank cards and badges.
+QColor TextColor();
+
+/// What a card without a picture is filled with, and its edge.
+QColor CardColor();
+QColor CardEdgeColor();
+
+/// The plate of a badge.
+QColor BadgeColor();
+
+/// The bars of a chart.
+QColor BarColor();
 
 }  // namespace brindlemoor

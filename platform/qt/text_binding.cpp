@@ -10,6 +10,13 @@ namespace brindlemoor {
 
 namespace {
 
+void ServeRightClick(const TextBox& model, QWidget& edit, FormWindow& window) {
+  if (!model.RightClick) return;
+  edit.setContextMenuPolicy(Qt::CustomContextMenu);
+  QObject::connect(&edit, &QWidget::customContextMenuRequested, &window,
+                   [&model] { model.RightClick(); });
+}
+
 void Take(TextBox& model, const QString& text) {
   model.Text = text.toStdString();
   if (model.Change) model.Change();
@@ -18,6 +25,8 @@ void Take(TextBox& model, const QString& text) {
 QWidget* BindLine(TextBox& model, FormWindow& window) {
   auto* edit = new QLineEdit(&window);
   BindCommon(model, *edit, window, [&model, edit] {
+    edit->setPlaceholderText(QString::fromStdString(model.Placeholder));
+    edit->setReadOnly(model.ReadOnly);
     const QString text = QString::fromStdString(model.Text);
     if (edit->text() == text) return;
     const QSignalBlocker quiet(edit);
@@ -25,6 +34,7 @@ QWidget* BindLine(TextBox& model, FormWindow& window) {
   });
   QObject::connect(edit, &QLineEdit::textEdited, &window,
                    [&model](const QString& text) { Take(model, text); });
+  ServeRightClick(model, *edit, window);
   return edit;
 }
 
@@ -32,6 +42,7 @@ QWidget* BindLines(TextBox& model, FormWindow& window) {
   auto* edit = new QPlainTextEdit(&window);
   edit->setTabChangesFocus(true);
   BindCommon(model, *edit, window, [&model, edit] {
+    edit->setReadOnly(model.ReadOnly);
     QString text = QString::fromStdString(model.Text);
     text.replace("\r\n", "\n");
     if (edit->toPlainText() == text) return;
@@ -40,6 +51,7 @@ QWidget* BindLines(TextBox& model, FormWindow& window) {
   });
   QObject::connect(edit, &QPlainTextEdit::textChanged, &window,
                    [&model, edit] { Take(model, edit->toPlainText()); });
+  ServeRightClick(model, *edit, window);
   return edit;
 }
 

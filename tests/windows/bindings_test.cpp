@@ -1,6 +1,7 @@
 // What the user does reaches the models' handlers; what the program does is shown and calls nobody.
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -8,6 +9,8 @@
 #include <QRadioButton>
 #include <QScrollBar>
 
+#include "platform/qt/geometry_report.h"
+#include "platform/qt/style.h"
 #include "tests/windows/desktop_test.h"
 
 namespace brindlemoor {
@@ -54,6 +57,7 @@ TEST_F(ControlsTest, WhatTheProgramSetsIsShownAndCallsNobody) {
   form_.Push.Caption = "Go";
   form_.Push.ToolTip = "a <b> & c";
   form_.Line.Text = "line";
+  form_.Line.Placeholder = "Search";
   form_.Lines.Text = "a\r\nb";
   form_.Combo.Text = "Three";
   form_.Free.Text = "Four";
@@ -64,6 +68,7 @@ TEST_F(ControlsTest, WhatTheProgramSetsIsShownAndCallsNobody) {
   EXPECT_EQ(Find<QPushButton>(form_, form_.Push)->text(), "&Go");
   EXPECT_EQ(Find(form_, form_.Push)->toolTip(), "<qt>a &lt;b&gt; &amp; c</qt>");
   EXPECT_EQ(Find<QLineEdit>(form_, form_.Line)->text(), "line");
+  EXPECT_EQ(Find<QLineEdit>(form_, form_.Line)->placeholderText(), "Search");
   EXPECT_EQ(Find<QPlainTextEdit>(form_, form_.Lines)->toPlainText(), "a\nb");
   EXPECT_EQ(Find<QComboBox>(form_, form_.Combo)->currentIndex(), 2);
   EXPECT_EQ(Find<QComboBox>(form_, form_.Free)->currentText(), "Four");
@@ -107,55 +112,73 @@ TEST_F(ControlsTest, WhatTheUserDoesIsStoredAndToldOnce) {
   EXPECT_TRUE(form_.Options[1].Value && !form_.Options[0].Value) << "one of an array is chosen";
 }
 
-TEST_F(DesktopTest, PicturesAreReachedByKeysAloneAndTellMouseButtonsApart) {
+TEST_F(ControlsTest, TheGeometryReportTellsWhatControlsSay) {
+  form_.Push.Caption = "Fish & Chips";
+  form_.Words.Caption = "Two\nlines";
+  form_.Line.Text = "line";
+  form_.Lines.Text = "a\r\nb";
+  form_.Free.Text = "Four";
+  const QString file = folder_.path() + "/geometry";
+  const auto textOf = [&file](const Control& control) {
+    QFile report(file);
+    report.open(QIODevice::ReadOnly);
+    for (const QByteArray& line : report.readAll().split('\n')) {
+      const QByteArrayList fields = line.split('\t');
+      if (fields[0] == "control" && fields[1] == control.Name.c_str()) return fields.last();
+    }
+    return QByteArray("no line");
+  };
+  GeometryReport report(file);
+  ASSERT_TRUE(QTest::qWaitFor([&file] { return QFile::exists(file); }));
+  EXPECT_EQ(textOf(form_.Push), "Fish & Chips");
+  EXPECT_EQ(textOf(form_.Words), "Two lines");
+  EXPECT_EQ(textOf(form_.Line), "line");
+  EXPECT_EQ(textOf(form_.Lines), "a b");
+  EXPECT_EQ(textOf(form_.Free), "Four");
+  EXPECT_EQ(textOf(form_.List), "");
+}
+
+/// The widths of the unbroken stretches of a colour along a line of pixels.
+std::vector<int> Runs(const QImage& image, int row, QColor color) {
+  std::vector<int> runs;
+  bool inside = false;
+  for (int x = 0; x < image.width(); ++x) {
+    const bool here = image.pixelColor(x, row) == color;
+    if (here && !inside) runs.push_back(0);
+    if (here) ++runs.back();
+    inside = here;
+  }
+  return runs;
+}
+
+TEST_F(DesktopTest, BarsOfAChartAreAsHighAsTheirCounts) {
   Form form("Form");
-  std::vector<std::unique_ptr<PictureBox>> boxes;
-  std::string told;
-  Button first("First");
-  std::vector<Layout> rows{Cell(first)};
-  for (int number = 0; number < 4; ++number) {
-    const std::string name = std::to_string(number);
-    boxes.push_back(std::make_unique<PictureBox>(name));
-    boxes.back()->MouseMove = [&told, name] { told += "move" + name + " "; };
-    boxes.back()->MouseUp = [&told, name](MouseButton button) {
-      told += (button == MouseButton::kLeft ? "left" : "right") + name + " ";
-    };
-    if (number % 2 == 0) rows.push_back({.Direction = Layout::Kind::kRow});
-    rows.back().Children.push_back(Cell(*boxes.back(), 60, 90));
-  }
-  Show(form, std::move(rows));
-  Window(form)->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(Window(form)));
-  Find(form, first)->setFocus();
-  const struct {
-    Qt::Key Key;
-    const char* Told;
-    Qt::KeyboardModifiers Modifiers = Qt::NoModifier;
-  } steps[] = {{Qt::Key_Tab, "move0 "},
-               {Qt::Key_Return, "left0 "},
-               {Qt::Key_Right, "move1 "},
-               {Qt::Key_Delete, "right1 "},
-               {Qt::Key_Right, ""},
-               {Qt::Key_Down, "move3 "},
-               {Qt::Key_Return, "right3 ", Qt::ShiftModifier},
-               {Qt::Key_Left, "move2 "},
-               {Qt::Key_Enter, "left2 "},
-               {Qt::Key_Up, "move0 "},
-               {Qt::Key_Up, ""}};
-  for (const auto& [key, expected, modifiers] : steps) {
-    told.clear();
-    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    EXPECT_EQ(told, expected) << QKeySequence(key).toString().toStdString();
-  }
-  boxes[0]->MouseMove = nullptr;
-  told.clear();
-  QWidget* widget = Find(form, *boxes[0]);
-  for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
-    QTest::mouseClick(widget, button);
-  }
-  QTest::mousePress(widget, Qt::LeftButton);
-  QTest::mouseRelease(widget, Qt::LeftButton, {}, {-20, -20});  // dragged away: no click
-  EXPECT_EQ(told, "left0 right0 ");
+  BarChart chart("Chart");
+  chart.Caption = "Cost";
+  Show(form, {Cell(chart, 240, 120)});
+  QWidget* widget = Find(form, chart);
+  const auto rowsOf = [widget](std::size_t bars) {
+    const QImage image = widget->grab().toImage();
+    int rows = 0;
+    for (int row = 0; row < image.height(); ++row) {
+      rows += Runs(image, row, BarColor()).size() >= bars ? 1 : 0;
+    }
+    return rows;
+  };
+  EXPECT_EQ(widget->accessibleName(), "Cost");
+  EXPECT_EQ(rowsOf(1), 0);
+  chart.Bars = {{"1", 20}, {"a label that is much too long", 10}, {"3", 0}, {"4+", -2}};
+  EXPECT_EQ(widget->accessibleName(),
+            "Cost: 1: 20, a label that is much too long: 10, 3: 0, 4+: -2");
+  EXPECT_NEAR(rowsOf(1), 2 * rowsOf(2), 1);
+  EXPECT_GT(rowsOf(2), 20);
+  EXPECT_EQ(rowsOf(3), 0) << "nothing stands for none";
+  const int lowest = widget->height() - widget->fontMetrics().height() - 2;
+  EXPECT_EQ(Runs(widget->grab().toImage(), lowest, BarColor()), (std::vector{36, 36}));
+  chart.Bars = std::vector<ChartBar>(100, {"x", 1'000'000});
+  EXPECT_GT(rowsOf(100), 20) << "narrow bars stay apart";
+  EXPECT_GE(Contrast(BarColor(), WindowColor()), 3);
+  EXPECT_GE(Contrast(TextColor(), WindowColor()), 7);
   desktop_->CloseWindows();
 }
 

@@ -86,6 +86,14 @@ class Display:
     def click(self, x, y, button=1):
         self.xdotool("mousemove", x, y, "sleep", 0.1, "click", button)
 
+    def drag(self, start, end):
+        """Presses at one point, moves in steps and lets go at another."""
+        self.xdotool("mousemove", *start, "mousedown", 1)
+        for step in range(1, 9):
+            self.xdotool("mousemove", *(a + (b - a) * step // 8 for a, b in zip(start, end)),
+                         "sleep", 0.03)
+        self.xdotool("mouseup", 1)
+
     def focus_top_window(self):
         """There is no window manager: the keyboard goes to the window that came up last."""
         windows = self.xdotool("search", "--onlyvisible", "--name", ".")
@@ -201,16 +209,27 @@ class Program:
         wait_until(f"the end of {kind} {name or ''}",
                    lambda: not self.find(kind, name, text), seconds)
 
-    def click(self, kind, name=None, text=None, button=1):
-        """Clicks on something as soon as it is there and has stopped moving."""
+    def at_rest(self, kind, name=None, text=None):
+        """Something as soon as it is there and has stopped moving."""
         place = self.wait_for(kind, name, text)
         while True:
             time.sleep(0.25)
             again = self.wait_for(kind, name, text)
             if again == place:
-                break
+                return place
             place = again
-        self.display.click(*place.center, button)
+
+    def click(self, kind, name=None, text=None, button=1):
+        """Clicks on something as soon as it is there and has stopped moving."""
+        self.display.click(*self.at_rest(kind, name, text).center, button)
+
+    def dismiss(self, text):
+        """Closes the message box that says this."""
+        wait_until(f"the message {text}",
+                   lambda: any(p.kind == "dialog" and text in p.text for p in self.places()))
+        self.click("button", "OK")
+        wait_until("the end of the message",
+                   lambda: not any(p.kind == "dialog" and text in p.text for p in self.places()))
 
     def choose(self, title, entry):
         """Picks a menu entry by the captions."""

@@ -1,8 +1,10 @@
 // Pictures of files: proportion, freshness, the bound, and files that are no images.
 #include "platform/qt/picture_cache.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QImage>
+#include <QPainter>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -18,10 +20,17 @@ class PictureCacheTest : public testing::Test {
     EXPECT_TRUE(image.convertToFormat(format).save(folder_.path() + "/" + name));
     return folder_.path() + "/" + name;
   }
-  QString Write(const QString& name, const QByteArray& bytes) {
+  QString Write(const QString& name, const QByteArray& bytes, const QDateTime& changed = {}) {
     QFile file(folder_.path() + "/" + name);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    file.flush();
+    EXPECT_TRUE(!changed.isValid() || file.setFileTime(changed, QFile::FileModificationTime));
     return file.fileName();
+  }
+  static QByteArray Read(const QString& name) {
+    QFile file(name);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
   }
 
   QTemporaryDir folder_;
@@ -50,10 +59,54 @@ TEST_F(PictureCacheTest, PicturesKeepTheirProportionAndColour) {
 TEST_F(PictureCacheTest, AChangedFileIsReadAgain) {
   const QString file = Save("card.png", 10, 10, Qt::red);
   EXPECT_EQ(cache_.Scaled(file, {5, 5}).toImage().pixelColor(2, 2), QColor(Qt::red));
-  Save("card.png", 20, 10, Qt::blue);
-  EXPECT_EQ(cache_.Scaled(file, {5, 5}).toImage().pixelColor(2, 1), QColor(Qt::blue));
+  const QByteArray blue = Read(Save("blue.png", 10, 10, Qt::blue));
+  Write("card.png", blue, QDateTime::currentDateTime().addSecs(5));
+  EXPECT_EQ(cache_.Scaled(file, {5, 5}).toImage().pixelColor(2, 2), QColor(Qt::blue));
   QFile::remove(file);
   EXPECT_TRUE(cache_.Scaled(file, {5, 5}).isNull());
+}
+
+TEST_F(PictureCacheTest, AFileThatDidNotChangeIsNotReadAgain) {
+  const QByteArray red = Read(Save("red.bmp", 10, 10, Qt::red));
+  const QByteArray blue = Read(Save("blue.bmp", 10, 10, Qt::blue));
+  const QDateTime then = QDateTime::currentDateTime().addSecs(-60);
+  const QString card = Write("card.bmp", red, then);
+  const QString broken = Write("broken.bmp", QByteArray(red.size(), 'x'), then);
+  const QPixmap first = cache_.Scaled(card, {5, 5});
+  EXPECT_TRUE(cache_.Scaled(broken, {5, 5}).isNull());
+  Write("card.bmp", blue, then);
+  Write("broken.bmp", blue, then);
+  EXPECT_EQ(cache_.Scaled(card, {5, 5}).cacheKey(), first.cacheKey());
+  EXPECT_TRUE(cache_.Scaled(broken, {5, 5}).isNull());
+  EXPECT_FALSE(cache_.Scaled(Write("broken.bmp", blue, then.addSecs(1)), {5, 5}).isNull());
+}
+
+TEST_F(PictureCacheTest, MuchLargerPicturesLookTheSame) {
+  QImage image(1200, 300, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  QPainter(&image).fillRect(600, 0, 600, 300, Qt::blue);
+  const QString file = folder_.path() + "/large.jpg";
+  ASSERT_TRUE(image.save(file, "jpeg", 95));
+  // The same one, turned to the right by what cameras write into their files.
+  QByteArray turned = Read(file);
+  turned.insert(2, QByteArray::fromHex("ffe1002245786966000"
+                                       "04d4d002a0000000800010112000300000001000600000000"
+                                       "0000"));
+  const struct {
+    QString File;
+    QSize Box, Shown;
+    QPoint Red, Blue;
+  } cases[] = {
+      {file, {41, 41}, {41, 10}, {2, 5}, {38, 5}},
+      {Write("turned.jpg", turned), {41, 41}, {10, 41}, {5, 2}, {5, 38}},
+      {file, {250, 200}, {250, 62}, {9, 9}, {240, 50}},  // not that much larger
+  };
+  for (const auto& row : cases) {
+    const QImage shown = cache_.Scaled(row.File, row.Box).toImage();
+    ASSERT_EQ(shown.size(), row.Shown);
+    EXPECT_GT(shown.pixelColor(row.Red).red(), 240);
+    EXPECT_GT(shown.pixelColor(row.Blue).blue(), 240);
+  }
 }
 
 TEST_F(PictureCacheTest, WhatIsNoImageShowsNothing) {
