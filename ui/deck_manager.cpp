@@ -65,11 +65,12 @@ Layout Arrange(DeckManager& form) {
   Layout left = Column(std::move(deck), 3);
   left.Title = "Deck";
 
-  Layout middle = Column({Row({Cell(form.SearchText, 1), Cell(form.SearchCount)}),
-                          Grid(form.CollectPic, *form.VScroll1[1]),
-                          Row({Cell(form.Text1, 1), Cell(*form.Command1[0])}),
-                          Row({Cell(*form.Command1[1], 1), Cell(form.Command6)})},
-                         3);
+  Layout middle =
+      Column({Row({Cell(form.SearchText, 1), Cell(form.SearchCount)}),
+              Grid(form.CollectPic, *form.VScroll1[1]),
+              Row({Cell(form.Text1, 1), Cell(*form.Command1[0])}),
+              Row({Cell(*form.Command1[1], 1), Cell(form.Command6), Cell(form.AddAll)})},
+             3);
   middle.Title = "Collection";
 
   Layout right =
@@ -188,6 +189,12 @@ void DeckManager::NameControls() {
   SearchText.ToolTip =
       "Shows only the cards with these words in their name, traits or description.  A word such as "
       "HP>=3 asks for the value of a trait (also <=, >, < and =).";
+  AddAll.Caption = "Add All";
+  AddAll.ToolTip =
+      "Puts every card of the collection into the deck, or every card that the search has found, "
+      "as "
+      "far as the game's rules allow it.";
+  AddAll.Click = [this] { AddAll_Click(); };
   SearchText.Change = [this] { SearchText_Change(); };
 }
 
@@ -211,6 +218,7 @@ void DeckManager::Form_Load() {
   const bool plays = state.PickingCard == 0 && state.DeckManagerMode != kNewOpponent;
   Command2.Visible = plays;
   Command5.Visible = plays;
+  AddAll.Visible = state.PickingCard == 0;
   // Only the choice of a deck for a match leads back to the list of games.
   backmen.Visible = plays && state.DeckManagerMode == kOwnCards && state.DeckManagerInGame == 0;
   GaveUp = false;
@@ -275,7 +283,10 @@ int DeckManager::Count(CardList list) const {
 
 int DeckManager::PositionOf(CardList list, int index) {
   const int place = index + 1 + Top(list);
-  if (place > Count(list)) return 0;
+  return place > Count(list) ? 0 : PositionAt(list, place);
+}
+
+int DeckManager::PositionAt(CardList list, int place) const {
   return list == CardList::kCollection && searching_ ? matches_[static_cast<std::size_t>(place) - 1]
                                                      : place;
 }

@@ -44,6 +44,7 @@ struct DeckManager : Form {
   Label Label1{"Label1"};
   BrowserView WB{"WB"};
   TextBox SearchText{"SearchText"};  ///< filters what CollectPic shows
+  Button AddAll{"AddAll"};           ///< puts what CollectPic goes through into the deck
   Label SearchCount{"SearchCount"};  ///< how many cards it leaves
   Label HintLabel{"HintLabel"};      ///< what a click on a card does
   BarChart DeckDrawing{"DeckDrawing"};
@@ -89,6 +90,7 @@ struct DeckManager : Form {
   void Command5_Click();
   void Command6_Click();
   void ClearDeck_Click();
+  void AddAll_Click();
 
   void savedeckmen_Click();
   void saveasopponent_Click();
@@ -108,6 +110,8 @@ struct DeckManager : Form {
   int Count(CardList list) const;
   /// The position in its pile of the card that a picture shows, 0 behind the end of the list.
   int PositionOf(CardList list, int index);
+  /// The position of the card at a 1-based place of what the list goes through.
+  int PositionAt(CardList list, int place) const;
   /// Everything that puts other cards under the pointer forgets what was previewed.
   void ForgetPreviews();
   void ScrollTo(CardList list, int top);

@@ -216,6 +216,22 @@ void DeckManager::ClearDeck_Click() {
   UpdateDecks();
 }
 
+void DeckManager::AddAll_Click() {
+  Session& state = State();
+  for (int place = 1; place <= Count(CardList::kCollection); ++place) {
+    Card& card = state.Collection[PositionAt(CardList::kCollection, place)];
+    if (IsFree(card)) continue;
+    std::string refusal;
+    if (CheckDeckRules(card, state.CurrentDeck, state.DeckRules, refusal) == kLimitBroken) continue;
+    AddToDeck(card, state.CurrentDeck);
+    if (state.DeckManagerMode == kOwnCards) FreeCard(card);
+  }
+  ForgetPreviews();
+  TidyDecks();
+  if (state.DeckManagerMode == kOwnCards) CompactCollection();
+  UpdateDecks();
+}
+
 void DeckManager::Command3_Click() {
   ChangingImage = 1;
   UpdateDecks();
