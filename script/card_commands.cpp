@@ -275,10 +275,11 @@ constexpr auto kRows = std::to_array<Command>({
     {"SAVECARD", 0, false, InTest::kSkip, SaveCard,
      "| the player's own copy of the target becomes as the target is now"},
 
-    {"CHANGENAME", 1, false, InTest::kSkip, ChangeName, "NAME | renames the target", true},
-    {"CHANGEMYNAME", 1, false, InTest::kSkip, ChangeMyName, "NAME | renames the acting card", true},
-    {"CHANGEIMG", 1, false, InTest::kSkip, ChangeImg, "FILE | the acting card's picture", true},
-    {"CHANGETHUMB", 1, false, InTest::kSkip, ChangeThumb, "FILE | the acting card's thumbnail",
+    {"CHANGENAME", 1, false, InTest::kSkip, ChangeName, "NEWNAME | renames the target", true},
+    {"CHANGEMYNAME", 1, false, InTest::kSkip, ChangeMyName, "NEWNAME | renames the acting card",
+     true},
+    {"CHANGEIMG", 1, false, InTest::kSkip, ChangeImg, "PICTURE | the acting card's picture", true},
+    {"CHANGETHUMB", 1, false, InTest::kSkip, ChangeThumb, "PICTURE | the acting card's thumbnail",
      true},
 
     {"MINDCONTROL", 0, false, InTest::kRuns, MindControl,
@@ -301,7 +302,8 @@ constexpr auto kRows = std::to_array<Command>({
     {"LOSEGAME", 0, false, InTest::kSkip, LoseGame, "| the acting card's side loses"},
 
     {"REPEAT", 2, false, InTest::kRuns, Repeat,
-     "TARGET COUNT | the whole script runs COUNT times more, on new targets"},
+     "TARGET COUNT | the whole script runs COUNT times more, on new targets", false,
+     CommandRole::kDeclares},
 });
 
 }  // namespace

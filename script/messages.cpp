@@ -82,6 +82,7 @@ std::string ExchangedCaption(Card& card, std::string_view trait) {
 struct HashKeyword {
   std::string_view Word;
   std::string (*Make)(Card& source, Card& target, std::string_view argument);
+  bool TakesValue = false;  ///< the argument is a value expression
 };
 
 constexpr std::array kHashKeywords{
@@ -97,11 +98,13 @@ constexpr std::array kHashKeywords{
                 [](Card& source, Card& target, std::string_view argument) {
                   Card* card = CardOfIdentity(EvalNumber(source, target, argument));
                   return card != nullptr ? ColoredName(*card) : std::string("(Dead Card)");
-                }},
+                },
+                true},
     HashKeyword{"#TRANSVAL",
                 [](Card& source, Card& target, std::string_view argument) {
                   return EvalValue(source, target, argument).Str();
-                }},
+                },
+                true},
     HashKeyword{"#IMG",
                 [](Card&, Card&, std::string_view argument) {
                   return Joined("<img src=\"", ResolvePath(argument, 1), "\" align=default></img>");
@@ -222,7 +225,17 @@ constexpr std::array kPlaceholders{
     Placeholder{"&col", [](const MessageCards&) { return Replacement(":"); }},
 };
 
+constexpr auto kMarks = [] {
+  std::array<MessageMark, kPlaceholders.size() + kHashKeywords.size()> marks{};
+  std::size_t count = 0;
+  for (const Placeholder& row : kPlaceholders) marks[count++] = {row.Mark};
+  for (const HashKeyword& row : kHashKeywords) marks[count++] = {row.Word, true, row.TakesValue};
+  return marks;
+}();
+
 }  // namespace
+
+std::span<const MessageMark> MessageMarks() { return kMarks; }
 
 void ExpandMessage(Card& source, Card& target, std::string& text, std::string_view sourcePicture,
                    std::string_view targetPicture) {

@@ -1,12 +1,22 @@
 // Message expansion: placeholders, "#...#" fields and custom strings of a text.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "core/records.h"
 
 namespace brindlemoor {
+
+/// A mark that messages are filled in at, for references and checkers: "$MYNAME", or the keyword
+/// "#MYTRAIT" of a field that "/", an argument and "#" follow.
+struct MessageMark {
+  std::string_view Mark;
+  bool OpensField = false;
+  bool TakesValue = false;  ///< the field's argument is a value expression
+};
+std::span<const MessageMark> MessageMarks();
 
 /// Fills a template in place for a pair of cards; the pictures are HTML or "". An "OVERRIDE"
 /// caption that is read is emptied; nothing else of the cards changes.

@@ -189,7 +189,7 @@ constexpr RequirementRow kRequirements[] = {
     {"REQMYTRAITEQUALS", 2, kSource, EqualsValue, kOfValue, Stop::kCancel,
      "TRAIT VALUE | the acting card's trait is this number"},
     {"REQMYTRAITIS", 2, kSource, IsPlainText, kOfValue, Stop::kCancel,
-     "TRAIT TEXT | the acting card's trait is this text, in any case"},
+     "TRAIT WORD | the acting card's trait is this text, in any case"},
     {"REQMYNAME", 1, kSource, IsNamed, "Source card must be named @A", Stop::kHard,
      "NAME | the acting card has this name"},
     {"REQNOMYNAME", 1, kSource, IsNotNamed, kCannotHave, Stop::kCancel,
@@ -226,13 +226,13 @@ constexpr RequirementRow kRequirements[] = {
      "| the same as REQNOTPLAYER"},
 
     {"REQTRAITTARGET", 1, kTarget, ActionHas, "", Stop::kFinal,
-     "TEXT | the answered action's script has this field"},
+     "FIELD | the answered action's script has this field"},
     {"REQTRAITARGET", 1, kTarget, ActionHas, "", Stop::kFinal,
-     "TEXT | the same as REQTRAITTARGET"},
+     "FIELD | the same as REQTRAITTARGET"},
     {"REQNOTRAITTARGET", 1, kTarget, ActionHasNot, "", Stop::kFinal,
-     "TEXT | the answered action's script has no such field"},
+     "FIELD | the answered action's script has no such field"},
     {"REQNOTRAITARGET", 1, kTarget, ActionHasNot, "", Stop::kFinal,
-     "TEXT | the same as REQNOTRAITTARGET"},
+     "FIELD | the same as REQNOTRAITTARGET"},
     {"REQVALMORE", 1, kTarget, AmountAtLeast, "", Stop::kFinal,
      "VALUE | the incoming amount is the value or more"},
     {"REQVALLESS", 1, kTarget, AmountAtMost, "", Stop::kFinal,
@@ -318,11 +318,13 @@ Step CarryOneChance(Run& run) {
 }
 
 constexpr Command kChances[] = {
-    {"CHANCE", 1, false, InTest::kSkipOne, CarryChance, "PERCENT | goes on with this chance"},
+    {"CHANCE", 1, false, InTest::kSkipOne, CarryChance, "PERCENT | goes on with this chance", false,
+     CommandRole::kChances},
     {"CHANCEABOVE", 1, false, InTest::kSkipOne, CarryChanceAbove,
-     "PERCENT | goes on when a roll of 1 to 100 is this or more"},
+     "PERCENT | goes on when a roll of 1 to 100 is this or more", false, CommandRole::kChances},
     {"ONECHANCE", 1, false, InTest::kSkipOne, CarryOneChance,
-     "PERCENT | as CHANCE, with one roll for all targets of an action"},
+     "PERCENT | as CHANCE, with one roll for all targets of an action", false,
+     CommandRole::kChances},
 };
 
 /// The requirements first, so that a command's index is that of its requirement row.
@@ -330,7 +332,8 @@ constexpr auto kCommands = [] {
   std::array<Command, std::size(kRequirements) + std::size(kChances)> commands{};
   std::size_t next = 0;
   for (const RequirementRow& row : kRequirements) {
-    commands[next++] = {row.Word, row.Arguments, false, InTest::kRuns, CarryRequirement, row.Usage};
+    commands[next++] = {row.Word,         row.Arguments, false, InTest::kRuns,
+                        CarryRequirement, row.Usage,     false, CommandRole::kRequires};
   }
   for (const Command& row : kChances) commands[next++] = row;
   return commands;

@@ -1,6 +1,8 @@
 // The words and codes of target types and triggers.
 #include "script/target_types.h"
 
+#include <algorithm>
+
 #include "core/strings.h"
 
 namespace brindlemoor {
@@ -39,16 +41,19 @@ const std::array<TriggerRow, 25> kTriggerRows = {{
     {"ONDEATH", 13, "the card's own death"},
     {"ENTERPLAY", 14, "the card's own entering of play"},
     {"OTHERENTERSPLAY", 15, "another card's entering of play"},
-    {"ENTERSPLAY", 0, "second word for ENTERPLAY"},
+    {"ENTERSPLAY", 0, "second word for ENTERPLAY", "", false, false},
     {"GAMESTART", 0, "the start of a match, on the rules card"},
     {"COST", 0, "the playing of the card: what it costs"},
     {"COSTMOD", 0, "the playing of any card: changes to its cost"},
     {"AIREQ", 0, "the computer player's valuing of the card"},
     {"MYACTION", 0, "an action of the card, before it runs"},
     {"TARGETED", 0, "an action against the card, before it runs"},
-    {"BEFORETRAITCHANGE:", 0, "a change of the trait named behind it, before it is made"},
-    {"TRAITCHANGE:", 0, "a change of the trait named behind it, after the run that made it"},
-    {"MENU:", 0, "MENU:trigger:caption, the player's choice in the card's menu, at that trigger"},
+    {"BEFORETRAITCHANGE:", 0, "a change of the trait named behind it, before it is made", "TRAIT",
+     true},
+    {"TRAITCHANGE:", 0, "a change of the trait named behind it, after the run that made it",
+     "TRAIT"},
+    {"MENU:", 0, "MENU:trigger:caption, the player's choice in the card's menu, at that trigger",
+     "TRIGGER CAPTION"},
 }};
 
 int TargetTypeCode(std::string_view word) {
@@ -69,6 +74,14 @@ std::string_view TargetTypeName(int code) {
 int TriggerCode(std::string_view word) {
   for (const TriggerRow& row : kTriggerRows) {
     if (row.Word == word) return row.Code;
+  }
+  return 0;
+}
+
+int FieldsOfTrigger(std::string_view word) {
+  for (const TriggerRow& row : kTriggerRows) {
+    if (row.Arguments.empty() || row.Stem() != word) continue;
+    return 1 + static_cast<int>(std::ranges::count(row.Arguments, ' '));
   }
   return 0;
 }

@@ -31,6 +31,14 @@ struct TriggerRow {
   std::string_view Word;
   int Code;  ///< index in HitTable, 0 for none
   std::string_view FiredBy;
+  std::string_view Arguments{};  ///< names of the fields behind the word, divided by blanks
+  bool Folds = false;            ///< an action's trigger is compared without regard to case
+  bool Runs = true;              ///< false: an action kept under this word never runs
+
+  /// The word without the ":" that its fields follow.
+  std::string_view Stem() const {
+    return Word.substr(0, Word.size() - (Word.ends_with(':') ? 1 : 0));
+  }
 };
 
 /// The first row of a code is the word that is written to files.
@@ -45,6 +53,8 @@ std::string_view TargetTypeName(int code);
 
 /// Code of a trigger word, 0 for a word without one.
 int TriggerCode(std::string_view word);
+/// Number of fields that belong to a trigger word, given without its ":".
+int FieldsOfTrigger(std::string_view word);
 /// Word of a trigger code, "" for an unknown one.
 std::string_view TriggerName(int code);
 

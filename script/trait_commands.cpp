@@ -233,14 +233,14 @@ constexpr std::array<Command, 20> kRows{{
     {"ADDTRAIT", 2, false, InTest::kRuns, AddToTrait,
      "TRAIT VALUE | adds to a trait that the target has already"},
     {"SETTRAIT", 2, false, InTest::kRuns, SetTargetTrait,
-     "TRAIT VALUE | gives the target a trait; the value is stored as written unless it is "
+     "TRAIT CONTENT | gives the target a trait; the content is stored as written unless it is "
      "computed"},
     {"SETMYTRAIT", 2, false, InTest::kRuns, SetSourceTrait,
-     "TRAIT VALUE | gives the acting card a trait; a value that comes to 0 is stored as written"},
+     "TRAIT SETTING | gives the acting card a trait; a value that comes to 0 is stored as written"},
     {"SETOWNERTRAIT", 2, false, InTest::kRuns, SetTargetOwnerTrait,
-     "TRAIT VALUE | gives the target's player card a trait, as SETMYTRAIT"},
+     "TRAIT SETTING | gives the target's player card a trait, as SETMYTRAIT"},
     {"SETMYOWNERTRAIT", 2, false, InTest::kRuns, SetSourceOwnerTrait,
-     "TRAIT VALUE | gives the acting card's player card a trait, as SETMYTRAIT"},
+     "TRAIT SETTING | gives the acting card's player card a trait, as SETMYTRAIT"},
     {"REMOVETRAIT", 1, false, InTest::kRuns, RemoveTargetTrait,
      "TRAIT | takes a trait from the target; fails softly without it"},
     {"REMOVEMYTRAIT", 1, false, InTest::kRuns, RemoveSourceTrait,
@@ -256,7 +256,8 @@ constexpr std::array<Command, 20> kRows{{
     {"SUBTOKENS", 1, false, InTest::kSkipOne, SubTokens,
      "VALUE | takes from the player's tokens; ends the run if there are not enough"},
     {"TRAIT", 2, false, InTest::kRuns, DeclareTrait,
-     "TRAIT VALUE | gives the action a trait of its own; does nothing when it is reached"},
+     "TRAIT WORD | gives the action a trait of its own; does nothing when it is reached", false,
+     CommandRole::kDeclares},
 }};
 
 }  // namespace

@@ -145,12 +145,6 @@ bool Answers(const CardEffect& effect, std::string_view trigger) {
   return effect.Trigger == trigger && effect.MenuState != kMenuAction && !effect.Script.empty();
 }
 
-/// Fields that belong to a trigger word behind ADDEFFECT.
-int FieldsOfTrigger(std::string_view word) {
-  if (word == "MENU") return 2;
-  return word == "TRAITCHANGE" || word == "BEFORETRAITCHANGE" ? 1 : 0;
-}
-
 void FireEffect(Firing& firing, std::string_view trigger, int effect) {
   Session& session = State();
   Card& card = firing.Actor;

@@ -131,16 +131,17 @@ KeywordEffect SetAcc(Evaluation& evaluation, double number) {
 // The words that scripts use most stand first.
 constexpr std::array kRows{
     ValueKeywordRow{"SRCTRAIT", true, [](Evaluation& e, double) { return TakeTrait(e, e.Source); },
-                    "/TRAIT | remembers a trait of the acting card; alone, it is the value"},
-    ValueKeywordRow{"TARGETTRAIT", true,
-                    [](Evaluation& e, double) { return TakeTrait(e, e.Target); },
-                    "/TRAIT | remembers a trait of the target; alone, it is the value"},
+                    "/TRAIT | remembers a trait of the acting card; alone, it is the value",
+                    KeywordFields::kTrait},
+    ValueKeywordRow{
+        "TARGETTRAIT", true, [](Evaluation& e, double) { return TakeTrait(e, e.Target); },
+        "/TRAIT | remembers a trait of the target; alone, it is the value", KeywordFields::kTrait},
     ValueKeywordRow{"TARGTRAIT", true, [](Evaluation& e, double) { return TakeTrait(e, e.Target); },
-                    "/TRAIT | the same as TARGETTRAIT"},
+                    "/TRAIT | the same as TARGETTRAIT", KeywordFields::kTrait},
     ValueKeywordRow{"MYTRAIT", true, [](Evaluation& e, double) { return TakeTrait(e, e.Source); },
-                    "/TRAIT | the same as SRCTRAIT"},
+                    "/TRAIT | the same as SRCTRAIT", KeywordFields::kTrait},
     ValueKeywordRow{"TRAIT", true, [](Evaluation& e, double) { return TakeTrait(e, e.Source); },
-                    "/TRAIT | the same as SRCTRAIT"},
+                    "/TRAIT | the same as SRCTRAIT", KeywordFields::kTrait},
     ValueKeywordRow{"TRAITPLUS#", true,
                     [](Evaluation& e, double k) { return SetAcc(e, e.Acc + k * e.TV); },
                     "| adds the remembered trait, that many times"},
@@ -183,12 +184,15 @@ constexpr std::array kRows{
         "| adds the player's tokens"},
     ValueKeywordRow{"TRAITCOUNT", true, CountTrait,
                     "/TRAIT/OWNERWORD or /TRAIT/NEEDED/OWNERWORD | adds the number of cards with "
-                    "the trait, and with the needed one"},
+                    "the trait, and with the needed one",
+                    KeywordFields::kCount},
     ValueKeywordRow{"TRAITTOTAL", true, TotalTrait,
                     "/TRAIT/NEEDED/OWNERWORD | adds the trait's values over all cards; a word or 0 "
-                    "counts 1"},
+                    "counts 1",
+                    KeywordFields::kTotal},
     ValueKeywordRow{"NAMECOUNT", true, CountName,
-                    "/NAME/NEEDED/OWNERWORD | adds the number of cards of that name"},
+                    "/NAME/NEEDED/OWNERWORD | adds the number of cards of that name",
+                    KeywordFields::kTotal},
     ValueKeywordRow{"MYGID", true,
                     [](Evaluation& e, double) { return YieldIdentity(e, &e.Source); },
                     "| the acting card's Global ID"},
@@ -230,11 +234,11 @@ constexpr auto kReference = [] {
   return all;
 }();
 
-bool TakesArgument(const ValueKeywordRow& row) { return row.Word.back() == '#'; }
-
-std::string_view Stem(const ValueKeywordRow& row) {
-  return row.Word.substr(0, row.Word.size() - 1);
-}
+constexpr auto kOwnerWordNames = [] {
+  std::array<std::string_view, kOwnerWords.size()> names{};
+  for (std::size_t index = 0; index < names.size(); ++index) names[index] = kOwnerWords[index].Word;
+  return names;
+}();
 
 }  // namespace
 
@@ -242,14 +246,18 @@ const ValueKeywordRow* FindValueKeyword(std::string_view field) {
   const char first = field.empty() ? '\0' : field.front();
   for (const ValueKeywordRow& row : kRows) {
     if (row.Word.front() != first) continue;
-    if (TakesArgument(row) ? field.starts_with(Stem(row)) : field == row.Word) return &row;
+    if (row.IsOperator() ? field.starts_with(row.Stem()) : field == row.Word) return &row;
   }
   return nullptr;
 }
 
 double KeywordArgument(const ValueKeywordRow& row, std::string_view field) {
-  return TakesArgument(row) ? NumericPrefix(field.substr(Stem(row).size())) : 0;
+  return row.IsOperator() ? NumericPrefix(field.substr(row.Stem().size())) : 0;
 }
+
+std::span<const ValueKeywordRow> ValueKeywordRows() { return kRows; }
+
+std::span<const std::string_view> OwnerWords() { return kOwnerWordNames; }
 
 std::span<const ValueKeyword> ValueKeywords() { return kReference; }
 

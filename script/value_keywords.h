@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 #include "core/records.h"
@@ -28,13 +29,32 @@ enum class KeywordEffect : std::uint8_t {
   kFinishes,  ///< the evaluation ends with Acc, or with Name
 };
 
+/// The fields that a keyword takes from the chain behind it.
+enum class KeywordFields : std::uint8_t {
+  kNone,
+  kTrait,  ///< name of a trait
+  kCount,  ///< trait, needed trait or nothing, owner word; all but the first may be missing
+  kTotal,  ///< the same; the needed trait's field must be there for an owner word to be read
+};
+
 /// A keyword or operator. A word that ends in "#" takes what follows in its field as a number.
 struct ValueKeywordRow {
   std::string_view Word;
   bool Computes;  ///< the value counts as computed
   KeywordEffect (*Apply)(Evaluation& evaluation, double argument);
   std::string_view Usage;
+  KeywordFields Takes = KeywordFields::kNone;
+
+  /// True for an operator, whose number stands in its own field.
+  bool IsOperator() const { return Word.back() == '#'; }
+  /// The word without the "#" of an operator.
+  std::string_view Stem() const { return Word.substr(0, Word.size() - (IsOperator() ? 1 : 0)); }
 };
+
+/// Every keyword and operator.
+std::span<const ValueKeywordRow> ValueKeywordRows();
+/// The words that say which side's cards a counting keyword looks at.
+std::span<const std::string_view> OwnerWords();
 
 /// The row of a field, nullptr for a word that is no keyword.
 const ValueKeywordRow* FindValueKeyword(std::string_view field);

@@ -121,6 +121,13 @@ Value EvalValue(const Card& source, const Card& target, std::string_view express
   return EvalValue(source, target, expression, computed);
 }
 
+bool IsWholeExpression(std::string_view expression) {
+  for (const WholeWord& word : kWholeWords) {
+    if (word.Word == expression) return true;
+  }
+  return false;
+}
+
 double EvalNumber(const Card& source, const Card& target, std::string_view expression) {
   return EvalValue(source, target, expression).Number();
 }

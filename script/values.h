@@ -18,6 +18,9 @@ Value EvalValue(const Card& source, const Card& target, std::string_view express
 /// NumericPrefix of EvalValue.
 double EvalNumber(const Card& source, const Card& target, std::string_view expression);
 
+/// True for a text that has a meaning as a whole expression, whatever its fields are.
+bool IsWholeExpression(std::string_view expression);
+
 /// A keyword of the language of expressions, for references and checkers.
 struct ValueKeyword {
   std::string_view Word;
