@@ -19,6 +19,7 @@ class Platform;
 class cGdiPlus;
 struct EditorForms;
 struct Forms;
+struct SuspendedGame;
 
 /// Slot and action of one HitTable entry; slot 0 is free.
 struct Hit {
@@ -70,15 +71,17 @@ struct Session {
   Pile MasterCards;                  ///< hash table of master definitions
   Table<PlayerState> RefCache;       ///< files read for #REF... directives
   Table<Template> Templates;
-  Text CardFile;                   ///< file in the editor
-  Card EditCard;                   ///< card in the editor
-  std::string ProgramFolder;       ///< absolute, without a closing separator
-  std::string CurrentFolder;       ///< where plain file names are opened
-  int ReadDepth = 0;               ///< ReadCards calls in progress
-  std::array<Text, 51> FileList;   ///< names of the reads in progress, from 1
-  std::array<Text, 51> OpenPaths;  ///< parallel to FileList: the files as opened
-  int FilesRead = 0;               ///< files of the outermost read in progress
-  std::vector<Problem> Problems;   ///< what readers found wrong
+  Text CardFile;                       ///< file in the editor
+  Card EditCard;                       ///< card in the editor
+  FixedTable<Text, 100> CommonTraits;  ///< trait names that the editor offers; the first "" is free
+  std::uint8_t SingleCardEdit = 0;     ///< 1 the editor changes the picture of one owned card
+  std::string ProgramFolder;           ///< absolute, without a closing separator
+  std::string CurrentFolder;           ///< where plain file names are opened
+  int ReadDepth = 0;                   ///< ReadCards calls in progress
+  std::array<Text, 51> FileList;       ///< names of the reads in progress, from 1
+  std::array<Text, 51> OpenPaths;      ///< parallel to FileList: the files as opened
+  int FilesRead = 0;                   ///< files of the outermost read in progress
+  std::vector<Problem> Problems;       ///< what readers found wrong
 
   // Planning and clicks.
   FixedTable<std::uint8_t, 10> PlayQueue;   ///< hand positions in play order; 0 free
@@ -135,6 +138,8 @@ struct Session {
   RandomSource Random;
   std::unordered_map<std::string_view, Text>
       InternedTexts;  ///< see InternText; keys are views of the texts
+
+  std::shared_ptr<SuspendedGame> Suspended;  ///< the game behind the card editor while it is open
 
   // What the engine reaches of the desktop.
   std::shared_ptr<Platform> Desktop;             ///< never empty while the program runs

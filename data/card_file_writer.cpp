@@ -73,6 +73,8 @@ std::string NeutralCard(std::string_view deckName) {
                 "#EFFECT, ALL, OTHERENTERSPLAY, REQNOTRAIT:STORE:DESTROY", kLineEnd);
 }
 
+}  // namespace
+
 std::string CardFileText(std::string_view filename, std::string_view location,
                          std::string_view deckName, int starterFlag) {
   std::string out;
@@ -96,8 +98,6 @@ std::string CardFileText(std::string_view filename, std::string_view location,
   }
   return out;
 }
-
-}  // namespace
 
 std::string StarterDeckHead(std::string_view deckName, int boosterSize) {
   // The script's quote is closed and never opened; that is meant.

@@ -6,6 +6,10 @@
 
 namespace brindlemoor {
 
+/// The whole text that SaveCardFile saves. Picture files of the templates lose their folders.
+std::string CardFileText(std::string_view filename, std::string_view location,
+                         std::string_view deckName, int starterFlag);
+
 /// Saves the editor's card file: cost card, templates and the collection's cards at a location.
 /// With starterFlag other than 0 it is a starter deck, else with a deckName a card store; these
 /// include the editor's own file instead of repeating its cards, unless there is none or it is the

@@ -55,9 +55,10 @@ void KeepDamagedFile(std::string_view fileName, const Problem& problem) {
   const auto bytes = files.Read(path);
   if (!bytes || files.Read(copy) == bytes) return;
   const std::string failure = files.Write(copy, *bytes);
+  const std::string_view stop = problem.Message.ends_with('?') ? "" : ".";
   Desktop().MessageBox(
-      Joined(fileName, " is damaged.  Line ", problem.Line, ": ", problem.Message,
-             failure.empty() ? ".  A copy of it is kept as " : ".  No copy could be kept as ",
+      Joined(FileNameOf(fileName), " is damaged.  Line ", problem.Line, ": ", problem.Message, stop,
+             failure.empty() ? "  A copy of it is kept as " : "  No copy could be kept as ",
              FileNameOf(copy), "."));
 }
 
@@ -85,15 +86,28 @@ std::string OwnPlayerFileName() {
                                   : FileNameOf(session.Profile.PlayerFile);
 }
 
+namespace {
+
+/// The second and third deck count as well: a player may have put everything there.
+bool OwnsCards() {
+  const Session& session = State();
+  bool owns = HoldsCards(session.Collection);
+  for (const DeckRec& deck : session.Decks) owns = owns || HoldsCards(deck.Cards);
+  return owns;
+}
+
+}  // namespace
+
 void WritePlayerFile(std::string_view fileName) {
   Session& session = State();
-  if (session.DebugMode == 1 || fileName.empty()) return;
+  // While the card editor is open the collection is not the player's.
+  if (session.DebugMode == 1 || session.Suspended != nullptr || fileName.empty()) return;
   const std::string name(fileName);
   session.SaleMode = 0;
   RefreshCollection();
   for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) SortDeck(deck);
   SortCollection();
-  if (!HoldsCards(session.Decks[1].Cards) && !HoldsCards(session.Collection)) return;
+  if (!OwnsCards()) return;
   EnterProgramFolder();
   if (!SaveOrTell(InCurrentFolder(name), name, PlayerFileText())) return;
   session.Profile.PlayerFile = name;

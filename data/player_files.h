@@ -21,8 +21,8 @@ std::string OwnPlayerFileName();
 /// copy of the file is kept beside it, and a message says so.
 void ReadPlayerFile(std::string_view fileName);
 
-/// Saves the player's cards, decks and tokens and the profile list. Nothing in debug mode, and
-/// nothing without a name or when neither deck 1 nor the collection holds a card. A file that can't
+/// Saves the player's cards, decks and tokens and the profile list. Nothing in debug mode and
+/// while the card editor is open, and nothing without a name or when neither a deck nor the collection holds a card. A file that can't
 /// be written is told in a message box and stays as it was.
 void WritePlayerFile(std::string_view fileName);
 

@@ -21,10 +21,13 @@ std::string WellFormed(std::string_view text) {
 
 }  // namespace
 
-bool SaveOrTell(const std::string& path, std::string_view shownName, std::string_view text) {
+std::string SaveText(const std::string& path, std::string_view text) {
   FileSystem& files = Desktop().Files();
-  const std::string error =
-      IsUtf8(text) ? files.Write(path, text) : files.Write(path, WellFormed(text));
+  return IsUtf8(text) ? files.Write(path, text) : files.Write(path, WellFormed(text));
+}
+
+bool SaveOrTell(const std::string& path, std::string_view shownName, std::string_view text) {
+  const std::string error = SaveText(path, text);
   if (error.empty()) return true;
   Desktop().MessageBox(Joined("Can't save ", shownName, ": ", error));
   return false;

@@ -12,6 +12,7 @@
 #include "data/card_writer.h"
 #include "data/field_text.h"
 #include "data/saving.h"
+#include "platform/platform.h"
 
 namespace brindlemoor {
 
@@ -52,8 +53,7 @@ std::string Portrait(const std::vector<Copies>& cards, std::string_view deckName
   return CardToText(portrait, "#PLAYERCARD");
 }
 
-/// The rules card of the file deals the cards out, each by its name: a ":" in it would end the
-/// name.
+/// The rules card of the file deals the cards out, each by its name.
 std::string Dealing(const std::vector<Copies>& cards) {
   std::string script = "ECHO:Your new starter deck contains the following cards.";
   for (const Copies& copies : cards) {
@@ -83,6 +83,13 @@ bool WriteStarterDeckFile(std::string_view fileName, std::string_view deckName) 
   if (!session.Decks.Holds(session.CurrentDeck)) return false;
   const auto cards = DifferentCards(session.Decks[session.CurrentDeck].Cards);
   if (cards.empty()) return false;
+  for (const Copies& copies : cards) {
+    if (copies.Model->Name.View().find(':') == std::string_view::npos) continue;
+    // The script that deals the cards would end the name there.
+    Desktop().MessageBox(
+        Joined("\"", copies.Model->Name, "\" can't be in a starter deck: its name has a colon."));
+    return false;
+  }
   return SaveOrTell(InCurrentFolder(fileName), fileName, StarterDeckText(cards, deckName));
 }
 

@@ -25,6 +25,12 @@ Picker& Loaded(std::unique_ptr<Picker>& picker) {
 
 }  // namespace
 
+CardEdit& TheCardEdit() {
+  auto& cards = TheForms().Cards;
+  if (cards == nullptr) cards = std::make_unique<CardEdit>();
+  return *cards;
+}
+
 EffectPicker& TheEffectPicker() { return Loaded(TheForms().Effects); }
 
 CounterPicker& TheCounterPicker() { return Loaded(TheForms().Counters); }

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "editor/card_edit.h"
 #include "editor/counter_picker.h"
 #include "editor/effect_picker.h"
 #include "editor/value_generator.h"
@@ -11,12 +12,15 @@ namespace brindlemoor {
 
 /// Every window of the editor; each is made at its first use.
 struct EditorForms {
+  std::unique_ptr<CardEdit> Cards;
   std::unique_ptr<EffectPicker> Effects;
   std::unique_ptr<CounterPicker> Counters;
   std::unique_ptr<ValGen> Values;
 };
 
-/// The windows, each made at its first use; the pickers are loaded then.
+/// The windows, each made at its first use; the pickers are loaded then. Who opens the card editor
+/// loads it.
+CardEdit& TheCardEdit();
 EffectPicker& TheEffectPicker();
 CounterPicker& TheCounterPicker();
 ValGen& TheValGen();

@@ -101,12 +101,22 @@ bool HasPlayerFile() {
 
 void ReadOwnFile() { ReadPlayerFile(PlayerFileName(State().CurrentGame)); }
 
+/// Opponents and starter decks may have been saved in the deck manager.
+void FindGamesAgain() {
+  State().Games.Reset(1);
+  DiscoverGames();
+}
+
 /// Lets the player choose a deck. False when there is none for this game or the program ends.
 bool ChooseDeck() {
   Session& session = State();
   if (HasPlayerFile()) {
     ReadOwnFile();
-    if (!ShowDeckManager() || Desktop().Ending()) return false;
+    if (!ShowDeckManager()) {
+      FindGamesAgain();
+      return false;
+    }
+    if (Desktop().Ending()) return false;
   }
   // A player file without a card that could be played counts like one that is not there.
   if (!HasPlayerFile() || !HoldsCards(session.Decks[session.CurrentDeck].Cards)) {

@@ -82,6 +82,7 @@ struct TextBox : Control {
   Property<bool> MultiLine{*this, false};
   Property<bool> ReadOnly{*this, false};
   std::function<void()> Change;      ///< the user changed the text
+  std::function<void()> Enter;       ///< the Enter key was pressed in a box of one line
   std::function<void()> RightClick;  ///< takes the place of the menu for copying and pasting
 };
 
@@ -173,6 +174,17 @@ struct BrowserView : Control {
   std::function<bool(const std::string& url)> BeforeNavigate;
 };
 
+/// Calls Tick after every interval while its form is shown. A tick is left out while another window
+/// is in front of the form, a list is open or a page is being read. Switched off and on again, it
+/// begins its interval anew.
+struct Timer : Observed {
+  explicit Timer(std::string name) : Name(std::move(name)) {}
+  const std::string Name;
+  Property<int> Interval{*this, 0};  ///< milliseconds; without any there are no ticks
+  Property<bool> Enabled{*this, false};
+  std::function<void()> Tick;
+};
+
 /// A menu entry, a submenu (with Items) or the menu bar itself.
 struct MenuItem : Observed {
   MenuItem(std::string name, std::string caption)
@@ -218,6 +230,7 @@ struct Form : Observed {
   Property<bool> Shown{*this, false};  ///< kept by the platform
   Layout Arrangement;
   std::vector<MenuItem*> Menus;
+  std::vector<Timer*> Timers;
   int Width = 0;  ///< first size in pixels, 0 natural
   int Height = 0;
   bool Maximised = false;

@@ -158,4 +158,9 @@ std::string LocalFileSystem::Write(const std::string& path, std::string_view byt
   return "";
 }
 
+std::string LocalFileSystem::Remove(const std::string& path) {
+  if (HoldsNul(path)) return Reason(EINVAL);
+  return ::unlink(path.c_str()) == 0 || errno == ENOENT ? "" : Reason(errno);
+}
+
 }  // namespace brindlemoor

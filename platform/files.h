@@ -25,6 +25,9 @@ class FileSystem {
   /// Writes beside the file, flushes and renames over it. Returns "" or what went wrong; then the
   /// old file is as it was.
   virtual std::string Write(const std::string& path, std::string_view bytes) = 0;
+  /// Removes a file, a link rather than its target. Returns "" or what went wrong; a file that is
+  /// not there is removed already.
+  virtual std::string Remove(const std::string& path) = 0;
 };
 
 /// The file system of the machine.
@@ -36,6 +39,7 @@ class LocalFileSystem : public FileSystem {
   std::vector<std::string> ListFolders(const std::string& folder) const override;
   std::optional<std::string> Read(const std::string& path) const override;
   std::string Write(const std::string& path, std::string_view bytes) override;
+  std::string Remove(const std::string& path) override;
 };
 
 }  // namespace brindlemoor

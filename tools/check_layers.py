@@ -14,6 +14,7 @@ BELOW = {
     "platform": {"core"},
     "game": {"core", "data", "script", "platform"},
     "ui": {"core", "data", "script", "platform", "game"},
+    "editor": {"core", "data", "script", "platform", "game", "ui"},
 }
 INCLUDE = re.compile(r'^#include "([a-z]+)/([^"]+)"', re.MULTILINE)
 

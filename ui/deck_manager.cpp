@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/cards.h"
+#include "core/encoding.h"
 #include "core/pages.h"
 #include "core/paths.h"
 #include "core/state.h"
@@ -75,7 +76,10 @@ Layout Arrange(DeckManager& form) {
 
   Layout right =
       Column({Cell(form.HintLabel), Cell(form.WB, 1), Cell(form.DeckDrawing, 0, 0, kChartHeight),
-              Row({Cell(form.Label1, 1), Cell(form.Command5), Cell(form.Command3)}),
+              Row({Cell(form.Label1, 0, 130),
+                   {.Direction = Layout::Kind::kControl, .Stretch = 1},
+                   Cell(form.Command5),
+                   Cell(form.Command3)}),
               Cell(form.Command2, 0, 0, 40)},
              4);
   return Row({std::move(left), std::move(middle), std::move(right)});
@@ -214,11 +218,16 @@ void DeckManager::NameMenus() {
 }
 
 void DeckManager::Form_Load() {
-  const Session& state = State();
+  Session& state = State();
+  state.SaleMode = 0;
   const bool plays = state.PickingCard == 0 && state.DeckManagerMode != kNewOpponent;
   Command2.Visible = plays;
   Command5.Visible = plays;
-  AddAll.Visible = state.PickingCard == 0;
+  for (Control* control : {static_cast<Control*>(&AddAll), static_cast<Control*>(&ClearDeck),
+                           static_cast<Control*>(&Command3)}) {
+    control->Visible = state.PickingCard == 0;
+  }
+  loadplrmen.Visible = state.PickingCard == 0;
   // Only the choice of a deck for a match leads back to the list of games.
   backmen.Visible = plays && state.DeckManagerMode == kOwnCards && state.DeckManagerInGame == 0;
   GaveUp = false;
@@ -252,12 +261,24 @@ void DeckManager::SelectDeck(int deck) {
   DeckTop = 0;
 }
 
+namespace {
+
+/// A deck's name as far as there is room for it.
+std::string Shortened(std::string_view name) {
+  constexpr int kCharacters = 30;
+  std::size_t end = 0;
+  for (int count = 0; count < kCharacters && end < name.size(); ++count) NextCodePoint(name, end);
+  return end < name.size() ? Joined(name.substr(0, end), "...") : std::string(name);
+}
+
+}  // namespace
+
 void DeckManager::ShowDeckNames() {
   for (int index = 0; index < 3; ++index) {
     const auto place = static_cast<std::size_t>(index);
     Option1[place]->Caption = State().DeckManagerMode == kTestPosition
                                   ? std::string(kTestPlaces[place])
-                                  : State().Decks[index + 1].DeckName.Str();
+                                  : Shortened(State().Decks[index + 1].DeckName);
   }
 }
 
@@ -379,7 +400,9 @@ bool PickOwnedCard() {
   Session& state = State();
   state.PickingCard = 1;
   state.PickedCard = 0;
+  const OwnedTargets targets;  // of other actions: the form may sort
   OpenDeckManager();
+  targets.PutBack();
   state.PickingCard = 0;
   return state.PickedCard != 0;
 }

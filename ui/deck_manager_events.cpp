@@ -6,12 +6,12 @@
 #include "core/paths.h"
 #include "core/state.h"
 #include "data/player_files.h"
+#include "editor/editor_opening.h"
 #include "game/card_sorting.h"
 #include "game/deck_rules.h"
 #include "platform/platform.h"
 #include "script/run_action.h"
 #include "script/stored_cards.h"
-#include "ui/card_editor.h"
 #include "ui/card_pages.h"
 #include "ui/deck_manager.h"
 #include "ui/test_position.h"
@@ -201,7 +201,7 @@ void DeckManager::Command4_Click(int index) {
   const auto name = Desktop().AskText("New name for deck?");
   if (!name) return;
   State().Decks[index + 1].DeckName = *name;
-  Option1[static_cast<std::size_t>(index)]->Caption = *name;
+  ShowDeckNames();
 }
 
 void DeckManager::ClearDeck_Click() {
@@ -260,7 +260,7 @@ bool DeckManager::DeckIsReady() {
 
 void DeckManager::Command2_Click() {
   if (State().DeckManagerMode == kTestPosition) {
-    if (StartTestPosition()) Desktop().HideForm(*this);
+    StartTestPosition();
     return;
   }
   if (!DeckIsReady()) return;
@@ -280,6 +280,10 @@ bool DeckManager::Form_QueryClose() {
   state.SaleMode = 0;
   if (state.PickingCard == 1) {
     state.PickedCard = 0;  // a card that was only hovered is not picked
+    return false;
+  }
+  if (state.DeckManagerMode == kTestPosition) {
+    BackToCardEditor();
     return false;
   }
   if (state.DeckManagerMode != kOwnCards) return false;

@@ -43,6 +43,20 @@ std::string PlayerCardName(const Pile& deck) {
   return "";
 }
 
+/// The folder of the current game's opponents. The editor may be open without a game: then that of
+/// the card set's rules file, or of the only game there is.
+std::string GameFolder() {
+  const Session& state = State();
+  const Table<GameRec>& games = state.Games;
+  if (games.Holds(state.CurrentGame)) return games[state.CurrentGame].Folder.Str();
+  for (const GameRec& game : games) {
+    if (!state.GameFileName.empty() && game.RulesFile == state.GameFileName) {
+      return game.Folder.Str();
+    }
+  }
+  return games.UpperBound() == 1 ? games[1].Folder.Str() : std::string();
+}
+
 /// Where a file of the current game goes: the folder of its opponents. "" with a message when the
 /// name can't be part of a file name or the user would rather keep the file of this name.
 std::string NewGameFile(std::string_view name, std::string_view ending) {
@@ -51,9 +65,7 @@ std::string NewGameFile(std::string_view name, std::string_view ending) {
     Desktop().MessageBox(refusal);
     return "";
   }
-  const Session& state = State();
-  const bool inGame = state.Games.Holds(state.CurrentGame);
-  const std::string folder = inGame ? state.Games[state.CurrentGame].Folder.Str() : std::string();
+  const std::string folder = GameFolder();
   const std::string file = Joined(name, ending);
   std::string path = InProgramFolder(folder.empty() ? file : Joined(folder, "/", file));
   if (!Desktop().Files().Exists(path)) return path;
@@ -82,8 +94,9 @@ bool DeckHoldsCards() {
 }  // namespace
 
 void DeckManager::savedeckmen_Click() {
-  if (State().DebugMode == 1) {
-    Desktop().MessageBox("Players are not saved in debug mode.");
+  if (State().DebugMode == 1 || State().DeckManagerMode != kOwnCards) {
+    Desktop().MessageBox(State().DebugMode == 1 ? "Players are not saved in debug mode."
+                                                : "These are the cards of the editor.");
     return;
   }
   const auto path =
@@ -94,6 +107,10 @@ void DeckManager::savedeckmen_Click() {
 }
 
 void DeckManager::loadplrmen_Click() {
+  if (State().DeckManagerMode != kOwnCards) {
+    Desktop().MessageBox("A player can't be loaded over the cards of the editor.");
+    return;
+  }
   const std::string path = AskCardFile({.FileName = "*.plr;*.txt", .DefaultExtension = "plr"});
   if (path.empty()) return;
   KeepCopyOfPlayerFile();

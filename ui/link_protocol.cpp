@@ -88,7 +88,8 @@ void AimAtOwnedCard(int slot, int index) {
     Desktop().MessageBox("You don't own any cards to modify!");
     return;
   }
-  if (!PickOwnedCard()) return;
+  if (!PickOwnedCard() || !state.CardTable.Holds(slot)) return;
+  if (!state.CardTable[slot].Effects.Holds(index)) return;
   CardEffect& effect = state.CardTable[slot].Effects.Edit(index);
   effect.MenuState = kArmedMenuAction;
   effect.ChosenTarget = state.PickedCard;

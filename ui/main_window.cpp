@@ -6,12 +6,11 @@
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "data/card_reader.h"
 #include "data/player_files.h"
+#include "editor/editor_opening.h"
 #include "game/program_start.h"
 #include "game/turn.h"
 #include "platform/platform.h"
-#include "ui/card_editor.h"
 #include "ui/card_pages.h"
 #include "ui/forms.h"
 #include "ui/link_protocol.h"
@@ -121,12 +120,25 @@ void MainWindow::Form_Load() {
   HideHand();
 }
 
+namespace {
+
+/// To the list of games; a test game leads back to the editor that began it.
+void LeaveEndedGame() {
+  if (State().TestFromEditor == 1) {
+    BackToCardEditor();
+  } else {
+    NewGame();
+  }
+}
+
+}  // namespace
+
 void MainWindow::Command1_Click() {
   Session& state = State();
   if (state.TurnRunning == 1) return;
   if (state.GameOver == 1) {
     state.PageText.clear();
-    NewGame();
+    LeaveEndedGame();
     return;
   }
   // At the game list there is no turn to take.
@@ -175,7 +187,7 @@ void MainWindow::Picture2_MouseUp(int position, MouseButton button) {
 void MainWindow::newgamemen_Click() {
   if (State().TurnRunning == 1) return;
   EndGame();
-  NewGame();
+  LeaveEndedGame();
 }
 
 void MainWindow::deckmanagermen_Click() {
@@ -207,13 +219,12 @@ void MainWindow::debugmen_Click() {
 void MainWindow::helpmen_Click() { ShowHelp("MainHelp.html"); }
 
 bool MainWindow::Form_QueryClose() {
-  Session& state = State();
-  if (state.TestFromEditor == 0) {
+  if (State().TestFromEditor == 0) {
     Desktop().EndProgram();
     return false;
   }
-  ReadCards(state.CardFile, state.Players[1], 1, "", 0);
-  return false;
+  BackToCardEditor();
+  return true;  // it has hidden this window
 }
 
 void UpdateHand() {

@@ -22,11 +22,15 @@ constexpr int kHandPositions = 10;
 /// The path of the rules file, asked for until one is found; "" when that was cancelled.
 std::string FindRulesFile() {
   Text& name = State().GameFileName;
+  const Text before = name;
   while (true) {
     if (std::string path = ResolvePath(name, 0); !path.empty()) return path;
     Desktop().MessageBox("Please choose the rules file to use for this card set.");
     const auto chosen = Desktop().AskFile({.FileName = "*.txt"});
-    if (!chosen) return "";
+    if (!chosen) {
+      name = before;
+      return "";
+    }
     name = FileNameOf(*chosen);
   }
 }
@@ -78,14 +82,16 @@ void BeginTurns() {
   state.TestFromEditor = 1;
   TheMainWindow().Command1.Caption = "Take Turn";
   Desktop().ShowForm(TheMainWindow(), false);
+  // Before events run: a second click must not find the form.
+  Desktop().HideForm(TheDeckManager());
   TakeTurn(1);
 }
 
 }  // namespace
 
-bool StartTestPosition() {
+void StartTestPosition() {
   const std::string rules = FindRulesFile();
-  if (rules.empty()) return false;
+  if (rules.empty()) return;
   Session& state = State();
   state.DeckManagerMode = 0;
   state.DebugMode = 1;
@@ -97,7 +103,6 @@ bool StartTestPosition() {
   BringIntoPlay(state.Decks[3].Cards, 2);
   ReapplyTraitActions(1);
   BeginTurns();
-  return true;
 }
 
 }  // namespace brindlemoor

@@ -44,4 +44,10 @@ std::string MemoryFileSystem::Write(const std::string& path, std::string_view by
   return "";
 }
 
+std::string MemoryFileSystem::Remove(const std::string& path) {
+  if (!WriteError.empty() && Exists(path)) return WriteError;
+  Contents.erase(path);
+  return "";
+}
+
 }  // namespace brindlemoor

@@ -12,7 +12,7 @@ namespace brindlemoor {
 class MemoryFileSystem : public FileSystem {
  public:
   std::map<std::string, std::string> Contents;  ///< bytes by absolute path
-  std::string WriteError;                       ///< when not empty, every write fails with it
+  std::string WriteError;                       ///< when not empty, writes and removals fail with it
 
   bool Exists(const std::string& path) const override { return Contents.contains(path); }
   bool FolderExists(const std::string& path) const override;
@@ -20,6 +20,7 @@ class MemoryFileSystem : public FileSystem {
   std::vector<std::string> ListFolders(const std::string& folder) const override;
   std::optional<std::string> Read(const std::string& path) const override;
   std::string Write(const std::string& path, std::string_view bytes) override;
+  std::string Remove(const std::string& path) override;
 };
 
 }  // namespace brindlemoor

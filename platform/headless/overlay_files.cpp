@@ -15,8 +15,12 @@ std::vector<std::string> Merged(const std::vector<std::string>& a,
 
 }  // namespace
 
+bool OverlayFileSystem::Hides(const std::string& path) const {
+  return removed_.contains(path) || hides_(path);
+}
+
 bool OverlayFileSystem::Exists(const std::string& path) const {
-  return MemoryFileSystem::Exists(path) || (!hides_(path) && machine_.Exists(path));
+  return MemoryFileSystem::Exists(path) || (!Hides(path) && machine_.Exists(path));
 }
 
 bool OverlayFileSystem::FolderExists(const std::string& path) const {
@@ -25,7 +29,7 @@ bool OverlayFileSystem::FolderExists(const std::string& path) const {
 
 std::vector<std::string> OverlayFileSystem::ListFiles(const std::string& folder) const {
   std::vector<std::string> shown = machine_.ListFiles(folder);
-  std::erase_if(shown, [&](const std::string& name) { return hides_(folder + "/" + name); });
+  std::erase_if(shown, [&](const std::string& name) { return Hides(folder + "/" + name); });
   return Merged(MemoryFileSystem::ListFiles(folder), shown);
 }
 
@@ -35,7 +39,12 @@ std::vector<std::string> OverlayFileSystem::ListFolders(const std::string& folde
 
 std::optional<std::string> OverlayFileSystem::Read(const std::string& path) const {
   if (MemoryFileSystem::Exists(path)) return MemoryFileSystem::Read(path);
-  return hides_(path) ? std::nullopt : machine_.Read(path);
+  return Hides(path) ? std::nullopt : machine_.Read(path);
+}
+
+std::string OverlayFileSystem::Remove(const std::string& path) {
+  removed_.insert(path);
+  return MemoryFileSystem::Remove(path);
 }
 
 }  // namespace brindlemoor

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
 
 #include "platform/files.h"
@@ -21,10 +22,14 @@ class OverlayFileSystem : public MemoryFileSystem {
   std::vector<std::string> ListFiles(const std::string& folder) const override;
   std::vector<std::string> ListFolders(const std::string& folder) const override;
   std::optional<std::string> Read(const std::string& path) const override;
+  std::string Remove(const std::string& path) override;
 
  private:
+  bool Hides(const std::string& path) const;
+
   LocalFileSystem machine_;
   Test hides_;
+  std::set<std::string> removed_;
 };
 
 }  // namespace brindlemoor

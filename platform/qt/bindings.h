@@ -28,6 +28,8 @@ QWidget* BindPictureBox(PictureBox& model, FormWindow& window);
 QWidget* BindBarChart(BarChart& model, FormWindow& window);
 QWidget* BindBrowserView(BrowserView& model, FormWindow& window);
 void BindMenus(const std::vector<MenuItem*>& menus, FormWindow& window);
+/// A timer has no widget.
+void BindTimer(Timer& model, FormWindow& window);
 
 /// What all controls share: follows Visible, Enabled and ToolTip, then runs sync.
 void BindCommon(Control& model, QWidget& widget, FormWindow& window, std::function<void()> sync);

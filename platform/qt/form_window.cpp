@@ -44,6 +44,7 @@ FormWindow::FormWindow(Form& form, QtPlatform& platform) : form_(form), platform
   BindMenus(form.Menus, *this);
   setCentralWidget(new PageArea(BuildArrangement(form.Arrangement, *this), this));
   Bind(form, [this] { setWindowTitle(QString::fromStdString(form_.Caption)); });
+  for (Timer* timer : form.Timers) BindTimer(*timer, *this);
   if (!views_.empty()) AddZoomKeys();
   OrderTabStops();
   building_ = false;
@@ -146,6 +147,16 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (form_.QueryClose && form_.QueryClose()) return;
   platform_.HideForm(form_);
+}
+
+void FormWindow::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  for (const auto& sync : shownSyncs_) sync();
+}
+
+void FormWindow::hideEvent(QHideEvent* event) {
+  QMainWindow::hideEvent(event);
+  for (const auto& sync : shownSyncs_) sync();
 }
 
 void FormWindow::resizeEvent(QResizeEvent* event) {

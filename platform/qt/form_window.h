@@ -43,11 +43,15 @@ class FormWindow : public QMainWindow {
   void AddTabStop(QWidget& widget) { tabStops_.push_back(&widget); }
   /// Sets the Tab key's way; a view calls it when the widget behind it has changed.
   void OrderTabStops();
+  /// Runs sync whenever the window has come up or gone.
+  void OnShownChange(std::function<void()> sync) { shownSyncs_.push_back(std::move(sync)); }
   double Zoom() const { return zoom_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   struct Mnemonic {
@@ -68,6 +72,7 @@ class FormWindow : public QMainWindow {
   std::vector<Mnemonic> mnemonics_;
   std::vector<PageView*> views_;
   std::vector<QWidget*> tabStops_;
+  std::vector<std::function<void()>> shownSyncs_;
   QMap<QString, QButtonGroup*> optionGroups_;
 };
 

@@ -40,6 +40,7 @@ class LabelWidget : public QWidget {
     return {width + 2 * kPadding, metrics.height()};
   }
   QSize minimumSizeHint() const override { return {0, QFontMetrics(font()).height()}; }
+  bool hasHeightForWidth() const override { return IsLong() && minimumHeight() != maximumHeight(); }
   int heightForWidth(int width) const override {
     return QFontMetrics(font())
         .boundingRect(QRect(0, 0, width - 2 * kPadding, 10'000), Qt::TextWordWrap, text_)

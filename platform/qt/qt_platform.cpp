@@ -163,7 +163,9 @@ void QtPlatform::Hover(PictureBox& picture) {
 void QtPlatform::PumpEvents() {
   if (ending_) return;
   WakeEventLoop();
+  ++pumpsRunning_;
   QCoreApplication::processEvents();
+  --pumpsRunning_;
 }
 
 void QtPlatform::EndProgram() {

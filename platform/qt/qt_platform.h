@@ -55,6 +55,8 @@ class QtPlatform : public Platform {
   PictureCache& Pictures() { return pictures_; }
   QWebEngineProfile& PageProfile() { return *profile_; }
   const PagePolicy& Policy() const { return policy_; }
+  /// True while the logic waits for a page to be read, or lets events run in between.
+  bool InsideLogic() const { return pagesBeingRead_ > 0 || pumpsRunning_ > 0; }
   void AddView(BrowserView& model, PageView& view) { views_.insert(&model, &view); }
   /// Asks the logic about a click on a link as soon as no page is being read.
   void QueueClick(BrowserView& view, const QUrl& url);
@@ -93,6 +95,7 @@ class QtPlatform : public Platform {
   QString lastFolder_;  // of the file dialogs
   std::optional<std::uint64_t> seed_;
   int pagesBeingRead_ = 0;
+  int pumpsRunning_ = 0;
   bool hovering_ = false;
   bool running_ = false;
   bool ending_ = false;

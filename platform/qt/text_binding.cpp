@@ -34,6 +34,9 @@ QWidget* BindLine(TextBox& model, FormWindow& window) {
   });
   QObject::connect(edit, &QLineEdit::textEdited, &window,
                    [&model](const QString& text) { Take(model, text); });
+  QObject::connect(edit, &QLineEdit::returnPressed, &window, [&model] {
+    if (model.Enter) model.Enter();
+  });
   ServeRightClick(model, *edit, window);
   return edit;
 }

@@ -13,6 +13,18 @@ class MatchStartTest : public SessionTest {
   MatchStartTest() {
     State().Profile.PlayerName = "Ann";
     desktop_->ModalForms.emplace_back([](Form&) { TheDeckManager().Command2_Click(); });
+    ListGames();
+    WriteFile("goblins.txt",
+              "#GAMERULES, Goblins, , , Goblins,\n#RULESCARD\n#EFFECT, SELF, GAMESTART, ECHO:go\n"
+              "#TRAITACTION, FLYING\n#EFFECT, SELF, PHASE9, ECHO:fly\n");
+    WriteFile("Goblins/king_Enemy.txt",
+              "#CARDINDECK, King, , , #00FF00, ,\n#TRAIT, PLAYER\n"
+              "#CARDINDECK, Wall, , , , ,\n#TRAIT, STARTSINPLAY\n#TRAIT, FLYING\n"
+              "#CARDINDECK, Guard, , , , ,\n#CARDINPLAY, Moat, , , , ,\n");
+    WriteFile("Goblins/starter.txt",
+              "#STARTERDECK\n#NEUTRALCARD, Store, , , , ,\n#CARDINDECK, Reward, , , , ,\n");
+  }
+  static void ListGames() {
     State().Games.Reset(1);
     GameRec& game = State().Games[1];
     game.Name = "Goblins";
@@ -23,15 +35,6 @@ class MatchStartTest : public SessionTest {
     game.OpponentFiles[2] = "/game/Goblins/king_Enemy.txt";
     game.OpponentFiles[3] = "/game/Goblins/starter.txt";
     game.OpponentFiles[4] = "/game/Goblins/gone.txt";
-    WriteFile("goblins.txt",
-              "#GAMERULES, Goblins, , , Goblins,\n#RULESCARD\n#EFFECT, SELF, GAMESTART, ECHO:go\n"
-              "#TRAITACTION, FLYING\n#EFFECT, SELF, PHASE9, ECHO:fly\n");
-    WriteFile("Goblins/king_Enemy.txt",
-              "#CARDINDECK, King, , , #00FF00, ,\n#TRAIT, PLAYER\n"
-              "#CARDINDECK, Wall, , , , ,\n#TRAIT, STARTSINPLAY\n#TRAIT, FLYING\n"
-              "#CARDINDECK, Guard, , , , ,\n#CARDINPLAY, Moat, , , , ,\n");
-    WriteFile("Goblins/starter.txt",
-              "#STARTERDECK\n#NEUTRALCARD, Store, , , , ,\n#CARDINDECK, Reward, , , , ,\n");
   }
   void OwnDeck() {
     WriteFile("Ann_Goblins.plr",
@@ -140,6 +143,7 @@ TEST_F(MatchStartTest, TheDeckIsChosenInTheDeckManager) {
                                 "You must have at least 2 cards in your play deck."};
   ChooseGame(1, 2);
   EXPECT_EQ(State().CurrentGame, 0) << "the player went back to the list";
+  ListGames();
   EXPECT_NE(ReadFile("Ann_Goblins.plr").find("INPLAYERDECK:2, \"Spare\""), std::string::npos);
 
   desktop_->ModalForms.emplace_back([&](Form&) {

@@ -41,7 +41,7 @@ class ShippedGamesTest : public SessionTest {
   void ExpectWholeDeck() {
     desktop_->ModalForms.emplace_back([](Form&) {
       DeckManager& manager = TheDeckManager();
-      while (manager.CollectPic[0]->Visible) manager.CollectPic[0]->MouseUp(MouseButton::kLeft);
+      manager.AddAll.Click();
       manager.Command2.Click();
     });
   }

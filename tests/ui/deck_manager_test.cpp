@@ -324,13 +324,18 @@ TEST_F(DeckManagerTest, WrongFilesChangeNothingAndRightOnesAreRead) {
   WriteFile("army.txt", "#CARD, INDECK, Wolf, , , , , , \n#CARD, COLLECTION, Fox, , , , , , \n");
   Own({"Elf"});
   State().Decks[1].Cards[1] = MakeCard("Bat", 1);
-  Open(kNewOpponent);
+  Open();
   desktop_->FileAnswers = {"/game/picture.plr", "/game/none.plr", std::nullopt, "/game/picture.plr",
                            "/game/army.txt"};
   desktop_->ExpectedMessages = {"There are no cards in picture.plr.", "Can't read none.plr.",
-                                "There are no cards in picture.plr."};
+                                "There are no cards in picture.plr.",
+                                "A player can't be loaded over the cards of the editor.",
+                                "These are the cards of the editor."};
   for (int file = 0; file < 3; ++file) form_.loadplrmen.Click();
+  Open(kNewOpponent);
   form_.loadoppmen.Click();
+  form_.loadplrmen.Click();
+  form_.savedeckmen.Click();
   EXPECT_EQ(Deck(1) + "| " + Collection(), "Bat | Elf ");
   form_.loadoppmen.Click();
   EXPECT_EQ(Shown(form_.DeckPic), "Wolf Fox ") << "every card of the file, wherever it would go";

@@ -113,6 +113,19 @@ TEST_F(LinkProtocolTest, AMenuActionOnOwnCardsAsksForOneInTheDeckManager) {
       << "closed without a pick";
   EXPECT_EQ(pick([&] { manager.CollectPic[1]->MouseUp(MouseButton::kLeft); }), "2 2 0 2 0");
   EXPECT_EQ(State().Collection[2].Name, "Own 2");
+  // Another action stays aimed at its card when the form sorts.
+  GiveAction(*goblin_, "MENU:PHASE1:Heal", "COLLECTION", "MODTRAIT:HP:1");
+  goblin_->Effects.Edit(4).MenuState = kArmedMenuAction;
+  goblin_->Effects.Edit(4).ChosenTarget = 3;
+  State().Collection[3].Name = "A";
+  CardDescWB_BeforeNavigate("menuaction:111:3");
+  EXPECT_EQ(pick([&] {
+              manager.Command1[1]->Click();
+              EXPECT_FALSE(manager.ClearDeck.Visible || manager.loadplrmen.Visible);
+              manager.CollectPic[2]->MouseUp(MouseButton::kLeft);
+            }),
+            "2 3 0 3 0");
+  EXPECT_EQ(goblin_->Effects[4].ChosenTarget, 1);
   CardDescWB_BeforeNavigate("menuaction:111:3");
   EXPECT_EQ(pick([&] {
               manager.Option1[1]->Click();

@@ -1,7 +1,9 @@
 // What the user does reaches the models' handlers; what the program does is shown and calls nobody.
 #include <QCheckBox>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QFile>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -85,6 +87,7 @@ TEST_F(ControlsTest, WhatTheProgramSetsIsShownAndCallsNobody) {
 }
 
 TEST_F(ControlsTest, WhatTheUserDoesIsStoredAndToldOnce) {
+  int enters = 0;
   auto* list = Find<QListWidget>(form_, form_.List);
   QTest::mouseClick(Find(form_, form_.Push), Qt::LeftButton);
   QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
@@ -100,6 +103,12 @@ TEST_F(ControlsTest, WhatTheUserDoesIsStoredAndToldOnce) {
     QTest::keyClick(Find(form_, *control), static_cast<Qt::Key>(key));
     EXPECT_EQ(form_.Events, before + 1) << control->Name;
   }
+  QTest::keyClick(Find(form_, form_.Line), Qt::Key_Return);
+  EXPECT_EQ(enters, 0) << "nobody asked";
+  form_.Line.Enter = [&enters] { ++enters; };
+  QTest::keyClick(Find(form_, form_.Line), Qt::Key_Return);
+  QTest::keyClick(Find(form_, form_.Line), Qt::Key_Enter);
+  EXPECT_EQ(enters, 2);
   EXPECT_EQ(form_.Line.Text.Get(), "x");
   EXPECT_EQ(form_.Lines.Text.Get(), "y");
   EXPECT_EQ(form_.Combo.Text.Get(), "One");
@@ -110,6 +119,23 @@ TEST_F(ControlsTest, WhatTheUserDoesIsStoredAndToldOnce) {
   form_.Options[0].Value = true;
   QTest::keyClick(Find(form_, form_.Options[1]), Qt::Key_Space);
   EXPECT_TRUE(form_.Options[1].Value && !form_.Options[0].Value) << "one of an array is chosen";
+}
+
+TEST_F(ControlsTest, ItemsOfOneTextAreToldApart) {
+  int clicks = 0;
+  form_.Combo.Click = [&clicks] { ++clicks; };
+  form_.Combo.Items = {"Ape", "Bat", "Ape"};
+  form_.Combo.Select(3);
+  auto* combo = Find<QComboBox>(form_, form_.Combo);
+  EXPECT_EQ(combo->currentIndex(), 2);
+  QTest::keyClick(combo, Qt::Key_Home);
+  EXPECT_EQ(form_.Combo.Selected, 1);
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(form_.Events, 0) << "a choice is a click, no change";
+  form_.Combo.Text = "Bat";  // the number counts only with its text
+  EXPECT_EQ(combo->currentIndex(), 1);
+  QTest::keyClick(Find(form_, form_.Free), Qt::Key_T);
+  EXPECT_EQ(form_.Free.Selected, 0);
 }
 
 TEST_F(ControlsTest, TheGeometryReportTellsWhatControlsSay) {
@@ -149,6 +175,78 @@ std::vector<int> Runs(const QImage& image, int row, QColor color) {
     inside = here;
   }
   return runs;
+}
+
+struct FramedForm : Form {
+  FramedForm() : Form("FramedForm") {
+    Group.Caption = "Actions";
+    Text.MultiLine = true;
+    Text.RightClick = [this] { Group.Visible = false; };
+  }
+  ~FramedForm() override = default;
+  Frame Group{"Group"};
+  TextBox Text{"Text"};
+};
+
+TEST_F(DesktopTest, AFrameIsHiddenWithWhatItHolds) {
+  FramedForm form;
+  Layout frame{.Direction = Layout::Kind::kColumn, .Children = {Cell(form.Text)}};
+  frame.Group = &form.Group;
+  Show(form, {frame});
+  auto* text = Find<QPlainTextEdit>(form, form.Text);
+  EXPECT_EQ(Find<QGroupBox>(form, form.Group)->title(), "Actions");
+  EXPECT_TRUE(text->isVisible());
+  form.Text.ReadOnly = true;
+  QTest::keyClick(text, Qt::Key_A);
+  EXPECT_EQ(form.Text.Text.Get(), "");
+  form.Text.ReadOnly = false;
+  QTest::keyClick(text, Qt::Key_A);
+  EXPECT_EQ(form.Text.Text.Get(), "a");
+  QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), text->mapToGlobal(QPoint(5, 5)));
+  QApplication::sendEvent(text->viewport(), &event);
+  EXPECT_FALSE(text->isVisible());
+  desktop_->CloseWindows();
+}
+
+TEST_F(DesktopTest, TimersTickOnlyWhileTheirFormCanBeUsed) {
+  constexpr int kInterval = 20;
+  constexpr int kLongEnough = 10 * kInterval;
+  Form form("Form");
+  Timer timer("Timer");
+  int ticks = 0;
+  timer.Interval = kInterval;
+  timer.Tick = [&ticks] { ++ticks; };
+  form.Timers = {&timer};
+  Show(form, {});
+  const auto ticksSoon = [&ticks] {
+    ticks = 0;
+    return QTest::qWaitFor([&ticks] { return ticks > 1; }, kLongEnough);
+  };
+  EXPECT_FALSE(ticksSoon()) << "not switched on";
+  timer.Enabled = true;
+  EXPECT_TRUE(ticksSoon());
+  for (int typed = 0; typed < 10; ++typed) {
+    ticks = 0;
+    timer.Interval = kLongEnough;
+    QTest::qWait(kInterval);
+    timer.Enabled = false;
+    timer.Enabled = true;
+    EXPECT_EQ(ticks, 0) << "its interval begins anew";
+  }
+  timer.Interval = kInterval;
+  Later([&] {
+    EXPECT_FALSE(ticksSoon()) << "a question is open";
+    QApplication::activeModalWidget()->close();
+  });
+  desktop_->MessageBox("Wait");
+  EXPECT_TRUE(ticksSoon());
+  desktop_->HideForm(form);
+  EXPECT_FALSE(ticksSoon()) << "hidden";
+  desktop_->ShowForm(form, false);
+  EXPECT_TRUE(ticksSoon());
+  timer.Tick = [&] { timer.Enabled = false; };
+  ASSERT_TRUE(QTest::qWaitFor([&timer] { return !timer.Enabled; }));
+  desktop_->CloseWindows();
 }
 
 TEST_F(DesktopTest, BarsOfAChartAreAsHighAsTheirCounts) {

@@ -1,0 +1,286 @@
+// CardEdit: the form in which a designer makes the cards of a game.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/records.h"
+#include "editor/card_history.h"
+#include "editor/card_rows.h"
+#include "editor/unsaved_copy.h"
+#include "platform/controls.h"
+
+namespace brindlemoor {
+
+/// A control array of a form; its controls are numbered from 0.
+template <class Kind, int N>
+class ControlArray {
+ public:
+  explicit ControlArray(std::string_view name) {
+    for (int index = 0; index < N; ++index) {
+      controls_[static_cast<std::size_t>(index)] =
+          std::make_unique<Kind>(Joined(name, "(", index, ")"));
+    }
+  }
+  Kind& operator[](int index) const { return *controls_[static_cast<std::size_t>(index)]; }
+
+ private:
+  std::array<std::unique_ptr<Kind>, static_cast<std::size_t>(N)> controls_;
+};
+
+/// What FormBusy stands for. While the form fills its controls, their events store nothing.
+enum FormBusyStates : std::uint8_t { kFormReady = 0, kFillingControls = 1, kLoadingCard = 2 };
+
+/// One card at a time, out of a list of all cards in the file: State().EditCard with its lists in
+/// three tables of rows, of which three each are seen. With State().SingleCardEdit the same form
+/// only changes the picture of one card.
+struct CardEdit : Form {
+  CardEdit();
+
+  static constexpr int kRows = kCardRows;  ///< of each table
+  static constexpr int kVisibleRows = 3;   ///< of each table
+  /// What the lists of common traits say while they wait for a choice.
+  static constexpr std::string_view kTraitMenuText = "Common traits";
+
+  ControlArray<TextBox, 3> CardText{"CardText"};  ///< 0 name, 1 cost, 2 unique ID
+  TextBox DescText{"DescText"};
+  Label ColorLabel{"ColorLabel"};
+  ComboBox RarityCombo{"RarityCombo"};
+  ComboBox ActivateCombo{"ActivateCombo"};
+  ControlArray<TextBox, 3> TraitText{"TraitText"};
+  ControlArray<TextBox, 3> ValueText{"ValueText"};
+  ControlArray<ComboBox, 3> TraitCombo{"TraitCombo"};
+  Frame CardActionFrame{"CardActionFrame"};
+  ControlArray<ComboBox, 3> TargetCombo{"TargetCombo"};
+  ControlArray<ComboBox, 3> TriggerCombo{"TriggerCombo"};
+  ControlArray<TextBox, 3> EffText{"EffText"};
+  ControlArray<Button, 3> EffButton{"EffButton"};
+  ControlArray<TextBox, 3> TraitDescName{"TraitDescName"};
+  ControlArray<TextBox, 3> TraitDescText{"TraitDescText"};
+  ScrollBar TraitScroll{"TraitScroll"};
+  ScrollBar EffScroll{"EffScroll"};
+  ScrollBar TraitDescScroll{"TraitDescScroll"};
+  Button CostButton{"CostButton"};
+  ComboBox CardCombo{"CardCombo"};
+  ComboBox TemplateCombo{"TemplateCombo"};
+  Frame ButtonFrame{"ButtonFrame"};  ///< the buttons of the card list
+  Button DuplicateButton{"Command2(1)"};
+  Button NewCardButton{"Command2(2)"};
+  Button Command3{"Command3"};
+  Button Command4{"Command4"};
+  Button Command5{"Command5"};
+  Button Command6{"Command6"};
+  Button Command7{"Command7"};
+  Button Command8{"Command8"};
+  ControlArray<Button, 5> Command1{"Command1"};  ///< the help buttons
+  PictureBox MainPic{"MainPic"};
+  PictureBox MiniPic{"MiniPic"};
+  PictureBox BufferPic{"BufferPic"};
+  Frame OutputFrame{"OutputFrame"};
+  TextBox OutputText{"OutputText"};
+  Label cardtotal{"cardtotal"};
+  Label KeptLabel{"KeptLabel"};  ///< says what a card holds beyond the rows
+  Label Label1{"Label1"};
+  Label TraitLabel{"TraitLabel"};
+  Label Label2{"Label2"};
+  Label Label3{"Label3"};
+  Label Label4{"Label4"};
+  ControlArray<Label, 2> Label5{"Label5"};
+  Label Label6{"Label6"};
+  Label Label7{"Label7"};
+  ControlArray<Label, 2> Label8{"Label8"};
+  Label Label9{"Label9"};
+  Label EffLabel{"EffLabel"};
+  ControlArray<Label, 3> ScriptHint{"ScriptHint"};  ///< what the engine won't understand of a row
+  Label NameHint{"NameHint"};                       ///< what a file won't keep of the name
+  BrowserView PreviewWB{"PreviewWB"};               ///< the card as its player will see it
+  Timer PreviewTimer{"PreviewTimer"};               ///< waits for a pause of the author
+  TextBox FindText{"FindText"};
+  Button FindNext{"FindNext"};
+  Label FindNote{"FindNote"};
+
+  MenuItem filemen{"filemen", "File"};
+  MenuItem loaddeckmen{"loaddeckmen", "Load Cards"};
+  MenuItem savedeckmen{"savedeckmen", "Save Cards"};
+  MenuItem savedeckasmen{"savedeckasmen", "Save Cards As..."};
+  MenuItem gencardtextmen{"gencardtextmen", "Generate Card Text"};
+  MenuItem createoppmen{"createoppmen", "Create Custom Opponents"};
+  MenuItem Cardstoremen{"Cardstoremen", "Create Card Store"};
+  MenuItem starterdeckmen{"starterdeckmen", "Create Starter Deck Builder"};
+  MenuItem testcardsmen{"testcardsmen", "Test Cards"};
+  MenuItem editmen{"editmen", "Edit"};
+  MenuItem undomen{"undomen", "Undo"};
+  MenuItem redomen{"redomen", "Redo"};
+  MenuItem graphicmen{"graphicmen", "Graphic"};
+  MenuItem loadgraphicmen{"loadgraphicmen", "Load Existing Card Image"};
+  MenuItem loadformen{"loadformen", "Load new Foreground Image"};
+  MenuItem loadbackmen{"loadbackmen", "Load new Background Image"};
+  MenuItem loadminimen{"loadminimen", "Load new Thumbnail Border Image"};
+  MenuItem saveimagemen{"saveimagemen", "Save Card Image As..."};
+  MenuItem helpmen{"helpmen", "Help"};
+
+  Timer UnsavedTimer{"UnsavedTimer"};  ///< keeps a copy of what is not saved yet
+
+  TraitTable TraitRows;  ///< row n is item n of the card when it was loaded
+  EffectTable EffectRows;
+  CaptionTable CaptionRows;
+  std::uint8_t TraitTop = 1;  ///< table row in the first visible row
+  std::uint8_t EffectTop = 1;
+  std::uint8_t CaptionTop = 1;
+  std::int32_t CurrentIndex = 0;  ///< position in Collection of the edited card; 0 none
+  std::string BackFile;           ///< the files that an image is composed of
+  std::string ForeFile;
+  std::string MiniBorderFile;
+  std::int32_t FrameColor = 0xFFFFFF;  ///< NameColor as a number: red high, blue low
+  std::uint8_t NameChanged = 0;        ///< 1 the card list shows an old name
+  std::uint8_t FormBusy = kFormReady;
+  std::string CardFolder;  ///< folder of the loaded file, with its separator
+
+  /// Shows the state: the visible rows, the fields of EditCard and what can be used.
+  void UpdateCard();
+  void MainPic_Click();
+  /// Shows the card's picture and thumbnail. Those that can't be found leave the boxes as they are.
+  void UpdatePic(int updateCardSurf);
+  /// Fills every list, then shows the state.
+  void LoadCombos();
+  /// Takes the trait names of all cards into CommonTraits, unless there is one card only.
+  void loadcommontraits();
+  /// Keeps a trait name for the lists, as long as there is room.
+  static void addcommontrait(std::string_view traitName);
+
+  void LoadCardIntoForm(Card card);
+  /// The edited card with the rows as its lists. What the rows can't show of the card that was
+  /// loaded is kept: items behind the last row, and the actions of traits that are still there.
+  Card BuildCardFromForm();
+  /// The same card, without a new unique ID for a card that has none.
+  Card EditedWithRows() const;
+  /// Collection was sorted or read anew: finds the edited card in it again and fills the lists.
+  void CollectionChanged();
+
+  /// True when the file would not be the same after a save.
+  bool HasUnsavedChanges() const;
+  /// Offers the copy of changes that were in no file yet when the program ended.
+  void OfferUntitledCopy();
+
+  void Form_Load();
+  /// Offers to save the cards. True keeps the form open: the save was wanted and did not happen.
+  bool Form_QueryClose();
+
+  void CardText_Change(int index);
+  void DescText_Change();
+  void ActivateCombo_Change();
+  void RarityCombo_Click();
+  void TraitText_Change(int index);
+  void ValueText_Change(int index);
+  void TraitCombo_Click(int index);
+  void TraitDescName_Change(int index);
+  void TraitDescText_Change(int index);
+  void EffText_Change(int index);
+  void TriggerCombo_Change(int index);
+  void TriggerCombo_Click(int index);
+  void TargetCombo_Click(int index);
+  void EffButton_Click(int index);
+  void TraitScroll_Change();
+  void EffScroll_Change();
+  void TraitDescScroll_Change();
+  void ColorLabel_Click();
+  void CostButton_Click();
+  void Command1_Click(int index);
+
+  void CardCombo_Click();
+  void FindNext_Click();
+  void PreviewTimer_Tick();
+  void Command2_Click(int index);
+  void Command3_Click();
+  void Command4_Click();
+  void Command5_Click();
+  void Command6_Click();
+  void Command7_Click();
+  void Command8_Click();
+
+  void loaddeckmen_Click();
+  void savedeckmen_Click();
+  void savedeckasmen_Click();
+  void gencardtextmen_Click();
+  void createoppmen_Click();
+  void Cardstoremen_Click();
+  void starterdeckmen_Click();
+  void testcardsmen_Click();
+  void undomen_Click();
+  void redomen_Click();
+  void UnsavedTimer_Tick();
+  void loadgraphicmen_Click();
+  void loadformen_Click();
+  void loadbackmen_Click();
+  void loadminimen_Click();
+  void saveimagemen_Click();
+
+ private:
+  void NameControls();
+  void NameRows();
+  void NameMenus();
+
+  void BeginLists();
+  void ShowRows();
+  void ShowKept();
+  void NameAids();
+  void ShowHints();
+  /// Refreshes the preview as soon as the author pauses.
+  void PreviewSoon();
+  void PreviewNow();
+  void ShowMode();
+  void ShowOutput(bool shown);
+  static Text NewUniqueID(std::string_view name);
+  void BuildTraits(Card& result) const;
+  void BuildEffects(Card& result) const;
+
+  /// Makes a card of Collection the edited one.
+  void EditCardAt(int index);
+  void StoreCardAt(int index);
+  /// Puts the edited card back into Collection, if it is one of the list.
+  void StoreCurrentCard();
+  int AddCard(Card card);
+  /// An empty card, of no place in the list.
+  void BeginFreshCard();
+
+  struct SaveOptions {
+    bool AskAlways = false;  ///< for a file, even if there is one
+    bool Stamp = false;      ///< makes the cards those of the file
+  };
+  /// Saves Collection into the card file. False when it was not written; then the card file is the
+  /// one before.
+  bool SaveCards(SaveOptions options);
+  void SaveCollectionAs(std::string_view question, int starterFlag);
+
+  /// Reads the cards of a file in place of those in the editor.
+  void ReadCardList(const std::string& file);
+
+  /// Has every control that changes the card tell the history.
+  void WatchEdits();
+  void NoteEdit(std::string_view control, bool typed);
+  CardSnapshot Snapshot() const;
+  void ShowSnapshot(const CardSnapshot& snapshot);
+  /// Another card is edited. What was changed in the one before is in the list now, if it is kept.
+  void BeginHistory(bool kept);
+  /// What Undo, Redo and the caption say of the changes.
+  void ShowChanges();
+  /// The list of cards or of templates has changed.
+  void ListChanged();
+  void AllIsSaved();
+  /// The file as a save would write it now. A named card of no list comes last.
+  std::string UnsavedText() const;
+
+  CardHistory history_;
+  UnsavedCopy copy_;
+  std::uint64_t savedRevision_ = 0;  // of the edited card, as it is in the file
+  bool listChanged_ = false;
+  bool copyIsOld_ = false;
+  std::string previewShown_;  // the text of the preview's page
+  Text storedName_;           // the edited card as it lies in Collection
+  Text storedId_;
+};
+
+}  // namespace brindlemoor

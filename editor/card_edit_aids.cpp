@@ -1,0 +1,72 @@
+// The card editor: the quiet lines under its boxes, its preview and its search.
+#include "core/state.h"
+#include "editor/card_edit.h"
+#include "editor/card_find.h"
+#include "editor/card_preview.h"
+#include "editor/script_hints.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kHintColor = 0xD9B36C;
+constexpr int kPause = 400;  // milliseconds
+
+}  // namespace
+
+void CardEdit::NameAids() {
+  for (int row = 0; row < kVisibleRows; ++row) ScriptHint[row].TextColor = kHintColor;
+  for (Label* label : {&NameHint, &FindNote}) label->TextColor = kHintColor;
+  FindText.Placeholder = "Find a card";
+  FindText.ToolTip =
+      "Words of a card's name, traits or description, such as \"HP>3\", or a piece of an action "
+      "script, trigger or target.";
+  FindText.Change = [this] { FindNote.Caption = ""; };
+  FindText.Enter = FindNext.Click = [this] { FindNext_Click(); };
+  FindNext.Caption = "Find Next";
+  FindNext.ToolTip = "Go to the next card that these words speak of.";
+  PreviewWB.BeforeNavigate = [](const std::string&) { return true; };
+  PreviewTimer.Interval = kPause;
+  PreviewTimer.Tick = [this] { PreviewTimer_Tick(); };
+  Timers.push_back(&PreviewTimer);
+}
+
+void CardEdit::ShowHints() {
+  for (int row = 0; row < kVisibleRows; ++row) {
+    const std::string hint = HintForAction(EffectRows[EffectTop + row]);
+    ScriptHint[row].Caption = hint;
+    ScriptHint[row].ToolTip = hint;
+  }
+}
+
+void CardEdit::PreviewSoon() {
+  PreviewTimer.Enabled = false;  // the pause begins anew
+  PreviewTimer.Enabled = true;
+}
+
+void CardEdit::PreviewNow() {
+  PreviewTimer.Enabled = false;
+  ShowCardPreview(EditedWithRows(), PreviewWB, previewShown_, true);
+}
+
+void CardEdit::PreviewTimer_Tick() {
+  PreviewTimer.Enabled = false;
+  ShowCardPreview(EditedWithRows(), PreviewWB, previewShown_, false);
+}
+
+void CardEdit::FindNext_Click() {
+  FindNote.Caption = "";
+  const std::string& words = FindText.Text;
+  if (words.find_first_not_of(' ') == std::string::npos) return;
+  const int found = FindNextCard(State().Collection, CurrentIndex, words);
+  if (found == 0) {
+    FindNote.Caption = "Nothing found.";
+  } else if (found == CurrentIndex) {
+    FindNote.Caption = "No other card.";
+  } else {
+    CardCombo.Select(found);
+    CardCombo_Click();
+  }
+}
+
+}  // namespace brindlemoor

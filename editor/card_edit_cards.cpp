@@ -1,0 +1,232 @@
+// The card editor: choosing, storing, making and deleting cards, and templates.
+#include <algorithm>
+#include <utility>
+
+#include "core/cards.h"
+#include "core/limits.h"
+#include "core/state.h"
+#include "core/traits.h"
+#include "editor/card_edit.h"
+#include "editor/editor_opening.h"
+#include "game/card_sorting.h"
+#include "platform/platform.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kDuplicate = 1;
+
+bool IsCard(const Card& card, const Text& name, const Text& id) {
+  return card.Name == name && card.UniqueID == id;
+}
+
+/// The first template place that is free or has the card's name, made if there is none.
+Template& TemplatePlace(const Text& name) {
+  Table<Template>& templates = State().Templates;
+  for (Template& entry : templates) {
+    if (IsFree(entry.Card) || entry.Card.Name == name) return entry;
+  }
+  return templates[templates.Append({})];
+}
+
+}  // namespace
+
+void CardEdit::Form_Load() {
+  Session& state = State();
+  CurrentIndex = 0;
+  ForeFile.clear();
+  MiniBorderFile.clear();
+  ShowOutput(false);
+  CardCombo.Select(0);
+  if (state.SingleCardEdit != 0) {
+    LoadCardIntoForm(state.EditCard);
+    BeginHistory(false);
+  } else {
+    // No file is in the editor: a save must not meet the one that was there last.
+    state.CardFile = Text();
+    CardFolder.clear();
+    state.Collection.Reset(1);
+    BeginFreshCard();
+    FrameColor = 0xFFFFFF;
+  }
+  state.Templates.Reset(1);
+  BackFile = "backs-generic.bmp";
+  TraitTop = EffectTop = CaptionTop = 1;
+  LoadCombos();
+  copy_ = {};
+  AllIsSaved();
+}
+
+bool CardEdit::Form_QueryClose() {
+  Session& state = State();
+  state.TestFromEditor = 0;
+  const bool single = state.SingleCardEdit != 0;
+  if (single) state.EditCard = BuildCardFromForm();
+  if (Desktop().AskYesNo("Save cards now?")) {
+    StoreCurrentCard();
+    // The cards of the reduced form are the player's: they do not go into an author's file.
+    const Text cardFile = single ? std::exchange(state.CardFile, Text()) : Text();
+    const bool saved = SaveCards({});
+    if (single) state.CardFile = cardFile;
+    if (!saved) return true;
+  }
+  if (!single) {
+    copy_.RemoveOwn(state.CardFile);
+    LeaveCardEditor();
+  }
+  return false;
+}
+
+void CardEdit::EditCardAt(int index) {
+  const Card& card = State().Collection[index];
+  const int before = std::exchange(CurrentIndex, index);
+  storedName_ = card.Name;
+  storedId_ = card.UniqueID;
+  LoadCardIntoForm(card);
+  if (index == before) {
+    history_.Refresh(Snapshot());
+  } else {
+    BeginHistory(before > 0);
+  }
+}
+
+void CardEdit::StoreCardAt(int index) {
+  Card& place = State().Collection[index];
+  place = BuildCardFromForm();
+  storedName_ = place.Name;
+  storedId_ = place.UniqueID;
+}
+
+void CardEdit::StoreCurrentCard() {
+  if (!State().Collection.Holds(CurrentIndex)) return;
+  StoreCardAt(CurrentIndex);
+  UpdateCard();
+}
+
+int CardEdit::AddCard(Card card) {
+  Pile& cards = State().Collection;
+  return cards.UpperBound() < limits::kPileCards ? cards.Append(std::move(card)) : 0;
+}
+
+void CardEdit::BeginFreshCard() {
+  Card fresh;
+  InitCard(fresh, 1, 0);
+  const int before = std::exchange(CurrentIndex, 0);
+  CardCombo.Select(0);
+  LoadCardIntoForm(std::move(fresh));
+  BeginHistory(before > 0);
+}
+
+void CardEdit::CollectionChanged() {
+  const Pile& cards = State().Collection;
+  if (CurrentIndex > 0) {
+    const auto isIt = [&](int index) {
+      return cards.Holds(index) && IsCard(cards[index], storedName_, storedId_);
+    };
+    int index = CurrentIndex;
+    if (!isIt(index)) {
+      for (index = cards.UpperBound(); index > 0 && !isIt(index);) --index;
+    }
+    CurrentIndex = index;
+  }
+  LoadCombos();
+  CardCombo.Select(CurrentIndex);
+}
+
+void CardEdit::CardCombo_Click() {
+  const int chosen = std::max(CardCombo.Selected.Get(), 1);
+  StoreCurrentCard();
+  if (NameChanged == 1) {
+    LoadCombos();
+    NameChanged = 0;
+  }
+  if (State().Collection.Holds(chosen)) EditCardAt(chosen);
+}
+
+void CardEdit::Command6_Click() {
+  int index = CurrentIndex;
+  if (!State().Collection.Holds(index)) {
+    index = AddCard({});
+    if (index == 0) return;
+    CurrentIndex = index;  // it is the same card, now of the list
+    ListChanged();
+  }
+  StoreCardAt(index);
+  EditCardAt(index);
+  LoadCombos();
+  CardCombo.Select(index);
+}
+
+void CardEdit::Command2_Click(int index) {
+  const bool duplicate = index == kDuplicate;
+  ForeFile.clear();
+  // What was typed goes into the duplicate; a card from a template has no use for it.
+  if (!duplicate) StoreCurrentCard();
+  Card added;
+  InitCard(added, 1, 0);
+  const std::int32_t globalId = added.GlobalID;
+  const int chosen = TemplateCombo.Selected - 1;  // the first item is "Blank Card"
+  if (duplicate) {
+    added = BuildCardFromForm();
+  } else if (State().Templates.Holds(chosen) && !IsFree(State().Templates[chosen].Card)) {
+    const Template& chosenTemplate = State().Templates[chosen];
+    added = chosenTemplate.Card;
+    BackFile = chosenTemplate.BackImage.Str();
+    MiniBorderFile = chosenTemplate.MiniBorder.Str();
+    FrameColor = chosenTemplate.BorderColor;
+  } else {
+    added.Name = "New Card";
+  }
+  added.GlobalID = globalId;
+  const int place = AddCard(std::move(added));
+  if (place == 0) return;
+  EditCardAt(place);
+  Card& card = State().EditCard;
+  const Text name = card.Name;
+  card.Name = Joined(duplicate ? "Copy of " : "New ", name);
+  // A new card's ID has its longer name, a duplicate's the name of its model; that is meant.
+  card.UniqueID = NewUniqueID(duplicate ? name : card.Name);
+  StoreCardAt(place);
+  history_.Refresh(Snapshot());
+  ListChanged();
+  LoadCombos();
+  CardCombo.Select(place);
+  UpdatePic(1);
+}
+
+void CardEdit::Command5_Click() {
+  const Card card = BuildCardFromForm();
+  if (IsFree(card)) return;  // it would be a free place again
+  TemplatePlace(card.Name) = {card, BackFile, MiniBorderFile, FrameColor};
+  ListChanged();
+  LoadCombos();
+}
+
+void CardEdit::Command4_Click() {
+  if (!Desktop().AskYesNo("Are you sure you want to delete this card?")) return;
+  Pile& cards = State().Collection;
+  const int deleted = CurrentIndex;
+  BeginFreshCard();
+  if (cards.Holds(deleted)) cards[deleted] = State().EditCard;
+  SortCards(cards, "NAME");
+  ListChanged();
+  LoadCombos();
+}
+
+void CardEdit::Command8_Click() {
+  constexpr std::string_view kTrait = "CHARACTER";
+  constexpr std::string_view kTurnEnd = "TURNEND";
+  for (Card& card : State().Collection) {
+    if (HasTrait(card, kTrait, "")) card.ActivateOn = kTurnEnd;
+  }
+  // The edited card is stored again later: it must not undo the change.
+  if (CurrentIndex > 0 && HasTrait(State().EditCard, kTrait, "")) {
+    State().EditCard.ActivateOn = kTurnEnd;
+  }
+  UpdateCard();
+  BeginHistory(true);
+  ListChanged();
+}
+
+}  // namespace brindlemoor

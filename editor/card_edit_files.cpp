@@ -1,0 +1,148 @@
+// The card editor: its File menu.
+#include <optional>
+#include <utility>
+
+#include "core/paths.h"
+#include "core/state.h"
+#include "data/card_file_writer.h"
+#include "data/card_reader.h"
+#include "data/card_writer.h"
+#include "editor/card_edit.h"
+#include "editor/editor_opening.h"
+#include "game/card_sorting.h"
+#include "platform/platform.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr std::string_view kAnyCardFile = "*.txt";
+
+std::optional<std::string> AskSaveName() {
+  return Desktop().AskFile(
+      {.Save = true, .FileName = std::string(kAnyCardFile), .DefaultExtension = "txt"});
+}
+
+/// Files that others wrote may hold more than cards: rules, decks, stores. False when the user
+/// would rather keep what a save would lose.
+bool MayReplace(const std::string& path) {
+  const auto bytes = Desktop().Files().Read(path);
+  if (!bytes || bytes->empty()) return true;
+  const auto holds = [&bytes](std::string_view text) {
+    return bytes->find(text) != std::string::npos;
+  };
+  if (holds("CARD DATA FILE") && !holds("#NEUTRALCARD") && !holds("#INCLUDE")) return true;
+  return Desktop().AskYesNo(Joined(FileNameOf(path),
+                                   " may hold more than cards and templates, such as rules; that "
+                                   "would be lost.  Replace it?"));
+}
+
+}  // namespace
+
+void CardEdit::loaddeckmen_Click() {
+  Session& state = State();
+  Pile before = std::exchange(state.Collection, Pile(1));
+  const auto path = Desktop().AskFile({.FileName = std::string(kAnyCardFile)});
+  if (!path || FileNameOf(*path) == kAnyCardFile || !Desktop().Files().Exists(*path)) {
+    state.Collection = std::move(before);
+    return;
+  }
+  if (!HasUnsavedChanges()) copy_.RemoveOwn(state.CardFile);
+  const std::string source = copy_.Offer(*path);
+  ReadCardList(source);
+  state.CardFile = *path;
+  loadcommontraits();
+  CardFolder = path->substr(0, path->size() - FileNameOf(*path).size());
+  AllIsSaved();
+  if (source != *path) ListChanged();
+}
+
+void CardEdit::ReadCardList(const std::string& file) {
+  Session& state = State();
+  // A cost card is read on top of the one that is there: only its name would be new.
+  Card costCard = std::exchange(state.CostCard, Card{});
+  ReadCards(file, state.Players[1], 1, "COLLECTION", 1);
+  if (state.CostCard.Name.empty()) state.CostCard = std::move(costCard);
+  SortCards(state.Collection, "NAME");
+  // What is edited belonged to the cards before; a card of no list stays.
+  if (CurrentIndex > 0) BeginFreshCard();
+  CardCombo.Select(0);
+  LoadCombos();
+}
+
+bool CardEdit::SaveCards(SaveOptions options) {
+  Session& state = State();
+  std::string path = state.CardFile.Str();
+  if (options.AskAlways || path.empty()) {
+    const auto chosen = AskSaveName();
+    if (!chosen) return false;
+    path = *chosen;
+  }
+  if (!MayReplace(path)) return false;
+  if (options.Stamp) {
+    StampCards(path, 1);
+    if (state.Collection.Holds(CurrentIndex)) {
+      state.EditCard.SourceFile = state.Collection[CurrentIndex].SourceFile;
+      history_.KeepIdentity(state.EditCard);
+    }
+  }
+  const Text before = std::exchange(state.CardFile, Text(path));
+  if (!SaveCardFile(path, "COLLECTION", "", 0)) {
+    state.CardFile = before;
+    return false;
+  }
+  if (state.SingleCardEdit == 0) {
+    copy_.RemoveOwn(before);
+    copy_.Remove(state.CardFile);
+    AllIsSaved();
+  }
+  return true;
+}
+
+void CardEdit::savedeckmen_Click() {
+  StoreCurrentCard();
+  SaveCards({.Stamp = true});
+}
+
+void CardEdit::savedeckasmen_Click() {
+  StoreCurrentCard();
+  SaveCards({.AskAlways = true, .Stamp = true});
+}
+
+void CardEdit::SaveCollectionAs(std::string_view question, int starterFlag) {
+  StoreCurrentCard();
+  const auto path = AskSaveName();
+  if (!path) return;
+  const auto name = Desktop().AskText(question);
+  if (name && !name->empty()) SaveCardFile(*path, "#CARDINDECK", *name, starterFlag);
+}
+
+void CardEdit::Cardstoremen_Click() { SaveCollectionAs("Name of store?", 0); }
+
+void CardEdit::starterdeckmen_Click() { SaveCollectionAs("Name of starter deck?", 1); }
+
+void CardEdit::ShowOutput(bool shown) {
+  OutputText.Visible = shown;
+  OutputFrame.Visible = shown;
+}
+
+void CardEdit::gencardtextmen_Click() {
+  Card card = BuildCardFromForm();
+  OutputText.Text = CardToText(card, "INDECK");
+  ShowOutput(true);
+}
+
+void CardEdit::testcardsmen_Click() {
+  if (State().CardFile.empty()) {
+    Desktop().MessageBox("You need to load a card file first.");
+    return;
+  }
+  BeginTestCards();
+}
+
+void CardEdit::createoppmen_Click() {
+  BuildOpponent();
+  CollectionChanged();
+}
+
+}  // namespace brindlemoor

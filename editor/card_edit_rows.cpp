@@ -1,0 +1,217 @@
+// The card editor: the rows that a card becomes, and the card that the rows make.
+#include <algorithm>
+#include <vector>
+
+#include "core/cards.h"
+#include "core/fold.h"
+#include "core/limits.h"
+#include "core/random.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "core/traits.h"
+#include "editor/card_edit.h"
+#include "script/target_types.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr double kUniqueNumbers = 10000;
+
+/// The trait that brought an action, "NONE" for the card's own.
+std::string_view BringerOf(const CardEffect& effect) {
+  return ScriptTraitValue(effect.Script, "TRAITEFFECT");
+}
+bool IsBrought(const CardEffect& effect) { return BringerOf(effect) != "NONE"; }
+
+bool StillBrought(const Card& card, const CardEffect& effect) {
+  const std::string_view bringer = BringerOf(effect);
+  return bringer == "#ALL#" || HasTrait(card, bringer, "");
+}
+
+TraitRow TraitRowOf(const Text& item) {
+  return {std::string(FieldAt(item, 1, ':')), RestDS(item, 2, ":")};
+}
+
+CaptionRow CaptionRowOf(const Card& card, int item) {
+  return {std::string(FieldAt(card.Traits[item], 1, ':')), card.TraitCaptions[item].Str()};
+}
+
+/// An action with its trigger and target in their long forms. Free records and what traits brought
+/// are no rows.
+EffectRow EffectRowOf(const CardEffect& effect) {
+  if (effect.Script.empty() || IsBrought(effect)) return {};
+  EffectRow row{effect.Trigger.Str(), effect.TargetText.Str(), effect.Script.Str()};
+  if (effect.MenuState != kOrdinaryAction) {
+    row.Trigger = Joined("MENU:", effect.Trigger, ":", effect.MenuCaption);
+  }
+  if (row.Target.empty()) row.Target = TargetTypeName(effect.TargetType);
+  return row;
+}
+
+void AddTrait(Card& card, const Text& item, const Text& caption) {
+  const std::string_view name = FieldAt(item, 1, ':');
+  // A bare name is that trait; with values there may be several of one name, as in files.
+  int place = name == item.View() ? TraitSlot(card, name) : 0;
+  if (place == 0) place = card.Traits.Append(Text());
+  card.Traits.Edit(place) = item;
+  card.TraitCaptions.Resize(card.Traits.UpperBound());
+  card.TraitCaptions.Edit(place) = caption;
+  if (card.ChangedTraits.size() + item.size() < limits::kChangedTraitBytes) {
+    card.ChangedTraits = Joined(card.ChangedTraits, item, ":");
+  }
+  const TraitBit bit = TraitBitFor(name);
+  if (bit.Word != -1) card.TraitBits[bit.Word] |= bit.BitValue;
+}
+
+/// A bonus needs a trait to add to.
+void AddBonusBases(Card& card) {
+  constexpr std::string_view kBonus = "BONUS";
+  for (int item = 1; item <= card.Traits.UpperBound(); ++item) {
+    const std::string name(FieldAt(card.Traits[item], 1, ':'));
+    const int prefix = FoldPrefixLength(name, kBonus);
+    if (prefix < 0) continue;
+    const std::string base = name.substr(static_cast<std::size_t>(prefix));
+    if (!base.empty() && TraitSlot(card, base) == 0) {
+      AddTrait(card, Joined(base, ":", kBonus), "");
+    }
+  }
+}
+
+std::string Counted(int count, std::string_view what) {
+  return Joined(count, " ", what, count == 1 ? "" : "s");
+}
+
+/// "1 trait, 2 actions and 3 captions".
+std::string Listed(const std::vector<std::string>& parts) {
+  std::string text;
+  for (std::size_t part = 0; part < parts.size(); ++part) {
+    if (part > 0) text += part + 1 == parts.size() ? " and " : ", ";
+    text += parts[part];
+  }
+  return text;
+}
+
+}  // namespace
+
+void CardEdit::ShowKept() {
+  const Card& card = State().EditCard;
+  int traits = 0;
+  int actions = 0;
+  int captions = 0;
+  for (int item = kRows + 1; item <= card.Traits.UpperBound(); ++item) {
+    if (!card.Traits[item].empty()) ++traits;
+    if (!card.TraitCaptions[item].empty()) ++captions;
+  }
+  for (int item = kRows + 1; item <= card.Effects.UpperBound(); ++item) {
+    if (!card.Effects[item].Script.empty() && !IsBrought(card.Effects[item])) ++actions;
+  }
+  std::vector<std::string> parts;
+  if (traits > 0) parts.push_back(Counted(traits, "trait"));
+  if (actions > 0) parts.push_back(Counted(actions, "action"));
+  if (captions > 0) parts.push_back(Counted(captions, "caption"));
+  const bool one = traits + actions + captions == 1;
+  KeptLabel.Visible = !parts.empty();
+  if (parts.empty()) return;
+  KeptLabel.Caption = Joined(Listed(parts), one ? " does" : " do", " not fit into these rows; ",
+                             one ? "it is" : "they are", " kept.");
+}
+
+void CardEdit::LoadCardIntoForm(Card card) {
+  Card& edited = State().EditCard;
+  edited = std::move(card);
+  if (IsFree(edited) && edited.Initialised == 0) InitCard(edited, 1, 0);
+  FormBusy = kLoadingCard;
+  TraitTop = EffectTop = CaptionTop = 1;
+  for (ScrollBar* bar : {&TraitScroll, &EffScroll, &TraitDescScroll}) bar->Value = 1;
+  for (int row = 1; row <= kRows; ++row) {
+    EffectRows[row] = EffectRowOf(edited.Effects[row]);
+    TraitRows[row] = TraitRowOf(edited.Traits[row]);
+    CaptionRows[row] = CaptionRowOf(edited, row);
+  }
+  // The lists would gather the triggers and targets of all cards else.
+  BeginLists();
+  UpdateCard();
+  UpdatePic(1);
+  NameChanged = 0;
+  FormBusy = kFormReady;
+  PreviewNow();
+}
+
+Text CardEdit::NewUniqueID(std::string_view name) { return Joined(name, RollDie(kUniqueNumbers)); }
+
+Card CardEdit::BuildCardFromForm() {
+  Card& edited = State().EditCard;
+  if (edited.UniqueID.empty()) {
+    edited.UniqueID = NewUniqueID(edited.Name);
+    history_.KeepIdentity(edited);
+  }
+  ForeFile.clear();
+  return EditedWithRows();
+}
+
+Card CardEdit::EditedWithRows() const {
+  const Card& edited = State().EditCard;
+  bool traitsChanged = false;
+  bool effectsChanged = false;
+  for (int row = 1; row <= kRows; ++row) {
+    traitsChanged |= TraitRows[row] != TraitRowOf(edited.Traits[row]) ||
+                     CaptionRows[row] != CaptionRowOf(edited, row);
+    effectsChanged |= EffectRows[row] != EffectRowOf(edited.Effects[row]);
+  }
+  Card result = edited;
+  result.Initialised = 1;
+  if (traitsChanged) BuildTraits(result);
+  if (traitsChanged || effectsChanged) BuildEffects(result);
+  return result;
+}
+
+void CardEdit::BuildTraits(Card& result) const {
+  const Card edited = result;
+  result.Traits = {};
+  result.TraitCaptions = {};
+  result.TraitBits = {};
+  result.ChangedTraits = Text();
+  result.TraitActionsApplied = 0;
+  for (int row = 1; row <= kRows; ++row) {
+    const TraitRow& trait = TraitRows[row];
+    if (trait.Name.empty()) continue;
+    const bool unchanged = trait == TraitRowOf(edited.Traits[row]);
+    const std::string item =
+        trait.Value.empty() ? trait.Name : Joined(trait.Name, ":", trait.Value);
+    AddTrait(result, unchanged ? edited.Traits[row] : Text(item), "");
+  }
+  for (int item = kRows + 1; item <= edited.Traits.UpperBound(); ++item) {
+    if (edited.Traits[item].empty()) continue;
+    AddTrait(result, edited.Traits[item], edited.TraitCaptions[item]);
+  }
+  AddBonusBases(result);
+  for (const CaptionRow& row : CaptionRows) {
+    const int item = row.Trait.empty() || row.Caption.empty() ? 0 : TraitSlot(result, row.Trait);
+    if (item != 0) result.TraitCaptions.Edit(item) = row.Caption;
+  }
+  if (result.Traits.UpperBound() > 0) return;
+  result.Traits.Resize(1);
+  result.TraitCaptions.Resize(1);
+}
+
+void CardEdit::BuildEffects(Card& result) const {
+  const SharedArray<CardEffect> loaded = result.Effects;
+  result.Effects = {};
+  for (int item = 1; item <= std::max(kRows, loaded.UpperBound()); ++item) {
+    const CardEffect& original = loaded[item];
+    const bool kept = IsBrought(original) ? StillBrought(result, original) : item > kRows;
+    if (kept && !original.Script.empty()) result.Effects.Append(original);
+    if (item > kRows || EffectRows[item].Script.empty()) continue;
+    const EffectRow& row = EffectRows[item];
+    // What the row doesn't show of an action stays as it is.
+    if (row == EffectRowOf(original)) {
+      result.Effects.Append(original);
+    } else {
+      AddEffect(result, row.Script, TargetTypeCode(row.Target), row.Trigger, 0, row.Target);
+    }
+  }
+  if (result.Effects.UpperBound() == 0) result.Effects.Resize(1);
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,48 @@
+// Composing and showing the preview of a card.
+#include "editor/card_preview.h"
+
+#include <string>
+#include <utility>
+
+#include "core/cards.h"
+#include "core/pages.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "script/run_action.h"
+#include "ui/card_pages.h"
+#include "ui/forms.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr std::string_view kPreviewPage = "CardPreview.html";
+
+/// The card as it enters play; the picture and the banner of the main window stay as they are.
+std::string PreviewHtml(Card& card) {
+  if (IsFree(card)) return "";
+  const std::string banner = State().PhaseBanner;
+  const std::string painted = TheMainWindow().Picture1.Picture;
+  RunEntryScripts(card);
+  const std::string summary = CardSummary(card, 1);
+  State().PhaseBanner = banner;
+  TheMainWindow().Picture1.Picture = painted;
+  return Joined("<img src=\"", ResolvePath(card.Picture, 0), "\"></img><br>", summary);
+}
+
+}  // namespace
+
+void ShowCardPreview(Card card, BrowserView& view, std::string& shown, bool afresh) {
+  Session& state = State();
+  std::string page = std::exchange(state.PageText, {});
+  std::string html = PreviewHtml(card);
+  if (afresh || html != shown) {
+    shown = html;
+    state.PageText = std::move(html);
+    WritePage(kPreviewPage, "#000000");
+    ShowInView(view, kPreviewPage);
+  }
+  state.PageText = std::move(page);
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,76 @@
+// Choosing the one finding that a row speaks of, and wording it.
+#include "editor/script_hints.h"
+
+#include <vector>
+
+#include "core/strings.h"
+#include "data/field_text.h"
+#include "editor/card_edit.h"
+#include "script/script_check.h"
+
+namespace brindlemoor {
+
+namespace {
+
+using Findings = std::vector<ScriptFinding>;
+
+std::string Worded(const ScriptFinding& finding) {
+  if (finding.Suggestion.empty()) return finding.Message;
+  return Joined(finding.Message, " Did you mean ", finding.Suggestion, "?");
+}
+
+/// The first items of the lists ask for a choice.
+bool IsChosen(std::string_view text) { return !text.empty() && !text.starts_with("(Choose a"); }
+
+/// A counter action waits for a reaction instead of a trigger and picks no target.
+bool IsCounter(const EffectRow& row) {
+  constexpr std::string_view kCounter = "COUNTER";
+  return FieldAt(row.Trigger, 1, ':') == kCounter || row.Target == kCounter;
+}
+
+void Take(Findings& all, Findings found) {
+  for (ScriptFinding& finding : found) all.push_back(std::move(finding));
+}
+
+/// What stands in the text of an action that its trait brought is the trait's, not the card's.
+std::string_view OwnScript(std::string_view script) {
+  constexpr std::string_view kBrought = "TRAIT:TRAITEFFECT:";
+  if (!script.starts_with(kBrought)) return script;
+  const std::size_t end = script.find(':', kBrought.size());
+  return end == std::string_view::npos ? std::string_view() : script.substr(end + 1);
+}
+
+}  // namespace
+
+std::string HintForAction(const EffectRow& row) {
+  Findings all;
+  const bool acts = !row.Script.empty();
+  // A row that has no script yet is only being begun.
+  if (!IsCounter(row)) {
+    if (IsChosen(row.Trigger)) {
+      Take(all, CheckTrigger(row.Trigger));
+    } else if (acts) {
+      return "The trigger is missing; the action never runs.";
+    }
+    if (IsChosen(row.Target)) {
+      Take(all, CheckTarget(row.Target));
+    } else if (acts) {
+      Take(all, {{FindingKind::kMissingArgument, 0, 0,
+                  "The target is missing; the card chosen for the action is taken.", ""}});
+    }
+  }
+  if (acts) Take(all, CheckScript(OwnScript(row.Script)));
+  for (const ScriptFinding& finding : all) {
+    if (!IsRemark(finding.Kind)) return Worded(finding);
+  }
+  return all.empty() ? std::string() : Worded(all.front());
+}
+
+std::string HintForName(std::string_view name) {
+  const std::string read = NameAsRead(name);
+  if (read == name) return "";
+  return Joined("A card file keeps no double quote beside a comma: this name comes back as ", read,
+                ".");
+}
+
+}  // namespace brindlemoor

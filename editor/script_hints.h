@@ -1,0 +1,19 @@
+// What the editor quietly says under a row of the card: the first thing the engine won't
+// understand.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace brindlemoor {
+
+struct EffectRow;
+
+/// The first problem of an action's trigger, target or script, in this order; remarks on what is
+/// understood all the same come last. Empty when all is well, and for a row without any text.
+std::string HintForAction(const EffectRow& row);
+
+/// What a card file can't keep of a name; empty when it comes back as it is.
+std::string HintForName(std::string_view name);
+
+}  // namespace brindlemoor

@@ -1,0 +1,19 @@
+// SuspendedGame: what goes on behind the card editor while it is open.
+#pragma once
+
+#include <string>
+
+#include "core/state.h"
+
+namespace brindlemoor {
+
+/// The editor and its test games use the session's tables for themselves; this is the session to go
+/// back to.
+struct SuspendedGame {
+  Session Before;       ///< as it was when the editor was opened
+  std::string Report;   ///< the page of the last turn, "" for none
+  bool Tested = false;  ///< a test game has used the main window
+  Pile EditorCards;     ///< the editor's cards, while a test position is laid out and played
+};
+
+}  // namespace brindlemoor

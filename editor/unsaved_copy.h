@@ -1,0 +1,29 @@
+// UnsavedCopy: the copy of a card file that keeps what an author has not saved yet.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace brindlemoor {
+
+/// Lies beside the card file as "NAME.txt.unsaved". A card file without a name, "", has its copy in
+/// the program's folder.
+class UnsavedCopy {
+ public:
+  static std::string PathOf(std::string_view cardFile);
+
+  /// Asks whether to open the copy of a file, if there is one and it says something else. The file
+  /// to read: the copy's or the card file's own.
+  std::string Offer(std::string_view cardFile);
+  /// False when that failed, which a message box has told the first time.
+  bool Write(std::string_view cardFile, std::string_view text);
+  void Remove(std::string_view cardFile);
+  /// Removes a copy whose changes are those in the editor. One that was not wanted stays.
+  void RemoveOwn(std::string_view cardFile);
+
+ private:
+  bool own_ = false;
+  bool failureTold_ = false;
+};
+
+}  // namespace brindlemoor

@@ -1,0 +1,162 @@
+// The way into the card editor and back, its test games, and what the player owns meanwhile.
+#include "editor/editor_opening.h"
+
+#include "data/player_files.h"
+#include "game/turn.h"
+#include "tests/editor/card_edit_test.h"
+#include "ui/forms.h"
+
+namespace brindlemoor {
+namespace {
+
+class EditorOpeningTest : public CardEditTest {
+ protected:
+  EditorOpeningTest() : decks_(TheDeckManager()), main_(TheMainWindow()) {
+    Session& session = State();
+    session.Profile.PlayerName = "Ann";
+    session.Games.Reset(1);
+    session.Games[1].Name = "Goblins";
+    session.Games[1].Folder = "goblins";
+    session.Games[1].RulesFile = "rules.txt";
+    session.CurrentGame = 1;
+    WriteFile("rules.txt", "#RULESCARD\n#EFFECT, SELF, TURNSTART, \"ECHO:dawn\"\n");
+    WriteFile("goblins/readme.txt", "nothing");
+    WriteFile("cards.txt",
+              "#GAMEFILE, rules.txt\n#CARD, COLLECTION, Imp, Imp1, , , , , \n"
+              "#CARD, COLLECTION, Ogre, Ogre1, , , , , \n#TRAIT, PLAYER:1\n");
+    session.Collection[1] = MakeCard("Own", 1);
+    session.Decks[1].Cards[1] = MakeCard("Decked", 1);
+    session.Players[1].Tokens = 77;
+    PutPlayerCard(1);
+    PutPlayerCard(2);
+    main_.Shown = true;
+    TakeTurn(0);
+    report_ = desktop_->Pages["WB"];
+  }
+  static std::string Names(const Pile& pile) {
+    std::string names;
+    for (const Card& card : pile) names += Joined(IsFree(card) ? "-" : card.Name.View(), " ");
+    return names;
+  }
+  void EnterWithCards() {
+    main_.EditMen.Click();
+    Load("cards.txt");
+  }
+  void LeaveEditor() {
+    desktop_->YesNoAnswers = {false};
+    EXPECT_FALSE(form_.QueryClose());
+    form_.Shown = false;
+  }
+  void BeginTest() {
+    desktop_->ExpectedMessages = {
+        "Choose the cards you would like to test.  You may place cards in the player's starting "
+        "hand or already in play.  When done, click the Play button."};
+    form_.testcardsmen.Click();
+    EXPECT_TRUE(decks_.Shown && !form_.Shown);
+  }
+
+  DeckManager& decks_;
+  MainWindow& main_;
+  std::string report_;
+};
+
+TEST_F(EditorOpeningTest, TheGameGoesOnWhereItWasWhenTheEditorIsLeft) {
+  EnterWithCards();
+  EXPECT_TRUE(form_.Shown && !main_.Shown);
+  EXPECT_EQ(Names(State().Collection), "Imp Ogre ");
+  EXPECT_EQ(Names(State().Decks[1].Cards), "- ");
+  WritePlayerFile(PlayerFileName(1));
+  EXPECT_EQ(ReadFile("Ann_Goblins.plr"), "(no such file)") << "these are not Ann's cards";
+
+  BeginTest();
+  decks_.CollectPic[0]->MouseUp(MouseButton::kLeft);
+  decks_.Option1[1]->Click();
+  decks_.CollectPic[1]->MouseUp(MouseButton::kLeft);
+  decks_.Command2.Click();
+  EXPECT_TRUE(main_.Shown && !decks_.Shown);
+  EXPECT_EQ(State().Players[1].Hand[1].Name, "Imp");
+  EXPECT_EQ(Names(State().CardTable), "Ogre - ");
+  EXPECT_NE(desktop_->Pages["WB"].find("dawn"), std::string::npos);
+  main_.Command1.Click();
+  main_.debugmen.Click();
+  EndGame();
+  main_.Command1.Click();  // "End Game" leads back to the editor
+  EXPECT_TRUE(form_.Shown && !main_.Shown);
+  EXPECT_EQ(Names(State().Collection), "Imp Ogre ");
+  EXPECT_EQ(ReadFile("Ann_Goblins.plr"), "(no such file)");
+
+  LeaveEditor();
+  EXPECT_TRUE(main_.Shown);
+  EXPECT_EQ(Names(State().Collection) + Names(State().Decks[1].Cards), "Own Decked ");
+  EXPECT_EQ(Names(State().CardTable), "Player 1 Player 2 ");
+  EXPECT_EQ(Joined(State().Players[1].Tokens, int{State().DebugMode}, int{State().GameOver},
+                   int{State().TestFromEditor}, main_.Command1.Caption.Get()),
+            "77000Take Turn");
+  EXPECT_EQ(desktop_->Pages["WB"], report_);
+  main_.saveplrmen.Click();
+  EXPECT_NE(ReadFile("Ann_Goblins.plr").find("Decked"), std::string::npos);
+}
+
+TEST_F(EditorOpeningTest, WhatIsNotSavedYetSurvivesATestGame) {
+  EnterWithCards();
+  Choose(1);
+  Type(form_.CardText[0], "Imp of Fire");
+  form_.Command6.Click();
+  BeginTest();
+  EXPECT_FALSE(decks_.QueryClose());  // no position after all
+  EXPECT_TRUE(form_.Shown);
+  BeginTest();
+  decks_.Option1[1]->Click();
+  decks_.CollectPic[1]->MouseUp(MouseButton::kLeft);
+  decks_.Command2.Click();
+  State().Collection.Append(MakeCard("Won in the test", 1));
+  EXPECT_TRUE(main_.QueryClose());
+  EXPECT_TRUE(form_.Shown && !main_.Shown);
+  EXPECT_EQ(Names(State().Collection), "Imp of Fire Ogre ");
+  EXPECT_EQ(form_.CardText[0].Text.Get(), "Imp of Fire");
+}
+
+TEST_F(EditorOpeningTest, AnOpponentIsBuiltOfTheEditorsCards) {
+  State().CurrentGame = 0;
+  EnterWithCards();
+  desktop_->ModalForms.emplace_back([this](Form&) {
+    EXPECT_FALSE(decks_.Command2.Visible);
+    for (int click = 0; click < 2; ++click) decks_.CollectPic[0]->MouseUp(MouseButton::kLeft);
+    decks_.CollectPic[1]->MouseUp(MouseButton::kLeft);
+    desktop_->TextAnswers = {""};
+    desktop_->ExpectedMessages = {"Enemy saved."};
+    decks_.saveasopponent.Click();
+    EXPECT_FALSE(decks_.QueryClose());
+  });
+  form_.createoppmen.Click();
+  EXPECT_EQ(State().DeckManagerMode, kOwnCards);
+  EXPECT_EQ(Names(State().Collection), "Imp Ogre ");
+  const std::string file = ReadFile("goblins/Ogre_Enemy.txt");
+  EXPECT_NE(file.find("#CARD, #PLAYERCARD, \"Ogre\""), std::string::npos) << file;
+}
+
+TEST_F(EditorOpeningTest, AnOwnedCardGetsAnotherImageInTheReducedForm) {
+  WriteFile("new.jpg", "picture");
+  WriteFile("new-mini.jpg", "picture");
+  desktop_->ModalForms.emplace_back([this](Form&) {
+    decks_.Command3.Click();
+    desktop_->ModalForms.emplace_back([this](Form&) {
+      EXPECT_FALSE(form_.CardCombo.Visible || form_.filemen.Visible);
+      EXPECT_EQ(form_.CardText[0].Text.Get(), "Own");
+      desktop_->FileAnswers = {"/game/new.jpg"};
+      form_.loadgraphicmen.Click();
+      desktop_->YesNoAnswers = {false};
+      EXPECT_FALSE(form_.QueryClose());
+    });
+    decks_.CollectPic[0]->MouseUp(MouseButton::kLeft);
+    EXPECT_EQ(decks_.CollectPic[0]->Picture.Get(), "/game/new-mini.jpg");
+    decks_.CollectPic[0]->MouseUp(MouseButton::kLeft);  // once only: now it moves
+    EXPECT_EQ(Names(State().Decks[1].Cards), "Decked Own ");
+  });
+  main_.deckmanagermen.Click();
+  EXPECT_EQ(State().Decks[1].Cards[2].Picture, "new.jpg");
+  EXPECT_EQ(State().SingleCardEdit, 0);
+}
+
+}  // namespace
+}  // namespace brindlemoor
