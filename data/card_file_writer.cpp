@@ -75,6 +75,31 @@ std::string NeutralCard(std::string_view deckName) {
 
 }  // namespace
 
+/// Stores and starter decks include the editor's own file instead of repeating its cards.
+bool IncludesCardFile(std::string_view filename, std::string_view deckName, int starterFlag) {
+  return (starterFlag != 0 || !deckName.empty()) && CanIncludeCardFile(filename);
+}
+
+/// What makes the game list show a store and its match begin: with an empty rules card, since in a
+/// store nothing else happens.
+std::string StoreOpening(std::string_view filename, std::string_view deckName, int starterFlag,
+                         std::string_view game) {
+  Card portrait;
+  for (const Card& card : State().Collection) {
+    if (!IsFree(card) && portrait.Thumb.empty()) portrait = card;
+  }
+  portrait.Name = deckName;
+  portrait.Description = starterFlag != 0 ? "A starter deck." : "A card store.";
+  std::string out = Joined("#STARTERDECK", kLineEnd);
+  if (!game.empty()) out += Joined("#GAME, ", PlainField(game), kLineEnd);
+  out += CardToText(portrait, "#PLAYERCARD");
+  if (IncludesCardFile(filename, deckName, starterFlag)) {
+    const std::string cards = FileNameOf(State().CardFile);
+    out += Joined("#INCLUDE, ", PlainField(cards), ", INDECK", kLineEnd);
+  }
+  return out + Joined("#RULESCARD", kLineEnd);
+}
+
 std::string CardFileText(std::string_view filename, std::string_view location,
                          std::string_view deckName, int starterFlag) {
   std::string out;
@@ -85,7 +110,7 @@ std::string CardFileText(std::string_view filename, std::string_view location,
   } else if (!deckName.empty()) {
     AddRecord(out, CardStoreHead(deckName, kStoreCards, kStorePrice));
   }
-  if ((starter || !deckName.empty()) && CanIncludeCardFile(filename)) {
+  if (IncludesCardFile(filename, deckName, starterFlag)) {
     AddRecord(out, "#INCLUDE, ", PlainField(State().CardFile));
     // The empty location of the include.
     AddRecord(out);
@@ -121,6 +146,13 @@ bool SaveCardFile(std::string_view filename, std::string_view location, std::str
                   int starterFlag) {
   return SaveOrTell(InCurrentFolder(filename), filename,
                     CardFileText(filename, location, deckName, starterFlag));
+}
+
+bool SaveStoreFile(std::string_view filename, std::string_view deckName, int starterFlag,
+                   std::string_view game) {
+  const std::string text = CardFileText(filename, "#CARDINDECK", deckName, starterFlag) +
+                           StoreOpening(filename, deckName, starterFlag, game);
+  return SaveOrTell(InCurrentFolder(filename), filename, text);
 }
 
 void StampCards(std::string_view filename, int force) {

@@ -17,6 +17,13 @@ std::string CardFileText(std::string_view filename, std::string_view location,
 bool SaveCardFile(std::string_view filename, std::string_view location, std::string_view deckName,
                   int starterFlag);
 
+/// Saves the same file as SaveCardFile does for a store or starter deck, and behind it what opens
+/// it from the game list: #STARTERDECK, a portrait, and the cards as the deck that boosters are
+/// drawn from. game is the name of its game, "" when it is not known. False when that failed, which
+/// a message box has told.
+bool SaveStoreFile(std::string_view filename, std::string_view deckName, int starterFlag,
+                   std::string_view game);
+
 /// The neutral card that deals out a starter deck when the game starts.
 std::string StarterDeckHead(std::string_view deckName, int boosterSize);
 /// The neutral card whose menu sells boosters.

@@ -6,8 +6,8 @@
 
 namespace brindlemoor {
 
-/// Writes a text to a path as valid UTF-8. Returns "" or what went wrong; then the old file is as it
-/// was.
+/// Writes a text to a path as valid UTF-8. Returns "" or what went wrong; then the old file is as
+/// it was.
 std::string SaveText(const std::string& path, std::string_view text);
 
 /// Writes a text to a path, beside the old file and renamed over it. True when it is there; else

@@ -55,19 +55,18 @@ std::string Portrait(const std::vector<Copies>& cards, std::string_view deckName
 
 /// The rules card of the file deals the cards out, each by its name.
 std::string Dealing(const std::vector<Copies>& cards) {
-  std::string script = "ECHO:Your new starter deck contains the following cards.";
+  std::string script;
   for (const Copies& copies : cards) {
-    script += Joined(":BOOSTERCARD:", copies.Model->Name, ":", copies.Count);
+    script += Joined("BOOSTERCARD:", copies.Model->Name, ":", copies.Count, ":");
   }
   return Joined("#RULESCARD", kLineEnd, "#EFFECT, SELF, GAMESTART, ", QuotedField(script),
                 kLineEnd);
 }
 
 std::string StarterDeckText(const std::vector<Copies>& cards, std::string_view deckName) {
-  int count = 0;
-  for (const Copies& copies : cards) count += copies.Count;
+  // The head deals no booster: the cards are known.
   std::string out = Joined("#STARTERDECK", kLineEnd, kLineEnd, Portrait(cards, deckName), kLineEnd,
-                           StarterDeckHead(deckName, count));
+                           StarterDeckHead(deckName, 0));
   for (const Copies& copies : cards) {
     Card card = *copies.Model;
     out += CardToText(card, "#CARDINDECK");

@@ -10,6 +10,7 @@
 #include "editor/card_edit.h"
 #include "editor/editor_opening.h"
 #include "game/card_sorting.h"
+#include "game/game_list.h"
 #include "platform/platform.h"
 
 namespace brindlemoor {
@@ -114,7 +115,9 @@ void CardEdit::SaveCollectionAs(std::string_view question, int starterFlag) {
   const auto path = AskSaveName();
   if (!path) return;
   const auto name = Desktop().AskText(question);
-  if (name && !name->empty()) SaveCardFile(*path, "#CARDINDECK", *name, starterFlag);
+  if (!name || name->empty()) return;
+  const int game = GameOfNewFiles();
+  SaveStoreFile(*path, *name, starterFlag, game != 0 ? State().Games[game].Name : Text());
 }
 
 void CardEdit::Cardstoremen_Click() { SaveCollectionAs("Name of store?", 0); }

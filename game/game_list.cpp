@@ -207,6 +207,16 @@ void DiscoverGames() {
   for (CardFile& file : waiting) ScanForOpponents(std::move(file.Bytes), file.Path, 0);
 }
 
+int GameOfNewFiles() {
+  const Session& state = State();
+  const Table<GameRec>& games = state.Games;
+  if (games.Holds(state.CurrentGame)) return state.CurrentGame;
+  for (int game = 1; game <= games.UpperBound(); ++game) {
+    if (!state.GameFileName.empty() && games[game].RulesFile == state.GameFileName) return game;
+  }
+  return games.UpperBound() == 1 && !games[1].Name.empty() ? 1 : 0;
+}
+
 std::string ComposeGameList() {
   std::string html;
   const Table<GameRec>& games = State().Games;

@@ -8,6 +8,10 @@ namespace brindlemoor {
 /// Fills Games from the ".txt" files of the program's folder and the games' subfolders.
 void DiscoverGames();
 
+/// Index of the game that new files belong to: the current one, else that of the card set's rules
+/// file, else the only game there is. 0 when that is not clear.
+int GameOfNewFiles();
+
 /// The HTML of the game list.
 std::string ComposeGameList();
 

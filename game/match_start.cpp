@@ -2,6 +2,7 @@
 #include "game/match_start.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "core/cards.h"
 #include "core/pages.h"
@@ -140,6 +141,23 @@ void BringIntoPlay(PlayerState& player, int position) {
   player.Color = State().CardTable[slot].NameColor;
 }
 
+/// The neutral cards that a starter deck or store put on the table enter play, each as if it had
+/// come there by itself: its own OTHERENTERSPLAY actions clear the table for it. Returns their
+/// slots.
+std::vector<int> OpenStore() {
+  std::vector<int> slots;
+  Pile& table = State().CardTable;
+  for (int slot = 1; slot <= table.UpperBound(); ++slot) {
+    Card& card = table[slot];
+    if (IsFree(card) || card.Owner != 0 || card.InPlay == 1) continue;
+    card.Slot = static_cast<std::int16_t>(slot);
+    EnterPlay(card);
+    FireTrigger(card, "OTHERENTERSPLAY", slot);
+    slots.push_back(slot);
+  }
+  return slots;
+}
+
 }  // namespace
 
 void LoadDeckIntoPlayer(PlayerState& player, int deckNumber) {
@@ -195,7 +213,9 @@ void StartMatch(int gameIndex, int opponentIndex) {
   }
   ShufflePile(session.Players[2]);
   ReapplyTraitActions(1);
+  const std::vector<int> stores = session.StarterDeckFlag == 1 ? OpenStore() : std::vector<int>();
   BeginGame();
+  for (const int slot : stores) FireTrigger(session.CardTable[slot], "GAMESTART");
   TakeTurn(1);
   session.StarterDeckFlag = 0;
 }

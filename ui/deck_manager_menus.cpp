@@ -10,6 +10,7 @@
 #include "data/player_files.h"
 #include "data/profiles.h"
 #include "data/starter_deck_file.h"
+#include "game/game_list.h"
 #include "platform/platform.h"
 #include "ui/deck_manager.h"
 
@@ -43,20 +44,6 @@ std::string PlayerCardName(const Pile& deck) {
   return "";
 }
 
-/// The folder of the current game's opponents. The editor may be open without a game: then that of
-/// the card set's rules file, or of the only game there is.
-std::string GameFolder() {
-  const Session& state = State();
-  const Table<GameRec>& games = state.Games;
-  if (games.Holds(state.CurrentGame)) return games[state.CurrentGame].Folder.Str();
-  for (const GameRec& game : games) {
-    if (!state.GameFileName.empty() && game.RulesFile == state.GameFileName) {
-      return game.Folder.Str();
-    }
-  }
-  return games.UpperBound() == 1 ? games[1].Folder.Str() : std::string();
-}
-
 /// Where a file of the current game goes: the folder of its opponents. "" with a message when the
 /// name can't be part of a file name or the user would rather keep the file of this name.
 std::string NewGameFile(std::string_view name, std::string_view ending) {
@@ -65,7 +52,8 @@ std::string NewGameFile(std::string_view name, std::string_view ending) {
     Desktop().MessageBox(refusal);
     return "";
   }
-  const std::string folder = GameFolder();
+  const int game = GameOfNewFiles();
+  const std::string folder = game != 0 ? State().Games[game].Folder.Str() : std::string();
   const std::string file = Joined(name, ending);
   std::string path = InProgramFolder(folder.empty() ? file : Joined(folder, "/", file));
   if (!Desktop().Files().Exists(path)) return path;

@@ -2,9 +2,12 @@
 #include "editor/editor_opening.h"
 
 #include "data/player_files.h"
+#include "game/match_start.h"
+#include "game/program_start.h"
 #include "game/turn.h"
 #include "tests/editor/card_edit_test.h"
 #include "ui/forms.h"
+#include "ui/link_protocol.h"
 
 namespace brindlemoor {
 namespace {
@@ -133,6 +136,33 @@ TEST_F(EditorOpeningTest, AnOpponentIsBuiltOfTheEditorsCards) {
   EXPECT_EQ(Names(State().Collection), "Imp Ogre ");
   const std::string file = ReadFile("goblins/Ogre_Enemy.txt");
   EXPECT_NE(file.find("#CARD, #PLAYERCARD, \"Ogre\""), std::string::npos) << file;
+}
+
+TEST_F(EditorOpeningTest, StoresAndStarterDecksOfTheEditorOpenFromTheGameList) {
+  WriteFile("rules.txt", "#GAMERULES, Goblins, , , goblins,\n#RULESCARD\n");
+  EnterWithCards();
+  desktop_->TextAnswers = {"Imp Shop", "First Imps"};
+  desktop_->FileAnswers = {"/game/goblins/shop.txt", "/game/first.txt"};
+  form_.Cardstoremen.Click();
+  form_.starterdeckmen.Click();
+  LeaveEditor();
+  NewGame();
+  const Pile& listed = State().Games[1].Opponents;
+  ASSERT_EQ(Names(listed), "- Imp Shop First Imps ");
+  ChooseGame(1, 3);
+  EXPECT_EQ(Names(State().CardTable), "- - First Imps ");
+  EXPECT_EQ(State().Collection.UpperBound(), 80);
+  EXPECT_NE(desktop_->Pages["WB"].find("Your new starter deck"), std::string::npos);
+  EndGame();
+  NewGame();
+  ChooseGame(1, 2);
+  Card& shop = State().CardTable[3];
+  ASSERT_EQ(shop.Name, "Imp Shop");
+  const int tokens = State().Players[1].Tokens;
+  CardDescWB_BeforeNavigate(Joined("menuaction:", shop.GlobalID, ":2"));
+  main_.Command1.Click();
+  EXPECT_EQ(State().Players[1].Tokens, tokens - 5);
+  EXPECT_EQ(State().Collection.UpperBound(), 88);
 }
 
 TEST_F(EditorOpeningTest, AnOwnedCardGetsAnotherImageInTheReducedForm) {
