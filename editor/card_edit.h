@@ -228,6 +228,7 @@ struct CardEdit : Form {
   void ShowKept();
   void NameAids();
   void ShowHints();
+  void ShowNameHint();
   /// Refreshes the preview as soon as the author pauses.
   void PreviewSoon();
   void PreviewNow();

@@ -39,6 +39,12 @@ void CardEdit::ShowHints() {
   }
 }
 
+void CardEdit::ShowNameHint() {
+  const std::string hint = HintForName(State().EditCard.Name);
+  NameHint.Caption = hint;
+  NameHint.ToolTip = hint;
+}
+
 void CardEdit::PreviewSoon() {
   PreviewTimer.Enabled = false;  // the pause begins anew
   PreviewTimer.Enabled = true;

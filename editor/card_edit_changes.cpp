@@ -41,20 +41,23 @@ void CardEdit::WatchEdits() {
       NoteEdit(control, typed);
     };
   };
-  const auto watchText = [&](TextBox& box) { watch(box.Change, box.Name, true); };
-  watchText(DescText);
+  const auto watchTyping = [&](auto& box) {
+    box.FormUndoes = true;
+    watch(box.Change, box.Name, true);
+  };
+  watchTyping(DescText);
   for (int row = 0; row < kVisibleRows; ++row) {
     for (auto* boxes :
          {&CardText, &TraitText, &ValueText, &TraitDescName, &TraitDescText, &EffText}) {
-      watchText((*boxes)[row]);
+      watchTyping((*boxes)[row]);
     }
     for (auto* combos : {&TraitCombo, &TargetCombo, &TriggerCombo}) {
       watch((*combos)[row].Click, (*combos)[row].Name, false);
     }
-    watch(TriggerCombo[row].Change, TriggerCombo[row].Name, true);
+    watchTyping(TriggerCombo[row]);
     watch(EffButton[row].Click, EffButton[row].Name, false);
   }
-  watch(ActivateCombo.Change, ActivateCombo.Name, true);
+  watchTyping(ActivateCombo);
   watch(ActivateCombo.Click, ActivateCombo.Name, false);
   watch(RarityCombo.Click, RarityCombo.Name, false);
   watch(ColorLabel.Click, ColorLabel.Name, false);

@@ -8,7 +8,6 @@
 #include "editor/card_edit.h"
 #include "editor/cost_calculator.h"
 #include "editor/effect_picker.h"
-#include "editor/script_hints.h"
 #include "platform/platform.h"
 
 namespace brindlemoor {
@@ -68,7 +67,7 @@ void CardEdit::CardText_Change(int index) {
   Text& field = index == 0 ? card.Name : index == 1 ? card.AuxText : card.UniqueID;
   field = CardText[index].Text.Get();
   if (index == 0) NameChanged = 1;
-  NameHint.Caption = HintForName(card.Name);
+  ShowNameHint();
   PreviewSoon();
 }
 

@@ -9,7 +9,6 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "editor/card_edit.h"
-#include "editor/script_hints.h"
 
 namespace brindlemoor {
 
@@ -174,7 +173,7 @@ void CardEdit::UpdateCard() {
   FrameColor = FrameColorOf(card.NameColor);
   ColorLabel.TextColor = FrameColor;
   cardtotal.Caption = Joined("Total Cards: ", State().Collection.UpperBound());
-  NameHint.Caption = HintForName(card.Name);
+  ShowNameHint();
   PreviewSoon();
 }
 

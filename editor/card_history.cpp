@@ -41,7 +41,7 @@ bool CardHistory::Note(CardSnapshot present, std::string_view control, bool type
     Refresh(std::move(present));
     return false;
   }
-  if (!typed || control != typedIn_ || CanRedo()) {
+  if (!typed || control != typedIn_) {
     ScrollAs(present_, present);
     past_.push_back(std::move(present_));
     if (past_.size() > kSteps) past_.pop_front();

@@ -17,6 +17,8 @@ namespace brindlemoor {
 namespace {
 
 constexpr std::string_view kPreviewPage = "CardPreview.html";
+/// The editor shows the picture at its full size; here the words below it must be seen.
+constexpr std::string_view kSmallPicture = "<img width=\"150\" height=\"225\" src=\"";
 
 /// The card as it enters play; the picture and the banner of the main window stay as they are.
 std::string PreviewHtml(Card& card) {
@@ -24,10 +26,12 @@ std::string PreviewHtml(Card& card) {
   const std::string banner = State().PhaseBanner;
   const std::string painted = TheMainWindow().Picture1.Picture;
   RunEntryScripts(card);
-  const std::string summary = CardSummary(card, 1);
+  std::string summary = CardSummary(card, 1);
   State().PhaseBanner = banner;
   TheMainWindow().Picture1.Picture = painted;
-  return Joined("<img src=\"", ResolvePath(card.Picture, 0), "\"></img><br>", summary);
+  const std::string picture = ResolvePath(card.Picture, 0);
+  if (picture.empty()) return summary;
+  return Joined(kSmallPicture, picture, "\"></img><br>", summary);
 }
 
 }  // namespace

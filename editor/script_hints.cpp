@@ -69,8 +69,7 @@ std::string HintForAction(const EffectRow& row) {
 std::string HintForName(std::string_view name) {
   const std::string read = NameAsRead(name);
   if (read == name) return "";
-  return Joined("A card file keeps no double quote beside a comma: this name comes back as ", read,
-                ".");
+  return Joined("The quotes can't be kept: in a file the name is ", read);
 }
 
 }  // namespace brindlemoor

@@ -25,7 +25,7 @@ std::string UnsavedCopy::PathOf(std::string_view cardFile) {
 std::string UnsavedCopy::Offer(std::string_view cardFile) {
   *this = {};
   FileSystem& files = Desktop().Files();
-  const std::string copy = PathOf(cardFile);
+  std::string copy = PathOf(cardFile);
   const auto bytes = files.Read(copy);
   if (bytes && !cardFile.empty() && files.Read(FullPath(cardFile)) == bytes) {
     own_ = true;

@@ -81,6 +81,7 @@ struct TextBox : Control {
   Property<std::string> Placeholder{*this};  ///< shown faintly while there is no text
   Property<bool> MultiLine{*this, false};
   Property<bool> ReadOnly{*this, false};
+  bool FormUndoes = false;           ///< the form's menu undoes what was typed, not the box
   std::function<void()> Change;      ///< the user changed the text
   std::function<void()> Enter;       ///< the Enter key was pressed in a box of one line
   std::function<void()> RightClick;  ///< takes the place of the menu for copying and pasting
@@ -91,6 +92,7 @@ struct ComboBox : Control {
   Property<std::vector<std::string>> Items{*this};
   Property<std::string> Text{*this};
   Property<bool> Editable{*this, false};  ///< the user may type a text that is no item
+  bool FormUndoes = false;                ///< see TextBox
   /// Number of the chosen item, from 1; 0 none. It tells items of the same text apart, and counts
   /// only while that item's text is Text.
   Property<int> Selected{*this, 0};

@@ -12,7 +12,7 @@ namespace brindlemoor {
 class MemoryFileSystem : public FileSystem {
  public:
   std::map<std::string, std::string> Contents;  ///< bytes by absolute path
-  std::string WriteError;                       ///< when not empty, writes and removals fail with it
+  std::string WriteError;  ///< when not empty, writes and removals fail with it
 
   bool Exists(const std::string& path) const override { return Contents.contains(path); }
   bool FolderExists(const std::string& path) const override;

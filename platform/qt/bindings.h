@@ -31,6 +31,9 @@ void BindMenus(const std::vector<MenuItem*>& menus, FormWindow& window);
 /// A timer has no widget.
 void BindTimer(Timer& model, FormWindow& window);
 
+/// The keys for undo and redo are the form's in a widget in which the user types.
+void LeaveUndoToForm(QWidget& typed);
+
 /// What all controls share: follows Visible, Enabled and ToolTip, then runs sync.
 void BindCommon(Control& model, QWidget& widget, FormWindow& window, std::function<void()> sync);
 

@@ -73,6 +73,8 @@ QWidget* BindComboBox(ComboBox& model, FormWindow& window) {
     }
   });
   if (model.Editable) {
+    // The box has the focus, its line gets what the box hands on.
+    if (model.FormUndoes) LeaveUndoToForm(*combo);
     QObject::connect(combo->lineEdit(), &QLineEdit::textEdited, &window,
                      [&model](const QString& text) {
                        model.Selected = 0;

@@ -1,4 +1,5 @@
 // Text boxes of one line and of many.
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
@@ -9,6 +10,21 @@
 namespace brindlemoor {
 
 namespace {
+
+/// Keeps the keys for undo and redo from a widget that has an undo of its own.
+class UndoKeys : public QObject {
+ public:
+  using QObject::QObject;
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool asked = event->type() == QEvent::ShortcutOverride;
+    if (!asked && event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (!key->matches(QKeySequence::Undo) && !key->matches(QKeySequence::Redo)) return false;
+    // Ignored, the question leads to the menu; the key itself comes only when the menu is off.
+    event->setAccepted(!asked);
+    return true;
+  }
+};
 
 void ServeRightClick(const TextBox& model, QWidget& edit, FormWindow& window) {
   if (!model.RightClick) return;
@@ -60,8 +76,12 @@ QWidget* BindLines(TextBox& model, FormWindow& window) {
 
 }  // namespace
 
+void LeaveUndoToForm(QWidget& typed) { typed.installEventFilter(new UndoKeys(&typed)); }
+
 QWidget* BindTextBox(TextBox& model, FormWindow& window) {
-  return model.MultiLine ? BindLines(model, window) : BindLine(model, window);
+  QWidget* edit = model.MultiLine ? BindLines(model, window) : BindLine(model, window);
+  if (model.FormUndoes) LeaveUndoToForm(*edit);
+  return edit;
 }
 
 }  // namespace brindlemoor

@@ -67,6 +67,20 @@ TEST_F(LocalFilesTest, AFailedWriteSaysWhyAndLeavesEverythingAsItWas) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 2);
 }
 
+TEST_F(LocalFilesTest, ARemovedFileIsGoneAndOneThatIsNotThereIsNoError) {
+  fs::create_symlink("file", In("link"));
+  EXPECT_EQ(files_.Remove(In("link")), "");
+  EXPECT_EQ(files_.Read(In("file")), "old") << "a link goes alone";
+  EXPECT_EQ(files_.Remove(In("file")), "");
+  EXPECT_EQ(files_.Remove(In("file")), "");
+  EXPECT_FALSE(files_.Exists(In("file")));
+  fs::create_directory(In("folder"));
+  for (const std::string& path : {In("folder"), In("folder") + '\0'}) {
+    EXPECT_NE(files_.Remove(path), "");
+  }
+  EXPECT_TRUE(files_.FolderExists(In("folder")));
+}
+
 TEST_F(LocalFilesTest, OnlyPlainFilesExistAndFoldersAreListedByName) {
   for (const char* name : {"sub2", "sub1"}) fs::create_directory(In(name));
   for (const char* name : {"b", "B", "\xC3\xA9", "sub1/deep"}) files_.Write(In(name), "");

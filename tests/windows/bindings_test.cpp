@@ -208,6 +208,46 @@ TEST_F(DesktopTest, AFrameIsHiddenWithWhatItHolds) {
   desktop_->CloseWindows();
 }
 
+TEST_F(DesktopTest, UndoIsTheFormsInItsBoxesAndTheirOwnElsewhere) {
+  Form form("Form");
+  TextBox line("Line"), lines("Lines"), own("Own");
+  ComboBox combo("Combo");
+  lines.MultiLine = true;
+  combo.Editable = true;
+  line.FormUndoes = lines.FormUndoes = combo.FormUndoes = true;
+  MenuItem menu("menu", "Edit"), undo("undo", "Undo"), redo("redo", "Redo");
+  undo.Shortcut = "Ctrl+Z";
+  redo.Shortcut = "Ctrl+Y";
+  int undone = 0;
+  int redone = 0;
+  undo.Click = [&undone] { ++undone; };
+  redo.Click = [&redone] { ++redone; };
+  menu.Items = {&undo, &redo};
+  form.Menus = {&menu};
+  Show(form, {Cell(line), Cell(lines), Cell(combo), Cell(own)});
+  ASSERT_TRUE(QTest::qWaitForWindowActive(Window(form)));
+  const auto press = [&form](const Control& control, Qt::Key key) {
+    QTest::keyClick(Find(form, control), key, Qt::ControlModifier);
+  };
+  for (const Control* control : std::initializer_list<Control*>{&line, &lines, &combo, &own}) {
+    QTest::keyClick(Find(form, *control), Qt::Key_X);
+  }
+  for (const Control* control : std::initializer_list<Control*>{&line, &lines, &combo}) {
+    undone = redone = 0;
+    press(*control, Qt::Key_Z);
+    press(*control, Qt::Key_Y);
+    EXPECT_TRUE(undone == 1 && redone == 1) << control->Name;
+    undo.Enabled = false;
+    press(*control, Qt::Key_Z);
+    undo.Enabled = true;
+  }
+  EXPECT_EQ(line.Text.Get() + lines.Text.Get() + combo.Text.Get(), "xxx") << "nothing else to undo";
+  press(own, Qt::Key_Z);
+  EXPECT_EQ(own.Text.Get(), "");
+  EXPECT_EQ(undone, 1);
+  desktop_->CloseWindows();
+}
+
 TEST_F(DesktopTest, TimersTickOnlyWhileTheirFormCanBeUsed) {
   constexpr int kInterval = 20;
   constexpr int kLongEnough = 10 * kInterval;
