@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/arrangement.h"
 #include "ui/help_window.h"
 
 namespace brindlemoor {
@@ -147,27 +148,6 @@ constexpr EntryRow kGraphicEntries[] = {
     {&CardEdit::loadminimen, &CardEdit::loadminimen_Click},
     {&CardEdit::saveimagemen, &CardEdit::saveimagemen_Click},
 };
-
-Layout Cell(Control& control, int stretch = 0, int width = 0, int height = 0) {
-  return {.Direction = Layout::Kind::kControl,
-          .Leaf = &control,
-          .Stretch = stretch,
-          .Width = width,
-          .Height = height};
-}
-
-Layout Row(std::vector<Layout> children, int stretch = 0) {
-  return {.Direction = Layout::Kind::kRow, .Children = std::move(children), .Stretch = stretch};
-}
-
-Layout Column(std::vector<Layout> children, int stretch = 0) {
-  return {.Direction = Layout::Kind::kColumn, .Children = std::move(children), .Stretch = stretch};
-}
-
-Layout Titled(std::string title, Layout content) {
-  content.Title = std::move(title);
-  return content;
-}
 
 Layout Framed(Frame& frame, Layout content) {
   content.Group = &frame;

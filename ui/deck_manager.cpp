@@ -9,6 +9,7 @@
 #include "core/paths.h"
 #include "core/state.h"
 #include "game/card_sorting.h"
+#include "platform/arrangement.h"
 #include "platform/platform.h"
 #include "ui/card_search.h"
 #include "ui/deck_chart.h"
@@ -25,22 +26,6 @@ constexpr int kChartHeight = 110;
 constexpr int kSmallStep = 3;
 
 std::string Indexed(std::string_view name, int index) { return Joined(name, "(", index, ")"); }
-
-Layout Cell(Control& control, int stretch = 0, int width = 0, int height = 0) {
-  return {.Direction = Layout::Kind::kControl,
-          .Leaf = &control,
-          .Stretch = stretch,
-          .Width = width,
-          .Height = height};
-}
-
-Layout Row(std::vector<Layout> children, int stretch = 0) {
-  return {.Direction = Layout::Kind::kRow, .Children = std::move(children), .Stretch = stretch};
-}
-
-Layout Column(std::vector<Layout> children, int stretch = 0) {
-  return {.Direction = Layout::Kind::kColumn, .Children = std::move(children), .Stretch = stretch};
-}
 
 /// Rows of three pictures with their scroll bar beside them.
 template <class Pictures>
@@ -63,8 +48,7 @@ Layout Arrange(DeckManager& form) {
   }
   deck.push_back(Grid(form.DeckPic, *form.VScroll1[0]));
   deck.push_back(Row({Cell(form.Cardcount, 1), Cell(form.ClearDeck)}));
-  Layout left = Column(std::move(deck), 3);
-  left.Title = "Deck";
+  Layout left = Titled("Deck", Column(std::move(deck), 3));
 
   Layout middle =
       Column({Row({Cell(form.SearchText, 1), Cell(form.SearchCount)}),

@@ -10,6 +10,7 @@
 #include "editor/editor_opening.h"
 #include "game/program_start.h"
 #include "game/turn.h"
+#include "platform/arrangement.h"
 #include "platform/platform.h"
 #include "ui/card_pages.h"
 #include "ui/forms.h"
@@ -26,26 +27,19 @@ constexpr int kThumbHeight = 86;
 constexpr int kHandCellWidth = 124;
 constexpr int kPictureWidth = 260;
 constexpr int kPictureHeight = 390;
-
-Layout ControlCell(Control& control, int width, int height, int stretch) {
-  return {.Direction = Layout::Kind::kControl,
-          .Leaf = &control,
-          .Stretch = stretch,
-          .Width = width,
-          .Height = height};
-}
+constexpr int kLabelHeight = 16;
+constexpr int kTurnButtonHeight = 36;
+constexpr int kBackButtonHeight = 30;
 
 /// Five rows of two hand cards, a name label above each thumbnail.
 Layout HandStrip(MainWindow& window) {
-  Layout strip{.Direction = Layout::Kind::kColumn};
+  Layout strip = Column({});
   for (std::size_t first = 0; first < kHandPositions; first += 2) {
-    Layout pair{.Direction = Layout::Kind::kRow};
+    Layout pair = Row({});
     for (const std::size_t label : {first, first + 1}) {
-      Layout cell{.Direction = Layout::Kind::kColumn};
-      cell.Children.push_back(ControlCell(*window.HandLabel[label], kHandCellWidth, 16, 0));
-      cell.Children.push_back(
-          ControlCell(*window.Picture2[label + 1], kThumbWidth, kThumbHeight, 0));
-      pair.Children.push_back(std::move(cell));
+      pair.Children.push_back(
+          Column({Cell(*window.HandLabel[label], 0, kHandCellWidth, kLabelHeight),
+                  Cell(*window.Picture2[label + 1], 0, kThumbWidth, kThumbHeight)}));
     }
     strip.Children.push_back(std::move(pair));
   }
@@ -53,16 +47,11 @@ Layout HandStrip(MainWindow& window) {
 }
 
 Layout Arrange(MainWindow& window) {
-  Layout left{.Direction = Layout::Kind::kColumn};
-  left.Children = {HandStrip(window), ControlCell(window.Command1, 0, 36, 0),
-                   ControlCell(window.InPlayWB, 0, 0, 1)};
-  Layout middle{.Direction = Layout::Kind::kColumn, .Stretch = 1};
-  middle.Children = {ControlCell(window.backbutton, 0, 30, 0), ControlCell(window.WB, 0, 0, 1)};
-  Layout right{.Direction = Layout::Kind::kColumn};
-  right.Children = {ControlCell(window.Picture1, kPictureWidth, kPictureHeight, 0),
-                    ControlCell(window.CardDescWB, kPictureWidth, 0, 1)};
-  return {.Direction = Layout::Kind::kRow,
-          .Children = {std::move(left), std::move(middle), std::move(right)}};
+  return Row({Column({HandStrip(window), Cell(window.Command1, 0, 0, kTurnButtonHeight),
+                      Cell(window.InPlayWB, 1)}),
+              Column({Cell(window.backbutton, 0, 0, kBackButtonHeight), Cell(window.WB, 1)}, 1),
+              Column({Cell(window.Picture1, 0, kPictureWidth, kPictureHeight),
+                      Cell(window.CardDescWB, 1, kPictureWidth)})});
 }
 
 }  // namespace
