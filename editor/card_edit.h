@@ -279,9 +279,8 @@ struct CardEdit : Form {
   std::uint64_t savedRevision_ = 0;  // of the edited card, as it is in the file
   bool listChanged_ = false;
   bool copyIsOld_ = false;
-  std::string previewShown_;  // the text of the preview's page
-  Text storedName_;           // the edited card as it lies in Collection
-  Text storedId_;
+  std::string previewShown_;         // the text of the preview's page
+  std::int32_t storedGlobalId_ = 0;  // of the edited card as it lies in Collection
 };
 
 }  // namespace brindlemoor

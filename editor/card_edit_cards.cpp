@@ -17,10 +17,6 @@ namespace {
 
 constexpr int kDuplicate = 1;
 
-bool IsCard(const Card& card, const Text& name, const Text& id) {
-  return card.Name == name && card.UniqueID == id;
-}
-
 /// The first template place that is free or has the card's name, made if there is none.
 Template& TemplatePlace(const Text& name) {
   Table<Template>& templates = State().Templates;
@@ -45,6 +41,7 @@ void CardEdit::Form_Load() {
   } else {
     // No file is in the editor: a save must not meet the one that was there last.
     state.CardFile = Text();
+    state.GameFileName = Text();
     CardFolder.clear();
     state.Collection.Reset(1);
     BeginFreshCard();
@@ -81,8 +78,7 @@ bool CardEdit::Form_QueryClose() {
 void CardEdit::EditCardAt(int index) {
   const Card& card = State().Collection[index];
   const int before = std::exchange(CurrentIndex, index);
-  storedName_ = card.Name;
-  storedId_ = card.UniqueID;
+  storedGlobalId_ = card.GlobalID;
   LoadCardIntoForm(card);
   if (index == before) {
     history_.Refresh(Snapshot());
@@ -94,11 +90,16 @@ void CardEdit::EditCardAt(int index) {
 void CardEdit::StoreCardAt(int index) {
   Card& place = State().Collection[index];
   place = BuildCardFromForm();
-  storedName_ = place.Name;
-  storedId_ = place.UniqueID;
+  storedGlobalId_ = place.GlobalID;
 }
 
 void CardEdit::StoreCurrentCard() {
+  // A card that was typed and never put into the list would be lost by what comes now.
+  if (CurrentIndex == 0 && State().SingleCardEdit == 0 && !IsFree(State().EditCard)) {
+    CurrentIndex = AddCard({});
+    NameChanged = 1;
+    ListChanged();
+  }
   if (!State().Collection.Holds(CurrentIndex)) return;
   StoreCardAt(CurrentIndex);
   UpdateCard();
@@ -106,7 +107,9 @@ void CardEdit::StoreCurrentCard() {
 
 int CardEdit::AddCard(Card card) {
   Pile& cards = State().Collection;
-  return cards.UpperBound() < limits::kPileCards ? cards.Append(std::move(card)) : 0;
+  if (cards.UpperBound() < limits::kPileCards) return cards.Append(std::move(card));
+  Desktop().MessageBox("The list is full: the card is not added.");
+  return 0;
 }
 
 void CardEdit::BeginFreshCard() {
@@ -122,7 +125,7 @@ void CardEdit::CollectionChanged() {
   const Pile& cards = State().Collection;
   if (CurrentIndex > 0) {
     const auto isIt = [&](int index) {
-      return cards.Holds(index) && IsCard(cards[index], storedName_, storedId_);
+      return cards.Holds(index) && cards[index].GlobalID == storedGlobalId_;
     };
     int index = CurrentIndex;
     if (!isIt(index)) {

@@ -183,8 +183,10 @@ void CardEdit::CostButton_Click() {
   if (State().CostCard.Name.empty() || !State().Collection.Holds(CurrentIndex)) return;
   StoreCurrentCard();
   Card& card = State().Collection[CurrentIndex];
+  const bool renamed = NameChanged == 1;
   CalculateCost(card);
   LoadCardIntoForm(card);
+  if (renamed) LoadCombos();
 }
 
 void CardEdit::Command1_Click(int index) {

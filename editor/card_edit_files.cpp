@@ -27,10 +27,11 @@ std::optional<std::string> AskSaveName() {
 /// Files that others wrote may hold more than cards: rules, decks, stores. False when the user
 /// would rather keep what a save would lose.
 bool MayReplace(const std::string& path) {
-  const auto bytes = Desktop().Files().Read(path);
-  if (!bytes || bytes->empty()) return true;
+  if (!Desktop().Files().Exists(path)) return true;
+  const std::string bytes = Desktop().Files().Read(path).value_or("?");
+  if (bytes.empty()) return true;
   const auto holds = [&bytes](std::string_view text) {
-    return bytes->find(text) != std::string::npos;
+    return bytes.find(text) != std::string::npos;
   };
   if (holds("CARD DATA FILE") && !holds("#NEUTRALCARD") && !holds("#INCLUDE")) return true;
   return Desktop().AskYesNo(Joined(FileNameOf(path),
@@ -42,13 +43,17 @@ bool MayReplace(const std::string& path) {
 
 void CardEdit::loaddeckmen_Click() {
   Session& state = State();
-  Pile before = std::exchange(state.Collection, Pile(1));
   const auto path = Desktop().AskFile({.FileName = std::string(kAnyCardFile)});
-  if (!path || FileNameOf(*path) == kAnyCardFile || !Desktop().Files().Exists(*path)) {
-    state.Collection = std::move(before);
+  if (!path || FileNameOf(*path) == kAnyCardFile || !Desktop().Files().Exists(*path)) return;
+  if (!Desktop().Files().Read(*path)) {
+    Desktop().MessageBox(Joined("Can't read ", FileNameOf(*path), "."));
     return;
   }
-  if (!HasUnsavedChanges()) copy_.RemoveOwn(state.CardFile);
+  if (HasUnsavedChanges()) {
+    copy_.Write(state.CardFile, UnsavedText());  // offered when that file is loaded again
+  } else {
+    copy_.RemoveOwn(state.CardFile);
+  }
   const std::string source = copy_.Offer(*path);
   ReadCardList(source);
   state.CardFile = *path;
@@ -61,6 +66,8 @@ void CardEdit::loaddeckmen_Click() {
 void CardEdit::ReadCardList(const std::string& file) {
   Session& state = State();
   // A cost card is read on top of the one that is there: only its name would be new.
+  state.Collection = Pile(1);
+  state.GameFileName = Text();
   Card costCard = std::exchange(state.CostCard, Card{});
   ReadCards(file, state.Players[1], 1, "COLLECTION", 1);
   if (state.CostCard.Name.empty()) state.CostCard = std::move(costCard);
@@ -113,7 +120,7 @@ void CardEdit::savedeckasmen_Click() {
 void CardEdit::SaveCollectionAs(std::string_view question, int starterFlag) {
   StoreCurrentCard();
   const auto path = AskSaveName();
-  if (!path) return;
+  if (!path || !MayReplace(*path)) return;
   const auto name = Desktop().AskText(question);
   if (!name || name->empty()) return;
   const int game = GameOfNewFiles();
@@ -140,10 +147,13 @@ void CardEdit::testcardsmen_Click() {
     Desktop().MessageBox("You need to load a card file first.");
     return;
   }
+  StoreCurrentCard();
+  UnsavedTimer_Tick();  // the timer stands still while the form is hidden
   BeginTestCards();
 }
 
 void CardEdit::createoppmen_Click() {
+  StoreCurrentCard();
   BuildOpponent();
   CollectionChanged();
 }

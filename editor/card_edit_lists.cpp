@@ -145,11 +145,12 @@ void CardEdit::LoadCombos() {
   CardCombo.Items = std::move(cards);
   CardCombo.Select(card);
 
-  const int chosen = std::max(TemplateCombo.Selected.Get(), 1);
   Items templates = {"Blank Card"};
   for (const Template& entry : State().Templates) templates.push_back(entry.Card.Name.Str());
+  const int chosen = TemplateCombo.Selected;
+  const bool isThere = chosen >= 1 && chosen <= static_cast<int>(templates.size());
   TemplateCombo.Items = std::move(templates);
-  TemplateCombo.Select(chosen);
+  TemplateCombo.Select(isThere ? chosen : 1);
 
   Items rarities;
   for (int rarity = 0; rarity <= kHighestRarity; ++rarity) rarities.push_back(Joined(rarity));

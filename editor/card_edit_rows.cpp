@@ -138,7 +138,21 @@ void CardEdit::LoadCardIntoForm(Card card) {
   PreviewNow();
 }
 
-Text CardEdit::NewUniqueID(std::string_view name) { return Joined(name, RollDie(kUniqueNumbers)); }
+Text CardEdit::NewUniqueID(std::string_view name) {
+  constexpr int kTries = 50;
+  Text id;
+  const auto isTaken = [&id] {
+    for (const Card& card : State().Collection) {
+      if (card.UniqueID == id) return true;
+    }
+    return false;
+  };
+  for (int tries = 0; tries < kTries; ++tries) {
+    id = Joined(name, RollDie(kUniqueNumbers));
+    if (!isTaken()) break;
+  }
+  return id;
+}
 
 Card CardEdit::BuildCardFromForm() {
   Card& edited = State().EditCard;

@@ -74,7 +74,11 @@ void ShowGameAgain(const std::string& report) {
 void OpenCardEditor() {
   // A running script may hold the cards that the editor puts aside.
   if (State().TurnRunning == 1) return;
-  if (State().Suspended == nullptr) SuspendGame();
+  if (State().Suspended != nullptr) {
+    BackToCardEditor();  // from a test game
+    return;
+  }
+  SuspendGame();
   State().SingleCardEdit = 0;
   TheCardEdit().Form_Load();
   Desktop().ShowForm(TheCardEdit(), false);
@@ -106,8 +110,12 @@ void EditCardImage(Card& card) {
 void BeginTestCards() {
   Session& session = State();
   if (session.Suspended != nullptr) {
-    session.Suspended->EditorCards = session.Collection;
-    session.Suspended->Tested = true;
+    SuspendedGame& suspended = *session.Suspended;
+    suspended.EditorCards = session.Collection;
+    suspended.EditorTemplates = session.Templates;
+    suspended.EditorCostCard = session.CostCard;
+    suspended.EditorTokens = session.Players[1].Tokens;
+    suspended.Tested = true;
   }
   session.DeckManagerMode = kTestPosition;
   Desktop().HideForm(TheCardEdit());
@@ -121,7 +129,13 @@ void BeginTestCards() {
 void BackToCardEditor() {
   Session& session = State();
   session.DeckManagerMode = kOwnCards;
-  if (session.Suspended != nullptr) session.Collection = session.Suspended->EditorCards;
+  if (session.Suspended != nullptr) {
+    const SuspendedGame& suspended = *session.Suspended;
+    session.Collection = suspended.EditorCards;
+    session.Templates = suspended.EditorTemplates;
+    session.CostCard = suspended.EditorCostCard;
+    session.Players[1].Tokens = suspended.EditorTokens;
+  }
   Desktop().ShowForm(TheCardEdit(), false);
   Desktop().HideForm(TheMainWindow());
 }

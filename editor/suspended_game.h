@@ -13,7 +13,11 @@ struct SuspendedGame {
   Session Before;       ///< as it was when the editor was opened
   std::string Report;   ///< the page of the last turn, "" for none
   bool Tested = false;  ///< a test game has used the main window
-  Pile EditorCards;     ///< the editor's cards, while a test position is laid out and played
+  // What a save of the editor's file would write, while a test position is laid out and played.
+  Table<Template> EditorTemplates;
+  Card EditorCostCard;
+  std::int32_t EditorTokens = 0;
+  Pile EditorCards;
 };
 
 }  // namespace brindlemoor

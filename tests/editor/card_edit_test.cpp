@@ -114,7 +114,7 @@ TEST_F(CardEditTest, TheEditedCardIsFoundAgainWhereverItLies) {
   EXPECT_EQ(form_.CardCombo.Selected, 3);
   Choose(2);
   EXPECT_EQ(Listed(form_.CardCombo), "Cat|Bat|Zebra|");
-  Stored(2).Name = "other";
+  Stored(2) = NamedCard("Bat");  // one of the same name
   form_.CollectionChanged();
   EXPECT_EQ(form_.CurrentIndex, 0);
 }

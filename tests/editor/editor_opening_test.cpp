@@ -82,6 +82,11 @@ TEST_F(EditorOpeningTest, TheGameGoesOnWhereItWasWhenTheEditorIsLeft) {
   EXPECT_NE(desktop_->Pages["WB"].find("dawn"), std::string::npos);
   main_.Command1.Click();
   main_.debugmen.Click();
+  State().CostCard.Name = "CostCard of the rules";
+  main_.EditMen.Click();  // not a fresh editor: the one that began the test
+  EXPECT_EQ(Names(State().Collection), "Imp Ogre ");
+  EXPECT_TRUE(IsFree(State().CostCard));
+  main_.Shown = true;
   EndGame();
   main_.Command1.Click();  // "End Game" leads back to the editor
   EXPECT_TRUE(form_.Shown && !main_.Shown);

@@ -95,6 +95,7 @@ TEST_F(UnsavedCopyTest, WhatChangesNothingIsNotMarked) {
   form_.savedeckmen.Click();
   EXPECT_TRUE(Marked());
   files_->WriteError = "";
+  desktop_->YesNoAnswers = {false};  // not the copy of what was not saved
   Load("cards.txt");
   EXPECT_FALSE(Marked());
 }
