@@ -21,7 +21,6 @@ namespace brindlemoor {
 namespace {
 
 constexpr int kColumns = 3;
-constexpr int kGridWidth = 270;
 constexpr int kChartHeight = 110;
 constexpr int kSmallStep = 3;
 
