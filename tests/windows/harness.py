@@ -185,11 +185,11 @@ class Program:
         if self.process.poll() is not None:
             raise AssertionError(f"the program ended with {self.process.returncode}:\n{self.errors()}")
         try:
-            lines = self._report.read_text(encoding="utf-8").splitlines()
+            report = self._report.read_bytes().decode("utf-8")
         except FileNotFoundError:
             return []
         places = []
-        for line in lines:
+        for line in report.split("\n")[:-1]:  # what is shown may hold other line ends
             kind, name, x, y, width, height, text = line.split("\t")
             places.append(Place(kind, name, int(x), int(y), int(width), int(height), text))
         return places
