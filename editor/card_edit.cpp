@@ -23,6 +23,7 @@ constexpr int kKeptHeight = 18;
 constexpr int kHintHeight = 16;
 constexpr int kDescriptionWidth = 150;
 constexpr int kTotalWidth = 118;
+constexpr int kTraitWidth = 137;  // up to the second word of the heading
 constexpr int kActionComboWidth = 190;
 constexpr int kLastTop = CardEdit::kRows - CardEdit::kVisibleRows + 1;
 
@@ -198,8 +199,8 @@ Layout Traits(CardEdit& form) {
   return Titled("Traits",
                 Column({Row({Cell(form.TraitLabel, 1), Cell(form.Label1, 0, 84), Help(form, 0)}),
                         Scrolled(form.TraitScroll, [&form](int row) {
-                          return Row({Cell(form.TraitText[row], 1), Cell(form.ValueText[row], 1),
-                                      Cell(form.TraitCombo[row])});
+                          return Row({Cell(form.TraitText[row], 0, kTraitWidth),
+                                      Cell(form.ValueText[row], 1), Cell(form.TraitCombo[row])});
                         })}));
 }
 

@@ -121,6 +121,8 @@ void BeginTestCards() {
   Desktop().HideForm(TheCardEdit());
   TheDeckManager().Form_Load();
   Desktop().ShowForm(TheDeckManager(), false);
+  // The form's window is made anew when its view comes up; the message must stand before that one.
+  Desktop().PumpEvents();
   Desktop().MessageBox(
       "Choose the cards you would like to test.  You may place cards in the player's starting hand "
       "or already in play.  When done, click the Play button.");

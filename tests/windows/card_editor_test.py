@@ -41,12 +41,6 @@ class CardEditor(shipped_game.ShippedGameTest):
         self.display.key("Return")
         self.run_.wait_gone("field")
 
-    def bring_up(self, title):
-        """Does what a window manager does for a message: it stands above its window."""
-        self.run_.at_rest("dialog", title)
-        window = self.display.xdotool("search", "--onlyvisible", "--name", f"^{title}$")[-1]
-        self.display.xdotool("windowraise", window)
-
     def pick(self, name, beginning):
         """Opens a list and goes to an entry by its first letters."""
         self.run_.click("control", name)
@@ -118,7 +112,6 @@ class CardEditor(shipped_game.ShippedGameTest):
     def lay_out_cards(self):
         """One new card for the hand, the other for both sides."""
         self.run_.choose("File", "Test Cards")
-        self.bring_up("Brindlemoor")
         self.run_.dismiss(CHOOSE_CARDS)
         self.display.fill_screen(DECKS)
         for place, card in enumerate([SNAIL, LAMP, LAMP]):
