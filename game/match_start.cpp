@@ -215,7 +215,9 @@ void StartMatch(int gameIndex, int opponentIndex) {
   ReapplyTraitActions(1);
   const std::vector<int> stores = session.StarterDeckFlag == 1 ? OpenStore() : std::vector<int>();
   BeginGame();
-  for (const int slot : stores) FireTrigger(session.CardTable[slot], "GAMESTART");
+  for (const int slot : stores) {
+    if (!IsFree(session.CardTable[slot])) FireTrigger(session.CardTable[slot], "GAMESTART");
+  }
   TakeTurn(1);
   session.StarterDeckFlag = 0;
 }
