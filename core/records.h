@@ -3,6 +3,8 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "core/shared_array.h"
 #include "core/table.h"
@@ -137,6 +139,26 @@ struct ProfileRec {
 struct CustomStringRec {
   Text Key;
   Table<Text> Values;
+};
+
+/// The pieces of a foreground picture that a card's image and its thumbnail show, in pixels of the
+/// picture; 0 not chosen yet.
+struct CropCoordinates {
+  std::int16_t MainX1 = 0;
+  std::int16_t MainX2 = 0;
+  std::int16_t MainY1 = 0;
+  std::int16_t MainY2 = 0;
+  std::int16_t MiniX1 = 0;
+  std::int16_t MiniX2 = 0;
+  std::int16_t MiniY1 = 0;
+  std::int16_t MiniY2 = 0;
+  bool operator==(const CropCoordinates&) const = default;
+};
+
+/// Names of the files of a folder.
+struct FolderFiles {
+  std::string Folder;
+  std::vector<std::string> Names;
 };
 
 /// A card template of the editor.

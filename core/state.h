@@ -19,6 +19,7 @@ class Platform;
 class cGdiPlus;
 struct EditorForms;
 struct Forms;
+struct MatchLog;
 struct SuspendedGame;
 
 /// Slot and action of one HitTable entry; slot 0 is free.
@@ -71,6 +72,8 @@ struct Session {
   Pile MasterCards;                  ///< hash table of master definitions
   Table<PlayerState> RefCache;       ///< files read for #REF... directives
   Table<Template> Templates;
+  CropCoordinates Crop;                ///< of the image that the editor composes
+  FolderFiles RandomPictures;          ///< those that PickRandomFile drew from last
   Text CardFile;                       ///< file in the editor
   Card EditCard;                       ///< card in the editor
   FixedTable<Text, 100> CommonTraits;  ///< trait names that the editor offers; the first "" is free
@@ -136,6 +139,7 @@ struct Session {
   double StatCancelled = 0;
 
   RandomSource Random;
+  std::shared_ptr<MatchLog> Log;  ///< of the match, where somebody counts; mostly empty
   std::unordered_map<std::string_view, Text>
       InternedTexts;  ///< see InternText; keys are views of the texts
 

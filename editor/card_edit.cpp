@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "editor/card_sheets.h"
 #include "platform/arrangement.h"
 #include "ui/help_window.h"
 
@@ -16,9 +17,10 @@ constexpr int kPictureWidth = 300;
 constexpr int kPictureHeight = 450;
 constexpr int kMiniWidth = 80;
 constexpr int kMiniHeight = 120;
-constexpr int kLeftWidth = 316;
+constexpr int kLeftWidth = 330;
+constexpr int kColorWidth = 232;
 constexpr int kHelpWidth = 30;
-constexpr int kSideButtonWidth = 103;
+constexpr int kHelpHeight = 22;
 constexpr int kKeptHeight = 18;
 constexpr int kHintHeight = 16;
 constexpr int kDescriptionWidth = 150;
@@ -148,6 +150,7 @@ constexpr EntryRow kGraphicEntries[] = {
     {&CardEdit::loadbackmen, &CardEdit::loadbackmen_Click},
     {&CardEdit::loadminimen, &CardEdit::loadminimen_Click},
     {&CardEdit::saveimagemen, &CardEdit::saveimagemen_Click},
+    {&CardEdit::composeallmen, &CardEdit::composeallmen_Click},
 };
 
 Layout Framed(Frame& frame, Layout content) {
@@ -155,44 +158,44 @@ Layout Framed(Frame& frame, Layout content) {
   return content;
 }
 
-Layout Help(CardEdit& form, int index) { return Cell(form.Command1[index], 0, kHelpWidth); }
+Layout Help(CardEdit& form, int index) {
+  return Cell(form.Command1[index], 0, kHelpWidth, kHelpHeight);
+}
 
 /// Three rows of a table with their scroll bar beside them.
 template <class MakeRow>
 Layout Scrolled(ScrollBar& bar, MakeRow makeRow) {
   Layout rows = Column({}, 1);
   for (int row = 0; row < CardEdit::kVisibleRows; ++row) rows.Children.push_back(makeRow(row));
-  return Row({std::move(rows), Cell(bar)});
+  return Row({std::move(rows), Cell(bar)}, 1);
 }
 
-/// The card list and the pictures.
+/// The card list and the picture.
 Layout Left(CardEdit& form) {
-  Layout buttons = Column({Row({Cell(form.Command6, 1), Cell(form.Command4, 1)}),
-                           Cell(form.DuplicateButton), Cell(form.NewCardButton),
-                           Cell(form.TemplateCombo), Cell(form.Command5), Cell(form.Command8)},
-                          1);
-  Layout left = Column({Row({Cell(form.CardCombo, 1), Cell(form.cardtotal, 0, kTotalWidth)}),
-                        Row({Cell(form.FindText, 1), Cell(form.FindNext)}),
-                        Cell(form.FindNote, 0, 0, kHintHeight),
+  Layout buttons =
+      Column({Row({Cell(form.Command6, 1), Cell(form.DuplicateButton, 1), Cell(form.Command4, 1)}),
+              Row({Cell(form.NewCardButton, 1), Cell(form.Command8)}),
+              Row({Cell(form.TemplateCombo, 1), Cell(form.Command5)})});
+  Layout left = Column({Cell(form.CardCombo), Row({Cell(form.FindText, 1), Cell(form.FindNext)}),
+                        Row({Cell(form.cardtotal, 0, kTotalWidth), Cell(form.FindNote, 1)}),
                         Cell(form.MainPic, 0, kPictureWidth, kPictureHeight),
-                        Row({Column({Cell(form.MiniPic, 0, kMiniWidth, kMiniHeight),
-                                     Cell(form.Command3, 0, kSideButtonWidth),
-                                     Cell(form.Command7, 0, kSideButtonWidth)}),
-                             Framed(form.ButtonFrame, std::move(buttons))})});
+                        Row({Cell(form.Command3, 1), Cell(form.Command7, 1)}),
+                        Framed(form.ButtonFrame, std::move(buttons))});
   left.Width = kLeftWidth;
   return left;
 }
 
 Layout CardFields(CardEdit& form) {
-  return Titled(
-      "Card",
-      Column({Row({Cell(form.Label5[0], 0, 44), Cell(form.CardText[0], 3),
-                   Cell(form.Label5[1], 0, 70), Cell(form.CardText[2], 2)}),
-              Cell(form.NameHint, 0, 0, kHintHeight),
-              Row({Cell(form.Label8[1], 0, 44), Cell(form.RarityCombo, 1),
-                   Cell(form.Label9, 0, 132), Cell(form.ActivateCombo, 1)}),
-              Row({Cell(form.Label8[0], 0, 44), Cell(form.CardText[1], 1), Cell(form.CostButton),
-                   Layout{.Width = 12}, Cell(form.ColorLabel, 2)})}));
+  Layout fields = Column({Row({Cell(form.Label5[0], 0, 44), Cell(form.CardText[0], 3),
+                               Cell(form.Label5[1], 0, 70), Cell(form.CardText[2], 2)}),
+                          Cell(form.NameHint, 0, 0, kHintHeight),
+                          Row({Cell(form.Label8[1], 0, 44), Cell(form.RarityCombo, 1),
+                               Cell(form.Label9, 0, 132), Cell(form.ActivateCombo, 1)}),
+                          Row({Cell(form.Label8[0], 0, 44), Cell(form.CardText[1], 1),
+                               Cell(form.CostButton), Cell(form.ColorLabel, 0, kColorWidth)})},
+                         1);
+  return Titled("Card",
+                Row({std::move(fields), Column({Cell(form.MiniPic, 0, kMiniWidth, kMiniHeight)})}));
 }
 
 Layout Traits(CardEdit& form) {
@@ -222,11 +225,19 @@ Layout Actions(CardEdit& form) {
                 // Columns of one cell each, so that the boxes stand in line above the hint.
                 return Row({Column({Cell(form.TargetCombo[row], 0, kActionComboWidth)}),
                             Column({Cell(form.TriggerCombo[row], 0, kActionComboWidth)}),
-                            Column({Cell(form.EffText[row]),
+                            Column({Cell(form.EffText[row], 1),
                                     Cell(form.ScriptHint[row], 0, 0, kHintHeight)},
                                    1),
-                            Column({Cell(form.EffButton[row])})});
+                            Column({Cell(form.EffButton[row])})},
+                           1);
               })}));
+}
+
+Layout Description(CardEdit& form) {
+  return Column(
+      {Row({Cell(form.Label4, 0, kDescriptionWidth), Cell(form.KeptLabel, 1, 0, kKeptHeight)}),
+       Row({Cell(form.DescText, 1), Column({Help(form, 4)})}, 1)},
+      1);
 }
 
 /// What the card looks like, and its text.
@@ -236,15 +247,13 @@ Layout Preview(CardEdit& form) {
       2);
 }
 
-/// What a card is and does.
+/// What a card is and does. Spare height is for what is read and written: the description beside
+/// the preview, and the scripts.
 Layout Right(CardEdit& form) {
-  Layout fields = Column({CardFields(form), Traits(form), Captions(form)}, 3);
-  Layout description = Column(
-      {Row({Cell(form.Label4, 0, kDescriptionWidth), Cell(form.KeptLabel, 1, 0, kKeptHeight)}),
-       Row({Cell(form.DescText, 1), Column({Help(form, 4)})}, 1)},
-      1);
-  return Column({Row({std::move(fields), Preview(form)}), Actions(form), std::move(description)},
-                1);
+  Layout fields = Column({CardFields(form), Traits(form), Captions(form), Description(form)}, 3);
+  Layout actions = Actions(form);
+  actions.Stretch = 1;
+  return Column({Row({std::move(fields), Preview(form)}, 2), std::move(actions)}, 1);
 }
 
 }  // namespace
@@ -327,6 +336,9 @@ void CardEdit::NameRows() {
     }
     TriggerCombo[index].Editable = true;
     TriggerCombo[index].Change = [this, index] { TriggerCombo_Change(index); };
+    // A long script is wrapped; it has no line ends of its own.
+    EffText[index].MultiLine = true;
+    EffText[index].Enter = [] {};
     EffButton[index].Caption = "Add Effect";
     EffButton[index].ToolTip = "Click here to add an effect to this action.";
     EffButton[index].Click = [this, index] { EffButton_Click(index); };
@@ -355,6 +367,10 @@ void CardEdit::NameMenus() {
     }
   };
   fill(filemen, kFileEntries);
+  printa4men.Click = [this] { PrintCards(kA4); };
+  printlettermen.Click = [this] { PrintCards(kLetter); };
+  printmen.Items = {&printa4men, &printlettermen};
+  filemen.Items.push_back(&printmen);
   fill(editmen, kEditEntries);
   fill(graphicmen, kGraphicEntries);
   loaddeckmen.Shortcut = "Ctrl+O";

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,7 @@
 #include "editor/card_rows.h"
 #include "editor/unsaved_copy.h"
 #include "platform/controls.h"
+#include "platform/printing.h"
 
 namespace brindlemoor {
 
@@ -111,6 +113,9 @@ struct CardEdit : Form {
   MenuItem Cardstoremen{"Cardstoremen", "Create Card Store"};
   MenuItem starterdeckmen{"starterdeckmen", "Create Starter Deck Builder"};
   MenuItem testcardsmen{"testcardsmen", "Test Cards"};
+  MenuItem printmen{"printmen", "Print Cards"};
+  MenuItem printa4men{"printa4men", "A4..."};
+  MenuItem printlettermen{"printlettermen", "Letter..."};
   MenuItem editmen{"editmen", "Edit"};
   MenuItem undomen{"undomen", "Undo"};
   MenuItem redomen{"redomen", "Redo"};
@@ -120,6 +125,7 @@ struct CardEdit : Form {
   MenuItem loadbackmen{"loadbackmen", "Load new Background Image"};
   MenuItem loadminimen{"loadminimen", "Load new Thumbnail Border Image"};
   MenuItem saveimagemen{"saveimagemen", "Save Card Image As..."};
+  MenuItem composeallmen{"composeallmen", "Compose All Images"};
   MenuItem helpmen{"helpmen", "Help"};
 
   Timer UnsavedTimer{"UnsavedTimer"};  ///< keeps a copy of what is not saved yet
@@ -141,8 +147,14 @@ struct CardEdit : Form {
 
   /// Shows the state: the visible rows, the fields of EditCard and what can be used.
   void UpdateCard();
+  /// Write the large image and the thumbnail that are shown to a file (absolute, or in the current
+  /// folder). False, after a message, when it was not written.
+  bool SaveImage(const std::string& filen);
+  bool SaveMini(const std::string& filen);
+  /// Lets the user choose a picture, and the pieces of it that the card's images show.
   void MainPic_Click();
-  /// Shows the card's picture and thumbnail. Those that can't be found leave the boxes as they are.
+  /// Shows the card's picture and thumbnail, which stay as they are where those can't be found. A
+  /// card without them shows what its images are composed of.
   void UpdatePic(int updateCardSurf);
   /// Fills every list, then shows the state.
   void LoadCombos();
@@ -217,6 +229,9 @@ struct CardEdit : Form {
   void loadbackmen_Click();
   void loadminimen_Click();
   void saveimagemen_Click();
+  void composeallmen_Click();
+  /// Makes a file for printing out of the cards of the list.
+  void PrintCards(PaperSize paper);
 
  private:
   void NameControls();
@@ -237,6 +252,39 @@ struct CardEdit : Form {
   static Text NewUniqueID(std::string_view name);
   void BuildTraits(Card& result) const;
   void BuildEffects(Card& result) const;
+
+  /// What a card's images are, or are made of.
+  struct ImageChoice {
+    Text Picture;
+    Text Thumb;
+    std::string Foreground;
+    CropCoordinates Crop;
+  };
+  ImageChoice PresentImage() const;
+  /// False when the images could not be composed, of which the user is told once for a foreground;
+  /// then what was shown stays.
+  bool RedrawImages();
+  bool ComposeImages();
+  /// Shows the images of a new choice, or the one before if they can't be shown.
+  void TakeForeground(const ImageChoice& before);
+  /// The picture that the user chooses; "" for none that can be read.
+  std::string PickPicture(std::string_view prompt, bool withCrop);
+  /// Where a background or border lies; "" for none.
+  std::string FindPart(const std::string& name) const;
+  /// How a recipe names it: without a folder where it is found so.
+  std::string RecordedPart(const std::string& name) const;
+  /// Files of images were written anew.
+  void ShowImagesAfresh();
+  std::string ImageFolder() const;  ///< where composed images go, with its separator
+  bool HasComposedImage() const;    ///< that is in no file yet
+  /// Writes what was composed for the edited card. Where that fails, after a message, it stays.
+  void StoreComposedImage();
+  bool WriteComposedImage();
+  void RecordRecipe(const std::string& file) const;
+  /// The card has no finished image any more: another is composed.
+  void DropFinishedImage();
+  /// Another card comes into the form.
+  void ForgetForeground();
 
   /// Makes a card of Collection the edited one.
   void EditCardAt(int index);
@@ -281,6 +329,10 @@ struct CardEdit : Form {
   bool copyIsOld_ = false;
   std::string previewShown_;         // the text of the preview's page
   std::int32_t storedGlobalId_ = 0;  // of the edited card as it lies in Collection
+  std::string composedOf_;           // the foreground of the images that are shown, if composed
+  std::string unusable_;             // the foreground of which the user was told
+  std::set<std::string> picked_;     // full names that the user chose
+  ImageChoice replaced_;             // the finished image in whose place one is composed
 };
 
 }  // namespace brindlemoor

@@ -31,8 +31,10 @@ Template& TemplatePlace(const Text& name) {
 void CardEdit::Form_Load() {
   Session& state = State();
   CurrentIndex = 0;
-  ForeFile.clear();
+  ForgetForeground();
+  BackFile = "backs-generic.bmp";
   MiniBorderFile.clear();
+  CardFolder.clear();
   ShowOutput(false);
   CardCombo.Select(0);
   if (state.SingleCardEdit != 0) {
@@ -42,13 +44,11 @@ void CardEdit::Form_Load() {
     // No file is in the editor: a save must not meet the one that was there last.
     state.CardFile = Text();
     state.GameFileName = Text();
-    CardFolder.clear();
     state.Collection.Reset(1);
     BeginFreshCard();
     FrameColor = 0xFFFFFF;
   }
   state.Templates.Reset(1);
-  BackFile = "backs-generic.bmp";
   TraitTop = EffectTop = CaptionTop = 1;
   LoadCombos();
   copy_ = {};
@@ -59,9 +59,18 @@ bool CardEdit::Form_QueryClose() {
   Session& state = State();
   state.TestFromEditor = 0;
   const bool single = state.SingleCardEdit != 0;
-  if (single) state.EditCard = BuildCardFromForm();
+  if (single) {
+    state.EditCard = BuildCardFromForm();
+    if (HasComposedImage()) {
+      if (!Desktop().AskYesNo("The new image is in no file.  Close without it?")) return true;
+      state.EditCard.Picture = replaced_.Picture;
+      state.EditCard.Thumb = replaced_.Thumb;
+      ForgetForeground();
+    }
+  }
   if (Desktop().AskYesNo("Save cards now?")) {
     StoreCurrentCard();
+    if (state.Collection.Holds(CurrentIndex) && HasComposedImage()) return true;
     // The cards of the reduced form are the player's: they do not go into an author's file.
     const Text cardFile = single ? std::exchange(state.CardFile, Text()) : Text();
     const bool saved = SaveCards({});
@@ -78,6 +87,7 @@ bool CardEdit::Form_QueryClose() {
 void CardEdit::EditCardAt(int index) {
   const Card& card = State().Collection[index];
   const int before = std::exchange(CurrentIndex, index);
+  if (index != before) ForgetForeground();
   storedGlobalId_ = card.GlobalID;
   LoadCardIntoForm(card);
   if (index == before) {
@@ -116,6 +126,7 @@ void CardEdit::BeginFreshCard() {
   Card fresh;
   InitCard(fresh, 1, 0);
   const int before = std::exchange(CurrentIndex, 0);
+  ForgetForeground();
   CardCombo.Select(0);
   LoadCardIntoForm(std::move(fresh));
   BeginHistory(before > 0);
@@ -163,7 +174,6 @@ void CardEdit::Command6_Click() {
 
 void CardEdit::Command2_Click(int index) {
   const bool duplicate = index == kDuplicate;
-  ForeFile.clear();
   // What was typed goes into the duplicate; a card from a template has no use for it.
   if (!duplicate) StoreCurrentCard();
   Card added;

@@ -133,7 +133,7 @@ void CardEdit::BeginHistory(bool kept) {
 
 bool CardEdit::HasUnsavedChanges() const {
   // The reduced form changes no file.
-  const bool changed = listChanged_ || history_.Revision() != savedRevision_;
+  const bool changed = listChanged_ || HasComposedImage() || history_.Revision() != savedRevision_;
   return changed && State().SingleCardEdit == 0;
 }
 
@@ -163,10 +163,15 @@ std::string CardEdit::UnsavedText() const {
   const Borrowed cards(state.Collection);
   const Borrowed templates(state.Templates);
   const Borrowed traitBits(state.TraitBitNames);
+  Card edited = EditedWithRows();
+  if (HasComposedImage()) {  // which no file can hold
+    edited.Picture = replaced_.Picture;
+    edited.Thumb = replaced_.Thumb;
+  }
   if (state.Collection.Holds(CurrentIndex)) {
-    state.Collection[CurrentIndex] = EditedWithRows();
-  } else if (!IsFree(state.EditCard) && state.Collection.UpperBound() < limits::kPileCards) {
-    state.Collection.Append(EditedWithRows());
+    state.Collection[CurrentIndex] = std::move(edited);
+  } else if (!IsFree(edited) && state.Collection.UpperBound() < limits::kPileCards) {
+    state.Collection.Append(std::move(edited));
   }
   StampCards(state.CardFile, state.CardFile.empty() ? 0 : 1);
   return CardFileText(state.CardFile, "COLLECTION", "", 0);

@@ -9,6 +9,7 @@
 #include "data/card_writer.h"
 #include "editor/card_edit.h"
 #include "editor/editor_opening.h"
+#include "editor/replaced_file.h"
 #include "game/card_sorting.h"
 #include "game/game_list.h"
 #include "platform/platform.h"
@@ -18,25 +19,25 @@ namespace brindlemoor {
 namespace {
 
 constexpr std::string_view kAnyCardFile = "*.txt";
+constexpr std::string_view kLoadAnyway =
+    "What you have not saved would be lost.  Load the file anyway?";
 
 std::optional<std::string> AskSaveName() {
   return Desktop().AskFile(
       {.Save = true, .FileName = std::string(kAnyCardFile), .DefaultExtension = "txt"});
 }
 
-/// Files that others wrote may hold more than cards: rules, decks, stores. False when the user
-/// would rather keep what a save would lose.
-bool MayReplace(const std::string& path) {
+/// A file may hold more than the save that replaces it writes: rules, decks, actions of a store.
+/// False when the user would rather keep that.
+bool MayReplace(const std::string& path, SavedKind kind) {
   if (!Desktop().Files().Exists(path)) return true;
-  const std::string bytes = Desktop().Files().Read(path).value_or("?");
+  std::string bytes = Desktop().Files().Read(path).value_or("?");
   if (bytes.empty()) return true;
-  const auto holds = [&bytes](std::string_view text) {
-    return bytes.find(text) != std::string::npos;
-  };
-  if (holds("CARD DATA FILE") && !holds("#NEUTRALCARD") && !holds("#INCLUDE")) return true;
-  return Desktop().AskYesNo(Joined(FileNameOf(path),
-                                   " may hold more than cards and templates, such as rules; that "
-                                   "would be lost.  Replace it?"));
+  const std::string lost = LostByReplacing(std::move(bytes), kind);
+  if (lost.empty()) return true;
+  const std::string said = lost == "?" ? std::string(" was not written by the card editor")
+                                       : Joined(" holds more than is saved now, such as ", lost);
+  return Desktop().AskYesNo(Joined(FileNameOf(path), said, "; that would be lost.  Replace it?"));
 }
 
 }  // namespace
@@ -50,7 +51,8 @@ void CardEdit::loaddeckmen_Click() {
     return;
   }
   if (HasUnsavedChanges()) {
-    copy_.Write(state.CardFile, UnsavedText());  // offered when that file is loaded again
+    // Offered when that file is loaded again.
+    if (!copy_.Write(state.CardFile, UnsavedText()) && !Desktop().AskYesNo(kLoadAnyway)) return;
   } else {
     copy_.RemoveOwn(state.CardFile);
   }
@@ -86,7 +88,7 @@ bool CardEdit::SaveCards(SaveOptions options) {
     if (!chosen) return false;
     path = *chosen;
   }
-  if (!MayReplace(path)) return false;
+  if (!MayReplace(path, SavedKind::kCards)) return false;
   if (options.Stamp) {
     StampCards(path, 1);
     if (state.Collection.Holds(CurrentIndex)) {
@@ -101,7 +103,7 @@ bool CardEdit::SaveCards(SaveOptions options) {
   }
   if (state.SingleCardEdit == 0) {
     copy_.RemoveOwn(before);
-    copy_.Remove(state.CardFile);
+    copy_.PutAside(state.CardFile);
     AllIsSaved();
   }
   return true;
@@ -120,7 +122,7 @@ void CardEdit::savedeckasmen_Click() {
 void CardEdit::SaveCollectionAs(std::string_view question, int starterFlag) {
   StoreCurrentCard();
   const auto path = AskSaveName();
-  if (!path || !MayReplace(*path)) return;
+  if (!path || !MayReplace(*path, SavedKind::kStore)) return;
   const auto name = Desktop().AskText(question);
   if (!name || name->empty()) return;
   const int game = GameOfNewFiles();

@@ -1,6 +1,5 @@
 // The card editor: what its lists offer and its controls show.
 #include <algorithm>
-#include <charconv>
 #include <initializer_list>
 #include <vector>
 
@@ -9,6 +8,7 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "editor/card_edit.h"
+#include "editor/picture_files.h"
 
 namespace brindlemoor {
 
@@ -55,8 +55,6 @@ constexpr std::string_view kTargets[] = {"(Choose a Target Type)",
                                          "SELF",
                                          "GIDCARD"};
 constexpr int kHighestRarity = 101;
-constexpr int kHexadecimal = 16;
-constexpr std::uint32_t kColorBits = 0xFFFFFF;
 
 template <std::size_t N>
 Items ItemsOf(const std::string_view (&texts)[N]) {
@@ -105,16 +103,6 @@ void ChooseOrAdd(ComboBox& combo, const std::string& text, Same same) {
 
 void ChooseOrAdd(ComboBox& combo, const std::string& text) {
   ChooseOrAdd(combo, text, [](const auto& a, const auto& b) { return a == b; });
-}
-
-/// A colour text as a number, 0 when it is none.
-std::int32_t FrameColorOf(const Text& color) {
-  std::string digits = color.Str();
-  std::erase(digits, '#');
-  std::uint32_t value = 0;
-  const char* end = digits.data() + digits.size();
-  const auto [stop, error] = std::from_chars(digits.data(), end, value, kHexadecimal);
-  return error == std::errc() && stop == end ? static_cast<std::int32_t>(value & kColorBits) : 0;
 }
 
 }  // namespace
@@ -203,6 +191,7 @@ void CardEdit::ShowMode() {
     control->Visible = whole;
   }
   filemen.Visible = whole;
+  composeallmen.Visible = whole;
   CostButton.Visible = whole && !IsFree(State().CostCard);
   for (int row = 0; row < kVisibleRows; ++row) {
     TraitText[row].ReadOnly = !whole;

@@ -49,7 +49,8 @@ EffectRow EffectRowOf(const CardEffect& effect) {
   return row;
 }
 
-void AddTrait(Card& card, const Text& item, const Text& caption) {
+/// The place of the item that was added.
+int AddTrait(Card& card, const Text& item, const Text& caption) {
   const std::string_view name = FieldAt(item, 1, ':');
   // A bare name is that trait; with values there may be several of one name, as in files.
   int place = name == item.View() ? TraitSlot(card, name) : 0;
@@ -62,6 +63,46 @@ void AddTrait(Card& card, const Text& item, const Text& caption) {
   }
   const TraitBit bit = TraitBitFor(name);
   if (bit.Word != -1) card.TraitBits[bit.Word] |= bit.BitValue;
+  return place;
+}
+
+bool IsCalled(const Card& card, int item, std::string_view name) {
+  return FoldEquals(FieldAt(card.Traits[item], 1, ':'), name);
+}
+
+/// The only trait of a name; 0 if there is none or more than one.
+int OnlyTrait(const Card& card, std::string_view name) {
+  const int first = TraitSlot(card, name);
+  for (int item = first + 1; first != 0 && item <= card.Traits.UpperBound(); ++item) {
+    if (IsCalled(card, item, name)) return 0;
+  }
+  return first;
+}
+
+/// A caption goes to the trait of its name. Where there are several of a name, it goes to the one
+/// in its own row, else to the first of them that has no caption yet. itemOfRow has the item that
+/// each row of traits became, 0 for none.
+void PlaceCaptions(const CaptionTable& rows, const FixedTable<int, kCardRows>& itemOfRow,
+                   Card& card) {
+  std::vector<const CaptionRow*> others;
+  for (int row = 1; row <= kCardRows; ++row) {
+    const CaptionRow& caption = rows[row];
+    if (caption.Trait.empty() || caption.Caption.empty()) continue;
+    int item = OnlyTrait(card, caption.Trait);
+    if (item == 0 && IsCalled(card, itemOfRow[row], caption.Trait)) item = itemOfRow[row];
+    if (item != 0) {
+      card.TraitCaptions.Edit(item) = caption.Caption;
+    } else {
+      others.push_back(&caption);
+    }
+  }
+  for (const CaptionRow* caption : others) {
+    for (int item = 1; item <= card.Traits.UpperBound(); ++item) {
+      if (!IsCalled(card, item, caption->Trait) || !card.TraitCaptions[item].empty()) continue;
+      card.TraitCaptions.Edit(item) = caption->Caption;
+      break;
+    }
+  }
 }
 
 /// A bonus needs a trait to add to.
@@ -160,7 +201,7 @@ Card CardEdit::BuildCardFromForm() {
     edited.UniqueID = NewUniqueID(edited.Name);
     history_.KeepIdentity(edited);
   }
-  ForeFile.clear();
+  StoreComposedImage();
   return EditedWithRows();
 }
 
@@ -187,23 +228,21 @@ void CardEdit::BuildTraits(Card& result) const {
   result.TraitBits = {};
   result.ChangedTraits = Text();
   result.TraitActionsApplied = 0;
+  FixedTable<int, kCardRows> itemOfRow{};
   for (int row = 1; row <= kRows; ++row) {
     const TraitRow& trait = TraitRows[row];
     if (trait.Name.empty()) continue;
     const bool unchanged = trait == TraitRowOf(edited.Traits[row]);
     const std::string item =
         trait.Value.empty() ? trait.Name : Joined(trait.Name, ":", trait.Value);
-    AddTrait(result, unchanged ? edited.Traits[row] : Text(item), "");
+    itemOfRow[row] = AddTrait(result, unchanged ? edited.Traits[row] : Text(item), "");
   }
   for (int item = kRows + 1; item <= edited.Traits.UpperBound(); ++item) {
     if (edited.Traits[item].empty()) continue;
     AddTrait(result, edited.Traits[item], edited.TraitCaptions[item]);
   }
   AddBonusBases(result);
-  for (const CaptionRow& row : CaptionRows) {
-    const int item = row.Trait.empty() || row.Caption.empty() ? 0 : TraitSlot(result, row.Trait);
-    if (item != 0) result.TraitCaptions.Edit(item) = row.Caption;
-  }
+  PlaceCaptions(CaptionRows, itemOfRow, result);
   if (result.Traits.UpperBound() > 0) return;
   result.Traits.Resize(1);
   result.TraitCaptions.Resize(1);

@@ -79,9 +79,15 @@ void CardHistory::KeepIdentity(const Card& stored) {
     if (state.Card.UniqueID.empty()) state.Card.UniqueID = stored.UniqueID;
     state.Card.SourceFile = stored.SourceFile;
   };
-  for (CardSnapshot& state : past_) keep(state);
-  for (CardSnapshot& state : future_) keep(state);
-  keep(present_);
+  ForEach(keep);
+}
+
+void CardHistory::KeepImage(const Card& stored) {
+  ForEach([&stored](CardSnapshot& state) {
+    if (!state.Card.Picture.empty()) return;
+    state.Card.Picture = stored.Picture;
+    state.Card.Thumb = stored.Thumb;
+  });
 }
 
 }  // namespace brindlemoor

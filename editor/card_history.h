@@ -52,8 +52,17 @@ class CardHistory {
   /// What a card is given by being stored, no step takes away again: its file, and its unique ID
   /// where it had none.
   void KeepIdentity(const Card& stored);
+  /// Nor the files of its images, where it had none: what they were made of is gone.
+  void KeepImage(const Card& stored);
 
  private:
+  template <class Act>
+  void ForEach(const Act& act) {
+    for (CardSnapshot& state : past_) act(state);
+    for (CardSnapshot& state : future_) act(state);
+    act(present_);
+  }
+
   std::deque<CardSnapshot> past_;
   std::vector<CardSnapshot> future_;
   CardSnapshot present_;

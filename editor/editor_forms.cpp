@@ -35,6 +35,8 @@ EffectPicker& TheEffectPicker() { return Loaded(TheForms().Effects); }
 
 CounterPicker& TheCounterPicker() { return Loaded(TheForms().Counters); }
 
+PicPick& ThePicPick() { return Loaded(TheForms().Pictures); }
+
 ValGen& TheValGen() {
   auto& values = TheForms().Values;
   if (values == nullptr) values = std::make_unique<ValGen>();

@@ -7,6 +7,7 @@
 #include "editor/counter_picker.h"
 #include "editor/effect_picker.h"
 #include "editor/value_generator.h"
+#include "images/picture_picker.h"
 
 namespace brindlemoor {
 
@@ -16,6 +17,7 @@ struct EditorForms {
   std::unique_ptr<EffectPicker> Effects;
   std::unique_ptr<CounterPicker> Counters;
   std::unique_ptr<ValGen> Values;
+  std::unique_ptr<PicPick> Pictures;
 };
 
 /// The windows, each made at its first use; the pickers are loaded then. Who opens the card editor
@@ -24,5 +26,6 @@ CardEdit& TheCardEdit();
 EffectPicker& TheEffectPicker();
 CounterPicker& TheCounterPicker();
 ValGen& TheValGen();
+PicPick& ThePicPick();
 
 }  // namespace brindlemoor

@@ -47,7 +47,7 @@ void PutSessionBack(Session before) {
   session = std::move(before);
 }
 
-/// The main window after a test game has used it.
+/// The main window after a test game has used it, or the editor may have made what it lists.
 void ShowGameAgain(const std::string& report) {
   MainWindow& window = TheMainWindow();
   const Session& session = State();
@@ -56,6 +56,8 @@ void ShowGameAgain(const std::string& report) {
   if (session.CurrentGame == 0) {
     HideHand();
     BlankSideViews();
+    State().Games.Reset(1);
+    DiscoverGames();
     ShowGameList();
     return;
   }
@@ -90,7 +92,8 @@ void LeaveCardEditor() {
   const std::shared_ptr<SuspendedGame> suspended = std::exchange(State().Suspended, nullptr);
   if (suspended != nullptr) PutSessionBack(suspended->Before);
   Desktop().ShowForm(TheMainWindow(), false);
-  if (suspended != nullptr && suspended->Tested) ShowGameAgain(suspended->Report);
+  if (suspended == nullptr) return;
+  if (suspended->Tested || State().CurrentGame == 0) ShowGameAgain(suspended->Report);
 }
 
 void EditCardImage(Card& card) {

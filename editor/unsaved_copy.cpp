@@ -11,9 +11,19 @@ namespace brindlemoor {
 namespace {
 
 constexpr std::string_view kUntitled = "Untitled.txt";
+constexpr int kPutAside = 9;  // copies that were not wanted, for each file
 
 std::string FullPath(std::string_view cardFile) {
   return cardFile.empty() ? InProgramFolder(kUntitled) : InCurrentFolder(cardFile);
+}
+
+/// "cards-unsaved-2.txt" for "cards.txt".
+std::string AsidePath(std::string_view cardFile, int number) {
+  const std::string path = FullPath(cardFile);
+  const std::size_t name = path.size() - FileNameOf(path).size();
+  const std::size_t dot = path.rfind('.');
+  const std::size_t end = dot == std::string::npos || dot <= name ? path.size() : dot;
+  return Joined(path.substr(0, end), "-unsaved-", number, path.substr(end));
 }
 
 }  // namespace
@@ -37,9 +47,32 @@ std::string UnsavedCopy::Offer(std::string_view cardFile) {
   return std::string(cardFile);
 }
 
+std::string UnsavedCopy::MakeRoom(std::string_view cardFile) const {
+  FileSystem& files = Desktop().Files();
+  const std::string copy = PathOf(cardFile);
+  const auto bytes = own_ ? std::nullopt : files.Read(copy);
+  if (!bytes) return "";
+  // A copy of what was saved says nothing new, and none is kept twice.
+  bool kept = files.Read(FullPath(cardFile)) == bytes;
+  for (int number = 1; !kept; ++number) {
+    const std::string place = AsidePath(cardFile, number);
+    if (number > kPutAside) return Joined("there are ", kPutAside, " others already");
+    if (files.Exists(place)) {
+      kept = files.Read(place) == bytes;
+    } else {
+      const std::string error = files.Write(place, *bytes);
+      if (!error.empty()) return error;
+      kept = true;
+    }
+  }
+  files.Remove(copy);
+  return "";
+}
+
 bool UnsavedCopy::Write(std::string_view cardFile, std::string_view text) {
   const std::string path = PathOf(cardFile);
-  const std::string error = SaveText(path, text);
+  std::string error = MakeRoom(cardFile);
+  if (error.empty()) error = SaveText(path, text);
   if (error.empty()) {
     own_ = true;
   } else if (!failureTold_) {
@@ -49,14 +82,15 @@ bool UnsavedCopy::Write(std::string_view cardFile, std::string_view text) {
   return error.empty();
 }
 
-void UnsavedCopy::Remove(std::string_view cardFile) {
-  // A copy that stays is offered again; nothing is lost by it.
-  Desktop().Files().Remove(PathOf(cardFile));
-  own_ = false;
+void UnsavedCopy::PutAside(std::string_view cardFile) {
+  MakeRoom(cardFile);  // one that stays is offered again
 }
 
 void UnsavedCopy::RemoveOwn(std::string_view cardFile) {
-  if (own_) Remove(cardFile);
+  if (!own_) return;
+  // A copy that stays is offered again; nothing is lost by it.
+  Desktop().Files().Remove(PathOf(cardFile));
+  own_ = false;
 }
 
 }  // namespace brindlemoor

@@ -7,7 +7,8 @@
 namespace brindlemoor {
 
 /// Lies beside the card file as "NAME.txt.unsaved". A card file without a name, "", has its copy in
-/// the program's folder.
+/// the program's folder. A copy that was not wanted makes room for a new one under the name of a
+/// card file, "NAME-unsaved-1.txt", so that it can still be loaded.
 class UnsavedCopy {
  public:
   static std::string PathOf(std::string_view cardFile);
@@ -17,11 +18,15 @@ class UnsavedCopy {
   std::string Offer(std::string_view cardFile);
   /// False when that failed, which a message box has told the first time.
   bool Write(std::string_view cardFile, std::string_view text);
-  void Remove(std::string_view cardFile);
+  /// The card file has been saved: a copy that was not wanted is not offered again.
+  void PutAside(std::string_view cardFile);
   /// Removes a copy whose changes are those in the editor. One that was not wanted stays.
   void RemoveOwn(std::string_view cardFile);
 
  private:
+  /// Puts a copy that is not the editor's own aside. What went wrong, "" for nothing.
+  std::string MakeRoom(std::string_view cardFile) const;
+
   bool own_ = false;
   bool failureTold_ = false;
 };

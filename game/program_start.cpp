@@ -10,6 +10,7 @@
 #include "data/card_reader.h"
 #include "data/player_files.h"
 #include "game/game_list.h"
+#include "images/image_bridge.h"
 #include "platform/platform.h"
 #include "script/effect_masks.h"
 #include "script/target_types.h"
@@ -76,6 +77,7 @@ void AddDefaultPlayer(const DefaultPlayer& player) {
 
 void ResetSides() {
   Session& session = State();
+  session.ImageBridge = std::make_shared<cGdiPlus>();
   for (int side = 1; side <= 3; ++side) InitPlayer(session.Players[side], side);
   InitPlayer(session.GameDeck, 4);
   for (const DefaultPlayer& player : kDefaultPlayers) AddDefaultPlayer(player);

@@ -11,6 +11,8 @@
 
 namespace brindlemoor {
 
+class Raster;
+
 /// What a binding is told through: set by the platform, called after any property changed.
 class Observed {
  public:
@@ -65,6 +67,7 @@ struct Control : Observed {
 struct Button : Control {
   using Control::Control;
   Property<std::string> Caption{*this};
+  bool Cancel = false;  ///< the Escape key presses it wherever the focus is
   std::function<void()> Click;
 };
 
@@ -112,6 +115,7 @@ struct ListBox : Control {
   Property<std::vector<std::string>> Items{*this};
   Property<int> Selected{*this, 0};  ///< 1-based, 0 none
   std::function<void()> Click;
+  std::function<void()> Open;  ///< a double click on an item, or the Enter key
 };
 
 struct OptionButton : Control {
@@ -141,15 +145,37 @@ struct ScrollBar : Control {
 /// Keys that move about among pictures.
 enum class PictureKey { kLeft, kRight, kUp, kDown, kPageUp, kPageDown, kHome, kEnd };
 
-/// Shows an image file, scaled into the box with its proportion kept.
+/// A rectangle drawn over a picture; places are those of the picture as it is shown, from 0.
+struct PictureMark {
+  int X1 = 0;
+  int Y1 = 0;
+  int X2 = 0;
+  int Y2 = 0;
+  bool Guide = false;  ///< a fainter line that only advises
+  bool operator==(const PictureMark&) const = default;
+};
+
+/// Shows an image file or a drawing, scaled into the box with its proportion kept.
 struct PictureBox : Control {
   using Control::Control;
   Property<std::string> Picture{*this};  ///< path of the image file, "" for none
+  /// What the program drew; it is shown in place of Picture. Assigning another raster shows that.
+  Property<std::shared_ptr<const Raster>> Drawing{*this};
+  /// The size in which the picture is shown from the upper left corner of the box, whatever the
+  /// picture's own, in pixels at 96 dpi; 0 scales it into the box.
+  Property<int> ViewWidth{*this, 0};
+  Property<int> ViewHeight{*this, 0};
+  Property<std::vector<PictureMark>> Marks{*this};
   Property<std::string> Caption{*this};  ///< shown where the image is missing or broken
   Property<std::string> Badge{*this};    ///< a few characters in the corner, "" for none
+  bool FrameWhenEmpty = false;           ///< with nothing to show a faint frame is drawn
   std::string DragGroup;  ///< can be dragged to the boxes of other groups; "" for not at all
   std::function<void()> MouseMove;           ///< the pointer or the focus came over the box
   std::function<void(MouseButton)> MouseUp;  ///< a click; a drop on another group is a left one
+  /// The pointer moved over the picture, or the left button went up over it; x and y are places of
+  /// the picture as it is shown, in pixels at 96 dpi.
+  std::function<void(int x, int y)> PointMove;
+  std::function<void(int x, int y)> PointUp;
   /// A key was pressed in the box. True when that was all; else the focus moves to a neighbour.
   std::function<bool(PictureKey)> KeyDown;
 };
@@ -166,6 +192,13 @@ struct BarChart : Control {
   using Control::Control;
   Property<std::string> Caption{*this};
   Property<std::vector<ChartBar>> Bars{*this};
+};
+
+/// How far something has come.
+struct ProgressBar : Control {
+  using Control::Control;
+  Property<int> Maximum{*this, 0};
+  Property<int> Value{*this, 0};
 };
 
 /// A browser view. Navigations that a click in a page starts are asked for with their URL.

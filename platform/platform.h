@@ -6,8 +6,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/files.h"
+#include "platform/image_library.h"
+#include "platform/printing.h"
 
 namespace brindlemoor {
 
@@ -43,8 +46,17 @@ class Platform {
   virtual std::optional<std::string> AskText(std::string_view prompt) = 0;
   /// The chosen path; nothing when it was cancelled.
   virtual std::optional<std::string> AskFile(const FileDialogRequest& request) = 0;
+  /// The path of a chosen folder; nothing when it was cancelled.
+  virtual std::optional<std::string> AskFolder(std::string_view prompt) = 0;
   /// The chosen colour as red, green, blue bytes (high to low); nothing when it was cancelled.
   virtual std::optional<std::int32_t> AskColor(std::int32_t present) = 0;
+
+  /// Folders to begin a search from: the user's own, removable media, the root. Absolute paths
+  /// without a separator behind them, "/" excepted.
+  virtual std::vector<std::string> Drives() const = 0;
+  virtual ImageLibrary& Images() = 0;
+  /// A new document for printing on paper of a size.
+  virtual std::unique_ptr<PdfDocument> NewPdf(PaperSize paper) = 0;
 
   /// Shows a URL in a view; returns when the page has been read, so that its file may be written
   /// again. The view's BeforeNavigate is not asked.

@@ -12,9 +12,13 @@ BELOW = {
     "data": {"core"},
     "script": {"core"},
     "platform": {"core"},
-    "game": {"core", "data", "script", "platform"},
-    "ui": {"core", "data", "script", "platform", "game"},
-    "editor": {"core", "data", "script", "platform", "game", "ui"},
+    "images": {"core", "platform"},
+    "game": {"core", "data", "script", "platform", "images"},
+    "check": {"core", "data", "script", "platform", "game"},
+    "ui": {"core", "data", "script", "platform", "images", "game", "check"},
+    "simulation": {"core", "data", "script", "platform", "images", "game", "ui"},
+    "editor": {"core", "data", "script", "platform", "images", "game", "check", "ui"},
+    "scenario": {"core", "data", "script", "platform", "images", "game", "check", "ui", "editor"},
 }
 INCLUDE = re.compile(r'^#include "([a-z]+)/([^"]+)"', re.MULTILINE)
 

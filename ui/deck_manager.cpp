@@ -210,9 +210,17 @@ void DeckManager::Form_Load() {
                            static_cast<Control*>(&Command3)}) {
     control->Visible = state.PickingCard == 0;
   }
-  loadplrmen.Visible = state.PickingCard == 0;
+  // The editor's cards are no player's, and the places of a test position are no decks.
+  const bool own = state.DeckManagerMode == kOwnCards;
+  const bool decks = state.DeckManagerMode != kTestPosition;
+  if (!own) Command3.Visible = false;
+  savedeckmen.Visible = own;
+  loadplrmen.Visible = own && state.PickingCard == 0;
+  saveasopponent.Visible = decks;
+  savestarterdeckmen.Visible = decks;
+  for (const auto& rename : Command4) rename->Visible = decks;
   // Only the choice of a deck for a match leads back to the list of games.
-  backmen.Visible = plays && state.DeckManagerMode == kOwnCards && state.DeckManagerInGame == 0;
+  backmen.Visible = plays && own && state.DeckManagerInGame == 0;
   GaveUp = false;
   ChangingImage = 0;
   SearchText.Text = "";

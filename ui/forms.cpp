@@ -42,4 +42,10 @@ DeckManager& TheDeckManager() {
   return *forms.Decks;
 }
 
+ProgressForm& TheProgressForm() {
+  Forms& forms = TheForms();
+  if (forms.Progress == nullptr) forms.Progress = std::make_unique<ProgressForm>();
+  return *forms.Progress;
+}
+
 }  // namespace brindlemoor

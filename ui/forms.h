@@ -7,6 +7,7 @@
 #include "ui/help_window.h"
 #include "ui/main_window.h"
 #include "ui/profile_menu.h"
+#include "ui/progress_form.h"
 
 namespace brindlemoor {
 
@@ -16,6 +17,7 @@ struct Forms {
   std::unique_ptr<ProfileMenu> Profiles;
   std::unique_ptr<HelpForm> Help;
   std::unique_ptr<DeckManager> Decks;
+  std::unique_ptr<ProgressForm> Progress;
 };
 
 /// The windows, each made at its first use; the main window is loaded then.
@@ -23,5 +25,6 @@ MainWindow& TheMainWindow();
 ProfileMenu& TheProfileMenu();
 HelpForm& TheHelpForm();
 DeckManager& TheDeckManager();
+ProgressForm& TheProgressForm();
 
 }  // namespace brindlemoor

@@ -9,6 +9,7 @@
 #include "core/pages.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "core/traits.h"
 #include "game/match_start.h"
 #include "platform/platform.h"
 #include "script/target_types.h"
@@ -75,6 +76,22 @@ void CardClicked(int slot) {
   }
 }
 
+bool IsStore(const Card& card) {
+  const auto sells = [](const CardEffect& effect) { return effect.MenuState == kMenuAction; };
+  return card.Owner == 0 && card.InPlay == 1 && HasTrait(card, "STORE", "") &&
+         std::any_of(card.Effects.begin(), card.Effects.end(), sells);
+}
+
+/// A card store that belongs to no side is in no table of the report: its own page shows it.
+void ShowStore() {
+  for (Card& card : State().CardTable) {
+    if (!IsStore(card)) continue;
+    ShowCardDescription(card, 1);
+    State().SelectedSlot = card.Slot;
+    return;
+  }
+}
+
 bool OwnsCards() {
   const Pile& collection = State().Collection;
   return collection.UpperBound() > 1 || (collection.UpperBound() == 1 && !IsFree(collection[1]));
@@ -131,6 +148,7 @@ bool WB_BeforeNavigate(const std::string& address) {
   // Views hand the scheme over in lower case.
   if (FoldEquals(form, "GAME")) {
     ChooseGame(NumberField(url, 2), NumberField(url, 3));
+    ShowStore();
     return true;
   }
   if (!url.starts_with(kCardLink)) return false;

@@ -679,6 +679,22 @@ def player_thumb(roof, sky, light, stripe):
 
 # ---- writing ------------------------------------------------------------------------------------
 
+def card_back():
+    """What shows around the picture of a composed card: planks of a hull, brass in the corners."""
+    width, height, plank = 300, 450, 30
+    body = box(0, 0, width, height, NIGHT)
+    for row in range(height // plank):
+        y = row * plank
+        body += box(0, y, width, plank - 2, DUSK if row % 2 else "#1B2A4A")
+        for x in (9, width - 9):
+            body += disc(x, y + plank / 2 - 1, 2.2, BRONZE)
+    body += box(3, 3, width - 6, height - 6, None, r=10, stroke=BRASS, width=3)
+    for x in (15, width - 15):
+        for y in (15, height - 15):
+            body += star(x, y, 11, BRASS, points=8, inner=0.45)
+    return svg(width, height, f"0 0 {width} {height}", body)
+
+
 def write(name, text, quality=None):
     target = os.path.join(HERE, name)
     with tempfile.TemporaryDirectory() as work:
@@ -689,7 +705,9 @@ def write(name, text, quality=None):
         if name.endswith(".png"):
             options = ["-strip", "-define", "png:exclude-chunks=date,time"]
         elif name.endswith(".bmp"):
-            options = ["-background", "black", "-flatten", "-type", "TrueColor"]
+            options = ["-background", "black", "-flatten"]
+            options += (["+dither", "-colors", "16", "-type", "Palette"] if name.startswith("backs-")
+                        else ["-type", "TrueColor"])
         else:
             options = ["-background", "black", "-flatten", "-strip", "-quality", str(quality)]
             options += ["-sampling-factor", "1x1"]
@@ -711,6 +729,7 @@ def main():
     jobs.append(("wickwater-banner.jpg", banner(), 88))
     jobs.append(("Player1thumb.bmp", player_thumb(RUST, "#1B1B36", AMBER, RED), None))
     jobs.append(("Player2thumb.bmp", player_thumb(DUSK, "#231D4B", LILAC, PLUM), None))
+    jobs.append(("backs-generic.bmp", card_back(), None))
     for name, text, quality in jobs:
         if wanted in name:
             write(name, text, quality)

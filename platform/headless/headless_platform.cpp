@@ -6,6 +6,24 @@
 
 namespace brindlemoor {
 
+namespace {
+
+class KeptDocument : public PdfDocument {
+ public:
+  explicit KeptDocument(std::vector<PrintedPage>& pages) : pages_(pages) {}
+  void AddPage(const PrintedPage& page) override {
+    pages_.push_back(page);
+    ++count_;
+  }
+  std::string Finish() override { return Joined(count_, " pages"); }
+
+ private:
+  std::vector<PrintedPage>& pages_;
+  int count_ = 0;
+};
+
+}  // namespace
+
 void HeadlessPlatform::ShowForm(Form& form, bool modal) {
   form.Shown = true;
   if (form.Activate) form.Activate();
@@ -56,6 +74,15 @@ std::optional<std::string> HeadlessPlatform::AskText(std::string_view prompt) {
 
 std::optional<std::string> HeadlessPlatform::AskFile(const FileDialogRequest& request) {
   return TakeAnswer(FileAnswers, request.Save ? "save dialog" : "open dialog", request.FileName);
+}
+
+std::optional<std::string> HeadlessPlatform::AskFolder(std::string_view prompt) {
+  return TakeAnswer(FolderAnswers, "folder dialog", prompt);
+}
+
+std::unique_ptr<PdfDocument> HeadlessPlatform::NewPdf(PaperSize paper) {
+  PrintedOn = paper;
+  return std::make_unique<KeptDocument>(Printed);
 }
 
 std::optional<std::int32_t> HeadlessPlatform::AskColor(std::int32_t) {

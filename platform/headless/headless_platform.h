@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/headless/memory_images.h"
 #include "platform/platform.h"
 
 namespace brindlemoor {
@@ -17,13 +18,14 @@ class HeadlessPlatform : public Platform {
  public:
   /// seed is the first number of the sequence that stands for the clock.
   explicit HeadlessPlatform(std::unique_ptr<FileSystem> files, std::uint64_t seed = 1)
-      : Platform(std::move(files)), seed_(seed) {}
+      : Platform(std::move(files)), seed_(seed), images_(Files()) {}
 
   // What the caller prepares.
   std::deque<std::string> ExpectedMessages;  ///< message boxes to come, whole texts
   std::deque<bool> YesNoAnswers;
   std::deque<std::optional<std::string>> TextAnswers;  ///< nothing stands for a cancel
   std::deque<std::optional<std::string>> FileAnswers;
+  std::deque<std::optional<std::string>> FolderAnswers;
   std::deque<std::optional<std::int32_t>> ColorAnswers;
   std::deque<std::function<void(Form&)>> ModalForms;  ///< plays the user of each modal form
   std::function<void()> OnPump;                       ///< events that wait
@@ -35,6 +37,8 @@ class HeadlessPlatform : public Platform {
   std::vector<std::string> UnexpectedDialogs;
   std::map<std::string, std::string> Pages;  ///< bytes of the page each view shows, by its name
   std::vector<std::string> Navigations;      ///< "view url" in order
+  std::vector<PrintedPage> Printed;          ///< pages of every document
+  PaperSize PrintedOn;
   int Raised = 0;
 
   void ShowForm(Form& form, bool modal) override;
@@ -44,7 +48,12 @@ class HeadlessPlatform : public Platform {
   bool AskYesNo(std::string_view text) override;
   std::optional<std::string> AskText(std::string_view prompt) override;
   std::optional<std::string> AskFile(const FileDialogRequest& request) override;
+  std::optional<std::string> AskFolder(std::string_view prompt) override;
   std::optional<std::int32_t> AskColor(std::int32_t present) override;
+  std::vector<std::string> Drives() const override { return {"/"}; }
+  MemoryImageLibrary& Images() override { return images_; }
+  /// The bytes of its documents say how many pages they have.
+  std::unique_ptr<PdfDocument> NewPdf(PaperSize paper) override;
   void Navigate(BrowserView& view, const std::string& url) override;
   void PumpEvents() override;
   void EndProgram() override { ending_ = true; }
@@ -56,6 +65,7 @@ class HeadlessPlatform : public Platform {
   Answer TakeAnswer(std::deque<Answer>& answers, std::string_view dialog, std::string_view text);
 
   std::uint64_t seed_;
+  MemoryImageLibrary images_;
   bool ending_ = false;
 };
 

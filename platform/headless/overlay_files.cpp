@@ -20,26 +20,26 @@ bool OverlayFileSystem::Hides(const std::string& path) const {
 }
 
 bool OverlayFileSystem::Exists(const std::string& path) const {
-  return MemoryFileSystem::Exists(path) || (!Hides(path) && machine_.Exists(path));
+  return MemoryFileSystem::Exists(path) || (!Hides(path) && below_.Exists(path));
 }
 
 bool OverlayFileSystem::FolderExists(const std::string& path) const {
-  return MemoryFileSystem::FolderExists(path) || machine_.FolderExists(path);
+  return MemoryFileSystem::FolderExists(path) || below_.FolderExists(path);
 }
 
 std::vector<std::string> OverlayFileSystem::ListFiles(const std::string& folder) const {
-  std::vector<std::string> shown = machine_.ListFiles(folder);
+  std::vector<std::string> shown = below_.ListFiles(folder);
   std::erase_if(shown, [&](const std::string& name) { return Hides(folder + "/" + name); });
   return Merged(MemoryFileSystem::ListFiles(folder), shown);
 }
 
 std::vector<std::string> OverlayFileSystem::ListFolders(const std::string& folder) const {
-  return Merged(MemoryFileSystem::ListFolders(folder), machine_.ListFolders(folder));
+  return Merged(MemoryFileSystem::ListFolders(folder), below_.ListFolders(folder));
 }
 
 std::optional<std::string> OverlayFileSystem::Read(const std::string& path) const {
   if (MemoryFileSystem::Exists(path)) return MemoryFileSystem::Read(path);
-  return Hides(path) ? std::nullopt : machine_.Read(path);
+  return Hides(path) ? std::nullopt : below_.Read(path);
 }
 
 std::string OverlayFileSystem::Remove(const std::string& path) {

@@ -10,12 +10,14 @@
 
 namespace brindlemoor {
 
-/// Shows the machine's files, except those that it is told to hide. A file in Contents stands
-/// before one of the machine; nothing on the machine is changed.
+/// Shows the machine's files, or those of another file system, except those that it is told to
+/// hide. A file in Contents stands before one below; nothing below is changed.
 class OverlayFileSystem : public MemoryFileSystem {
  public:
   using Test = std::function<bool(const std::string& path)>;
-  explicit OverlayFileSystem(Test hides) : hides_(std::move(hides)) {}
+  explicit OverlayFileSystem(Test hides) : below_(machine_), hides_(std::move(hides)) {}
+  OverlayFileSystem(const FileSystem& below, Test hides)
+      : below_(below), hides_(std::move(hides)) {}
 
   bool Exists(const std::string& path) const override;
   bool FolderExists(const std::string& path) const override;
@@ -27,7 +29,8 @@ class OverlayFileSystem : public MemoryFileSystem {
  private:
   bool Hides(const std::string& path) const;
 
-  LocalFileSystem machine_;
+  const LocalFileSystem machine_;
+  const FileSystem& below_;
   Test hides_;
   std::set<std::string> removed_;
 };

@@ -26,6 +26,7 @@ QWidget* BindCheckBox(CheckBox& model, FormWindow& window);
 QWidget* BindScrollBar(ScrollBar& model, FormWindow& window);
 QWidget* BindPictureBox(PictureBox& model, FormWindow& window);
 QWidget* BindBarChart(BarChart& model, FormWindow& window);
+QWidget* BindProgressBar(ProgressBar& model, FormWindow& window);
 QWidget* BindBrowserView(BrowserView& model, FormWindow& window);
 void BindMenus(const std::vector<MenuItem*>& menus, FormWindow& window);
 /// A timer has no widget.

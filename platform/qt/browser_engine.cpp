@@ -17,7 +17,8 @@ void PrepareBrowserEngine() {
     if (!flags.isEmpty()) flags += ' ';
     qputenv(kFlags, flags + "--disable-gpu");
   }
-  QLoggingCategory::setFilterRules("qt.webenginecontext.info=false");
+  // What is wrong in a stranger's picture is no concern of the terminal.
+  QLoggingCategory::setFilterRules("qt.webenginecontext.info=false\nqt.gui.imageio*=false");
 }
 
 }  // namespace brindlemoor

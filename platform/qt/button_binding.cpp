@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 
 #include "platform/qt/bindings.h"
@@ -66,6 +67,10 @@ QWidget* BindButton(Button& model, FormWindow& window) {
   QObject::connect(button, &QPushButton::clicked, &window, [&model] {
     if (model.Click) model.Click();
   });
+  if (model.Cancel) {
+    auto* escape = new QShortcut(Qt::Key_Escape, &window);
+    QObject::connect(escape, &QShortcut::activated, button, [button] { button->click(); });
+  }
   return button;
 }
 

@@ -23,7 +23,7 @@ constexpr Maker kMakers[] = {
     Try<ListBox, BindListBox>,       Try<OptionButton, BindOptionButton>,
     Try<CheckBox, BindCheckBox>,     Try<ScrollBar, BindScrollBar>,
     Try<PictureBox, BindPictureBox>, Try<BrowserView, BindBrowserView>,
-    Try<BarChart, BindBarChart>,
+    Try<BarChart, BindBarChart>,     Try<ProgressBar, BindProgressBar>,
 };
 
 /// As rich text a tool tip is broken into lines; what it says stays plain.

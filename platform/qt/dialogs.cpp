@@ -96,6 +96,16 @@ std::optional<std::string> QtPlatform::AskFile(const FileDialogRequest& request)
   return file.toStdString();
 }
 
+std::optional<std::string> QtPlatform::AskFolder(std::string_view prompt) {
+  QFileDialog dialog(Owner(), ToQt(prompt));
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  dialog.setDirectory(lastFolder_);
+  if (!RunDialog(dialog) || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  lastFolder_ = dialog.selectedFiles().constFirst();
+  return lastFolder_.toStdString();
+}
+
 std::optional<std::int32_t> QtPlatform::AskColor(std::int32_t present) {
   QColorDialog dialog(QColor::fromRgb(static_cast<QRgb>(present)), Owner());
   if (!RunDialog(dialog)) return std::nullopt;

@@ -4,7 +4,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QDateTime>
 #include <QDialog>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -178,7 +180,14 @@ void GeometryReport::CollectLinks(QWidget& view) {
 }
 
 void GeometryReport::WriteIfChanged(const QString& text) {
-  if (text == written_) return;
+  if (text == written_) {
+    // The file's time says that the report is of now.
+    QFile file(file_);
+    if (file.open(QIODevice::Append)) {
+      file.setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime);
+    }
+    return;
+  }
   QSaveFile file(file_);
   if (!file.open(QIODevice::WriteOnly)) return;
   file.write(text.toUtf8());

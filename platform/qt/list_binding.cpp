@@ -1,6 +1,7 @@
 // Combo boxes and list boxes.
 #include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSignalBlocker>
@@ -39,6 +40,33 @@ void ShowText(QComboBox& combo, const QString& text) {
     combo.setPlaceholderText(text);  // seen while no item is chosen
   }
 }
+
+/// A list whose items open by a double click or the Enter key.
+class OpeningList : public QListWidget {
+ public:
+  OpeningList(ListBox& model, QWidget* parent) : QListWidget(parent), model_(model) {
+    connect(this, &QListWidget::itemDoubleClicked, this,
+            [this](QListWidgetItem* item) { Open(row(item)); });
+  }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+      if (!event->isAutoRepeat()) Open(currentRow());
+    } else {
+      QListWidget::keyPressEvent(event);
+    }
+  }
+
+ private:
+  void Open(int row) {
+    if (row < 0 || !model_.Open) return;
+    model_.Selected = row + 1;
+    model_.Open();
+  }
+
+  ListBox& model_;
+};
 
 }  // namespace
 
@@ -86,7 +114,7 @@ QWidget* BindComboBox(ComboBox& model, FormWindow& window) {
 }
 
 QWidget* BindListBox(ListBox& model, FormWindow& window) {
-  auto* list = new QListWidget(&window);
+  auto* list = new OpeningList(model, &window);
   auto shown = std::make_shared<Items>();
   BindCommon(model, *list, window, [&model, list, shown] {
     const QSignalBlocker quiet(list);

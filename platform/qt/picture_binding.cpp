@@ -25,6 +25,7 @@ namespace {
 
 constexpr QSize kNaturalSize(64, 88);
 constexpr QSize kSmallestSize(24, 36);
+constexpr int kFrameRadius = 4;
 
 struct MoveKey {
   int Key;
@@ -54,10 +55,21 @@ std::optional<MouseButton> ButtonOf(const QKeyEvent& event) {
   }
 }
 
+void DrawEmptyFrame(QPainter& painter, QRect place) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(CardEdgeColor());
+  painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), kFrameRadius, kFrameRadius);
+  painter.restore();
+}
+
 class PictureWidget : public QWidget {
  public:
   PictureWidget(PictureBox& model, FormWindow& window)
-      : QWidget(&window), model_(model), desktop_(window.Desktop()) {
+      : QWidget(&window),
+        model_(model),
+        desktop_(window.Desktop()),
+        face_(model, desktop_.Pictures()) {
     setMouseTracking(true);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setRetainSizeWhenHidden(true);
@@ -67,7 +79,11 @@ class PictureWidget : public QWidget {
   void Follow() {
     const bool active = model_.MouseMove || model_.MouseUp;
     setFocusPolicy(active ? Qt::StrongFocus : Qt::NoFocus);
-    if (model_.MouseUp) setCursor(Qt::PointingHandCursor);
+    if (model_.PointUp) {
+      setCursor(Qt::CrossCursor);
+    } else if (model_.MouseUp) {
+      setCursor(Qt::PointingHandCursor);
+    }
     const std::string& words = !model_.ToolTip.Get().empty()   ? model_.ToolTip.Get()
                                : !model_.Caption.Get().empty() ? model_.Caption.Get()
                                                                : model_.Name;
@@ -97,8 +113,11 @@ class PictureWidget : public QWidget {
 
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
-    QRect place = DrawPicture(painter, rect(), model_, desktop_.Pictures(), devicePixelRatioF());
-    if (place.isEmpty()) place = rect();
+    QRect place = face_.Draw(painter, rect(), devicePixelRatioF());
+    if (place.isEmpty()) {
+      place = rect();
+      if (model_.FrameWhenEmpty) DrawEmptyFrame(painter, place);
+    }
     if (model_.MouseUp && (hasFocus() || underMouse())) {
       painter.setPen(QPen(HighlightColor(), 2));
       painter.drawRect(place.adjusted(1, 1, -1, -1));
@@ -127,6 +146,7 @@ class PictureWidget : public QWidget {
       drag_->MoveTo(mapTo(window(), pointer));
     } else if (!givenUp_) {
       desktop_.Hover(model_);
+      TellPoint(model_.PointMove, pointer);
     }
   }
   void mouseReleaseEvent(QMouseEvent* event) override {
@@ -141,7 +161,10 @@ class PictureWidget : public QWidget {
       return;
     }
     if (!rect().contains(pointer)) return;
-    if (left) Press(MouseButton::kLeft);
+    if (left) {
+      TellPoint(model_.PointUp, pointer);
+      Press(MouseButton::kLeft);
+    }
     if (event->button() == Qt::RightButton) Press(MouseButton::kRight);
   }
 
@@ -177,6 +200,14 @@ class PictureWidget : public QWidget {
  private:
   void Press(MouseButton button) {
     if (model_.MouseUp) model_.MouseUp(button);
+  }
+
+  /// Tells where in the picture the pointer is; outside of it nothing.
+  void TellPoint(const std::function<void(int, int)>& handler, QPoint pointer) {
+    const QRect picture = face_.PicturePlace();
+    if (!handler || !picture.contains(pointer)) return;
+    const QPoint point = pointer - picture.topLeft();
+    handler(point.x(), point.y());
   }
 
   /// A click by a key. What lies under the keyboard may be another card now.
@@ -277,7 +308,7 @@ class PictureWidget : public QWidget {
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setFont(font());
-    DrawPicture(painter, rect(), model_, desktop_.Pictures(), ratio);
+    face_.Draw(painter, rect(), ratio);
     painter.end();
     drag_ = new DragLayer(window(), picture, pressed_, OtherAreas());
   }
@@ -291,6 +322,7 @@ class PictureWidget : public QWidget {
 
   PictureBox& model_;
   QtPlatform& desktop_;
+  PictureFace face_;
   QPointer<DragLayer> drag_;  // of the window
   QPoint pressed_;
   bool givenUp_ = false;  // the left button is down, but is no click

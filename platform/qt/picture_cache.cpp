@@ -3,37 +3,19 @@
 
 #include <QFileInfo>
 #include <QImage>
-#include <QImageReader>
 #include <filesystem>
+
+#include "platform/qt/qt_image_library.h"
 
 namespace brindlemoor {
 
 namespace {
 
-constexpr qint64 kMostPixels = 64'000'000;
-constexpr int kMuchLarger = 4;  // times the box, from which a file is read scaled
-
-/// Lets the reader leave out what a small box would not show. Of the formats only this one saves
-/// time by it.
-void ReadLessOfLargePictures(QImageReader& reader, QSize size, QSize box) {
-  if (reader.format() != "jpeg") return;
-  // The size is the one before the picture is turned.
-  if (reader.transformation().testFlag(QImageIOHandler::TransformationRotate90)) box.transpose();
-  if (size.width() <= kMuchLarger * box.width() || size.height() <= kMuchLarger * box.height()) {
-    return;
-  }
-  reader.setScaledSize(size.scaled(2 * box, Qt::KeepAspectRatio).expandedTo({1, 1}));
-}
+constexpr int kSpareSize = 2;  // times the box: what a reader may leave out is not seen then
 
 QPixmap ReadScaled(const QString& file, QSize box) {
-  QImageReader reader(file);
-  reader.setDecideFormatFromContent(true);
-  reader.setAutoTransform(true);
-  const QSize size = reader.size();
-  if (size.isValid() && qint64{size.width()} * size.height() > kMostPixels) return {};
-  ReadLessOfLargePictures(reader, size, box);
-  QImage image = reader.read();
-  if (image.isNull()) return {};
+  QImage image;
+  if (ReadImage(file.toStdString(), kSpareSize * box, image) != kImageOk) return {};
   // Few-coloured images would be scaled within their own colours.
   image.convertTo(QImage::Format_ARGB32_Premultiplied);
   return QPixmap::fromImage(image.scaled(box, Qt::KeepAspectRatio, Qt::SmoothTransformation));

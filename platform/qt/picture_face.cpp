@@ -2,14 +2,15 @@
 #include "platform/qt/picture_face.h"
 
 #include <QFontMetrics>
+#include <QImage>
 #include <QPainter>
-#include <QPixmap>
 #include <QTextLayout>
 #include <algorithm>
 
 #include "platform/controls.h"
 #include "platform/qt/picture_cache.h"
 #include "platform/qt/style.h"
+#include "platform/raster.h"
 
 namespace brindlemoor {
 
@@ -21,6 +22,11 @@ constexpr int kCardMargin = 5;
 constexpr int kBadgeRadius = 4;
 constexpr int kBadgePadding = 4;
 constexpr int kBadgeInset = 4;  // from the picture's corner
+constexpr QRgb kOpaque = 0xFF000000;
+constexpr int kOpaqueLine = 255;  // of 255
+constexpr int kLightLine = 190;
+constexpr int kDarkLine = 170;
+constexpr int kFaintLine = 110;
 
 /// The lines of a text in a width, no more than given; the last one is elided if more would come.
 QStringList Lines(QString text, const QFont& font, int width, int most) {
@@ -84,14 +90,75 @@ void DrawBadge(QPainter& painter, QRect picture, const QString& text) {
   painter.drawText(plate, Qt::AlignCenter, shown);
 }
 
+QImage ImageOf(const Raster& raster) {
+  QImage image(raster.Width(), raster.Height(), QImage::Format_ARGB32_Premultiplied);
+  for (int y = 0; y < raster.Height(); ++y) {
+    auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+    const std::int32_t* row = raster.Row(y);
+    for (int x = 0; x < raster.Width(); ++x) line[x] = kOpaque | static_cast<QRgb>(row[x]);
+  }
+  return image;
+}
+
+/// A light line within a dark one is seen on any picture; that of a guide is fainter and dashed.
+void DrawMark(QPainter& painter, QRectF place, bool guide) {
+  painter.setPen(QPen(QColor(0, 0, 0, guide ? kFaintLine : kDarkLine), guide ? 1 : 3));
+  painter.drawRect(place);
+  QPen light(QColor(255, 255, 255, guide ? kLightLine : kOpaqueLine), 1);
+  if (guide) light.setStyle(Qt::DashLine);
+  painter.setPen(light);
+  painter.drawRect(place);
+}
+
+void DrawMarks(QPainter& painter, QRect picture, const std::vector<PictureMark>& marks) {
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setClipRect(picture);
+  painter.setBrush(Qt::NoBrush);
+  for (const PictureMark& mark : marks) {
+    const QRect place(mark.X1, mark.Y1, mark.X2 - mark.X1, mark.Y2 - mark.Y1);
+    DrawMark(painter, place.translated(picture.topLeft()), mark.Guide);
+  }
+}
+
 }  // namespace
 
-QRect DrawPicture(QPainter& painter, QRect room, const PictureBox& model, PictureCache& pictures,
-                  double ratio) {
-  QPixmap picture = pictures.Scaled(QString::fromStdString(model.Picture),
-                                    (QSizeF(room.size()) * ratio).toSize());
-  const std::string& caption = model.Caption;
-  const std::string& badge = model.Badge;
+QPixmap PictureFace::Scaled(QSize box) {
+  const std::shared_ptr<const Raster>& drawing = model_.Drawing;
+  if (drawing == nullptr) {
+    drawn_.reset();
+    return pictures_.Scaled(QString::fromStdString(model_.Picture), box);
+  }
+  if (drawing->Empty() || box.isEmpty()) return {};
+  if (drawn_ != drawing || drawnFor_ != box) {
+    scaledDrawing_ = QPixmap::fromImage(
+        ImageOf(*drawing).scaled(box, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    drawn_ = drawing;
+    drawnFor_ = box;
+  }
+  return scaledDrawing_;
+}
+
+void PictureFace::DrawScaled(QPainter& painter, QRect room, QPixmap picture, double ratio) {
+  picture.setDevicePixelRatio(ratio);
+  const QSize view(model_.ViewWidth, model_.ViewHeight);
+  if (view.isEmpty()) {
+    picturePlace_ = QRect(QPoint(0, 0), picture.deviceIndependentSize().toSize());
+    picturePlace_.moveCenter(room.center());
+    painter.drawPixmap(picturePlace_.topLeft(), picture);
+  } else {
+    picturePlace_ = QRect(room.topLeft(), view);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(picturePlace_, picture);
+  }
+}
+
+QRect PictureFace::Draw(QPainter& painter, QRect room, double ratio) {
+  const QSize view(model_.ViewWidth, model_.ViewHeight);
+  const QSize box = view.isEmpty() ? room.size() : view;
+  const QPixmap picture = Scaled((QSizeF(box) * ratio).toSize());
+  const std::string& caption = model_.Caption;
+  const std::string& badge = model_.Badge;
+  picturePlace_ = {};
   if (picture.isNull() && caption.empty()) return {};
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
@@ -99,12 +166,11 @@ QRect DrawPicture(QPainter& painter, QRect room, const PictureBox& model, Pictur
   if (picture.isNull()) {
     place = DrawBlankCard(painter, room, QString::fromStdString(caption));
   } else {
-    picture.setDevicePixelRatio(ratio);
-    place = QRect(QPoint(0, 0), picture.deviceIndependentSize().toSize());
-    place.moveCenter(room.center());
-    painter.drawPixmap(place.topLeft(), picture);
+    DrawScaled(painter, room, picture, ratio);
+    place = picturePlace_;
   }
   if (!badge.empty()) DrawBadge(painter, place, QString::fromStdString(badge));
+  if (!picturePlace_.isEmpty()) DrawMarks(painter, picturePlace_, model_.Marks);
   painter.restore();
   return place;
 }

@@ -12,6 +12,7 @@
 #include "platform/platform.h"
 #include "platform/qt/page_policy.h"
 #include "platform/qt/picture_cache.h"
+#include "platform/qt/qt_image_library.h"
 
 class QDialog;
 class QEventLoop;
@@ -43,7 +44,11 @@ class QtPlatform : public Platform {
   bool AskYesNo(std::string_view text) override;
   std::optional<std::string> AskText(std::string_view prompt) override;
   std::optional<std::string> AskFile(const FileDialogRequest& request) override;
+  std::optional<std::string> AskFolder(std::string_view prompt) override;
   std::optional<std::int32_t> AskColor(std::int32_t present) override;
+  std::vector<std::string> Drives() const override;
+  QtImageLibrary& Images() override { return images_; }
+  std::unique_ptr<PdfDocument> NewPdf(PaperSize paper) override;
   void Navigate(BrowserView& view, const std::string& url) override;
   void PumpEvents() override;
   void EndProgram() override;
@@ -85,6 +90,7 @@ class QtPlatform : public Platform {
 
   PagePolicy policy_;
   PictureCache pictures_;
+  QtImageLibrary images_;
   std::unique_ptr<QWebEngineProfile> profile_;
   std::map<Form*, std::unique_ptr<FormWindow>> windows_;
   QHash<BrowserView*, PageView*> views_;

@@ -49,6 +49,10 @@ QLineEdit, QPlainTextEdit, QListWidget {
   border: 1px solid #454d57; border-radius: 3px; padding: 3px;
 }
 QLineEdit:focus, QPlainTextEdit:focus, QListWidget:focus { border-color: #c99a4b; }
+QComboBox[editable="true"] {
+  background: #14171b; border: 1px solid #454d57; border-radius: 3px; padding: 2px 0px 2px 2px;
+}
+QComboBox[editable="true"]:focus { border-color: #c99a4b; }
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QRadioButton::indicator, QCheckBox::indicator {
   width: 12px; height: 12px; border: 1px solid #7d838a; background: #14171b;
@@ -60,8 +64,10 @@ QRadioButton::indicator:checked, QCheckBox::indicator:checked {
 }
 QRadioButton:focus, QCheckBox:focus { color: #ffffff; }
 QRadioButton::indicator:focus, QCheckBox::indicator:focus { border-color: #c99a4b; }
-QGroupBox { border: 1px solid #3a434d; border-radius: 4px; margin-top: 10px; padding-top: 6px; }
+QGroupBox { border: 1px solid #3a434d; border-radius: 4px; margin-top: 10px; padding-top: 3px; }
 QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color: #c9c4b8; }
+QProgressBar { border: 1px solid #454d57; border-radius: 3px; background: #14171b; }
+QProgressBar::chunk { background: #8fb0a9; border-radius: 2px; }
 QScrollArea#page > QWidget > QWidget { background: #1d2126; }
 )";
 

@@ -1,8 +1,12 @@
 // Text boxes of one line and of many.
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QSignalBlocker>
+#include <functional>
+#include <utility>
 
 #include "platform/qt/bindings.h"
 #include "platform/qt/form_window.h"
@@ -57,8 +61,48 @@ QWidget* BindLine(TextBox& model, FormWindow& window) {
   return edit;
 }
 
+constexpr int kTextMargin = 3;
+constexpr int kFrame = 4;  // of a text box, with its padding
+
+/// The height of a box that shows so many lines.
+int HeightOfLines(const QWidget& edit, int lines) {
+  return edit.fontMetrics().lineSpacing() * lines + 2 * (kTextMargin + kFrame);
+}
+
+/// One line of text that is wrapped where it is long. The Enter key is the form's.
+class WrappedLine : public QPlainTextEdit {
+ public:
+  WrappedLine(std::function<void()> enter, QWidget* parent)
+      : QPlainTextEdit(parent), enter_(std::move(enter)) {}
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+      QPlainTextEdit::keyPressEvent(event);
+    } else {
+      enter_();
+    }
+  }
+  void insertFromMimeData(const QMimeData* source) override {
+    static const QRegularExpression lineEnds("[\\r\\n]+");
+    textCursor().insertText(source->text().replace(lineEnds, " "));
+  }
+  /// A scroll bar needs room for more than a line; the keys and the wheel do without it.
+  void resizeEvent(QResizeEvent* event) override {
+    QPlainTextEdit::resizeEvent(event);
+    const bool room = height() >= HeightOfLines(*this, 3);
+    setVerticalScrollBarPolicy(room ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+  }
+
+ private:
+  std::function<void()> enter_;
+};
+
 QWidget* BindLines(TextBox& model, FormWindow& window) {
-  auto* edit = new QPlainTextEdit(&window);
+  auto* edit = model.Enter ? new WrappedLine([&model] { model.Enter(); }, &window)
+                           : new QPlainTextEdit(&window);
+  edit->document()->setDocumentMargin(kTextMargin);
+  edit->setMinimumHeight(HeightOfLines(*edit, model.Enter ? 1 : 2));
   edit->setTabChangesFocus(true);
   BindCommon(model, *edit, window, [&model, edit] {
     edit->setReadOnly(model.ReadOnly);

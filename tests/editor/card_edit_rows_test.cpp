@@ -1,6 +1,7 @@
 // The rows of the card editor: what a card becomes in them, and that it comes back whole.
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 
 #include "core/strings.h"
@@ -121,6 +122,47 @@ TEST_F(CardEditTest, RowsScrollAndAreBuiltInTheirOrder) {
   EXPECT_EQ(text.substr(text.find("\ntrait")),
             "\ntrait [BONUSMANA:2][]\ntrait [HP:007:x][Its health]\ntrait [MANA:BONUS][]"
             "\naction [2][ALL][ONDEATH][0][][DESTROY]\nrarity 0\n");
+}
+
+TEST_F(CardEditTest, CaptionsOfTraitsWithOneNameStayWithTheirTraits) {
+  Card card = MakeCard("Toll", 1, {"HP:1", "COST:FIRE", "COST:ICE", "COST:AIR"});
+  for (const int item : {1, 2, 4}) card.TraitCaptions.Edit(item) = Joined("Caption ", item);
+  struct Row {
+    const char* Case;
+    std::function<void()> Change;
+    const char* Captions;  ///< each of a trait, in their order
+  };
+  TextBox& name = form_.TraitDescName[2];
+  TextBox& text = form_.TraitDescText[2];
+  const auto caption = [&](int row, const char* trait, const char* says) {
+    Scroll(form_.TraitDescScroll, row - 2);
+    Type(name, trait);
+    Type(text, says);
+  };
+  const Row rows[] = {
+      {"another row", [&] { Type(form_.ValueText[0], "2"); }, "Caption 1|Caption 2||Caption 4|"},
+      {"the first of the name goes", [&] { Type(form_.TraitText[1], ""); },
+       "Caption 1|Caption 2|Caption 4|"},
+      {"a row of no trait", [&] { caption(40, "cost", "new"); },
+       "Caption 1|Caption 2|new|Caption 4|"},
+      {"more rows than traits",
+       [&] {
+         caption(40, "COST", "new");
+         caption(41, "COST", "too many");
+         caption(42, "HP", "by name");
+       },
+       "by name|Caption 2|new|Caption 4|"},
+  };
+  for (const Row& row : rows) {
+    form_.LoadCardIntoForm(card);
+    row.Change();
+    const Card changed = form_.BuildCardFromForm();
+    std::string captions;
+    for (int item = 1; item <= changed.Traits.UpperBound(); ++item) {
+      captions += Joined(changed.TraitCaptions[item], "|");
+    }
+    EXPECT_EQ(captions, row.Captions) << row.Case;
+  }
 }
 
 TEST_F(CardEditTest, TriggersAndTargetsAskForWhatTheyNeed) {

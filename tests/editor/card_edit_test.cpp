@@ -3,6 +3,7 @@
 
 #include "core/strings.h"
 #include "script/target_types.h"
+#include "tests/support/played_pictures.h"
 
 namespace brindlemoor {
 namespace {
@@ -246,9 +247,10 @@ TEST_F(CardEditTest, TheReducedFormChangesOnlyThePicture) {
   EXPECT_FALSE(form_.filemen.Visible || form_.CardCombo.Visible || form_.ButtonFrame.Visible ||
                form_.CardActionFrame.Visible || form_.RarityCombo.Visible);
   EXPECT_TRUE(form_.TraitText[1].ReadOnly && form_.ValueText[0].ReadOnly);
-  WriteFile("own.jpg", "picture");
-  WriteFile("own-mini.jpg", "thumbnail");
-  desktop_->FileAnswers = {"/game/own.jpg", std::nullopt, "/game/mine.txt"};
+  WriteFile("own.jpg", PictureBytes(2, 3, 0));
+  WriteFile("own-mini.jpg", PictureBytes(2, 2, 0));
+  desktop_->ModalForms = {Pick("/game/own.jpg"), Pick("/game/own-mini.jpg")};
+  desktop_->FileAnswers = {std::nullopt, "/game/mine.txt"};
   form_.loadgraphicmen.Click();
   EXPECT_EQ(form_.MiniPic.Picture.Get(), "/game/own-mini.jpg");
   desktop_->YesNoAnswers = {true, true, false};

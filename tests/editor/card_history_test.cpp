@@ -3,6 +3,7 @@
 
 #include "script/target_types.h"
 #include "tests/editor/card_edit_test.h"
+#include "tests/support/played_pictures.h"
 
 namespace brindlemoor {
 namespace {
@@ -34,7 +35,7 @@ class CardHistoryTest : public CardEditTest {
 
 TEST_F(CardHistoryTest, EveryChangeIsOneStepThereAndBack) {
   EXPECT_FALSE(form_.undomen.Enabled || form_.redomen.Enabled);
-  WriteFile("ape.jpg", "picture");
+  WriteFile("ape.jpg", PictureBytes(2, 3, 0));
   const std::function<void()> changes[] = {
       [&] {
         Type(form_.CardText[0], "Ap");
@@ -47,7 +48,7 @@ TEST_F(CardHistoryTest, EveryChangeIsOneStepThereAndBack) {
         form_.ColorLabel.Click();
       },
       [&] {
-        desktop_->FileAnswers.emplace_back("/game/ape.jpg");
+        desktop_->ModalForms = {Pick("/game/ape.jpg"), Pick("/game/ape.jpg")};
         form_.loadgraphicmen.Click();
       },
       [&] { ChooseText(form_.TargetCombo[0], "SELF"); },

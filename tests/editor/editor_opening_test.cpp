@@ -6,6 +6,7 @@
 #include "game/program_start.h"
 #include "game/turn.h"
 #include "tests/editor/card_edit_test.h"
+#include "tests/support/played_pictures.h"
 #include "ui/forms.h"
 #include "ui/link_protocol.h"
 
@@ -160,25 +161,41 @@ TEST_F(EditorOpeningTest, StoresAndStarterDecksOfTheEditorOpenFromTheGameList) {
   EXPECT_NE(desktop_->Pages["WB"].find("Your new starter deck"), std::string::npos);
   EndGame();
   NewGame();
-  ChooseGame(1, 2);
+  EXPECT_EQ(desktop_->Pages["CardDescWB"].find("First Imps"), std::string::npos);
+  WB_BeforeNavigate("GAME:1:2");
   Card& shop = State().CardTable[3];
   ASSERT_EQ(shop.Name, "Imp Shop");
   const int tokens = State().Players[1].Tokens;
-  CardDescWB_BeforeNavigate(Joined("menuaction:", shop.GlobalID, ":2"));
+  const std::string link = Joined("MENUACTION:", shop.GlobalID, ":2");
+  EXPECT_NE(desktop_->Pages["CardDescWB"].find(link), std::string::npos);
+  CardDescWB_BeforeNavigate(link);
   main_.Command1.Click();
   EXPECT_EQ(State().Players[1].Tokens, tokens - 5);
   EXPECT_EQ(State().Collection.UpperBound(), 88);
 }
 
+/// What was made is there as soon as the editor is left for the list.
+TEST_F(EditorOpeningTest, TheListShowsWhatTheEditorMade) {
+  WriteFile("rules.txt", "#GAMERULES, Goblins, , , goblins,\n#RULESCARD\n");
+  NewGame();
+  EnterWithCards();
+  desktop_->TextAnswers = {"Imp Shop"};
+  desktop_->FileAnswers = {"/game/goblins/shop.txt"};
+  form_.Cardstoremen.Click();
+  LeaveEditor();
+  EXPECT_NE(desktop_->Pages["WB"].find("Imp Shop"), std::string::npos);
+  EXPECT_EQ(State().Games.UpperBound(), 1);
+}
+
 TEST_F(EditorOpeningTest, AnOwnedCardGetsAnotherImageInTheReducedForm) {
-  WriteFile("new.jpg", "picture");
-  WriteFile("new-mini.jpg", "picture");
+  WriteFile("new.jpg", PictureBytes(2, 3, 0));
+  WriteFile("new-mini.jpg", PictureBytes(2, 2, 0));
   desktop_->ModalForms.emplace_back([this](Form&) {
     decks_.Command3.Click();
     desktop_->ModalForms.emplace_back([this](Form&) {
       EXPECT_FALSE(form_.CardCombo.Visible || form_.filemen.Visible);
       EXPECT_EQ(form_.CardText[0].Text.Get(), "Own");
-      desktop_->FileAnswers = {"/game/new.jpg"};
+      desktop_->ModalForms = {Pick("/game/new.jpg"), Pick("/game/new-mini.jpg")};
       form_.loadgraphicmen.Click();
       desktop_->YesNoAnswers = {false};
       EXPECT_FALSE(form_.QueryClose());

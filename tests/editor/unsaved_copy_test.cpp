@@ -180,6 +180,70 @@ TEST_F(UnsavedCopyTest, TheCopyOfACrashIsOfferedWithItsFile) {
   EXPECT_EQ(ReadFile(kCopy), kNone);
 }
 
+TEST_F(UnsavedCopyTest, ACopyThatWasNotWantedIsPutAsideForTheNextOne) {
+  const auto decline = [&](const std::string& copy) {
+    WriteFile(kCopy, copy);
+    desktop_->YesNoAnswers = {false};
+    Load("cards.txt");
+    Choose(1);
+  };
+  const std::string file = ReadFile("cards.txt");
+  for (const std::string number : {"1", "2", "2"}) {
+    decline(file + number);
+    Type(form_.DescText, "new");
+    PassAMinute();
+    PassAMinute();
+    EXPECT_TRUE(CopySays("new"));
+    EXPECT_EQ(ReadFile(Joined("cards-unsaved-", number, ".txt")), file + number);
+    form_.undomen.Click();
+    PassAMinute();
+    EXPECT_EQ(ReadFile(kCopy), kNone) << "our own";
+  }
+  EXPECT_EQ(ReadFile("cards-unsaved-3.txt"), kNone) << "no copy is kept twice";
+  decline(file + "3");
+  Type(form_.DescText, "saved");
+  form_.savedeckmen.Click();
+  EXPECT_EQ(ReadFile(kCopy), kNone) << "not offered for another file";
+  EXPECT_EQ(ReadFile("cards-unsaved-3.txt"), file + "3");
+  // One of a file that was never loaded.
+  WriteFile("other.x.unsaved", "others");
+  SaveAs("other.x");
+  EXPECT_EQ(ReadFile("other-unsaved-1.x"), "others");
+  // One of cards that were in no file.
+  Leave();
+  WriteFile(kUntitled, "untitled");
+  desktop_->YesNoAnswers = {false};
+  OpenCardEditor();
+  Type(form_.CardText[0], "Gnu");
+  PassAMinute();
+  EXPECT_TRUE(CopySays("Gnu", kUntitled));
+  EXPECT_EQ(ReadFile("Untitled-unsaved-1.txt"), "untitled");
+}
+
+TEST_F(UnsavedCopyTest, NoCopyIsReplacedWhenTooManyWereNotWanted) {
+  for (int number = 1; number <= 9; ++number) {
+    WriteFile(Joined("cards-unsaved-", number, ".txt"), Joined(number));
+  }
+  WriteFile(kCopy, "not wanted");
+  desktop_->YesNoAnswers = {false};
+  Load("cards.txt");
+  Choose(1);
+  Type(form_.DescText, "new");
+  desktop_->ExpectedMessages = {
+      "Can't keep a copy of unsaved changes as /game/cards.txt.unsaved: there are 9 others "
+      "already"};
+  PassAMinute();
+  PassAMinute();
+  EXPECT_EQ(ReadFile(kCopy), "not wanted");
+  desktop_->YesNoAnswers = {false};  // no other file then
+  Load("cards.txt");
+  EXPECT_EQ(form_.DescText.Text.Get(), "new");
+  files_->Remove("/game/cards-unsaved-4.txt");
+  PassAMinute();
+  EXPECT_TRUE(CopySays("new"));
+  EXPECT_EQ(ReadFile("cards-unsaved-4.txt"), "not wanted");
+}
+
 TEST_F(UnsavedCopyTest, CardsOfNoFileHaveACopyAsWell) {
   OpenCardEditor();
   Type(form_.CardText[0], "Gnu");  // a card of no list yet

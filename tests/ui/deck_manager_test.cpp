@@ -113,14 +113,14 @@ TEST_F(DeckManagerTest, TheRulesOfTheGameRefuseCardsAndDecks) {
 TEST_F(DeckManagerTest, EachModeShowsWhatItNeedsAndCopiesOrMoves) {
   struct Case {
     int Mode;
-    bool Plays, Back, LoadsOpponents;
+    bool Plays, Back, LoadsOpponents, Decks;  ///< what is there
     const char* FirstOption;
     const char* AfterClicks;  // deck and collection after a click on each
   };
   const std::vector<Case> cases = {
-      {kOwnCards, true, true, false, "Deck #1", "Elf | Elf - "},
-      {kNewOpponent, false, false, true, "Deck #1", "Elf | Elf Elf "},
-      {kTestPosition, true, false, true, "In Player's Hand", "Elf | Elf Elf "}};
+      {kOwnCards, true, true, false, true, "Deck #1", "Elf | Elf - "},
+      {kNewOpponent, false, false, true, true, "Deck #1", "Elf | Elf Elf "},
+      {kTestPosition, true, false, true, false, "In Player's Hand", "Elf | Elf Elf "}};
   for (const Case& mode : cases) {
     Own({"Elf", "Elf"});
     State().Decks[1].Cards.Reset(1);
@@ -129,6 +129,14 @@ TEST_F(DeckManagerTest, EachModeShowsWhatItNeedsAndCopiesOrMoves) {
     EXPECT_EQ(form_.Command5.Visible, mode.Plays) << mode.Mode;
     EXPECT_EQ(form_.backmen.Visible, mode.Back) << mode.Mode;
     EXPECT_EQ(form_.loadoppmen.Visible, mode.LoadsOpponents) << mode.Mode;
+    const bool own = mode.Mode == kOwnCards;
+    EXPECT_EQ(form_.savedeckmen.Visible && form_.loadplrmen.Visible && form_.Command3.Visible, own);
+    EXPECT_EQ(form_.savedeckmen.Visible || form_.loadplrmen.Visible || form_.Command3.Visible, own);
+    for (const bool shown :
+         {form_.Command4[0]->Visible.Get(), form_.Command4[2]->Visible.Get(),
+          form_.saveasopponent.Visible.Get(), form_.savestarterdeckmen.Visible.Get()}) {
+      EXPECT_EQ(shown, mode.Decks) << mode.Mode;
+    }
     EXPECT_EQ(form_.Option1[0]->Caption.Get(), mode.FirstOption);
     ClickCollection(0);
     ClickCollection(0);

@@ -121,6 +121,53 @@ TEST_F(ControlsTest, WhatTheUserDoesIsStoredAndToldOnce) {
   EXPECT_TRUE(form_.Options[1].Value && !form_.Options[0].Value) << "one of an array is chosen";
 }
 
+TEST_F(ControlsTest, ItemsOpenByDoubleClickAndEnter) {
+  auto* list = Find<QListWidget>(form_, form_.List);
+  const auto centre = [list](int row) { return list->visualItemRect(list->item(row)).center(); };
+  const auto doubleClick = [&](int row) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, centre(row));
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, centre(row));
+  };
+  doubleClick(0);
+  QTest::keyClick(list, Qt::Key_Return);
+  std::string opened;
+  form_.List.Open = [this, &opened] {
+    opened += form_.List.Items.Get()[static_cast<std::size_t>(form_.List.Selected - 1)] + " ";
+    form_.List.Items = {"Up", "Gamma"};
+    form_.List.Selected = 2;
+  };
+  doubleClick(1);
+  EXPECT_EQ(opened, "Beta ");
+  for (const auto key : {Qt::Key_Return, Qt::Key_Up, Qt::Key_Enter}) QTest::keyClick(list, key);
+  EXPECT_EQ(opened, "Beta Gamma Up ");
+  form_.List.Items = {};
+  form_.List.Selected = 0;
+  QTest::keyClick(list, Qt::Key_Return);
+  EXPECT_EQ(opened, "Beta Gamma Up ") << "there is nothing to open";
+}
+
+TEST_F(DesktopTest, EscapePressesTheButtonThatCancels) {
+  Form form("Form");
+  Button other("Other"), cancel("Cancel");
+  TextBox text("Text");
+  PictureBox picture("Picture");
+  picture.MouseUp = [](MouseButton) {};
+  int pressed = 0;
+  cancel.Cancel = true;
+  cancel.Click = [&pressed] { ++pressed; };
+  Show(form, {Cell(other), Cell(text), Cell(picture, 60, 90), Cell(cancel)});
+  ASSERT_TRUE(QTest::qWaitForWindowActive(Window(form)));
+  for (const Control* control : std::initializer_list<Control*>{&other, &text, &picture}) {
+    Find(form, *control)->setFocus();
+    QTest::keyClick(Find(form, *control), Qt::Key_Escape);
+  }
+  EXPECT_EQ(pressed, 3);
+  cancel.Enabled = false;
+  QTest::keyClick(Find(form, text), Qt::Key_Escape);
+  EXPECT_EQ(pressed, 3);
+  desktop_->CloseWindows();
+}
+
 TEST_F(ControlsTest, ItemsOfOneTextAreToldApart) {
   int clicks = 0;
   form_.Combo.Click = [&clicks] { ++clicks; };

@@ -41,5 +41,25 @@ TEST_F(DesktopTest, FileDialogsTakePatternsAndCompleteNames) {
   }
 }
 
+TEST_F(DesktopTest, FolderDialogsGiveAFolderThatIsThere) {
+  ASSERT_TRUE(QDir(folder_.path()).mkdir("sub"));
+  const std::string sub = folder_.path().toStdString() + "/sub";
+  for (const char* typed : {"sub", "sub/", ""}) {
+    Later([&] {
+      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      EXPECT_EQ(dialog->windowTitle(), "Where to?");
+      if (*typed == '\0') return dialog->reject();
+      dialog->findChild<QLineEdit*>("fileNameEdit")->setText(folder_.path() + "/" + typed);
+      static_cast<QDialog*>(dialog)->accept();
+    });
+    const std::optional<std::string> chosen = desktop_->AskFolder("Where to?");
+    EXPECT_EQ(chosen, *typed == '\0' ? std::nullopt : std::optional(sub)) << typed;
+  }
+  const std::vector<std::string> drives = desktop_->Drives();
+  EXPECT_EQ(drives.front(), QDir::homePath().toStdString());
+  EXPECT_EQ(drives.back(), "/");
+}
+
 }  // namespace
 }  // namespace brindlemoor

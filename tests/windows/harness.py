@@ -210,10 +210,12 @@ class Program:
                    lambda: not self.find(kind, name, text), seconds)
 
     def at_rest(self, kind, name=None, text=None):
-        """Something as soon as it is there and has stopped moving."""
+        """Something as soon as it is there and has stopped moving; a busy program reports late."""
         place = self.wait_for(kind, name, text)
         while True:
-            time.sleep(0.25)
+            before = self._report.stat().st_mtime_ns
+            time.sleep(0.15)
+            wait_until("a new report", lambda old=before: self._report.stat().st_mtime_ns != old)
             again = self.wait_for(kind, name, text)
             if again == place:
                 return place
@@ -241,6 +243,13 @@ class Program:
         self.click("field")
         self.display.type(text)
         self.click("button", "OK")
+
+    def fill_screen(self, title):
+        """Makes a window as large as the screen and waits until its controls have moved."""
+        place = (0, 0, self.display.width, self.display.height)
+        self.display.fill_screen(title)
+        wait_until(f"{title} on the whole screen", lambda: any(
+            p.kind == "window" and (p.x, p.y, p.width, p.height) == place for p in self.places()))
 
     def page(self, name="Display.html"):
         path = self.folder / name

@@ -1,7 +1,11 @@
 // Picture boxes: keys, dragging, where the focus goes, and what stands in for a missing picture.
 #include <QImage>
+#include <algorithm>
+#include <tuple>
 
+#include "core/text.h"
 #include "platform/qt/style.h"
+#include "platform/raster.h"
 #include "tests/windows/desktop_test.h"
 
 namespace brindlemoor {
@@ -253,6 +257,111 @@ TEST_F(PictureBoxTest, ABadgeIsReadOnAnyPicture) {
     }
   }
   EXPECT_GE(Contrast(TextColor(), BadgeColor()), 7);
+}
+
+/// A drawing of one colour.
+std::shared_ptr<const Raster> Drawn(int width, int height, std::int32_t color) {
+  auto drawing = std::make_shared<Raster>(width, height);
+  for (int y = 0; y < height; ++y) std::fill_n(drawing->Row(y), width, color);
+  return drawing;
+}
+
+TEST_F(PictureBoxTest, ADrawingStandsInPlaceOfTheFile) {
+  Widget(10)->setFocus();
+  const auto face = [this] { return Widget(0)->grab().toImage(); };
+  Box(0).Picture = Save("green.png", Qt::green).toStdString();
+  const auto red = Drawn(20, 20, 0xFF0000);
+  for (const auto& [drawing, color, count] :
+       {std::tuple{red, Qt::red, 60 * 60},
+        {Drawn(40, 20, 0x0000FF), Qt::blue, 60 * 30},
+        {Drawn(0, 0, 0), Qt::red, 0},
+        {red, Qt::red, 60 * 60},
+        {std::shared_ptr<const Raster>(), Qt::green, 60 * 90}}) {
+    Box(0).Drawing = drawing;
+    EXPECT_EQ(Count(face(), face().rect(), color), count);
+  }
+}
+
+TEST_F(PictureBoxTest, PlacesOfAPictureInItsOwnSizeAreTold) {
+  PictureBox& box = Box(0);
+  const auto tell = [this](const char* what) {
+    return [this, what](int x, int y) { told_ += Joined(what, x, ",", y, " "); };
+  };
+  box.PointMove = tell("over");
+  box.PointUp = tell("up");
+  QTest::mouseClick(Widget(0), Qt::LeftButton, {}, {5, 5});
+  EXPECT_EQ(told_, "left0 ") << "no picture, no place";
+  box.Picture = Save("red.png", Qt::red).toStdString();
+  box.ViewWidth = 50;
+  box.ViewHeight = 20;
+  Widget(10)->setFocus();
+  QImage face = Widget(0)->grab().toImage();
+  EXPECT_EQ(Count(face, {0, 0, 50, 20}, Qt::red), 50 * 20);
+  EXPECT_EQ(Count(face, face.rect(), Qt::red), 50 * 20);
+  const struct {
+    QPoint Place;
+    Qt::MouseButton Button;
+    const char* Told;
+  } clicks[] = {
+      {{1, 0}, Qt::LeftButton, "up1,0 left0 "}, {{49, 19}, Qt::LeftButton, "up49,19 left0 "},
+      {{50, 19}, Qt::LeftButton, "left0 "},     {{49, 20}, Qt::LeftButton, "left0 "},
+      {{10, 10}, Qt::RightButton, "right0 "},
+  };
+  for (const auto& [place, button, told] : clicks) {
+    told_.clear();
+    QTest::mouseClick(Widget(0), button, {}, place);
+    EXPECT_EQ(told_, told);
+  }
+  told_.clear();
+  for (const QPoint place : {QPoint(7, 8), QPoint(7, 25)}) {
+    QMouseEvent event(QEvent::MouseMove, place, Widget(0)->mapToGlobal(place), Qt::NoButton, {},
+                      {});
+    QApplication::sendEvent(Widget(0), &event);
+  }
+  EXPECT_EQ(told_, "move0 over7,8 move0 ");
+  box.ViewWidth = 0;
+  box.ViewHeight = 0;
+  box.Drawing = Drawn(20, 20, 0);  // 60 by 60 in the middle
+  face = Widget(0)->grab().toImage();
+  told_.clear();
+  for (const int y : {14, 15, 74, 75}) QTest::mouseClick(Widget(0), Qt::LeftButton, {}, {1, y});
+  EXPECT_EQ(told_, "left0 up1,0 left0 up1,59 left0 left0 ");
+}
+
+TEST_F(PictureBoxTest, MarksAreSeenOnAnyPictureAndStayOnIt) {
+  Widget(10)->setFocus();
+  Box(0).ViewWidth = 50;
+  Box(0).ViewHeight = 50;
+  for (const std::int32_t color : {0x000000, 0xFFFFFF, 0x808080}) {
+    for (const bool guide : {false, true}) {
+      const QColor ground = QColor::fromRgb(static_cast<QRgb>(color));
+      Box(0).Drawing = Drawn(50, 50, color);
+      Box(0).Marks = std::vector<PictureMark>{{10, 10, 30, 30, guide}, {-40, -40, 99, 99, guide}};
+      const QImage face = Widget(0)->grab().toImage();
+      double strongest = 1;
+      for (int x = 11; x < 30; ++x) {
+        for (const int y : {9, 10, 11}) {
+          strongest = std::max(strongest, Contrast(face.pixelColor(x, y), ground));
+        }
+      }
+      EXPECT_GE(strongest, guide ? 1.8 : 3) << color;
+      EXPECT_EQ(Count(face, {12, 12, 16, 16}, ground), 16 * 16) << color;
+      EXPECT_EQ(Count(face, {0, 50, 60, 40}, face.pixelColor(59, 89)), 60 * 40) << color;
+    }
+  }
+}
+
+TEST_F(PictureBoxTest, AnEmptyPlaceHasAFrameWhereItIsWanted) {
+  Widget(10)->setFocus();
+  const auto face = [this] { return Widget(0)->grab().toImage(); };
+  const QColor window = face().pixelColor(30, 45);
+  EXPECT_EQ(Count(face(), face().rect(), window), 60 * 90);
+  Box(0).FrameWhenEmpty = true;
+  const int framed = 60 * 90 - Count(face(), face().rect(), window);
+  EXPECT_GE(framed, 2 * (60 + 90) - 30);
+  EXPECT_LE(framed, 2 * (60 + 90) + 30);
+  Box(0).Picture = Save("red.png", Qt::red).toStdString();
+  EXPECT_EQ(Count(face(), face().rect(), Qt::red), 60 * 90);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 import os
 import re
 import shutil
+import time
 from pathlib import Path
 
 import harness
@@ -25,12 +26,13 @@ class ShippedGameTest(harness.WindowTest):
         self.run_.click("control", text="New Player")
         self.run_.answer("Ann")
         self.run_.wait_for("link", text="Oona Ebb")
-        self.display.fill_screen(TITLE)
+        self.run_.fill_screen(TITLE)
 
     def keep(self, name):
         """A picture of the screen for people to look at, where a folder is given."""
         target = os.environ.get("BRINDLEMOOR_SCREENSHOTS", "")
         if target:
+            time.sleep(0.3)  # until the views show their pages
             self.display.screenshot(Path(target) / f"{self.pictures}-{self.screen}-{name}.png")
 
     def report(self):

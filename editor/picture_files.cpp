@@ -1,0 +1,115 @@
+// Names, places, reading and writing of card pictures.
+#include "editor/picture_files.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "core/fold.h"
+#include "core/paths.h"
+#include "images/image_bridge.h"
+#include "platform/controls.h"
+#include "platform/platform.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kHexadecimal = 16;
+constexpr std::uint32_t kColorBits = 0xFFFFFF;
+constexpr int kToldNames = 10;
+constexpr std::array<std::string_view, 5> kPictureExtensions = {"bmp", "jpg", "jpeg", "gif", "png"};
+/// Characters that separate folders, or that pages and other systems take for something else.
+constexpr std::string_view kNotInNames = "/\\:*?\"<>|#%";
+
+bool FitsInName(std::string_view text, std::size_t at) {
+  const char character = text[at];
+  if (static_cast<unsigned char>(character) < ' ' || character == '\x7F') return false;
+  const bool dots =
+      character == '.' && (text.substr(at + 1).starts_with('.') || (at > 0 && text[at - 1] == '.'));
+  return !dots && kNotInNames.find(character) == std::string_view::npos;
+}
+
+}  // namespace
+
+std::string FindPicture(std::string_view name, const std::string& cardFolder) {
+  if (name.empty()) return "";
+  std::string path = ResolvePath(name, 0);
+  if (!path.empty() || cardFolder.empty()) return path;
+  const std::string file = FileNameOf(name);
+  if (file.empty() || file == "." || file == "..") return "";
+  path = cardFolder + file;
+  return Desktop().Files().Exists(path) ? path : std::string();
+}
+
+std::string MiniOf(const std::string& path) {
+  const std::size_t dot = path.rfind('.');
+  const std::size_t end = dot == std::string::npos ? path.size() : dot;
+  return path.substr(0, end) + "-mini" + path.substr(end);
+}
+
+std::string CardImageName(std::string_view uniqueId, std::string_view ending) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string id(uniqueId);
+  std::erase(id, ' ');
+  std::string name = "Card-";
+  for (std::size_t at = 0; at < id.size(); ++at) {
+    const auto byte = static_cast<unsigned char>(id[at]);
+    if (FitsInName(id, at)) {
+      name += id[at];
+    } else {
+      name += Joined('_', kDigits[byte >> 4U], kDigits[byte & 0xFU]);
+    }
+  }
+  return name.append(ending);
+}
+
+bool IsPictureName(std::string_view path) {
+  const std::string extension = cGdiPlus::FileExtension(path);
+  return std::ranges::any_of(kPictureExtensions,
+                             [&](std::string_view known) { return FoldEquals(known, extension); });
+}
+
+std::int32_t FrameColorOf(const Text& color) {
+  std::string digits = color.Str();
+  std::erase(digits, '#');
+  std::uint32_t value = 0;
+  const char* end = digits.data() + digits.size();
+  const auto [stop, error] = std::from_chars(digits.data(), end, value, kHexadecimal);
+  return error == std::errc() && stop == end ? static_cast<std::int32_t>(value & kColorBits) : 0;
+}
+
+std::optional<Raster> ReadPicture(std::string_view file, std::string& error) {
+  cGdiPlus bridge([&error](int, const std::string& text) { error = text; });
+  return bridge.FilenameToIPicture(file);
+}
+
+std::string CheckPicture(std::string_view file) {
+  std::string error;
+  cGdiPlus bridge([&error](int, const std::string& text) { error = text; });
+  bridge.SizeOfFile(file);
+  return error;
+}
+
+std::string WritePicture(const PictureBox& box, std::string_view file, int quality) {
+  std::string error;
+  cGdiPlus bridge([&error](int, const std::string& text) { error = text; });
+  if (bridge.PictureBoxToFile(box, file, quality)) return "";
+  return error.empty() ? "pictures are not written to files of this kind" : error;
+}
+
+void ShortList::Add(std::string_view name) {
+  if (count_++ >= kToldNames) return;
+  if (!names_.empty()) names_ += ", ";
+  names_ += name;
+}
+
+std::string ShortList::Told() const {
+  return count_ <= kToldNames ? names_ : Joined(names_, " and ", count_ - kToldNames, " more");
+}
+
+std::string CountText(int count, std::string_view what) {
+  return Joined(count, " ", what, count == 1 ? "" : "s");
+}
+
+}  // namespace brindlemoor
