@@ -1,31 +1,14 @@
 // CardReader: the walk through a file, its numbers and its piles.
 #include "data/card_reading.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "core/cards.h"
-#include "core/fold.h"
 #include "core/limits.h"
 #include "core/state.h"
 #include "core/strings.h"
 
 namespace brindlemoor {
-
-namespace {
-
-bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-
-bool IsColor(std::string_view text) {
-  return text.size() == 7 &&
-         std::all_of(text.begin() + 1, text.end(), [](char c) { return c >= 'A' && c <= 'F'; });
-}
-
-bool IsDirectiveCase(std::string_view text) {
-  return std::all_of(text.begin() + 1, text.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
-}
-
-}  // namespace
 
 CardReader::CardReader(std::string_view file, std::string bytes, PlayerState& player,
                        ReadOptions options)
@@ -76,26 +59,9 @@ bool CardReader::ReadFields(const DirectiveRow& row) {
   return true;
 }
 
-/// A word that begins with "#" may be a comment, a colour or the mistake of an author.
 void CardReader::NoteUnknownWord() {
-  const std::string_view word = word_;
-  std::size_t end = 1;
-  while (end < word.size() && IsLetter(word[end])) ++end;
-  const std::string_view letters = word.substr(0, end);
-  const bool whole = end == word.size();
-  if (end < 3 || IsForeignDirective(letters)) return;
-  if (!whole) {
-    if (FindDirective(letters) != nullptr) {
-      Problem(Joined("a comma is missing behind ", letters));
-    }
-    return;
-  }
-  const std::string folded = FoldUpper(letters);
-  if (FindDirective(folded) != nullptr) {
-    Problem(Joined("\"", word, "\" is no directive; \"", folded, "\" is written in capitals"));
-  } else if (IsDirectiveCase(word) && !IsColor(word)) {
-    Problem(Joined("\"", word, "\" is no directive"));
-  }
+  const std::string problem = ProblemOfWord(word_);
+  if (!problem.empty()) Problem(problem);
 }
 
 void CardReader::Problem(std::string_view message) const { AddProblem(file_, line_, message); }

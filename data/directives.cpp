@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "core/fold.h"
+#include "core/text.h"
 #include "data/card_reading.h"
 
 namespace brindlemoor {
@@ -15,6 +17,17 @@ constexpr std::string_view kReference = "name, file";
 
 constexpr std::array<std::string_view, 4> kForeignDirectives = {"#GAMERULES", "#GAME",
                                                                 "#PLAYERDECK", "#PLAYERPROFILE"};
+
+bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+bool IsColor(std::string_view text) {
+  return text.size() == 7 &&
+         std::all_of(text.begin() + 1, text.end(), [](char c) { return c >= 'A' && c <= 'F'; });
+}
+
+bool IsDirectiveCase(std::string_view text) {
+  return std::all_of(text.begin() + 1, text.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
+}
 
 }  // namespace
 
@@ -96,6 +109,22 @@ const DirectiveRow* FindDirective(std::string_view word) {
 const LocationRow* FindLocation(std::string_view word) {
   const auto row = std::ranges::find(kLocationRows, word, &LocationRow::Word);
   return row == kLocationRows.end() ? nullptr : &*row;
+}
+
+std::string ProblemOfWord(std::string_view word) {
+  std::size_t end = 1;
+  while (end < word.size() && IsLetter(word[end])) ++end;
+  const std::string_view letters = word.substr(0, end);
+  const bool whole = end == word.size();
+  if (end < 3 || IsForeignDirective(letters)) return "";
+  if (!whole) {
+    return FindDirective(letters) == nullptr ? "" : Joined("a comma is missing behind ", letters);
+  }
+  const std::string folded = FoldUpper(letters);
+  if (FindDirective(folded) != nullptr) {
+    return Joined("\"", word, "\" is no directive; \"", folded, "\" is written in capitals");
+  }
+  return IsDirectiveCase(word) && !IsColor(word) ? Joined("\"", word, "\" is no directive") : "";
 }
 
 bool IsForeignDirective(std::string_view word) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 #include <string_view>
 
 namespace brindlemoor {
@@ -53,6 +54,10 @@ extern const std::array<LocationRow, 12> kLocationRows;
 /// The row of a directive or location word (exact), nullptr for an unknown one.
 const DirectiveRow* FindDirective(std::string_view word);
 const LocationRow* FindLocation(std::string_view word);
+
+/// What is wrong with a word that begins with "#" and is no directive; "" for what may be a
+/// comment, a colour, or the directive of another reader.
+std::string ProblemOfWord(std::string_view word);
 
 /// True for directives that other readers of the same files know.
 bool IsForeignDirective(std::string_view word);

@@ -34,6 +34,7 @@ bool FieldStream::Read(std::string& field) {
   if (position_ >= text_.size()) return false;
   while (position_ < text_.size() && IsBlank(text_[position_])) ++position_;
   fieldLine_ = line_;
+  fieldOffset_ = position_;
   if (position_ < text_.size() && text_[position_] == '"') {
     ReadQuoted(field);
   } else {
@@ -51,6 +52,7 @@ void FieldStream::ReadPlain(std::string& field) {
 
 void FieldStream::ReadQuoted(std::string& field) {
   const std::size_t start = position_ + 1;
+  fieldOffset_ = start;
   const std::size_t quote = text_.find('"', start);
   unclosed_ = quote == std::string::npos;
   const std::size_t end = unclosed_ ? text_.size() : quote;

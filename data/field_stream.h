@@ -1,6 +1,7 @@
 // FieldStream: a text file read field by field, as card files and profile lists are.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,10 @@ class FieldStream {
   bool Read(std::string& field);
   /// 1-based line on which the field read last began.
   int Line() const { return fieldLine_; }
+  /// Byte of Text() at which the content of the field read last began, behind a double quote.
+  std::size_t Offset() const { return fieldOffset_; }
+  /// The decoded text of the file.
+  const std::string& Text() const { return text_; }
   /// True when the field read last began with a double quote that the file never closes.
   bool Unclosed() const { return unclosed_; }
 
@@ -29,6 +34,7 @@ class FieldStream {
   std::size_t position_ = 0;
   int line_ = 1;
   int fieldLine_ = 1;
+  std::size_t fieldOffset_ = 0;
   bool unclosed_ = false;
 };
 

@@ -74,6 +74,12 @@ bool Breaks(const RuleKind& kind, const Card& card, int deckNo, const Wording& r
 
 }  // namespace
 
+std::vector<std::string_view> DeckRuleWords() {
+  std::vector<std::string_view> words;
+  for (const RuleKind& kind : kRuleKinds) words.push_back(kind.Keyword);
+  return words;
+}
+
 double DeckTraitSum(std::string_view trait, int deckNo, std::string_view uniqueId) {
   if (!State().Decks.Holds(deckNo)) return 0;
   double sum = 0;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/records.h"
 
@@ -22,5 +23,8 @@ double DeckTraitSum(std::string_view trait, int deckNo, std::string_view uniqueI
 /// one speaks. message is written only when a rule speaks. Returns a DeckVerdict.
 std::uint8_t CheckDeckRules(const Card& card, int deckNo, std::string_view rules,
                             std::string& message);
+
+/// The keywords of deck rules, each followed by a trait and a number.
+std::vector<std::string_view> DeckRuleWords();
 
 }  // namespace brindlemoor

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "check/findings_page.h"
 #include "core/fold.h"
 #include "core/limits.h"
 #include "core/pages.h"
@@ -228,6 +229,7 @@ std::string ComposeGameList() {
 
 void ShowGameList() {
   AppendPage(ComposeGameList());
+  if (State().DebugMode == 1) AppendPage(FindingsPage(State().ProgramFolder));
   WritePage("Display.html", "#000000");
   ShowMain("Display.html");
 }

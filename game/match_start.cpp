@@ -66,29 +66,6 @@ bool CanRead(std::string_view file) {
   return false;
 }
 
-/// Reads the rules and the opponent. False when one of the files has vanished; then none was read.
-bool ReadMatchFiles(int gameIndex, int opponentIndex) {
-  Session& session = State();
-  const Text rules = session.Games[gameIndex].RulesFile;
-  const Text opponent = session.Games[gameIndex].OpponentFiles[opponentIndex];
-  const Text folder = session.Games[gameIndex].Folder;
-  EnterProgramFolder();
-  if (!CanRead(rules) || !CanRead(opponent)) return false;
-  session.StarterDeckFlag = 0;
-  ForgetRules();
-  // The list shows over the two default player cards; what else lies there came from rules files.
-  session.CardTable.Resize(std::max(session.Players[1].PlayerCard, session.Players[2].PlayerCard));
-  session.Sideboard.Reset(1);
-  InitPlayer(session.GameDeck, 4);
-  ReadCards(rules, session.GameDeck, 0, "", 0);
-  session.Profile.RulesFile = rules;
-  session.CurrentFolder = folder.empty() ? session.ProgramFolder : InProgramFolder(folder);
-  session.CurrentGame = static_cast<std::int16_t>(gameIndex);
-  ReadCards(opponent, session.Players[2], 0, "", 0);
-  EnterProgramFolder();
-  return true;
-}
-
 /// The cards of another game's player file are not of this game.
 void OwnNothing() {
   Session& session = State();
@@ -160,14 +137,35 @@ std::vector<int> OpenStore() {
 
 }  // namespace
 
+bool ReadMatchFiles(int gameIndex, int opponentIndex) {
+  Session& session = State();
+  const Text rules = session.Games[gameIndex].RulesFile;
+  const Text opponent = session.Games[gameIndex].OpponentFiles[opponentIndex];
+  const Text folder = session.Games[gameIndex].Folder;
+  EnterProgramFolder();
+  if (!CanRead(rules) || !CanRead(opponent)) return false;
+  session.StarterDeckFlag = 0;
+  ForgetRules();
+  // The list shows over the two default player cards; what else lies there came from rules files.
+  session.CardTable.Resize(std::max(session.Players[1].PlayerCard, session.Players[2].PlayerCard));
+  session.Sideboard.Reset(1);
+  InitPlayer(session.GameDeck, 4);
+  ReadCards(rules, session.GameDeck, 0, "", 0);
+  session.Profile.RulesFile = rules;
+  session.CurrentFolder = folder.empty() ? session.ProgramFolder : InProgramFolder(folder);
+  session.CurrentGame = static_cast<std::int16_t>(gameIndex);
+  ReadCards(opponent, session.Players[2], 0, "", 0);
+  EnterProgramFolder();
+  return true;
+}
+
 void LoadDeckIntoPlayer(PlayerState& player, int deckNumber) {
   if (!State().Decks.Holds(deckNumber)) return;
   player.Deck = State().Decks[deckNumber].Cards;
   ShufflePile(player);
 }
 
-void BeginGame() {
-  RefreshPlayers();
+void BringInStartingCards() {
   for (int side = 1; side <= 2; ++side) {
     PlayerState& player = State().Players[side];
     // Cards that come into the pile meanwhile stay there.
@@ -181,6 +179,11 @@ void BeginGame() {
     }
   }
   FireTrigger(State().RulesCard, "GAMESTART");
+}
+
+void BeginGame() {
+  RefreshPlayers();
+  BringInStartingCards();
 }
 
 namespace {

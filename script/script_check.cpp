@@ -61,6 +61,7 @@ class Checker {
 
   std::size_t CheckWord(std::size_t at);
   std::size_t CheckUnknownWord(std::size_t at);
+  void ReportStranger(std::size_t at);
   std::size_t CheckCommand(const Command& row, std::size_t at);
   bool IsMissing(ArgumentKind kind, std::size_t at) const;
   std::size_t CheckArgument(const Command& row, ArgumentKind kind, std::size_t at, bool inRest);
@@ -72,6 +73,8 @@ class Checker {
   std::size_t unknownWords_ = 0;
   bool inUnknown_ = false;         ///< the field before was no command, and neither was one meant
   std::size_t behindMessage_ = 0;  ///< field behind a message
+  std::size_t behindCommand_ = 0;  ///< field behind a command's arguments
+  const Command* last_ = nullptr;  ///< that command
   bool acted_ = false;             ///< an effect stands before
   Words changed_;                  ///< traits that the effects before change
 };
@@ -100,13 +103,7 @@ std::size_t Checker::CheckUnknownWord(std::size_t at) {
   ++unknownWords_;
   const std::string nearest = NearestWord(bare, CommandWords());
   if (nearest.empty()) {
-    if (!inUnknown_) {
-      fields_.Add(
-          FindingKind::kUnknownCommand, at,
-          Joined(
-              Quoted(word), " is no command.",
-              at == behindMessage_ && at > 0 ? " A \":\" in a message is written \"&col\"." : ""));
-    }
+    if (!inUnknown_) ReportStranger(at);
     inUnknown_ = true;
     return at + 1;
   }
@@ -114,6 +111,21 @@ std::size_t Checker::CheckUnknownWord(std::size_t at) {
   fields_.Add(FindingKind::kUnknownCommand, at, Joined(Quoted(word), " is no command."),
               Joined(word.substr(0, word.size() - bare.size()), nearest));
   return CheckCommand(*FindCommand(nearest), at);
+}
+
+/// A word that is no command and near to none: a field too many, where it reads like a value.
+void Checker::ReportStranger(std::size_t at) {
+  const std::string_view word = fields_[at];
+  const bool behindMessage = at == behindMessage_ && at > 0;
+  if (at == behindCommand_ && at > 0 && !behindMessage &&
+      (BeginsWithNumber(word) || FindValueKeyword(word.substr(0, word.find('/'))) != nullptr)) {
+    fields_.Add(FindingKind::kSurplusArgument, at,
+                Joined(Quoted(word), " is one field too many behind ", CommandForm(*last_), "."));
+    return;
+  }
+  fields_.Add(FindingKind::kUnknownCommand, at,
+              Joined(Quoted(word), " is no command.",
+                     behindMessage ? " A \":\" in a message is written \"&col\"." : ""));
 }
 
 /// Checks a command's arguments; the field at which the walk goes on.
@@ -150,7 +162,9 @@ std::size_t Checker::CheckCommand(const Command& row, std::size_t at) {
     return argument;
   }
   if (row.Role == CommandRole::kActs) acted_ = true;
-  return at + 1 + row.Arguments;
+  behindCommand_ = at + 1 + row.Arguments;
+  last_ = &row;
+  return behindCommand_;
 }
 
 /// True when nothing stands where an argument belongs, or the next command does.

@@ -13,6 +13,7 @@ namespace brindlemoor {
 enum class FindingKind : std::uint8_t {
   kUnknownCommand,
   kMissingArgument,  ///< of a command, trigger, target, value keyword or placeholder
+  kSurplusArgument,  ///< a field behind those of a command that is no command itself
   kEmptyFieldEnds,   ///< what stands behind an empty field is never read
   kUnknownTrigger,
   kUnknownTarget,

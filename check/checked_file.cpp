@@ -1,0 +1,149 @@
+// The walk through a card file.
+#include "check/checked_file.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/text.h"
+#include "data/field_stream.h"
+#include "script/word_distance.h"
+
+namespace brindlemoor {
+
+namespace {
+
+/// Directives that the game list and the profiles read, with their fields.
+struct ListDirective {
+  std::string_view Word;
+  int Fields;
+};
+constexpr std::array<ListDirective, 2> kListDirectives = {{{"#GAMERULES", 5}, {"#GAME", 1}}};
+
+constexpr std::size_t kMostFindings = 10'000;
+constexpr int kFullCardFields = 8;
+
+const std::vector<std::string_view>& DirectiveWords() {
+  static const std::vector<std::string_view> words = [] {
+    std::vector<std::string_view> all;
+    for (const DirectiveRow& row : kDirectiveRows) all.push_back(row.Word);
+    return all;
+  }();
+  return words;
+}
+
+bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+
+CheckedField Taken(const FieldStream& stream, std::string text) {
+  return {std::move(text), stream.Offset(), stream.Line()};
+}
+
+}  // namespace
+
+CheckedFile::CheckedFile(std::string path, std::string bytes) : path_(std::move(path)) {
+  FieldStream stream(std::move(bytes));
+  text_ = stream.Text();
+  lineStarts_.push_back(0);
+  for (std::size_t at = 0; at < text_.size(); ++at) {
+    const bool ends = text_[at] == '\n' ||
+                      (text_[at] == '\r' && (at + 1 == text_.size() || text_[at + 1] != '\n'));
+    if (ends) lineStarts_.push_back(at + 1);
+  }
+  Walk(stream);
+}
+
+FilePlace CheckedFile::PlaceOf(std::size_t offset) const {
+  const auto behind = std::ranges::upper_bound(lineStarts_, offset);
+  const std::size_t start = *(behind - 1);
+  const std::string_view before =
+      std::string_view(text_).substr(start, std::min(offset, text_.size()) - start);
+  const auto column = 1 + std::ranges::count_if(before, [](char c) { return !IsContinuation(c); });
+  return {static_cast<int>(behind - lineStarts_.begin()), static_cast<int>(column)};
+}
+
+Finding CheckedFile::At(std::size_t offset, FindingCode code, std::string text,
+                        std::string suggestion) const {
+  return {path_, PlaceOf(offset), code, std::move(text), std::move(suggestion)};
+}
+
+void CheckedFile::Note(std::size_t offset, FindingCode code, std::string text,
+                       std::string suggestion) {
+  if (findings_.size() >= kMostFindings) return;
+  findings_.push_back(At(offset, code, std::move(text), std::move(suggestion)));
+}
+
+void CheckedFile::Walk(FieldStream& stream) {
+  for (std::string word; stream.Read(word);) {
+    CheckedField head = Taken(stream, word);
+    if (stream.Unclosed()) {
+      Note(head.Offset, FindingCode::kUnclosedQuote,
+           "This double quote is never closed; the rest of the file is not read.");
+      return;
+    }
+    if (!word.starts_with('#')) {
+      NoteLeftOver(head);
+      continue;
+    }
+    const DirectiveRow* row = FindDirective(word);
+    const auto* listed = std::ranges::find(kListDirectives, word, &ListDirective::Word);
+    if (row == nullptr && listed == kListDirectives.end()) {
+      NoteWord(head);
+      continue;
+    }
+    CheckedDirective directive{
+        row != nullptr ? row->Word : listed->Word, row, std::move(head), {}, false};
+    if (!ReadFields(stream, directive, row != nullptr ? row->Fields : listed->Fields)) return;
+    directives_.push_back(std::move(directive));
+  }
+}
+
+bool CheckedFile::ReadFields(FieldStream& stream, CheckedDirective& directive, int count) {
+  directiveLine_ = directive.Head.Line;
+  for (int number = 1; number <= count; ++number) {
+    std::string text;
+    if (!stream.Read(text)) {
+      Note(directive.Head.Offset, FindingCode::kCutOff,
+           Joined("The file ends in the middle of ", directive.Word, ", behind ", number - 1,
+                  " of ", count, " fields."));
+      return false;
+    }
+    CheckedField field = Taken(stream, std::move(text));
+    if (stream.Unclosed()) {
+      Note(field.Offset, FindingCode::kUnclosedQuote,
+           Joined("This double quote in ", directive.Word,
+                  " is never closed; the rest of the file is not read."));
+      return false;
+    }
+    const bool location = count == kFullCardFields && number == 1;
+    if (!location && !directive.Moved && FindDirective(field.Text) != nullptr) {
+      directive.Moved = true;
+      Note(field.Offset, FindingCode::kMovedField,
+           Joined("\"", field.Text, "\" stands where field ", number, " of ", directive.Word,
+                  " belongs; a field is missing before it."));
+    }
+    directiveLine_ = field.Line + static_cast<int>(std::ranges::count(field.Text, '\n'));
+    directive.Fields.push_back(std::move(field));
+  }
+  return true;
+}
+
+void CheckedFile::NoteWord(const CheckedField& field) {
+  const std::string problem = ProblemOfWord(field.Text);
+  if (problem.empty()) return;
+  std::string sentence = problem + ".";
+  if (sentence.front() >= 'a') sentence.front() = static_cast<char>(sentence.front() - 'a' + 'A');
+  Note(field.Offset, FindingCode::kUnknownDirective, std::move(sentence),
+       NearestWord(field.Text, DirectiveWords()));
+}
+
+/// Behind the fields of a directive, on its line, only another directive may follow.
+void CheckedFile::NoteLeftOver(const CheckedField& field) {
+  if (directives_.empty() || field.Text.empty() || field.Line != directiveLine_) return;
+  if (directives_.back().Moved) return;
+  if (field.Text.starts_with('*') || field.Text.starts_with(';')) return;
+  directives_.back().Moved = true;
+  Note(field.Offset, FindingCode::kMovedField,
+       Joined("One field too many for ", directives_.back().Word,
+              ": a comma inside a text needs double quotes around the text."));
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,23 @@
+// Checking whole folders and lists of card files, across their files.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "check/finding.h"
+
+namespace brindlemoor {
+
+struct CheckResult {
+  std::vector<Finding> Findings;  ///< sorted by place
+  int Files = 0;                  ///< that were read
+  bool CouldRead = true;          ///< false when a path, or a file of a folder, could not be read
+};
+
+/// Checks files, and the card files of folders and of their direct subfolders. A folder is a
+/// program's folder of its own; that of a file is the folder of its game: its own or the one above.
+/// What only all files of a game can tell (traits that nothing gives, decks that break the rules)
+/// is checked for folders. Reads through the desktop of the session, which stays as it is.
+CheckResult CheckPaths(const std::vector<std::string>& paths);
+
+}  // namespace brindlemoor
