@@ -9,6 +9,7 @@
 
 #include "core/cards.h"
 #include "core/fold.h"
+#include "core/match_log.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/traits.h"
@@ -30,19 +31,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kPlayerName = "Auto";
-
-std::string AbsoluteFolder(const std::string& folder) {
-  std::error_code failure;
-  const fs::path absolute = fs::absolute(folder.empty() ? "." : folder, failure);
-  std::string path = absolute.lexically_normal().generic_string();
-  while (path.size() > 1 && path.back() == '/') path.pop_back();
-  return path;
-}
-
-/// Other players' files are not read: a player of the same name would change the match.
-bool BelongsToPlayers(const fs::path& file) {
-  return FoldEquals(file.extension().string(), ".plr") || file.filename() == "PlayerProfiles.txt";
-}
 
 /// The folders of a match.
 struct Stage {
@@ -87,16 +75,9 @@ void OpenSession(const Stage& stage, std::uint64_t seed) {
   State().Desktop = std::move(desktop);
   State().ProgramFolder = stage.Folder;
   State().CurrentFolder = stage.Folder;
+  State().Log = std::make_shared<MatchLog>();
   State().Profile.PlayerName = kPlayerName;
   State().Profiles.Append(State().Profile);
-}
-
-bool IsStarterDeck(const std::string& path) {
-  FieldStream stream(Desktop().Files().Read(path).value_or(""));
-  for (std::string field; stream.Read(field);) {
-    if (field == "#STARTERDECK") return true;
-  }
-  return false;
 }
 
 /// Number of the n-th opponent of the first game that is, or is not, a starter deck or store.
@@ -146,6 +127,7 @@ std::string StartMatch(int opponentNumber) {
   if (!Desktop().Files().Exists(InProgramFolder(PlayerFileName(1)))) {
     return "The game's starter decks give no cards to play with.";
   }
+  State().Log->Events.clear();
   ChooseGame(1, opponent);
   return "";
 }
@@ -164,16 +146,15 @@ std::string Standing(int side) {
   return Joined(card->Name, " HP ", TraitNumber(*card, "HP"));
 }
 
-bool HasLost(int side) {
-  const Card* card = PlayerCardOf(side);
-  return card == nullptr || (HasTrait(*card, "HP", "") && TraitNumber(*card, "HP") <= 0);
-}
-
-/// The engine ends a game without noting who won it: the table tells.
 MatchWinner Winner() {
-  const bool playerLost = HasLost(1);
-  if (State().GameOver == 0 || playerLost == HasLost(2)) return MatchWinner::kNobody;
-  return playerLost ? MatchWinner::kEnemy : MatchWinner::kPlayer;
+  switch (WinnerOf(*State().Log)) {
+    case 1:
+      return MatchWinner::kPlayer;
+    case 2:
+      return MatchWinner::kEnemy;
+    default:
+      return MatchWinner::kNobody;
+  }
 }
 
 /// Keeps the page shown last.
@@ -203,6 +184,28 @@ constexpr std::array<std::string_view, 3> kVerdicts = {"no decision", "the playe
                                                        "the enemy wins"};
 
 }  // namespace
+
+std::string AbsoluteFolder(const std::string& folder) {
+  std::error_code failure;
+  const fs::path absolute = fs::absolute(folder.empty() ? "." : folder, failure);
+  std::string path = absolute.lexically_normal().generic_string();
+  while (path.size() > 1 && path.back() == '/') path.pop_back();
+  return path;
+}
+
+// Other players' files are not read: a player of the same name would change the match.
+bool BelongsToPlayers(std::string_view file) {
+  const fs::path path(file);
+  return FoldEquals(path.extension().string(), ".plr") || path.filename() == "PlayerProfiles.txt";
+}
+
+bool IsStarterDeck(const std::string& path) {
+  FieldStream stream(Desktop().Files().Read(path).value_or(""));
+  for (std::string field; stream.Read(field);) {
+    if (field == "#STARTERDECK") return true;
+  }
+  return false;
+}
 
 AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::ostream& out) {
   Stage stage;

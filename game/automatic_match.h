@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <iosfwd>
 #include <string>
+#include <string_view>
 
 namespace brindlemoor {
 
@@ -29,5 +30,12 @@ struct AutomaticMatchResult {
 /// and the result. The same seed and files give the same lines and pages. Begins with a fresh
 /// session and leaves it as the match ended.
 AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::ostream& out);
+
+/// The absolute path of a folder, without a separator behind it.
+std::string AbsoluteFolder(const std::string& folder);
+/// True for player files and the list of profiles.
+bool BelongsToPlayers(std::string_view file);
+/// True for a file that is a starter deck or a card store.
+bool IsStarterDeck(const std::string& path);
 
 }  // namespace brindlemoor

@@ -1,9 +1,9 @@
-// The simplest automatic player for side 1: it queues what it can pay.
+// The automatic player for side 1: it judges its hand as the computer opponent judges its own.
 #include "game/automatic_player.h"
 
 #include "core/cards.h"
 #include "core/state.h"
-#include "game/card_play.h"
+#include "game/hints.h"
 #include "script/target_types.h"
 #include "script/triggers.h"
 
@@ -11,16 +11,15 @@ namespace brindlemoor {
 
 namespace {
 
-void QueuePayableCards() {
+void QueueWorthyCards() {
   Session& session = State();
-  const Pile& hand = session.Players[1].Hand;
   session.PlayQueue = {};
   session.PlayTarget = {};
   int queued = 0;
-  for (int position = 1; position <= hand.UpperBound(); ++position) {
+  for (const HandValue& play : HandValues()) {
     if (queued == session.PlayQueue.UpperBound()) return;
-    if (IsFree(hand[position]) || PayCost(hand[position], 1) != -1) continue;
-    session.PlayQueue[++queued] = static_cast<std::uint8_t>(position);
+    if (!play.IsWorthPlaying()) continue;
+    session.PlayQueue[++queued] = static_cast<std::uint8_t>(play.Position);
   }
 }
 
@@ -41,7 +40,7 @@ void ArmMenuActions(Card& card) {
 }  // namespace
 
 void PlanAutomaticPlays() {
-  QueuePayableCards();
+  QueueWorthyCards();
   Pile& table = State().CardTable;
   for (int slot = 1; slot <= table.UpperBound(); ++slot) {
     if (!IsFree(table[slot]) && table[slot].Owner == 1) ArmMenuActions(table[slot]);

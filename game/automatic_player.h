@@ -1,10 +1,11 @@
-// The simplest automatic player for side 1: it queues what it can pay.
+// The automatic player for side 1: it judges its hand as the computer opponent judges its own.
 #pragma once
 
 namespace brindlemoor {
 
-/// Queues every hand card that can be paid, in hand order, and arms menu actions of side 1 that
-/// have a clean target.
+/// Queues the hand cards that are worth 1 or more and can be paid, best first and without a target,
+/// so that their actions choose as the opponent's do; arms menu actions of side 1 that have a clean
+/// target. The cards are valued on copies: beside the queue and the armed actions nothing changes.
 void PlanAutomaticPlays();
 
 }  // namespace brindlemoor

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/cards.h"
+#include "core/match_log.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "core/traits.h"
@@ -29,6 +30,7 @@ constexpr double kFreeRecord = -100;
 struct Judgement {
   double Love = 0;
   int Count = 0;
+  ValuationNotes* Notes = nullptr;
   double Worth() const { return std::floor(10 * Love / (Count == 0 ? 1 : Count)); }
 };
 
@@ -62,6 +64,9 @@ void TryAction(Card& card, int effect, Judgement& judgement) {
   const Pile& table = State().CardTable;
   if (!table.Holds(slot)) {
     --judgement.Love;
+    if (judgement.Notes != nullptr) {
+      judgement.Notes->Trials.push_back({effect, 0, kRunFailed, State().FailReason});
+    }
     return;
   }
   Card actor = card;
@@ -71,6 +76,9 @@ void TryAction(Card& card, int effect, Judgement& judgement) {
       RunAction(actor, target, effect, RunOptions{.CostMode = 1, .TestRun = 1, .NoCounters = 1});
   judgement.Love += result == kRunClean ? 2 * weight : -weight;
   ++judgement.Count;
+  if (judgement.Notes != nullptr) {
+    judgement.Notes->Trials.push_back({effect, slot, result, State().FailReason});
+  }
 }
 
 void JudgeAction(Card& card, int effect, Judgement& judgement) {
@@ -84,8 +92,9 @@ void JudgeAction(Card& card, int effect, Judgement& judgement) {
   }
 }
 
-Judgement JudgeActions(Card& card) {
+Judgement JudgeActions(Card& card, ValuationNotes* notes) {
   Judgement judgement;
+  judgement.Notes = notes;
   for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
     JudgeAction(card, effect, judgement);
   }
@@ -106,6 +115,7 @@ void Consider(Card& card, PlayCells& cells, std::string& thoughts) {
                      GetTrait(card, kLove).Str(), ".");
   if (TraitNumber(card, kLove) < 1 || PayCost(card, 1) != kCanPay) return;
   PayCost(card, 0);  // a modifier that raises the price only now leaves the card unpaid, but played
+  LogMatchEvent(MatchEvent::kPlayed, 2, card);
   cells.AddCard(CardPictureHtml(card, 1, 0));
   AddToTable(card);
   FreeCard(card);  // only now: its entry scripts still find it in the hand
@@ -113,12 +123,13 @@ void Consider(Card& card, PlayCells& cells, std::string& thoughts) {
 
 }  // namespace
 
-double ValueCardForAI(Card& card) {
+double ValueCardForAI(Card& card, ValuationNotes* notes) {
   if (IsFree(card)) return kFreeRecord;
   Judgement judgement{.Love = kNotPayable};
   if (PayCost(card, 1) == kCanPay) {
     card.InPlay = 1;  // the tests treat it as a card on the table
-    judgement = JudgeActions(card);
+    judgement = JudgeActions(card, notes);
+    if (notes != nullptr) notes->Payable = true;
   }
   const double worth = judgement.Worth();
   SetTrait(card, kLove, worth + TraitNumber(card, "PRIORITY"), 0);

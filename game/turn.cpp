@@ -4,6 +4,7 @@
 #include <array>
 
 #include "core/cards.h"
+#include "core/match_log.h"
 #include "core/pages.h"
 #include "core/state.h"
 #include "game/card_play.h"
@@ -41,6 +42,7 @@ void PlayHandCard(Card& card, int target, PlayCells& cells) {
         Joined("You do not have enough resources to play ", ColoredName(card), "!<br><br>"));
     return;
   }
+  LogMatchEvent(MatchEvent::kPlayed, 1, card);
   cells.AddCard(CardPictureHtml(card, -1, 0));
   if (target > 0) card.TargetSlot = static_cast<std::int16_t>(target);
   AddToTable(card);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/limits.h"
+#include "core/match_log.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "data/player_files.h"
@@ -114,7 +115,10 @@ int ResultCode(int applied, int failed, int softFailed) {
 
 int CloseRun(Run& run) {
   const Frame& frame = FrameOf(run);
-  if (run.Winner != 0) EndGame();
+  if (run.Winner != 0) {
+    LogMatchEvent(MatchEvent::kWon, run.Winner, run.Source);
+    EndGame();
+  }
   if (!run.Testing()) {
     if (run.DestroySource) KillCard(run.Source);
     if (run.DestroyTarget) KillCard(run.Target);

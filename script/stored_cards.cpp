@@ -3,6 +3,7 @@
 
 #include "core/cards.h"
 #include "core/limits.h"
+#include "core/match_log.h"
 #include "core/state.h"
 #include "data/card_reader.h"
 #include "script/run_epilogue.h"
@@ -66,7 +67,9 @@ void DrawCards(PlayerState& player, double count) {
     const int top = player.Deck.UpperBound();
     player.Hand[place] = player.Deck[top];
     player.Deck.Resize(top - 1);
-    if (!IsFree(player.Hand[place])) --count;
+    if (IsFree(player.Hand[place])) continue;
+    LogMatchEvent(MatchEvent::kDrawn, player.PlayerNo, player.Hand[place]);
+    --count;
   }
 }
 

@@ -14,6 +14,7 @@
 #include "platform/platform.h"
 #include "ui/card_pages.h"
 #include "ui/forms.h"
+#include "ui/hint_page.h"
 #include "ui/link_protocol.h"
 #include "ui/owned_targets.h"
 
@@ -79,7 +80,8 @@ MainWindow::MainWindow() : Form("MainWindow") {
   fullsizemen.Checkable = true;
   fullsizemen.Checked = true;
   debugmen.Checkable = true;
-  helpmen.Shortcut = "F1";
+  helppagesmen.Shortcut = "F1";
+  hintmen.Shortcut = "F2";
   newgamemen.Click = [this] { newgamemen_Click(); };
   deckmanagermen.Click = [this] { deckmanagermen_Click(); };
   EditMen.Click = [this] { EditMen_Click(); };
@@ -88,8 +90,11 @@ MainWindow::MainWindow() : Form("MainWindow") {
   fullsizemen.Click = [this] { fullsizemen_Click(); };
   debugmen.Click = [this] { debugmen_Click(); };
   helpmen.Click = [this] { helpmen_Click(); };
+  helppagesmen.Click = helpmen.Click;
+  hintmen.Click = [this] { hintmen_Click(); };
   filemen.Items = {&newgamemen, &deckmanagermen, &EditMen, &saveplrmen, &savehtmlmen};
   optionmen.Items = {&fullsizemen, &debugmen};
+  helpmen.Items = {&helppagesmen, &hintmen};
   Menus = {&filemen, &optionmen, &helpmen};
 
   Width = 1240;
@@ -206,6 +211,8 @@ void MainWindow::debugmen_Click() {
 }
 
 void MainWindow::helpmen_Click() { ShowHelp("MainHelp.html"); }
+
+void MainWindow::hintmen_Click() { ShowHint(); }
 
 bool MainWindow::Form_QueryClose() {
   if (State().TestFromEditor == 0) {

@@ -31,6 +31,8 @@ struct MainWindow : Form {
   MenuItem fullsizemen{"fullsizemen", "Full Sized Images"};
   MenuItem debugmen{"debugmen", "Debug Mode"};
   MenuItem helpmen{"helpmen", "Help"};
+  MenuItem helppagesmen{"helppagesmen", "Help Pages"};
+  MenuItem hintmen{"hintmen", "Hint"};
 
   int LastHovered = 0;  ///< hand position hovered last
 
@@ -47,6 +49,7 @@ struct MainWindow : Form {
   void fullsizemen_Click();
   void debugmen_Click();
   void helpmen_Click();
+  void hintmen_Click();
   bool Form_QueryClose();
 };
 

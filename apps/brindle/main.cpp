@@ -7,9 +7,16 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::array<Command, 2> kCommands = {{
+constexpr std::array<Command, 4> kCommands = {{
     {"check", "check FOLDER|FILE... [--json] [--codes]",
      "Says what is wrong in card files, and where. --codes lists the kinds of findings.", RunCheck},
+    {"sim",
+     "sim [FOLDER] [--game NAME] [--matches N] [--seed N] [--turns N] [--jobs J] [--csv[=FILE]] "
+     "[--json[=FILE]] [--html[=FILE]] [--shard I/N [--out FILE]]",
+     "Plays many matches of every deck against every opponent and says who wins and which cards.",
+     RunSim},
+    {"merge", "merge FILE... [--csv[=FILE]] [--json[=FILE]] [--html[=FILE]]",
+     "Adds up the shards of a simulation and reports on all of it.", RunMerge},
     {"auto", "auto [FOLDER] [--seed N] [--pages DIR] [--turns N] [--opponent K]",
      "Plays a match of the folder's first game by itself and keeps its report pages.", RunAuto},
 }};

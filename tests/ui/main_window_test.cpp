@@ -2,6 +2,8 @@
 #include "ui/main_window.h"
 
 #include "game/turn.h"
+#include "scenario/state_digest.h"
+#include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
 #include "ui/forms.h"
 
@@ -114,6 +116,45 @@ TEST_F(MainWindowTest, MenuEntriesDoWhatTheySay) {
   EXPECT_EQ(desktop_->Pages["HelpWB"], "<html>help</html>");
   EXPECT_FALSE(window_.QueryClose());
   EXPECT_TRUE(desktop_->Ending());
+}
+
+TEST_F(MainWindowTest, TheHintShowsTheHandAndChangesNothing) {
+  PutPlayerCard(1, {"HP:9"});
+  PutPlayerCard(2, {"HP:9"});
+  Card card = MakeCard("Bolt <i>", 1, {"PRIORITY:2"});
+  card.NameColor = "";
+  GiveAction(card, "ENTERPLAY", "ENEMYPLAYER", "SUBTRAIT:HP:1");
+  State().Players[1].Hand[3] = card;
+  State().Players[1].Hand[5] = MakeCard("Dud", 1);
+  window_.Picture1.Picture = "card.jpg";
+  State().SelectedSlot = 2;
+  State().PageText = "half";
+  window_.hintmen.Click();
+  EXPECT_EQ(desktop_->Pages["CardDescWB"], "") << "the list of games has no hand";
+  State().CurrentGame = 1;
+  State().CostCard.InPlay = 1;
+  const std::string before = StateDigest();
+  const std::uint64_t dice = State().Random.State;
+  window_.hintmen.Click();
+  EXPECT_EQ(StateDigest(), before);
+  EXPECT_EQ(State().Random.State, dice);
+  EXPECT_EQ(State().SelectedSlot, 2);
+  EXPECT_EQ(window_.Picture1.Picture.Get(), "card.jpg");
+  const std::string page = desktop_->Pages["CardDescWB"];
+  const std::size_t bolt =
+      page.find("Bolt <i></font></b>, worth 22<br>When it enters play, on Player 2: works.");
+  const std::size_t dud =
+      page.find("Dud</font></b>, better kept: worth 0<br>It has no action to try out.");
+  EXPECT_NE(bolt, std::string::npos) << page;
+  EXPECT_NE(dud, std::string::npos) << page;
+  EXPECT_LT(bolt, dud);
+  State().Players[1].Hand.Reset(10);
+  window_.hintmen.Click();
+  EXPECT_NE(desktop_->Pages["CardDescWB"].find("Your hand is empty."), std::string::npos);
+  State().GameOver = 1;
+  desktop_->Pages.clear();
+  window_.hintmen.Click();
+  EXPECT_TRUE(desktop_->Pages.empty());
 }
 
 }  // namespace

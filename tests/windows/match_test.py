@@ -64,6 +64,13 @@ class Match(shipped_game.ShippedGameTest):
         harness.wait_until("the lamp in the plan", lambda: "uses special action" in self.plan())
         self.assertIn('on "Oona Ebb".<br>', self.plan())
 
+    def ask_for_a_hint(self):
+        plan = self.plan()
+        self.run_.choose("Help", "Hint")
+        harness.wait_until("the hint", lambda: "judge your hand" in self.run_.page("CardDesc.html"))
+        self.keep("hint")
+        self.assertEqual(self.plan(), plan)
+
     def queue_hand(self, target=None):
         """Queues every card of the hand; the first one is aimed at a card if one is named."""
         pictures = [place for place in self.run_.places() if place.name.startswith("Picture2(")]
@@ -89,6 +96,7 @@ class Match(shipped_game.ShippedGameTest):
         self.assertNotIn("Your Card Plays", self.report())
         for turn in range(TURNS):
             if turn == 0:
+                self.ask_for_a_hint()
                 self.aim_the_lamp()
             self.queue_hand("Oona Ebb" if turn == 0 else None)
             self.keep(f"plan-{turn}")

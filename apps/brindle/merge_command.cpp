@@ -1,0 +1,57 @@
+// brindle merge: the shards of a simulation, added up.
+#include "apps/brindle/commands.h"
+#include "apps/brindle/report_output.h"
+#include "core/text.h"
+#include "platform/files.h"
+
+namespace brindlemoor {
+
+namespace {
+
+struct MergeOptions {
+  ReportOutput Output;
+};
+
+constexpr std::array<Option<MergeOptions>, 3> kOptions = {{
+    {"--csv", StoreForm<0, MergeOptions>, true, true},
+    {"--json", StoreForm<1, MergeOptions>, true, true},
+    {"--html", StoreForm<2, MergeOptions>, true, true},
+}};
+
+int Refuse(std::string_view problem, int code) {
+  std::cerr << "brindle: " << problem << '\n';
+  return code;
+}
+
+/// "" or what is wrong with the file.
+std::string ReadShard(const std::string& path, NamedTotals& shard) {
+  shard.Name = path;
+  const auto text = LocalFileSystem().Read(path);
+  if (!text) return Joined("can't read ", path);
+  const std::string problem = ReadTotals(*text, shard.File);
+  return problem.empty() ? "" : Joined("can't use ", path, ": ", problem);
+}
+
+}  // namespace
+
+int RunMerge(Arguments arguments) {
+  MergeOptions options;
+  std::vector<std::string> paths;
+  const int wrong = ReadOptions<MergeOptions>(arguments, kOptions, options, paths);
+  if (wrong != kSuccess) return wrong;
+  if (paths.empty()) return WrongUsage("a file is missing behind ", "merge");
+  std::string problem = OutputProblem(options.Output);
+  if (!problem.empty()) return Refuse(problem, kWrongUsage);
+
+  std::vector<NamedTotals> shards(paths.size());
+  for (std::size_t at = 0; at < paths.size(); ++at) {
+    problem = ReadShard(paths[at], shards[at]);
+    if (!problem.empty()) return Refuse(problem, kWrongUsage);
+  }
+  TotalsFile merged;
+  problem = MergeTotals(shards, merged);
+  if (!problem.empty()) return Refuse(problem, kFailure);
+  return WriteReport(MakeReport(merged), options.Output);
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,73 @@
+// Where a command writes what it has made.
+#include "apps/brindle/output_file.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <iostream>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+#include "core/text.h"
+#include "platform/files.h"
+
+namespace brindlemoor {
+
+namespace {
+
+std::string Refusal(const std::string& path, std::string_view reason) {
+  return Joined("can't write ", path, ": ", reason);
+}
+
+std::string Reason() { return std::generic_category().message(errno); }
+
+/// A device or a pipe can't be replaced by a file.
+bool IsSpecial(const std::string& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+}
+
+std::string WriteStraight(const std::string& path, std::string_view bytes) {
+  const int file = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+  if (file < 0) return Refusal(path, Reason());
+  std::string problem;
+  while (!bytes.empty() && problem.empty()) {
+    const ssize_t written = ::write(file, bytes.data(), bytes.size());
+    if (written >= 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    } else if (errno != EINTR) {
+      problem = Refusal(path, Reason());
+    }
+  }
+  if (::close(file) != 0 && problem.empty()) problem = Refusal(path, Reason());
+  return problem;
+}
+
+std::string AbsolutePath(const std::string& path) {
+  std::error_code failure;
+  return std::filesystem::absolute(path, failure).lexically_normal().generic_string();
+}
+
+}  // namespace
+
+std::string OutputProblem(const std::string& path) {
+  if (path.empty() || IsSpecial(path)) return "";
+  std::error_code failure;
+  if (std::filesystem::is_directory(path, failure)) return Refusal(path, "it is a folder");
+  const std::string folder =
+      std::filesystem::path(AbsolutePath(path)).parent_path().generic_string();
+  return ::access(folder.c_str(), W_OK | X_OK) == 0 ? "" : Refusal(path, Reason());
+}
+
+std::string WriteOutput(const std::string& path, std::string_view bytes) {
+  if (path.empty()) {
+    std::cout << bytes;  // the end of the program tells when that could not be written
+    return "";
+  }
+  if (IsSpecial(path)) return WriteStraight(path, bytes);
+  const std::string problem = LocalFileSystem().Write(AbsolutePath(path), bytes);
+  return problem.empty() ? "" : Refusal(path, problem);
+}
+
+}  // namespace brindlemoor

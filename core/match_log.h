@@ -1,0 +1,35 @@
+// MatchLog: what happens in a match, noted for whoever counts it.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "core/records.h"
+
+namespace brindlemoor {
+
+enum class MatchEvent : std::uint8_t {
+  kDrawn,   ///< a card came from the draw pile into the hand of a side
+  kPlayed,  ///< a side paid a card and put it on the table
+  kWon,     ///< a script gave the match to a side
+};
+
+struct LoggedEvent {
+  MatchEvent Kind = MatchEvent::kDrawn;
+  int Side = 0;
+  Text UniqueID;  ///< of the card
+  Text Name;
+};
+
+/// The events of one match, in order.
+struct MatchLog {
+  std::vector<LoggedEvent> Events;
+};
+
+/// Notes an event, if somebody keeps a log (Session::Log).
+void LogMatchEvent(MatchEvent kind, int side, const Card& card);
+
+/// The side to which scripts gave the match, 0 for none or for both.
+int WinnerOf(const MatchLog& log);
+
+}  // namespace brindlemoor

@@ -1,0 +1,46 @@
+// The files of the machine as they were when they were first asked for.
+#include "simulation/cached_files.h"
+
+#include "game/automatic_match.h"
+
+namespace brindlemoor {
+
+namespace {
+
+/// What the map holds for a key, found out when it is asked for first.
+template <class Value, class Find>
+const Value& Remembered(std::map<std::string, Value>& known, const std::string& key, Find find) {
+  const auto entry = known.find(key);
+  return entry != known.end() ? entry->second : known.emplace(key, find()).first->second;
+}
+
+}  // namespace
+
+bool CachedFileSystem::Exists(const std::string& path) const {
+  return read_.contains(path) || Remembered(exists_, path, [&] {
+           return !BelongsToPlayers(path) && machine_.Exists(path);
+         });
+}
+
+bool CachedFileSystem::FolderExists(const std::string& path) const {
+  return Remembered(folderExists_, path, [&] { return machine_.FolderExists(path); });
+}
+
+std::vector<std::string> CachedFileSystem::ListFiles(const std::string& folder) const {
+  return Remembered(files_, folder, [&] {
+    std::vector<std::string> names = machine_.ListFiles(folder);
+    std::erase_if(names, [](const std::string& name) { return BelongsToPlayers(name); });
+    return names;
+  });
+}
+
+std::vector<std::string> CachedFileSystem::ListFolders(const std::string& folder) const {
+  return Remembered(folders_, folder, [&] { return machine_.ListFolders(folder); });
+}
+
+std::optional<std::string> CachedFileSystem::Read(const std::string& path) const {
+  if (!Exists(path)) return std::nullopt;
+  return Remembered(read_, path, [&] { return machine_.Read(path); });
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,193 @@
+// Plays matches of a game one after the other, each from the same beginning.
+#include "simulation/stage.h"
+
+#include <filesystem>
+
+#include "core/cards.h"
+#include "core/fold.h"
+#include "core/paths.h"
+#include "core/random.h"
+#include "data/card_reader.h"
+#include "data/card_writer.h"
+#include "data/field_text.h"
+#include "data/player_files.h"
+#include "game/automatic_match.h"
+#include "game/automatic_player.h"
+#include "game/card_refresh.h"
+#include "game/match_start.h"
+#include "game/program_start.h"
+#include "game/turn.h"
+#include "script/trait_actions.h"
+#include "simulation/desktop.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr std::string_view kPlayerName = "Simulation";
+/// Where the deck of a starter deck stands in memory, outside of every folder of the machine.
+constexpr std::string_view kDeckFiles = "/brindle-sim-decks/";
+/// The files that a match begins with are read with this seed, whatever is played.
+constexpr std::uint64_t kReadingSeed = 1;
+
+class Hash {
+ public:
+  void Add(std::string_view bytes) {
+    for (const char byte : bytes) Mix(static_cast<unsigned char>(byte));
+    Mix(kEnd);
+  }
+  std::string Text() const {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    std::string text;
+    for (int shift = 60; shift >= 0; shift -= 4) text += kDigits[(state_ >> shift) & 15U];
+    return text;
+  }
+
+ private:
+  static constexpr unsigned kEnd = 256;
+  void Mix(unsigned value) { state_ = (state_ ^ value) * 0x100000001B3; }
+  std::uint64_t state_ = 0xCBF29CE484222325;
+};
+
+void AddFolder(Hash& hash, const std::string& folder, const std::string& shownAs) {
+  for (const std::string& name : Desktop().Files().ListFiles(folder)) {
+    if (name.size() < 4 || !FoldEquals(std::string_view(name).substr(name.size() - 4), ".txt")) {
+      continue;
+    }
+    hash.Add(shownAs + name);
+    hash.Add(Desktop().Files().Read(Joined(folder, "/", name)).value_or(""));
+  }
+}
+
+std::string HashOfFiles() {
+  Hash hash;
+  const std::string& folder = State().ProgramFolder;
+  AddFolder(hash, folder, "");
+  for (const std::string& name : Desktop().Files().ListFolders(folder)) {
+    AddFolder(hash, Joined(folder, "/", name), name + "/");
+  }
+  return hash.Text();
+}
+
+/// The cards that a starter deck has given: its first deck, or else what lies in the collection.
+std::string DeckText() {
+  const Session& session = State();
+  const Pile& pile =
+      HoldsCards(session.Decks[1].Cards) ? session.Decks[1].Cards : session.Collection;
+  std::string text;
+  for (const Card& given : pile) {
+    if (IsFree(given)) continue;
+    Card card = given;
+    text += Joined(CardToText(card, "INDECK"), kLineEnd);
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string Stage::ChooseGameByName(std::string_view name) {
+  const Table<GameRec>& games = State().Games;
+  std::string names;
+  for (gameIndex_ = 1; gameIndex_ <= games.UpperBound(); ++gameIndex_) {
+    const GameRec& game = games[gameIndex_];
+    if (game.Name.empty()) continue;
+    if (name.empty() || FoldEquals(game.Name, name)) {
+      game_ = game.Name.Str();
+      return "";
+    }
+    names += Joined(names.empty() ? "" : ", ", game.Name);
+  }
+  if (names.empty()) return "There is no game in this folder.";
+  return Joined("There is no game ", name, " in this folder. It has: ", names, ".");
+}
+
+std::string Stage::Open(const std::string& folder, std::string_view game, std::uint64_t seed) {
+  std::error_code failure;
+  const std::string path = AbsoluteFolder(folder);
+  if (!std::filesystem::is_directory(path, failure)) return Joined("There is no folder ", path);
+  desktop_ = std::make_shared<SimulationDesktop>(std::make_unique<CachedFileSystem>());
+  State() = Session{};
+  State().Desktop = desktop_;
+  State().ProgramFolder = path;
+  State().CurrentFolder = path;
+  State().Profile.PlayerName = kPlayerName;
+  State().Profiles.Append(State().Profile);
+  NewGame();
+  if (std::string problem = ChooseGameByName(game); !problem.empty()) return problem;
+  filesHash_ = HashOfFiles();
+  list_ = State();
+  OpenStarterDecks(seed);
+  if (opponents_.empty()) return "The game has no opponent.";
+  if (decks_.empty()) return "The game's starter decks give no cards to play with.";
+  return "";
+}
+
+void Stage::OpenStarterDecks(std::uint64_t seed) {
+  const GameRec game = list_.Games[gameIndex_];
+  for (int index = 1; index <= game.Opponents.UpperBound(); ++index) {
+    if (IsFree(game.Opponents[index])) continue;
+    Contender contender{game.Opponents[index].Name.Str(), game.OpponentFiles[index].Str()};
+    if (!IsStarterDeck(contender.Path)) {
+      opponents_.push_back(std::move(contender));
+      continue;
+    }
+    State() = list_;
+    desktop_->Restart(seed);
+    SeedFromClock();
+    ChooseGame(gameIndex_, index);
+    const std::string deck = DeckText();
+    if (deck.empty()) continue;
+    contender.Path = Joined(kDeckFiles, index, ".txt");
+    desktop_->Cache().Put(contender.Path, deck);
+    decks_.push_back(std::move(contender));
+  }
+}
+
+std::string Stage::Seat(const Contender& side1, const Contender& side2) {
+  State() = list_;
+  desktop_->Restart(kReadingSeed);
+  SeedFromClock();
+  Session& session = State();
+  session.Games[gameIndex_].OpponentFiles[1] = side2.Path;
+  if (!ReadMatchFiles(gameIndex_, 1)) return Joined("Can't read the files of ", side2.Name, ".");
+  const Text folder = session.Games[gameIndex_].Folder;
+  if (!folder.empty()) session.CurrentFolder = InProgramFolder(folder);
+  ReadCards(side1.Path, session.Players[1], 0, "", 0);
+  EnterProgramFolder();
+  session.Decks[1].Cards = session.Players[1].Deck;
+  session.CurrentDeck = 1;
+  session.Players[1].Tokens = kFirstTokens;
+  session.StarterDeckFlag = 0;
+  ReapplyTraitActions(1);
+  RefreshPlayers();
+  session.MasterCards.Reset(1);
+  // The end of a match saves the player of a game; without the list there is nothing to save.
+  session.Games.Reset(0);
+  session.Log = log_;
+  seated_ = session;
+  return "";
+}
+
+MatchOutcome Stage::Play(std::uint64_t seed, int maximumTurns) {
+  State() = seated_;
+  log_->Events.clear();
+  desktop_->Restart(seed);
+  SeedFromClock();
+  Session& session = State();
+  for (int side = 1; side <= 2; ++side) ShufflePile(session.Players[side]);
+  session.TurnRunning = 1;
+  BringInStartingCards();
+  TakeTurn(1);
+  session.TurnRunning = 0;
+  MatchOutcome outcome;
+  while (session.GameOver == 0 && outcome.Turns < maximumTurns) {
+    ++outcome.Turns;
+    PlanAutomaticPlays();
+    TakeTurn(0);
+  }
+  outcome.Winner = WinnerOf(*log_);
+  outcome.Tokens = session.Players[1].Tokens - kFirstTokens;
+  return outcome;
+}
+
+}  // namespace brindlemoor

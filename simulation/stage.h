@@ -1,0 +1,67 @@
+// Stage: plays matches of a game one after the other, each from the same beginning.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/match_log.h"
+#include "core/state.h"
+
+namespace brindlemoor {
+
+class SimulationDesktop;
+
+/// A deck that sits at the table: a card file that is read for a side.
+struct Contender {
+  std::string Name;
+  std::string Path;
+};
+
+/// How a match went.
+struct MatchOutcome {
+  int Winner = 0;  ///< side, 0 when nobody or both won
+  int Turns = 0;
+  std::int32_t Tokens = 0;  ///< that side 1 got
+};
+
+/// Reads the files of a game once and uses them for every match. The matches run on the session of
+/// the program; a Stage that is made throws away what was there.
+class Stage {
+ public:
+  /// Finds the opponents of a game ("" the first of the folder) and opens its starter decks, with
+  /// the seed where they are filled by chance. "" or why there is nothing to play.
+  std::string Open(const std::string& folder, std::string_view game, std::uint64_t seed);
+
+  const std::string& Game() const { return game_; }
+  const std::vector<Contender>& Opponents() const { return opponents_; }
+  const std::vector<Contender>& Decks() const { return decks_; }
+  /// A hash of the card files of the folder and its subfolders, 16 hexadecimal digits.
+  const std::string& FilesHash() const { return filesHash_; }
+
+  /// Sits two contenders down for the matches to come. "" or why they can't play.
+  std::string Seat(const Contender& side1, const Contender& side2);
+  /// Plays a match of those who sit: a function of them, the seed and the most turns alone. Both
+  /// sides are played by the computer.
+  MatchOutcome Play(std::uint64_t seed, int maximumTurns);
+  /// What happened in the last match.
+  const MatchLog& Log() const { return *log_; }
+
+ private:
+  std::string ChooseGameByName(std::string_view name);
+  void OpenStarterDecks(std::uint64_t seed);
+
+  std::string game_;
+  int gameIndex_ = 0;
+  std::string filesHash_;
+  std::vector<Contender> opponents_;
+  std::vector<Contender> decks_;
+  std::shared_ptr<SimulationDesktop> desktop_;
+  std::shared_ptr<MatchLog> log_ = std::make_shared<MatchLog>();
+  Session list_;    ///< the list of games
+  Session seated_;  ///< the files of a match have been read
+};
+
+}  // namespace brindlemoor

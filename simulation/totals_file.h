@@ -1,0 +1,38 @@
+// The file of a shard: what was simulated and the raw sums, as text.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "simulation/totals.h"
+
+namespace brindlemoor {
+
+/// A shard, or with 1/1 a whole simulation.
+struct TotalsFile {
+  SimulationSetup Setup;
+  Totals Sums;
+};
+
+std::string TotalsText(const TotalsFile& file);
+
+/// The sums alone, as a job of a simulation hands them on. ReadSums reads them for a setup that
+/// says what was played; "" or what is wrong.
+std::string SumsText(const Totals& sums);
+std::string ReadSums(std::string_view text, const SimulationSetup& setup, Totals& sums);
+
+/// Reads such a text. "" or what is wrong with it; a text that was cut off is refused.
+std::string ReadTotals(std::string_view text, TotalsFile& file);
+
+/// A file with the name by which problems are told.
+struct NamedTotals {
+  std::string Name;
+  TotalsFile File;
+};
+
+/// Adds up the shards of one simulation. "" or why they do not fit together: other files, other
+/// options, a shard twice or one that is missing.
+std::string MergeTotals(std::span<const NamedTotals> shards, TotalsFile& merged);
+
+}  // namespace brindlemoor
