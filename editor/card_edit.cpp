@@ -313,7 +313,9 @@ void CardEdit::NameControls() {
   TemplateCombo.ToolTip = "Use this menu to choose which template to base a new card on.";
   MainPic.ToolTip = "This is the image used for the card.  Click to select a new image to use.";
   MainPic.MouseUp = [this](MouseButton) { MainPic_Click(); };
+  MainPic.FrameWhenEmpty = true;
   MiniPic.ToolTip = "This is the card's thumbnail image.";
+  MiniPic.FrameWhenEmpty = true;
   BufferPic.Visible = false;
   OutputText.MultiLine = true;
   OutputText.ReadOnly = true;

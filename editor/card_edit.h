@@ -277,9 +277,20 @@ struct CardEdit : Form {
   void ShowImagesAfresh();
   std::string ImageFolder() const;  ///< where composed images go, with its separator
   bool HasComposedImage() const;    ///< that is in no file yet
+  /// False when the user would rather stay than lose a composed image that could not be written.
+  bool MayLeaveImage() const;
+  /// A card of no image yet is shown next.
+  void ClearImages();
+  /// Gives a card that is kept the finished image back in whose place one is composed.
+  void KeepReplacedImage(Card& card) const;
   /// Writes what was composed for the edited card. Where that fails, after a message, it stays.
   void StoreComposedImage();
   bool WriteComposedImage();
+  /// Asks when the file is the image of another card too.
+  bool MayReplaceImage(const std::string& file) const;
+  void TellOfMissingBackground();
+  /// The image of the edited card may lie in a folder that no game looks into.
+  void TellOfFarImage() const;
   void RecordRecipe(const std::string& file) const;
   /// The card has no finished image any more: another is composed.
   void DropFinishedImage();
@@ -331,6 +342,7 @@ struct CardEdit : Form {
   std::int32_t storedGlobalId_ = 0;  // of the edited card as it lies in Collection
   std::string composedOf_;           // the foreground of the images that are shown, if composed
   std::string unusable_;             // the foreground of which the user was told
+  std::string missing_;              // the background of which the user was told
   std::set<std::string> picked_;     // full names that the user chose
   ImageChoice replaced_;             // the finished image in whose place one is composed
 };

@@ -63,8 +63,7 @@ bool CardEdit::Form_QueryClose() {
     state.EditCard = BuildCardFromForm();
     if (HasComposedImage()) {
       if (!Desktop().AskYesNo("The new image is in no file.  Close without it?")) return true;
-      state.EditCard.Picture = replaced_.Picture;
-      state.EditCard.Thumb = replaced_.Thumb;
+      KeepReplacedImage(state.EditCard);
       ForgetForeground();
     }
   }
@@ -87,7 +86,10 @@ bool CardEdit::Form_QueryClose() {
 void CardEdit::EditCardAt(int index) {
   const Card& card = State().Collection[index];
   const int before = std::exchange(CurrentIndex, index);
-  if (index != before) ForgetForeground();
+  if (index != before) {
+    ForgetForeground();
+    ClearImages();
+  }
   storedGlobalId_ = card.GlobalID;
   LoadCardIntoForm(card);
   if (index == before) {
@@ -112,6 +114,8 @@ void CardEdit::StoreCurrentCard() {
   }
   if (!State().Collection.Holds(CurrentIndex)) return;
   StoreCardAt(CurrentIndex);
+  // Where a new image could not be written, the file keeps naming the one before.
+  KeepReplacedImage(State().Collection[CurrentIndex]);
   UpdateCard();
 }
 
@@ -155,6 +159,10 @@ void CardEdit::CardCombo_Click() {
     LoadCombos();
     NameChanged = 0;
   }
+  if (chosen != CurrentIndex && !MayLeaveImage()) {
+    CardCombo.Select(CurrentIndex);
+    return;
+  }
   if (State().Collection.Holds(chosen)) EditCardAt(chosen);
 }
 
@@ -176,24 +184,30 @@ void CardEdit::Command2_Click(int index) {
   const bool duplicate = index == kDuplicate;
   // What was typed goes into the duplicate; a card from a template has no use for it.
   if (!duplicate) StoreCurrentCard();
+  if (!duplicate && !MayLeaveImage()) return;
   Card added;
   InitCard(added, 1, 0);
   const std::int32_t globalId = added.GlobalID;
   const int chosen = TemplateCombo.Selected - 1;  // the first item is "Blank Card"
+  const bool fromTemplate =
+      !duplicate && State().Templates.Holds(chosen) && !IsFree(State().Templates[chosen].Card);
   if (duplicate) {
     added = BuildCardFromForm();
-  } else if (State().Templates.Holds(chosen) && !IsFree(State().Templates[chosen].Card)) {
-    const Template& chosenTemplate = State().Templates[chosen];
-    added = chosenTemplate.Card;
-    BackFile = chosenTemplate.BackImage.Str();
-    MiniBorderFile = chosenTemplate.MiniBorder.Str();
-    FrameColor = chosenTemplate.BorderColor;
+    if (!MayLeaveImage()) return;
+  } else if (fromTemplate) {
+    added = State().Templates[chosen].Card;
   } else {
     added.Name = "New Card";
   }
   added.GlobalID = globalId;
   const int place = AddCard(std::move(added));
   if (place == 0) return;
+  if (fromTemplate) {
+    const Template& chosenTemplate = State().Templates[chosen];
+    BackFile = chosenTemplate.BackImage.Str();
+    MiniBorderFile = chosenTemplate.MiniBorder.Str();
+    FrameColor = chosenTemplate.BorderColor;
+  }
   EditCardAt(place);
   Card& card = State().EditCard;
   const Text name = card.Name;

@@ -164,10 +164,7 @@ std::string CardEdit::UnsavedText() const {
   const Borrowed templates(state.Templates);
   const Borrowed traitBits(state.TraitBitNames);
   Card edited = EditedWithRows();
-  if (HasComposedImage()) {  // which no file can hold
-    edited.Picture = replaced_.Picture;
-    edited.Thumb = replaced_.Thumb;
-  }
+  KeepReplacedImage(edited);  // no card file can hold a composed one
   if (state.Collection.Holds(CurrentIndex)) {
     state.Collection[CurrentIndex] = std::move(edited);
   } else if (!IsFree(edited) && state.Collection.UpperBound() < limits::kPileCards) {

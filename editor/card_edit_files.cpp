@@ -22,6 +22,8 @@ constexpr std::string_view kAnyCardFile = "*.txt";
 constexpr std::string_view kLoadAnyway =
     "What you have not saved would be lost.  Load the file anyway?";
 
+constexpr std::string_view kSaveImage = "The new image is in no file.  Save it first?";
+
 std::optional<std::string> AskSaveName() {
   return Desktop().AskFile(
       {.Save = true, .FileName = std::string(kAnyCardFile), .DefaultExtension = "txt"});
@@ -51,6 +53,10 @@ void CardEdit::loaddeckmen_Click() {
     return;
   }
   if (HasUnsavedChanges()) {
+    if (HasComposedImage() && Desktop().AskYesNo(kSaveImage)) {
+      BuildCardFromForm();
+      if (HasComposedImage()) return;
+    }
     // Offered when that file is loaded again.
     if (!copy_.Write(state.CardFile, UnsavedText()) && !Desktop().AskYesNo(kLoadAnyway)) return;
   } else {

@@ -187,7 +187,7 @@ void CardEdit::ShowMode() {
   const bool whole = State().SingleCardEdit != 1;
   for (Control* control :
        std::initializer_list<Control*>{&Label8[1], &RarityCombo, &CardActionFrame, &ButtonFrame,
-                                       &CardCombo, &FindText, &FindNext, &FindNote}) {
+                                       &CardCombo, &FindText, &FindNext, &FindNote, &Command7}) {
     control->Visible = whole;
   }
   filemen.Visible = whole;

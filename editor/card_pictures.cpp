@@ -2,6 +2,7 @@
 #include <memory>
 #include <utility>
 
+#include "core/cards.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "editor/card_edit.h"
@@ -94,6 +95,7 @@ bool CardEdit::ComposeImages() {
     Desktop().MessageBox(Joined("Can't use ", FileNameOf(ForeFile), ": ", error));
     return false;
   }
+  TellOfMissingBackground();
   State().Crop = crop;
   Raster main = MainSurface(ReadPart(FindPart(BackFile)));
   Raster mini(kMiniSize, kMiniSize);
@@ -106,19 +108,28 @@ bool CardEdit::ComposeImages() {
   return true;
 }
 
+void CardEdit::TellOfMissingBackground() {
+  if (BackFile.empty() || !FindPart(BackFile).empty()) return;
+  // Once, not with every drawing.
+  if (std::exchange(missing_, BackFile) == BackFile) return;
+  Desktop().MessageBox(
+      Joined("The background ", FileNameOf(BackFile), " is not there; the image has a black one."));
+}
+
 std::string CardEdit::FindPart(const std::string& name) const {
-  std::string path = FindPicture(name, CardFolder);
   // A name out of a file leads nowhere else; what the user chose is taken wherever it lies.
-  if (path.empty() && picked_.contains(name)) path = name;
-  return path;
+  if (picked_.contains(name) && Desktop().Files().Exists(name)) return name;
+  return FindPicture(name, CardFolder);
+}
+
+void CardEdit::ClearImages() {
+  ShowFile(MainPic, "");
+  ShowFile(MiniPic, "");
 }
 
 void CardEdit::ShowImagesAfresh() {
   // Files of the same names have other pictures now.
-  if (!State().EditCard.Picture.empty()) {
-    ShowFile(MainPic, "");
-    ShowFile(MiniPic, "");
-  }
+  if (!State().EditCard.Picture.empty()) ClearImages();
   UpdatePic(1);
   PreviewNow();
 }
@@ -163,11 +174,16 @@ std::string CardEdit::PickPicture(std::string_view prompt, bool withCrop) {
   PicPick& picker = ThePicPick();
   picker.Label1.Caption = std::string(prompt);
   picker.PicSizeOn(withCrop);
+  picker.Clicked = false;
   Desktop().ShowForm(picker, true);
   picker.Picture1.Visible = false;
   picker.PicSizeOn(false);
   std::string name = picker.PicName;
   if (name.empty()) return "";
+  // The picker still knows what was picked last, perhaps for another card.
+  if (!picker.Clicked && !Desktop().AskYesNo(Joined("Take ", FileNameOf(name), " again?"))) {
+    return "";
+  }
   const std::string error = CheckPicture(name);
   if (!error.empty()) {
     Desktop().MessageBox(Joined("Can't use ", FileNameOf(name), ": ", error));
@@ -229,6 +245,7 @@ void CardEdit::loadgraphicmen_Click() {
   // What was chosen is seen wherever it lies.
   ShowFile(MainPic, picture);
   if (!thumb.empty()) ShowFile(MiniPic, thumb);
+  TellOfFarImage();
   PreviewSoon();
 }
 
@@ -247,11 +264,30 @@ void CardEdit::saveimagemen_Click() {
   const std::string mini = MiniOf(*path);
   if (ShowsImage(MiniPic) && SaveMini(mini)) card.Thumb = mini;
   UpdatePic(1);
+  TellOfFarImage();
   PreviewSoon();
+}
+
+void CardEdit::TellOfFarImage() const {
+  const Card& card = State().EditCard;
+  if (!FindPicture(card.Picture, CardFolder).empty()) return;
+  Desktop().MessageBox(Joined(
+      card.Picture.View(), " lies where no game looks for it.  Copy it into the game's folder."));
 }
 
 bool CardEdit::HasComposedImage() const {
   return !ForeFile.empty() && composedOf_ == ForeFile && State().EditCard.Picture.empty();
+}
+
+bool CardEdit::MayLeaveImage() const {
+  return !HasComposedImage() ||
+         Desktop().AskYesNo("The new image is in no file.  Go on without it?");
+}
+
+void CardEdit::KeepReplacedImage(Card& card) const {
+  if (ForeFile.empty() || !card.Picture.empty()) return;
+  card.Picture = replaced_.Picture;
+  card.Thumb = replaced_.Thumb;
 }
 
 void CardEdit::StoreComposedImage() {
@@ -259,6 +295,7 @@ void CardEdit::StoreComposedImage() {
     if (!HasComposedImage() && !ComposeImages()) return;
     if (!WriteComposedImage()) return;
   }
+  if (!ForeFile.empty()) history_.KeepImage(State().EditCard);
   ForgetForeground();
   ShowChanges();
 }
@@ -269,20 +306,35 @@ bool CardEdit::WriteComposedImage() {
     Desktop().MessageBox("The image is not saved: choose a background image first.");
     return false;
   }
-  State().CurrentFolder = ImageFolder();
   const std::string main = CardImageName(card.UniqueID, kMainEnding);
+  if (!MayReplaceImage(main)) return false;
+  State().CurrentFolder = ImageFolder();
   const std::string mini = CardImageName(card.UniqueID, kMiniEnding);
   if (!SaveImage(main) || !SaveMini(mini)) return false;
   RecordRecipe(main);
   card.Picture = main;
   card.Thumb = mini;
-  history_.KeepImage(card);
   ListChanged();
   return true;
 }
 
+bool CardEdit::MayReplaceImage(const std::string& file) const {
+  const Pile& cards = State().Collection;
+  for (int index = 1; index <= cards.UpperBound(); ++index) {
+    const Card& other = cards[index];
+    if (index == CurrentIndex || IsFree(other) || other.Picture != file ||
+        other.UniqueID == State().EditCard.UniqueID) {
+      continue;
+    }
+    return Desktop().AskYesNo(
+        Joined(file, " is the image of ", other.Name.View(), " too.  Replace it?"));
+  }
+  return true;
+}
+
 std::string CardEdit::RecordedPart(const std::string& name) const {
-  return FindPicture(name, CardFolder).empty() ? FindPart(name) : FileNameOf(name);
+  const std::string found = FindPart(name);
+  return found == FindPicture(name, CardFolder) ? FileNameOf(name) : found;
 }
 
 void CardEdit::RecordRecipe(const std::string& file) const {

@@ -1,4 +1,5 @@
 // The card editor: composing the images of all cards of the list again.
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <optional>
@@ -23,11 +24,21 @@ std::string ShownPart(const std::string& name) {
   return name.empty() ? std::string("(none)") : FileNameOf(name);
 }
 
-/// A background or border, read once for many cards.
+/// A background or border, read once for many cards: no more of it than is drawn.
 struct PartPicture {
   std::string File;
   Raster Picture;
 };
+
+/// As much of a border picture as a thumbnail takes.
+Raster BorderCorner(const Raster& border) {
+  constexpr int kSide = kMiniSize + 1;
+  Raster corner(std::min(border.Width(), kSide), std::min(border.Height(), kSide));
+  for (int y = 0; y < corner.Height(); ++y) {
+    std::copy_n(border.Row(y), corner.Width(), corner.Row(y));
+  }
+  return corner;
+}
 
 bool LiesWithin(const CropCoordinates& crop, const Raster& picture) {
   return crop.MainX1 >= 0 && crop.MainY1 >= 0 && crop.MiniX1 >= 0 && crop.MiniY1 >= 0 &&
@@ -104,7 +115,7 @@ bool Composer::ReadPart(PartPicture& part, const std::string& file) {
   std::string error;
   auto picture = ReadPicture(file, error);
   if (!picture) return false;
-  part = {file, std::move(*picture)};
+  part = {file, &part == &background_ ? MainSurface(*picture) : BorderCorner(*picture)};
   return true;
 }
 
@@ -185,10 +196,13 @@ void CardEdit::composeallmen_Click() {
     return;
   }
   const int count = static_cast<int>(chosen.size());
+  if (!Desktop().AskYesNo(Joined("Compose ", CountText(count, "image"),
+                                 " anew?  The present ones are replaced."))) {
+    return;
+  }
   const bool take = Desktop().AskYesNo(
-      Joined(CountText(count, "image"), " will be composed anew.  Take the background ",
-             ShownPart(BackFile), " and the thumbnail border ", ShownPart(MiniBorderFile),
-             " for all of them, in place of each one's own?"));
+      Joined("Take the background ", ShownPart(BackFile), " and the thumbnail border ",
+             ShownPart(MiniBorderFile), " for all of them, in place of each one's own?"));
   if (take) {
     const std::string back = FindPart(BackFile);
     const std::string border = FindPart(MiniBorderFile);

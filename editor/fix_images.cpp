@@ -68,20 +68,17 @@ void CardEdit::Command7_Click() {
   const std::vector<std::string> names = PicturesOf(folder);
   std::shared_ptr<cGdiPlus>& bridge = State().ImageBridge;
   if (bridge == nullptr) bridge = std::make_shared<cGdiPlus>();
-  const std::string shownFile = MainPic.Picture;
-  const std::shared_ptr<const Raster> shownDrawing = MainPic.Drawing;
   ShortList failed;
   ProgressForm& progress = TheProgressForm();
   const int done = progress.Run("Fix Images", static_cast<int>(names.size()), [&](int index) {
     const std::string& name = names[static_cast<std::size_t>(index)];
     progress.What.Caption = name;
     const std::string path = Joined(folder, "/", name);
+    PictureBox box("MainPic");  // a large picture is not kept longer than its turn takes
     auto picture = bridge->FilenameToIPicture(path);
-    if (picture) MainPic.Drawing = std::make_shared<const Raster>(std::move(*picture));
-    if (!picture || !bridge->PictureBoxToFile(MainPic, path, kFixedQuality)) failed.Add(name);
+    if (picture) box.Drawing = std::make_shared<const Raster>(std::move(*picture));
+    if (!picture || !bridge->PictureBoxToFile(box, path, kFixedQuality)) failed.Add(name);
   });
-  MainPic.Picture = shownFile;
-  MainPic.Drawing = shownDrawing;
   EnterProgramFolder();
   std::string report = Joined(CountText(done - failed.Count(), "image"), " written anew.");
   if (failed.Count() > 0) report += Joined("  Not read or written: ", failed.Told(), ".");

@@ -18,7 +18,8 @@ namespace {
 constexpr int kHexadecimal = 16;
 constexpr std::uint32_t kColorBits = 0xFFFFFF;
 constexpr int kToldNames = 10;
-constexpr std::array<std::string_view, 5> kPictureExtensions = {"bmp", "jpg", "jpeg", "gif", "png"};
+constexpr std::array<std::string_view, 6> kPictureExtensions = {"bmp", "jpg", "jpeg",
+                                                                "gif", "png", "webp"};
 /// Characters that separate folders, or that pages and other systems take for something else.
 constexpr std::string_view kNotInNames = "/\\:*?\"<>|#%";
 

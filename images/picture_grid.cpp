@@ -161,6 +161,7 @@ void PicPick::Image1_Click(int cell) {
   const std::string file = FileList[number];
   if (!CropOn) {
     PicName = file;
+    Clicked = true;
     Desktop().HideForm(*this);
     return;
   }
@@ -171,6 +172,7 @@ void PicPick::Image1_Click(int cell) {
     return;
   }
   PicName = file;
+  Clicked = true;
   ShowLarge(file, {picture->Width(), picture->Height()});
 }
 

@@ -69,7 +69,7 @@ void PicPick::Arrange() {
   for (std::size_t cell = 0; cell < Image1.size(); ++cell) {
     if (cell % kColumns == 0) cells.Children.push_back(Row({}, 1));
     cells.Children.back().Children.push_back(
-        Column({Cell(*Image1[cell], 1), Cell(*PicNameLabel[cell])}, 1));
+        Column({Cell(*Image1[cell], 1), Cell(*PicNameLabel[cell]), Layout{.Height = 6}}, 1));
   }
   Layout folders = Column(
       {Cell(Drive1), Cell(Dirbox, 1), Cell(Command1), Layout{.Height = 12}, Cell(CloseButton)});
@@ -190,13 +190,14 @@ void PicPick::Dirbox_Change() {
   FirstShown = 0;
   VScroll1.Value = 0;
   LastScrolled = 0;
+  ListDrives();
   FillFolders();
   setfnames();
   updatpics();
 }
 
-/// That the pictures of the folder on show stay is meant: only Dirbox_Open changes it.
-void PicPick::Dirbox_Click() { FirstShown = 0; }
+/// That the folder on show stays is meant: only Dirbox_Open changes it.
+void PicPick::Dirbox_Click() { ScrollTo(0); }
 
 void PicPick::Dirbox_Open() {
   const auto chosen = static_cast<std::size_t>(Dirbox.Selected);

@@ -45,6 +45,7 @@ struct PicPick : Form {
   int FirstShown = 0;                 ///< index of the file in cell 0
   std::string PicName;                ///< the chosen file, full name
   bool CropOn = false;
+  bool Clicked = false;    ///< a picture was clicked since who shows the form cleared this
   float ViewRatio = 1.0F;  ///< by how much the large picture is shrunk
 
   void PicSizeOn(bool onOrOff) { CropOn = onOrOff; }

@@ -4,6 +4,7 @@
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QLayout>
 #include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
@@ -35,6 +36,14 @@ class PageArea : public QScrollArea {
     setWidget(page);
   }
   QSize sizeHint() const override { return widget()->sizeHint(); }
+
+ protected:
+  /// The page may have had another size in between while the window was hidden.
+  void showEvent(QShowEvent* event) override {
+    QScrollArea::showEvent(event);
+    widget()->layout()->invalidate();
+    widget()->layout()->activate();
+  }
 };
 
 }  // namespace

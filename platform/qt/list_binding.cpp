@@ -5,6 +5,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
+#include <algorithm>
 #include <memory>
 
 #include "platform/qt/bindings.h"
@@ -38,6 +40,30 @@ void ShowText(QComboBox& combo, const QString& text) {
     if (combo.currentText() != text) combo.setEditText(text);
   } else {
     combo.setPlaceholderText(text);  // seen while no item is chosen
+  }
+}
+
+constexpr int kWholeText = Qt::UserRole;
+
+/// Shows an item with the blanks before its name; typed letters look for the name.
+class IndentedItems : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->text = index.data(kWholeText).toString();
+  }
+};
+
+void FillList(QListWidget& list, const Items& items) {
+  list.clear();
+  for (const QString& text : ToQt(items)) {
+    const qsizetype name =
+        std::find_if(text.begin(), text.end(), [](QChar c) { return c != ' '; }) - text.begin();
+    auto* item = new QListWidgetItem(text.mid(name), &list);
+    item->setData(kWholeText, text);
   }
 }
 
@@ -115,13 +141,13 @@ QWidget* BindComboBox(ComboBox& model, FormWindow& window) {
 
 QWidget* BindListBox(ListBox& model, FormWindow& window) {
   auto* list = new OpeningList(model, &window);
+  list->setItemDelegate(new IndentedItems(list));
   auto shown = std::make_shared<Items>();
   BindCommon(model, *list, window, [&model, list, shown] {
     const QSignalBlocker quiet(list);
     if (*shown != model.Items.Get()) {
       *shown = model.Items.Get();
-      list->clear();
-      list->addItems(ToQt(*shown));
+      FillList(*list, *shown);
     }
     if (list->currentRow() != model.Selected - 1) list->setCurrentRow(model.Selected - 1);
   });
@@ -134,7 +160,8 @@ QWidget* BindListBox(ListBox& model, FormWindow& window) {
   // With the keyboard the selection is the click; a first look at the list selects nothing.
   QObject::connect(list, &QListWidget::itemSelectionChanged, &window, [take, list] {
     const bool byKey = QApplication::mouseButtons() == Qt::NoButton;
-    if (byKey && !list->selectedItems().isEmpty()) take(list->currentRow());
+    const auto selected = list->selectedItems();  // before it becomes the current one
+    if (byKey && !selected.isEmpty()) take(list->row(selected.constFirst()));
   });
   return list;
 }

@@ -1,5 +1,6 @@
 // Picture boxes: a picture in its proportion, hovered, clicked, dragged and reached by keys.
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFocusEvent>
 #include <QMap>
 #include <QMouseEvent>
@@ -11,6 +12,7 @@
 #include <functional>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "platform/qt/bindings.h"
 #include "platform/qt/form_window.h"
@@ -128,10 +130,17 @@ class PictureWidget : public QWidget {
   void leaveEvent(QEvent*) override { update(); }
 
   void mousePressEvent(QMouseEvent* event) override {
+    lastPress_.start();
     if (event->button() == Qt::LeftButton) pressed_ = event->position().toPoint();
     if (event->button() == Qt::LeftButton || !event->buttons().testFlag(Qt::LeftButton)) {
       givenUp_ = false;
     }
+  }
+  /// The second click of a double click may fall on a box that only the first one brought up: it
+  /// was not meant for that.
+  void mouseDoubleClickEvent(QMouseEvent* event) override {
+    notMeant_ = !lastPress_.isValid() || lastPress_.elapsed() > QApplication::doubleClickInterval();
+    mousePressEvent(event);
   }
   void mouseMoveEvent(QMouseEvent* event) override {
     const QPoint pointer = event->position().toPoint();
@@ -160,7 +169,7 @@ class PictureWidget : public QWidget {
       if (taken) Press(MouseButton::kLeft);
       return;
     }
-    if (!rect().contains(pointer)) return;
+    if (std::exchange(notMeant_, false) || !rect().contains(pointer)) return;
     if (left) {
       TellPoint(model_.PointUp, pointer);
       Press(MouseButton::kLeft);
@@ -326,7 +335,9 @@ class PictureWidget : public QWidget {
   QPointer<DragLayer> drag_;  // of the window
   QPoint pressed_;
   bool givenUp_ = false;  // the left button is down, but is no click
-  bool quiet_ = false;    // the focus comes without a preview
+  QElapsedTimer lastPress_;
+  bool notMeant_ = false;  // the click that is being made
+  bool quiet_ = false;     // the focus comes without a preview
 };
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QImageReader>
 #include <QImageWriter>
+#include <algorithm>
 #include <cstring>
 
 #include "platform/qt/image_file.h"
@@ -130,11 +131,12 @@ int ReadImage(const std::string& path, QSize enough, QImage& picture) {
 int QtImageLibrary::Load(const std::string& path, Raster& picture) const {
   QImage image;
   if (const int status = ReadImage(path, {}, image); status != kImageOk) return status;
-  Raster read(image.width(), image.height());
+  const int width = image.width();
+  Raster read(width, image.height());
   for (int y = 0; y < image.height(); ++y) {
     const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-    std::int32_t* row = read.Row(y);
-    for (int x = 0; x < image.width(); ++x) row[x] = static_cast<std::int32_t>(line[x] & 0xFFFFFF);
+    std::transform(line, line + width, read.Row(y),
+                   [](QRgb pixel) { return static_cast<std::int32_t>(pixel & 0xFFFFFF); });
   }
   picture = std::move(read);
   return kImageOk;

@@ -103,12 +103,14 @@ TEST_F(CardImagesTest, AFinishedImageIsReplacedOnlyWhenWanted) {
   form_.loadformen.Click();
   EXPECT_EQ(Images(), "old.jpg|old-mini.jpg|");
   // What can't be read is no new image, and the old one stays.
-  desktop_->YesNoAnswers = {true, true, true, true};
+  desktop_->YesNoAnswers = {true, true, true, true, true};
   desktop_->ExpectedMessages = {"Can't use bad.jpg: Unknown Image Format",
                                 "Can't use red.jpg: the chosen piece of it is empty"};
   for (const char* file : {"/art/bad.jpg", "/art/red.jpg"}) {
     desktop_->ModalForms = {[file](Form& form) {
-      dynamic_cast<PicPick&>(form).PicName = file;
+      auto& picker = dynamic_cast<PicPick&>(form);
+      picker.PicName = file;
+      picker.Clicked = true;
       State().Crop = {10, 10, 10, 50, 0, 0, 0, 0};
     }};
     form_.loadformen.Click();
@@ -117,7 +119,7 @@ TEST_F(CardImagesTest, AFinishedImageIsReplacedOnlyWhenWanted) {
   EXPECT_EQ(State().Crop, CropCoordinates{});
   form_.Command6.Click();
   EXPECT_EQ(Written(), "");
-  // Without any crop the whole picture is taken; the picker keeps its name when it is closed.
+  // Without any crop the whole picture is taken; a picker that is closed offers its last one.
   Compose("/art/red.jpg", {});
   EXPECT_EQ(Images(), "||/art/red.jpg");
   EXPECT_EQ(State().Crop, (CropCoordinates{0, 200, 0, 300, 0, 200, 0, 300}));
@@ -131,6 +133,19 @@ TEST_F(CardImagesTest, AFinishedImageIsReplacedOnlyWhenWanted) {
   desktop_->ModalForms = {[](Form&) {}};
   form_.loadformen.Click();
   EXPECT_EQ(Images(), "||/art/red.jpg");
+  // A file names the old image as long as the new one can't be written.
+  form_.BackFile = "";
+  const std::string message = "The image is not saved: choose a background image first.";
+  desktop_->ExpectedMessages = {message};
+  form_.savedeckmen.Click();
+  EXPECT_NE(ReadFile("cards.txt").find("old.jpg"), std::string::npos);
+  EXPECT_EQ(Images(), "||/art/red.jpg");
+  // What was stored stays through a redo.
+  form_.undomen.Click();
+  form_.Command6.Click();
+  form_.redomen.Click();
+  form_.savedeckmen.Click();
+  EXPECT_NE(ReadFile("cards.txt").find("old.jpg"), std::string::npos);
 }
 
 TEST_F(CardImagesTest, AForegroundThatIsGoneIsToldOnce) {
@@ -166,9 +181,13 @@ TEST_F(CardImagesTest, AFailedWriteKeepsTheForegroundForThisCardOnly) {
   Choose(2);
   form_.BackFile = "";
   Compose("/art/red.jpg");
-  desktop_->ExpectedMessages = {"The image is not saved: choose a background image first."};
-  Choose(1);
-  EXPECT_EQ(Images(), "Card-Ape1.jpg|Card-Ape1-mini.jpg|");
+  for (const bool goOn : {false, true}) {
+    desktop_->ExpectedMessages = {"The image is not saved: choose a background image first."};
+    desktop_->YesNoAnswers = {goOn};
+    Choose(1);
+    EXPECT_EQ(Images(), goOn ? "Card-Ape1.jpg|Card-Ape1-mini.jpg|" : "||/art/red.jpg");
+    EXPECT_EQ(form_.CardCombo.Selected, goOn ? 1 : 2);
+  }
   Choose(2);
   EXPECT_EQ(Images(), "||");
   EXPECT_EQ(form_.MiniPic.Drawing.Get(), nullptr);
@@ -177,6 +196,30 @@ TEST_F(CardImagesTest, AFailedWriteKeepsTheForegroundForThisCardOnly) {
   form_.Command4.Click();
   Compose("/art/red.jpg");
   EXPECT_FALSE(form_.QueryClose());
+}
+
+TEST_F(CardImagesTest, OtherCardsAreNotLoadedOverANewImageUnasked) {
+  Card other = ImageCard("Yak", "Yak1");
+  WriteFile("others.txt", "CARD DATA FILE\r\n" + CardToText(other, "COLLECTION"));
+  const auto loadOthers = [this](bool saveFirst) {
+    desktop_->YesNoAnswers = {saveFirst, false};  // nothing that was kept is opened
+    CardEditTest::Load("others.txt");
+  };
+  Compose("/art/red.jpg");
+  form_.BackFile = "";
+  desktop_->ExpectedMessages = {"The image is not saved: choose a background image first."};
+  loadOthers(true);
+  EXPECT_EQ(Stored(1).Name, "Ape");
+  form_.BackFile = "backs-generic.bmp";
+  loadOthers(true);
+  EXPECT_EQ(Stored(1).Name, "Yak");
+  EXPECT_EQ(Written(), "/game/Card-Ape1-mini.jpg|/game/Card-Ape1.jpg|");
+  EXPECT_NE(ReadFile("cards.txt.unsaved").find("Card-Ape1.jpg"), std::string::npos);
+
+  Choose(1);
+  Compose("/art/red.jpg");
+  loadOthers(false);
+  EXPECT_EQ(Written(), "/game/Card-Ape1-mini.jpg|/game/Card-Ape1.jpg|");
 }
 
 TEST_F(CardImagesTest, NoUniqueIDLeadsOutOfTheFolder) {
@@ -261,6 +304,8 @@ TEST_F(CardImagesTest, TheMenusChooseTheParts) {
     };
   };
   desktop_->ModalForms = {noting("/art/red.jpg"), noting("/art/white.bmp")};
+  desktop_->ExpectedMessages = {
+      "red.jpg lies where no game looks for it.  Copy it into the game's folder."};
   form_.loadgraphicmen.Click();
   EXPECT_EQ(Images(), "red.jpg|white.bmp|/art/red.jpg");
   EXPECT_EQ(form_.MainPic.Picture.Get(), "/art/red.jpg");

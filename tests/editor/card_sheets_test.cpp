@@ -118,7 +118,9 @@ TEST_F(ManyImagesTest, AllImagesAreComposedAnewWhereTheirPartsAreThere) {
                 Recipe("Card-D.jpg", "/art/key.pem") +
                 Recipe("Card-E.jpg", "/art/red.jpg", "lost.bmp\t\t0\t40\t0\t60\t0\t40\t0\t60") +
                 Recipe("Card-G.jpg", "/art/red.jpg"));
-  desktop_->YesNoAnswers = {false};
+  desktop_->YesNoAnswers = {false, true, false};
+  form_.composeallmen.Click();
+  EXPECT_EQ(Composed(names), "ABCDEFG") << "not wanted";
   desktop_->ModalForms = {LetWork()};
   desktop_->ExpectedMessages = {
       "2 images composed.  No parts are recorded for 1 card.  Not read or written: gone.jpg, "
@@ -138,7 +140,7 @@ TEST_F(ManyImagesTest, TheFormsPartsAreTakenForAllAndCancelStops) {
   desktop_->ColorAnswers = {0x102030};
   form_.ColorLabel.Click();
   form_.BackFile = "lost.bmp";
-  desktop_->YesNoAnswers = {true, true};
+  desktop_->YesNoAnswers = {true, true, true, true};
   desktop_->ExpectedMessages = {"The background or the border can't be read: nothing is composed.",
                                 "2 images composed."};
   form_.composeallmen.Click();
@@ -158,7 +160,7 @@ TEST_F(ManyImagesTest, TheFormsPartsAreTakenForAllAndCancelStops) {
   EXPECT_EQ(ImageRecipes("/game/").Find("Card-C.jpg")->Background, "back.bmp");
 
   files_->WriteError = "disk full";
-  desktop_->YesNoAnswers = {false};
+  desktop_->YesNoAnswers = {true, false};
   desktop_->ModalForms = {LetWork()};
   desktop_->ExpectedMessages = {
       "Can't write CardPreview.html: disk full",
