@@ -30,6 +30,7 @@ std::span<const Command> TerminalCommands();
 int RunAuto(Arguments arguments);      // auto_command.cpp
 int RunCheck(Arguments arguments);     // check_command.cpp
 int RunMerge(Arguments arguments);     // merge_command.cpp
+int RunScenario(Arguments arguments);  // scenario_command.cpp
 int RunSim(Arguments arguments);       // sim_command.cpp
 
 int WrongUsage(std::string_view problem, std::string_view text);

@@ -7,9 +7,11 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::array<Command, 4> kCommands = {{
+constexpr std::array<Command, 5> kCommands = {{
     {"check", "check FOLDER|FILE... [--json] [--codes]",
      "Says what is wrong in card files, and where. --codes lists the kinds of findings.", RunCheck},
+    {"scenario", "scenario FILE|FOLDER... [--words]",
+     "Carries out tests of cards. --words lists what they are written with.", RunScenario},
     {"sim",
      "sim [FOLDER] [--game NAME] [--matches N] [--seed N] [--turns N] [--jobs J] [--csv[=FILE]] "
      "[--json[=FILE]] [--html[=FILE]] [--shard I/N [--out FILE]]",

@@ -1,0 +1,104 @@
+// Looking files of the machine up once, and the files of a scenario over them.
+#include "scenario/machine_files.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+
+namespace brindlemoor {
+
+namespace {
+
+/// What a player did in a folder must not change what a scenario finds there.
+bool BelongsToPlayers(std::string_view path) {
+  return path.ends_with(".plr") || path.ends_with("PlayerProfiles.txt");
+}
+
+std::vector<std::string> Merged(std::vector<std::string> names,
+                                const std::vector<std::string>& more) {
+  if (names.empty()) return more;
+  std::set<std::string> all(more.begin(), more.end());
+  all.insert(names.begin(), names.end());
+  return {all.begin(), all.end()};
+}
+
+}  // namespace
+
+bool MachineFiles::Exists(const std::string& path) {
+  const auto [entry, isNew] = exists_.try_emplace(path, false);
+  if (isNew) {
+    // A pipe or a device would be read for ever.
+    std::error_code failure;
+    entry->second = !BelongsToPlayers(path) && std::filesystem::is_regular_file(path, failure) &&
+                    machine_.Exists(path);
+  }
+  return entry->second;
+}
+
+bool MachineFiles::FolderExists(const std::string& path) {
+  const auto [entry, isNew] = folders_.try_emplace(path, false);
+  if (isNew) entry->second = machine_.FolderExists(path);
+  return entry->second;
+}
+
+const std::vector<std::string>& MachineFiles::FilesOf(const std::string& folder) {
+  const auto [entry, isNew] = files_.try_emplace(folder);
+  if (isNew) {
+    entry->second = machine_.ListFiles(folder);
+    std::erase_if(entry->second, BelongsToPlayers);
+  }
+  return entry->second;
+}
+
+const std::vector<std::string>& MachineFiles::FoldersOf(const std::string& folder) {
+  const auto [entry, isNew] = subfolders_.try_emplace(folder);
+  if (isNew) entry->second = machine_.ListFolders(folder);
+  return entry->second;
+}
+
+const std::string* MachineFiles::Read(const std::string& path) {
+  const auto [entry, isNew] = bytes_.try_emplace(path);
+  if (isNew && Exists(path)) entry->second = machine_.Read(path);
+  return entry->second ? &*entry->second : nullptr;
+}
+
+bool ScenarioFiles::Hides(const std::string& path) const {
+  return std::ranges::find(removed_, path) != removed_.end();
+}
+
+bool ScenarioFiles::Exists(const std::string& path) const {
+  return MemoryFileSystem::Exists(path) || (!Hides(path) && machine_.Exists(path));
+}
+
+bool ScenarioFiles::FolderExists(const std::string& path) const {
+  return MemoryFileSystem::FolderExists(path) || machine_.FolderExists(path);
+}
+
+std::vector<std::string> ScenarioFiles::ListFiles(const std::string& folder) const {
+  std::vector<std::string> shown = machine_.FilesOf(folder);
+  std::erase_if(shown, [&](const std::string& name) { return Hides(folder + "/" + name); });
+  return Merged(MemoryFileSystem::ListFiles(folder), shown);
+}
+
+std::vector<std::string> ScenarioFiles::ListFolders(const std::string& folder) const {
+  return Merged(MemoryFileSystem::ListFolders(folder), machine_.FoldersOf(folder));
+}
+
+std::optional<std::string> ScenarioFiles::Read(const std::string& path) const {
+  if (MemoryFileSystem::Exists(path)) return MemoryFileSystem::Read(path);
+  if (Hides(path)) return std::nullopt;
+  const std::string* bytes = machine_.Read(path);
+  return bytes != nullptr ? std::optional<std::string>(*bytes) : std::nullopt;
+}
+
+std::string ScenarioFiles::Write(const std::string& path, std::string_view bytes) {
+  std::erase(removed_, path);
+  return MemoryFileSystem::Write(path, bytes);
+}
+
+std::string ScenarioFiles::Remove(const std::string& path) {
+  if (Exists(path)) removed_.push_back(path);
+  return MemoryFileSystem::Remove(path);
+}
+
+}  // namespace brindlemoor

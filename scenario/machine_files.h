@@ -1,0 +1,55 @@
+// MachineFiles: what scenarios read of the machine, kept for all of them. ScenarioFiles: the file
+// system of one scenario, whose own files stay in memory.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/headless/memory_files.h"
+
+namespace brindlemoor {
+
+/// Files and folders of the machine, each looked up once. Only ordinary files are seen, and none
+/// of a player's.
+class MachineFiles {
+ public:
+  bool Exists(const std::string& path);
+  bool FolderExists(const std::string& path);
+  const std::vector<std::string>& FilesOf(const std::string& folder);
+  const std::vector<std::string>& FoldersOf(const std::string& folder);
+  /// nullptr when the file can't be read.
+  const std::string* Read(const std::string& path);
+
+ private:
+  LocalFileSystem machine_;
+  std::unordered_map<std::string, bool> exists_;
+  std::unordered_map<std::string, bool> folders_;
+  std::unordered_map<std::string, std::vector<std::string>> files_;
+  std::unordered_map<std::string, std::vector<std::string>> subfolders_;
+  std::unordered_map<std::string, std::optional<std::string>> bytes_;
+};
+
+/// A file in Contents stands before one of the machine; nothing on the machine is changed.
+class ScenarioFiles : public MemoryFileSystem {
+ public:
+  explicit ScenarioFiles(MachineFiles& machine) : machine_(machine) {}
+
+  bool Exists(const std::string& path) const override;
+  bool FolderExists(const std::string& path) const override;
+  std::vector<std::string> ListFiles(const std::string& folder) const override;
+  std::vector<std::string> ListFolders(const std::string& folder) const override;
+  std::optional<std::string> Read(const std::string& path) const override;
+  std::string Write(const std::string& path, std::string_view bytes) override;
+  std::string Remove(const std::string& path) override;
+
+ private:
+  bool Hides(const std::string& path) const;
+
+  MachineFiles& machine_;
+  std::vector<std::string> removed_;
+};
+
+}  // namespace brindlemoor

@@ -1,0 +1,37 @@
+// What scenarios came to: failed expectations and lines that could not be read.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace brindlemoor {
+
+/// Something to tell, with the place of the line that it belongs to.
+struct ScenarioFinding {
+  bool Unreadable = false;  ///< else a failed expectation
+  std::string File;
+  int Line = 0;  ///< 0 is the file as a whole
+  std::string Text;
+  std::string Scenario;  ///< name, "" for one without
+  int Row = 0;           ///< line of the table's row, 0 for none
+};
+
+struct ScenarioReport {
+  std::vector<ScenarioFinding> Findings;  ///< bounded
+  int Line = 0;                           ///< that is being carried out
+  int Files = 0;
+  int Scenarios = 0;  ///< rows counted one by one
+  int Expectations = 0;
+  int Failed = 0;
+  int Unreadable = 0;
+
+  void Add(ScenarioFinding finding);
+};
+
+/// "FILE:LINE: failed: TEXT [SCENARIO, row at line N]" on one line.
+std::string ScenarioFindingLine(const ScenarioFinding& finding);
+
+/// A text for a message: on one line, without control characters, and not too long.
+std::string ShownText(std::string_view text);
+
+}  // namespace brindlemoor

@@ -1,0 +1,96 @@
+// The road through a scenario file.
+#include "scenario/scenario_run.h"
+
+#include <chrono>
+#include <filesystem>
+
+#include "core/state.h"
+#include "core/text.h"
+#include "scenario/scenario_words.h"
+#include "scenario/scene.h"
+
+namespace brindlemoor {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kSteps = 1000000;
+constexpr std::chrono::seconds kLongest{60};
+
+/// What all scenarios of a file may take together.
+struct Budget {
+  int Steps = kSteps;
+  Clock::time_point Deadline = Clock::now() + kLongest;
+};
+
+std::string FolderOf(const std::string& path) {
+  std::error_code failure;
+  return std::filesystem::absolute(path, failure).lexically_normal().parent_path().generic_string();
+}
+
+void CarryOut(Scene& scene, const ScenarioLine& line) {
+  const bool acts = line.Word->Kind == WordKind::kAct;
+  if (acts) BeginAction(scene);
+  const int depth = State().RunDepth;
+  constexpr std::size_t kBehindExpect = 2;
+  const bool expects = line.Tokens[0].Text == "expect";
+  WordReader reader(scene, expects ? kBehindExpect : 1);
+  if (!scene.Stopped) line.Word->Carry(scene, reader);
+  if (acts && (State().RunDepth != depth || State().RedirectDepth != 0)) {
+    scene.Fail("the action left runs in progress");
+  }
+}
+
+/// False when the file can't go on.
+bool RunLines(Scene& scene, const std::vector<ScenarioLine>& lines, Budget& budget) {
+  for (const ScenarioLine& line : lines) {
+    scene.Line = &line;
+    scene.Report.Line = line.Place.Line;
+    if (scene.IsLate()) return false;
+    if (--budget.Steps < 0) {
+      scene.Stop("The scenarios of this file have too many lines to carry out.");
+      return false;
+    }
+    CarryOut(scene, line);
+    if (scene.Stopped) return false;
+  }
+  return true;
+}
+
+/// False when the scenarios behind it would meet the same end.
+bool RunCase(const ScenarioText& text, const ScenarioCase& one, const ScenarioRow* row,
+             ScenarioLibrary& library, ScenarioReport& report, Budget& budget) {
+  Scene scene{library, report, text, one, budget.Deadline, row};
+  ++report.Scenarios;
+  OpenScene(scene, FolderOf(text.Files[0]));
+  if (!RunLines(scene, text.Head, budget)) return false;
+  if (RunLines(scene, one.Lines, budget)) CloseScene(scene);
+  const bool late = scene.Stopped && Clock::now() > budget.Deadline;
+  return budget.Steps >= 0 && !late;
+}
+
+}  // namespace
+
+void RunScenarioFile(const std::string& path, ScenarioLibrary& library, ScenarioReport& report) {
+  ++report.Files;
+  const ScenarioText text = ReadScenarioText(path, library.Machine());
+  for (const ScenarioFault& fault : text.Faults) {
+    report.Add({true, text.Files[static_cast<std::size_t>(fault.Place.File)], fault.Place.Line,
+                fault.Text, "", 0});
+  }
+  if (!text.Faults.empty()) return;
+  Budget budget;
+  bool goesOn = true;
+  for (const ScenarioCase& one : text.Cases) {
+    if (one.Columns.empty() && goesOn) {
+      goesOn = RunCase(text, one, nullptr, library, report, budget);
+    }
+    for (const ScenarioRow& row : one.Rows) {
+      if (goesOn) goesOn = RunCase(text, one, &row, library, report, budget);
+    }
+  }
+  State() = Session{};
+}
+
+}  // namespace brindlemoor
