@@ -1,22 +1,25 @@
 // CardSet: the card files of a game under check, what they define, and the files beside them.
 #pragma once
 
+#include <array>
+#include <functional>
 #include <map>
-#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "check/checked_file.h"
 
 namespace brindlemoor {
 
-/// Names of cards and their unique IDs that a file defines.
-struct DefinedCards {
-  std::unordered_set<std::string> Names;
-  std::unordered_set<std::string> UniqueIds;
+/// Who looks for a card of a file, and so where in it the card may stand.
+enum class CardUse : std::uint8_t {
+  kReference,  ///< a #REF… line: in the draw pile
+  kModel,      ///< CREATECARD: there, or where a location can be replaced; by unique ID as well
+  kSource,     ///< a card that is brought up to date: anywhere, by unique ID as well
+  kCount
 };
 
 /// Files are looked up by their last component, without regard to case, in the program's folder,
@@ -32,16 +35,32 @@ class CardSet {
 
   /// True when there is a file of this name.
   bool HasFile(std::string_view reference) const;
-  /// The cards that a file defines; nullptr when it is not there. Such a file need not be under
-  /// check.
-  const DefinedCards* CardsOf(std::string_view reference);
+  /// True when a file, or one that it includes, has the card. The file need not be under check.
+  bool HasCard(std::string_view reference, std::string_view card, CardUse use);
+  /// The card of the file that was most likely meant, "" for none.
+  std::string NearestCard(std::string_view reference, std::string_view card, CardUse use);
 
  private:
+  using Names = std::set<std::string, std::less<>>;
+  struct IncludedFile {
+    std::string Reference;
+    bool ToDrawPile;  ///< the cards' locations are replaced by the draw pile
+  };
+  struct FileCards {
+    std::array<Names, static_cast<std::size_t>(CardUse::kCount)> ByUse;
+    std::vector<IncludedFile> Includes;
+  };
+  /// Visits the cards of a file and of those that it includes until the visitor is content.
+  using Visitor = std::function<bool(const Names& names)>;
+  bool Visit(std::string_view reference, CardUse use, const Visitor& visitor, Names& visited);
+
   void ListFolder(const std::string& folder);
+  const FileCards& CardsOf(const std::string& name);
+  static FileCards CardsIn(const CheckedFile& file);
 
   std::vector<CheckedFile> files_;
   std::unordered_map<std::string, std::string> paths_;  ///< by folded name
-  std::map<std::string, std::optional<DefinedCards>> defined_;
+  std::map<std::string, FileCards> cards_;              ///< by folded name
 };
 
 }  // namespace brindlemoor

@@ -21,6 +21,8 @@ constexpr std::array<ListDirective, 2> kListDirectives = {{{"#GAMERULES", 5}, {"
 
 constexpr std::size_t kMostFindings = 10'000;
 constexpr int kFullCardFields = 8;
+/// Characters are counted once by blocks, so that long lines cost no more than short ones.
+constexpr std::size_t kBlock = 1024;
 
 const std::vector<std::string_view>& DirectiveWords() {
   static const std::vector<std::string_view> words = [] {
@@ -32,6 +34,11 @@ const std::vector<std::string_view>& DirectiveWords() {
 }
 
 bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+
+std::size_t CharactersIn(std::string_view text) {
+  return static_cast<std::size_t>(
+      std::ranges::count_if(text, [](char c) { return !IsContinuation(c); }));
+}
 
 CheckedField Taken(const FieldStream& stream, std::string text) {
   return {std::move(text), stream.Offset(), stream.Line()};
@@ -48,16 +55,25 @@ CheckedFile::CheckedFile(std::string path, std::string bytes) : path_(std::move(
                       (text_[at] == '\r' && (at + 1 == text_.size() || text_[at + 1] != '\n'));
     if (ends) lineStarts_.push_back(at + 1);
   }
+  characters_.push_back(0);
+  for (std::size_t at = 0; at + kBlock <= text_.size(); at += kBlock) {
+    characters_.push_back(characters_.back() +
+                          CharactersIn(std::string_view(text_).substr(at, kBlock)));
+  }
   Walk(stream);
 }
 
 FilePlace CheckedFile::PlaceOf(std::size_t offset) const {
   const auto behind = std::ranges::upper_bound(lineStarts_, offset);
   const std::size_t start = *(behind - 1);
-  const std::string_view before =
-      std::string_view(text_).substr(start, std::min(offset, text_.size()) - start);
-  const auto column = 1 + std::ranges::count_if(before, [](char c) { return !IsContinuation(c); });
+  const std::size_t column = 1 + CharactersTo(std::min(offset, text_.size())) - CharactersTo(start);
   return {static_cast<int>(behind - lineStarts_.begin()), static_cast<int>(column)};
+}
+
+std::size_t CheckedFile::CharactersTo(std::size_t offset) const {
+  const std::size_t block = offset / kBlock;
+  return characters_[block] +
+         CharactersIn(std::string_view(text_).substr(block * kBlock, offset % kBlock));
 }
 
 Finding CheckedFile::At(std::size_t offset, FindingCode code, std::string text,
@@ -113,17 +129,23 @@ bool CheckedFile::ReadFields(FieldStream& stream, CheckedDirective& directive, i
                   " is never closed; the rest of the file is not read."));
       return false;
     }
-    const bool location = count == kFullCardFields && number == 1;
-    if (!location && !directive.Moved && FindDirective(field.Text) != nullptr) {
-      directive.Moved = true;
-      Note(field.Offset, FindingCode::kMovedField,
-           Joined("\"", field.Text, "\" stands where field ", number, " of ", directive.Word,
-                  " belongs; a field is missing before it."));
-    }
+    if (!directive.Moved) CheckPlace(directive, field, number, count);
     directiveLine_ = field.Line + static_cast<int>(std::ranges::count(field.Text, '\n'));
     directive.Fields.push_back(std::move(field));
   }
   return true;
+}
+
+void CheckedFile::CheckPlace(CheckedDirective& directive, const CheckedField& field, int number,
+                             int count) {
+  const bool location = count == kFullCardFields && number == 1;
+  const bool remark = field.Text.starts_with("***") && field.Line > directive.Head.Line &&
+                      text_[field.Offset - 1] != '"';
+  if (!remark && (location || FindDirective(field.Text) == nullptr)) return;
+  directive.Moved = true;
+  Note(field.Offset, FindingCode::kMovedField,
+       Joined(remark ? "A remark" : Joined("\"", field.Text, "\""), " stands where field ", number,
+              " of ", directive.Word, " belongs; a field is missing before it."));
 }
 
 void CheckedFile::NoteWord(const CheckedField& field) {
@@ -139,7 +161,9 @@ void CheckedFile::NoteWord(const CheckedField& field) {
 void CheckedFile::NoteLeftOver(const CheckedField& field) {
   if (directives_.empty() || field.Text.empty() || field.Line != directiveLine_) return;
   if (directives_.back().Moved) return;
-  if (field.Text.starts_with('*') || field.Text.starts_with(';')) return;
+  for (const std::string_view remark : {"*", ";", "//", "--"}) {
+    if (field.Text.starts_with(remark)) return;
+  }
   directives_.back().Moved = true;
   Note(field.Offset, FindingCode::kMovedField,
        Joined("One field too many for ", directives_.back().Word,

@@ -42,15 +42,20 @@ class CheckedFile {
              std::string suggestion = {}) const;
 
  private:
+  /// Characters before a byte of the text.
+  std::size_t CharactersTo(std::size_t offset) const;
   void Walk(class FieldStream& stream);
   bool ReadFields(class FieldStream& stream, CheckedDirective& directive, int count);
   void NoteWord(const CheckedField& field);
   void NoteLeftOver(const CheckedField& field);
+  /// Says so when a field can't be one of the directive's.
+  void CheckPlace(CheckedDirective& directive, const CheckedField& field, int number, int count);
   void Note(std::size_t offset, FindingCode code, std::string text, std::string suggestion = {});
 
   std::string path_;
   std::string text_;
   std::vector<std::size_t> lineStarts_;
+  std::vector<std::size_t> characters_;  ///< before each block of bytes
   std::vector<CheckedDirective> directives_;
   std::vector<Finding> findings_;
   int directiveLine_ = 0;  ///< on which the last field of the last directive ended

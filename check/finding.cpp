@@ -5,6 +5,7 @@
 #include <array>
 #include <tuple>
 
+#include "core/encoding.h"
 #include "core/json.h"
 #include "core/text.h"
 
@@ -72,8 +73,9 @@ std::string FindingLine(const Finding& finding) {
     line += Joined(":", finding.Place.Line, ":", finding.Place.Column);
   }
   line += Joined(": ", WordOf(row.Level), ": ", finding.Text);
-  const bool said = finding.Text.find(finding.Suggestion) != std::string::npos;
-  if (!said) line += Joined(" Did you mean \"", finding.Suggestion, "\"?");
+  const std::string meant = Joined("\"", finding.Suggestion, "\"");
+  const bool said = finding.Suggestion.empty() || finding.Text.find(meant) != std::string::npos;
+  if (!said) line += Joined(" Did you mean ", meant, "?");
   line += Joined(" [", row.Word, "]");
   // A text of a strange file must not break the line, nor steer the terminal.
   for (char& character : line) {
@@ -86,7 +88,8 @@ std::string FindingsAsJson(std::span<const Finding> findings) {
   std::string json = "[";
   for (const Finding& finding : findings) {
     const FindingRow& row = RowOf(finding.Code);
-    json += Joined(json.size() > 1 ? ",\n " : "\n ", "{\"file\": ", JsonText(finding.File),
+    json += Joined(json.size() > 1 ? ",\n " : "\n ",
+                   "{\"file\": ", JsonText(DecodeFileText(finding.File)),
                    ", \"line\": ", finding.Place.Line, ", \"column\": ", finding.Place.Column,
                    ", \"severity\": ", JsonText(WordOf(row.Level)),
                    ", \"code\": ", JsonText(row.Word), ", \"text\": ", JsonText(finding.Text),

@@ -2,6 +2,8 @@
 #include "check/game_check.h"
 
 #include <algorithm>
+#include <array>
+#include <map>
 #include <string_view>
 #include <utility>
 
@@ -61,9 +63,9 @@ class CheckSession {
   CheckSession(const CheckSession&) = delete;
   CheckSession& operator=(const CheckSession&) = delete;
 
-  void Begin(const std::string& folder) {
+  void Begin(const std::string& folder, OverlayFileSystem::Test hides) {
     auto desktop = std::make_shared<HeadlessPlatform>(
-        std::make_unique<OverlayFileSystem>(before_.Desktop->Files(), BelongsToPlayers));
+        std::make_unique<OverlayFileSystem>(before_.Desktop->Files(), std::move(hides)));
     desktop->AcceptMessages = true;
     State() = Session{};
     State().Desktop = std::move(desktop);
@@ -86,11 +88,15 @@ void TakeCustomStrings(const CardSet& set) {
   }
 }
 
+/// Traits that the program itself gives.
+constexpr std::array<std::string_view, 2> kProgramTraits = {"AILOVE", "NOMRP"};
+
 void CheckTraits(const SetFacts& facts, std::vector<Finding>& findings) {
   std::vector<std::string_view> given(facts.GivenTraits.begin(), facts.GivenTraits.end());
   std::ranges::sort(given);
   for (const auto& [folded, reading] : facts.ReadTraits) {
     if (facts.GivenTraits.contains(folded) || folded == "#ANY#") continue;
+    if (std::ranges::find(kProgramTraits, folded) != kProgramTraits.end()) continue;
     findings.push_back({reading.File, reading.Place, FindingCode::kTraitNeverGiven,
                         Joined("No card has or gets the trait \"", reading.Name, "\"."),
                         NearestWord(folded, given)});
@@ -99,22 +105,36 @@ void CheckTraits(const SetFacts& facts, std::vector<Finding>& findings) {
 
 class Check {
  public:
+  /// Of the folder of a game's opponents the whole game is read, and only the folder's findings
+  /// are told.
   void Folder(const std::string& path, const std::string& shown) {
-    session_.Begin(path);
-    CardSet set;
-    AddFiles(set, path, shown);
-    for (const std::string& name : Desktop().Files().ListFolders(path)) {
-      AddFiles(set, Joined(path, "/", name), Joined(shown, "/", name));
+    session_.Begin(path, BelongsToPlayers);
+    const std::string base = BaseOf(path);
+    if (base == path) {
+      ProgramFolder(path, shown);
+      return;
     }
-    const SetFacts facts = CheckFiles(set);
-    CheckTraits(facts, result_.Findings);
-    CheckDecks(path, shown, result_.Findings);
+    Check whole;
+    whole.session_.Begin(base, BelongsToPlayers);
+    whole.ProgramFolder(base, base);
+    const auto inside = [&path](const std::string& file) { return file.starts_with(path + "/"); };
+    for (Finding& finding : whole.result_.Findings) {
+      if (!inside(finding.File)) continue;
+      result_.CouldRead &= finding.Code != FindingCode::kUnreadable;
+      finding.File = shown + finding.File.substr(path.size());
+      result_.Findings.push_back(std::move(finding));
+    }
+    result_.Files += static_cast<int>(std::ranges::count_if(whole.read_, inside));
   }
 
   void File(const std::string& path, const std::string& shown) {
+    // A player's file that is named is meant.
+    const auto hidesNone = [](const std::string&) { return false; };
     const std::string folder = FolderOf(path);
-    session_.Begin(folder);
-    session_.Begin(HoldsGame(FolderOf(folder)) && !HoldsGame(folder) ? FolderOf(folder) : folder);
+    session_.Begin(folder, hidesNone);
+    const std::string base = BaseOf(folder);
+    session_.Begin(base, hidesNone);
+    TakeGameStrings(base);
     CardSet set;
     AddFile(set, path, shown);
     CheckFiles(set);
@@ -131,6 +151,46 @@ class Check {
   }
 
  private:
+  /// The program's folder of what is in a folder: that one, or the one above if it has the game.
+  const std::string& BaseOf(const std::string& folder) {
+    const auto [entry, isNew] = bases_.try_emplace(folder, folder);
+    const std::string above = FolderOf(folder);
+    if (isNew && !HoldsGame(folder) && HoldsGame(above)) entry->second = above;
+    return entry->second;
+  }
+
+  void ProgramFolder(const std::string& path, const std::string& shown) {
+    CardSet set;
+    AddFiles(set, path, shown);
+    for (const std::string& name : Desktop().Files().ListFolders(path)) {
+      const std::string below = Joined(path, "/", name);
+      if (!Desktop().Files().FolderExists(below)) Unreadable(Joined(shown, "/", name));
+      AddFiles(set, below, Joined(shown, "/", name));
+    }
+    const SetFacts facts = CheckFiles(set);
+    CheckTraits(facts, result_.Findings);
+    CheckDecks(path, shown, result_.Findings);
+  }
+
+  /// What a game's other files give to the messages of a single one.
+  void TakeGameStrings(const std::string& base) {
+    if (stringsOf_ != base) {
+      strings_ = {};
+      stringsOf_ = base;
+      if (!HoldsGame(base)) return;
+      Check around;
+      around.session_.Begin(base, BelongsToPlayers);
+      CardSet set;
+      around.AddFiles(set, base, base);
+      for (const std::string& name : Desktop().Files().ListFolders(base)) {
+        around.AddFiles(set, Joined(base, "/", name), "");
+      }
+      TakeCustomStrings(set);
+      strings_ = State().CustomStrings;
+    }
+    State().CustomStrings = strings_;
+  }
+
   void AddFiles(CardSet& set, const std::string& folder, const std::string& shown) {
     for (const std::string& name : Desktop().Files().ListFiles(folder)) {
       const std::string path = Joined(folder, "/", name);
@@ -143,6 +203,7 @@ class Check {
   void AddFile(CardSet& set, const std::string& path, const std::string& shown) {
     if (set.Add(path, shown)) {
       ++result_.Files;
+      read_.push_back(path);
     } else {
       Unreadable(shown);
     }
@@ -159,6 +220,10 @@ class Check {
 
   CheckSession session_;
   CheckResult result_;
+  std::vector<std::string> read_;             ///< paths
+  std::map<std::string, std::string> bases_;  ///< by folder
+  std::string stringsOf_;                     ///< the program's folder that strings_ are of
+  Table<CustomStringRec> strings_;
 };
 
 }  // namespace

@@ -14,10 +14,11 @@ struct CheckResult {
   bool CouldRead = true;          ///< false when a path, or a file of a folder, could not be read
 };
 
-/// Checks files, and the card files of folders and of their direct subfolders. A folder is a
-/// program's folder of its own; that of a file is the folder of its game: its own or the one above.
-/// What only all files of a game can tell (traits that nothing gives, decks that break the rules)
-/// is checked for folders. Reads through the desktop of the session, which stays as it is.
+/// Checks files, and the card files of folders and of their direct subfolders. The program's folder
+/// of either is its own or the one above, whichever has the game; of a game's subfolder only the
+/// findings in its files are told. What only all files of a game can tell (traits that nothing
+/// gives, decks that break the rules) is checked for folders. Reads through the desktop of the
+/// session, which stays as it is.
 CheckResult CheckPaths(const std::vector<std::string>& paths);
 
 }  // namespace brindlemoor

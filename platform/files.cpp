@@ -99,7 +99,8 @@ bool LocalFileSystem::Exists(const std::string& path) const {
 
 bool LocalFileSystem::FolderExists(const std::string& path) const {
   struct stat status {};
-  return !HoldsNul(path) && ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+  return !HoldsNul(path) && ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+         ::access(path.c_str(), R_OK | X_OK) == 0;
 }
 
 std::vector<std::string> LocalFileSystem::ListFiles(const std::string& folder) const {
@@ -141,6 +142,7 @@ std::string LocalFileSystem::Write(const std::string& path, std::string_view byt
   struct stat old {};
   const bool replaces = ::stat(target.c_str(), &old) == 0;
   if (replaces && S_ISDIR(old.st_mode)) return Reason(EISDIR);
+  if (replaces && !S_ISREG(old.st_mode)) return "It is a device or a pipe, no file";
   if (replaces && ::access(target.c_str(), W_OK) != 0) return Reason(errno);
 
   // The name does not grow with the file's, which may be as long as the system allows.

@@ -124,7 +124,7 @@ std::string LengthChart(std::string_view title, const std::map<int, Count>& leng
     const Count count = counts[static_cast<std::size_t>(column)];
     const int from = first + column * turnsOfColumn;
     const std::string turns =
-        turnsOfColumn == 1 ? Joined(from) : Joined(from, "-", from + turnsOfColumn - 1);
+        turnsOfColumn == 1 ? Joined(from) : Joined(from, "-", Count{from} + turnsOfColumn - 1);
     const double height = kHeight * static_cast<double>(count) / highest;
     out += BoxAt(10 + column * width, kTop + kHeight - height, std::max(1.0, width - 2), height,
                  Joined(turns, " turns: ", count, " matches"));

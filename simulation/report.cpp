@@ -94,6 +94,12 @@ std::string PointsText(double difference) {
   return text.starts_with('-') || text == "0.0" ? text : "+" + text;
 }
 
+std::string TerminalText(std::string text) {
+  std::ranges::replace_if(
+      text, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; }, ' ');
+  return text;
+}
+
 std::string SimulationLine(const SimulationSetup& setup) {
   return Joined(setup.Game, ": ", setup.Matches, setup.Matches == 1 ? " match" : " matches",
                 " of each pairing, seed ", setup.Seed, ", at most ", setup.MaximumTurns, " turns");

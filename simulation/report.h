@@ -61,6 +61,8 @@ std::string PercentText(const Share& share);
 std::string IntervalText(const Share& share);
 /// A difference of shares as "+1.2", in percentage points.
 std::string PointsText(double difference);
+/// A text of a strange file as one line that can't steer a terminal.
+std::string TerminalText(std::string text);
 /// The first line of the readable forms.
 std::string SimulationLine(const SimulationSetup& setup);
 

@@ -45,8 +45,8 @@ std::string FirstSeatText(const Share& advantage) {
 }
 
 Row RowOf(const PairingReport& pairing) {
-  return {pairing.Opponent,
-          pairing.Deck,
+  return {TerminalText(pairing.Opponent),
+          TerminalText(pairing.Deck),
           Joined(pairing.Games.Matches),
           PercentText(pairing.Won),
           IntervalText(pairing.Won),
@@ -67,15 +67,16 @@ std::string ReportAsText(const Report& report) {
     pairings.push_back(RowOf(report.All));
     pairings.back()[0] = "All";
   }
-  std::string out = Joined(SimulationLine(report.Setup), "\n\n", Columns(pairings, 2));
+  std::string out =
+      Joined(TerminalText(SimulationLine(report.Setup)), "\n\n", Columns(pairings, 2));
   if (report.Cards.empty()) return out;
   std::vector<Row> cards = {{"Card", "Unique ID", "Drawn", "Played", "Won when played",
                              "95 % interval", "Won when held", "95 % interval", "Tokens"}};
   for (const CardReport& card : report.Cards) {
-    cards.push_back({card.Sums.Name, card.Id, Joined(card.Sums.Drawn), Joined(card.Sums.Played),
-                     PercentText(card.WhenPlayed), IntervalText(card.WhenPlayed),
-                     PercentText(card.WhenHeld), IntervalText(card.WhenHeld),
-                     FixedText(card.Tokens, 1)});
+    cards.push_back({TerminalText(card.Sums.Name), TerminalText(card.Id), Joined(card.Sums.Drawn),
+                     Joined(card.Sums.Played), PercentText(card.WhenPlayed),
+                     IntervalText(card.WhenPlayed), PercentText(card.WhenHeld),
+                     IntervalText(card.WhenHeld), FixedText(card.Tokens, 1)});
   }
   return out + "\n" + Columns(cards, 2);
 }

@@ -1,6 +1,7 @@
 // A simulation: many matches of a game, added up.
 #include "simulation/simulation.h"
 
+#include "core/text.h"
 #include "simulation/stage.h"
 
 namespace brindlemoor {
@@ -50,6 +51,9 @@ std::string PrepareSimulation(const SimulationOptions& options, Stage& stage,
   setup.MaximumTurns = options.MaximumTurns;
   for (const Contender& opponent : stage.Opponents()) setup.Opponents.push_back(opponent.Name);
   for (const Contender& deck : stage.Decks()) setup.Decks.push_back(deck.Name);
+  if (setup.Opponents.size() * setup.Decks.size() > kMostPairings) {
+    return Joined("The game has more than ", kMostPairings, " pairings of opponents and decks.");
+  }
   setup.Shard = options.Shard;
   setup.Shards = options.Shards;
   return "";

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -40,6 +41,7 @@ struct SimulationSetup {
 };
 
 inline constexpr int kMostShards = 1'000'000;
+inline constexpr std::size_t kMostPairings = 100'000;
 
 /// The seed of a match, a function of the simulation's seed and the number of the match alone.
 std::uint64_t MatchSeed(std::uint64_t seed, Count match);

@@ -15,7 +15,6 @@ namespace {
 constexpr std::string_view kFirstLine = "brindle-sim\t1";
 /// No sum of one file is larger; a million of them still add up without overflow.
 constexpr Count kLargestSum = 1'000'000'000'000;
-constexpr int kMostPairings = 1'000'000;
 
 /// A text as one field of a line.
 std::string FieldText(std::string_view text) {

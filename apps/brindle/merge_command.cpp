@@ -1,6 +1,9 @@
 // brindle merge: the shards of a simulation, added up.
+#include <utility>
+
 #include "apps/brindle/commands.h"
 #include "apps/brindle/report_output.h"
+#include "core/encoding.h"
 #include "core/text.h"
 #include "platform/files.h"
 
@@ -19,16 +22,17 @@ constexpr std::array<Option<MergeOptions>, 3> kOptions = {{
 }};
 
 int Refuse(std::string_view problem, int code) {
-  std::cerr << "brindle: " << problem << '\n';
+  std::cerr << "brindle: " << TerminalText(std::string(problem)) << '\n';
   return code;
 }
 
 /// "" or what is wrong with the file.
 std::string ReadShard(const std::string& path, NamedTotals& shard) {
   shard.Name = path;
-  const auto text = LocalFileSystem().Read(path);
-  if (!text) return Joined("can't read ", path);
-  const std::string problem = ReadTotals(*text, shard.File);
+  auto bytes = LocalFileSystem().Read(path);
+  if (!bytes) return Joined("can't read ", path);
+  // Names become parts of JSON and HTML: they must be UTF-8, whatever the file holds.
+  const std::string problem = ReadTotals(DecodeFileText(std::move(*bytes)), shard.File);
   return problem.empty() ? "" : Joined("can't use ", path, ": ", problem);
 }
 

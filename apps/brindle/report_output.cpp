@@ -1,7 +1,10 @@
 // The forms in which sim and merge report, and where each goes.
 #include "apps/brindle/report_output.h"
 
+#include <algorithm>
+
 #include "apps/brindle/output_file.h"
+#include "core/text.h"
 
 namespace brindlemoor {
 
@@ -18,6 +21,9 @@ std::string OutputProblem(const ReportOutput& output) {
     if (!form) continue;
     if (form->empty() && ++onOutput > 1) {
       return "only one form can go to the output; give the others a file, such as --csv=FILE";
+    }
+    if (!form->empty() && std::ranges::count(output.Forms, form) > 1) {
+      return Joined("only one form can go to ", *form);
     }
     if (std::string problem = OutputProblem(*form); !problem.empty()) return problem;
   }

@@ -66,7 +66,7 @@ constexpr std::array<Option<SimOptions>, 10> kOptions = {{
 }};
 
 int Refuse(std::string_view problem, int code) {
-  std::cerr << "brindle: " << problem << '\n';
+  std::cerr << "brindle: " << TerminalText(std::string(problem)) << '\n';
   return code;
 }
 

@@ -49,10 +49,14 @@ TEST_F(LocalFilesTest, WritesAndReadsAnyBytesAndKeepsRightsAndLinks) {
 
 TEST_F(LocalFilesTest, AFailedWriteSaysWhyAndLeavesEverythingAsItWas) {
   fs::create_directory(In("folder"));
-  for (const std::string& path : {In("missing/file"), In("folder"), In("file/below"),
-                                  In(std::string(300, 'n')), std::string(), In("file") + '\0'}) {
+  ASSERT_EQ(::mkfifo(In("pipe").c_str(), 0600), 0);
+  fs::create_symlink("pipe", In("link"));
+  for (const std::string& path :
+       {In("missing/file"), In("folder"), In("file/below"), In(std::string(300, 'n')),
+        std::string(), In("file") + '\0', In("pipe"), In("link")}) {
     EXPECT_NE(files_.Write(path, "new"), "") << path;
   }
+  EXPECT_TRUE(fs::is_fifo(In("pipe"))) << "a file does not take its place";
   ::chmod(In("file").c_str(), 0444);  // the super user may write all the same
   EXPECT_TRUE(::geteuid() == 0 || !files_.Write(In("file"), "new").empty());
   struct rlimit before {};
@@ -64,7 +68,7 @@ TEST_F(LocalFilesTest, AFailedWriteSaysWhyAndLeavesEverythingAsItWas) {
   ::setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, handler);
   EXPECT_EQ(files_.Read(In("file")), "old");
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 2);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 4);
 }
 
 TEST_F(LocalFilesTest, ARemovedFileIsGoneAndOneThatIsNotThereIsNoError) {

@@ -188,6 +188,11 @@ TEST_F(SimulationTest, ReportsHoldTheSameNumbersInEveryForm) {
   const std::string text = ReportAsText(report);
   EXPECT_TRUE(text.starts_with("Imps: 40 matches of each pairing, seed 1, at most 30 turns\n\n"));
   EXPECT_NE(text.find(won), std::string::npos);
+  Report strange = report;
+  strange.Setup.Game = strange.Pairings[0].Opponent = "\x1B[2J\r\n\x7F!";
+  const std::string calm = ReportAsText(strange);
+  EXPECT_NE(calm.find(" [2J   !"), std::string::npos);
+  EXPECT_EQ(calm.find_first_of("\x1B\r\x7F"), std::string::npos) << "nothing steers the terminal";
   const std::string csv = ReportAsCsv(report);
   EXPECT_NE(csv.find("pairing,\"Gob <b>,"), std::string::npos) << csv;
   EXPECT_NE(csv.find("\r\ncard,"), std::string::npos);

@@ -1,0 +1,135 @@
+// The checks of the fields that say what a card has and does: traits, actions, captions.
+#include <algorithm>
+
+#include "check/field_checks.h"
+#include "core/fold.h"
+#include "core/strings.h"
+#include "core/text.h"
+#include "script/script_arguments.h"
+#include "script/target_types.h"
+#include "script/triggers.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr std::string_view kBetweenScripts = "$|$";
+constexpr std::string_view kBonus = "BONUS";
+
+}  // namespace
+
+void FileCheck::Message(const CheckedField& field) {
+  NoteAll(field.Offset, CheckMessage(field.Text));
+}
+
+void FileCheck::Trait(const CheckedField& field) {
+  const std::string_view text = field.Text;
+  const std::string_view name = FieldAt(text, 1, ':');
+  if (name.empty()) {
+    Note(field, FindingCode::kNamelessTrait, "This trait has no name.");
+    return;
+  }
+  traits_.insert(FoldUpper(name));
+  Gives(name);
+  const std::string_view value = text.substr(std::min(text.size(), name.size() + 1));
+  const std::size_t offset = field.Offset + static_cast<std::size_t>(value.data() - text.data());
+  if (isRules_ && name == "TRAITGRAPHIC") {
+    FindPicture(FieldAt(text, 3, ':'), offset);
+  } else if (FoldUpper(name).starts_with(kBonus)) {
+    VisitValueTraits(value, [&](std::string_view trait) {
+      Reads(trait, field.Offset + static_cast<std::size_t>(trait.data() - text.data()));
+    });
+  }
+}
+
+void FileCheck::Target(const CheckedField& field) {
+  NoteAll(field.Offset, CheckTarget(field.Text));
+}
+
+void FileCheck::Trigger(const CheckedField& field) {
+  NoteAll(field.Offset, CheckTrigger(field.Text));
+  const std::string_view text = field.Text;
+  for (const std::string_view word : {"TRAITCHANGE:", "BEFORETRAITCHANGE:"}) {
+    if (text.starts_with(word)) Reads(text.substr(word.size()), field.Offset + word.size());
+  }
+}
+
+void FileCheck::Script(const CheckedField& field) {
+  NoteAll(field.Offset, CheckScript(field.Text));
+  Gather(field.Text, field.Offset);
+}
+
+void FileCheck::EntryScripts(const CheckedField& field) {
+  const std::string_view text = field.Text;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find(kBetweenScripts, start), text.size());
+    const std::string_view script = text.substr(start, end - start);
+    NoteAll(field.Offset + start, CheckScript(script));
+    Gather(script, field.Offset + start);
+    start = end + kBetweenScripts.size();
+  }
+}
+
+void FileCheck::EntersDuring(const CheckedField& field) {
+  const auto fires = [&](const TriggerRow& row) {
+    return row.Code != 0 && FoldEquals(row.Word, field.Text) &&
+           (row.Code == kOtherEntersPlay || row.Word.starts_with("PHASE") ||
+            row.Word.starts_with("TURN"));
+  };
+  if (field.Text.empty() || std::ranges::any_of(kTriggerRows, fires)) return;
+  Note(field, FindingCode::kUnknownTrigger,
+       Joined("\"", field.Text,
+              "\" is no time at which cards enter play: TURNSTART, PHASE1 to "
+              "PHASE10, TURNEND or OTHERENTERSPLAY."));
+}
+
+void FileCheck::CaptionTrait(const CheckedField& field) {
+  if (!hasCard_ || !hasPlaceForCaption_ || traits_.contains(FoldUpper(field.Text))) return;
+  Note(field, FindingCode::kCaptionWithoutTrait,
+       Joined("The card has no trait \"", field.Text, "\", so the caption is left out."));
+}
+
+/// Takes from a script which traits it gives and which it reads, and the cards that it makes.
+void FileCheck::Gather(std::string_view script, std::size_t offset) {
+  const auto place = [&](std::string_view part) {
+    return offset + static_cast<std::size_t>(part.data() - script.data());
+  };
+  VisitArguments(script, [&](const ScriptArgument& argument) {
+    const ArgumentKind kind = KindOfArgument(argument.Name);
+    if (kind == ArgumentKind::kTrait) {
+      // A declaration is a trait of the action itself.
+      const bool gives = argument.Role == CommandRole::kActs || argument.Word == "TRAIT";
+      if (gives && !argument.Word.starts_with("REMOVE") && !argument.Word.starts_with("SUB")) {
+        Gives(argument.Text);
+      } else {
+        Reads(argument.Text, place(argument.Text));
+      }
+    } else if (kind == ArgumentKind::kValue || kind == ArgumentKind::kContent ||
+               kind == ArgumentKind::kSetting) {
+      VisitValueTraits(argument.Text, [&](std::string_view trait) { Reads(trait, place(trait)); });
+    } else if (kind == ArgumentKind::kTrigger && argument.Text.ends_with("TRAITCHANGE")) {
+      Reads(argument.Next, place(argument.Next));
+    } else if (argument.Name == "PICTURE" && !IsComposed(argument.Text)) {
+      FindPicture(argument.Text, place(argument.Text));
+    } else if (argument.Name == "NAME" && argument.Word == "CREATECARD" &&
+               !IsComposed(argument.Text) && !argument.Next.empty() && !IsComposed(argument.Next)) {
+      FindCard(argument.Text, argument.Next, place(argument.Text), CardUse::kModel);
+    }
+  });
+}
+
+void FileCheck::Gives(std::string_view trait) {
+  if (trait.empty()) return;
+  const std::string name = FoldUpper(trait);
+  facts_.GivenTraits.insert(name);
+  // A bonus brings the trait that it adds to.
+  if (name.starts_with(kBonus)) facts_.GivenTraits.insert(name.substr(kBonus.size()));
+}
+
+void FileCheck::Reads(std::string_view trait, std::size_t offset) {
+  if (trait.empty() || IsComposed(trait)) return;
+  auto [entry, isNew] = facts_.ReadTraits.try_emplace(FoldUpper(trait));
+  if (isNew) entry->second = {std::string(trait), file_.Path(), file_.PlaceOf(offset)};
+}
+
+}  // namespace brindlemoor
