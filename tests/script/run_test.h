@@ -28,10 +28,6 @@ class RunTest : public SessionTest {
     AddEffect(ada, script, kTargetAll, "PHASE1", 0, "ALL");
     return RunAction(ada, bob, 1, options);
   }
-  static void GiveAction(Card& card, std::string_view trigger, std::string_view script,
-                         int targetType = kTargetSelf) {
-    AddEffect(card, script, targetType, trigger, 0, TargetTypeName(targetType));
-  }
   static std::string Trait(const Card& card, std::string_view name) {
     return GetTrait(card, name).Str();
   }

@@ -1,4 +1,4 @@
-// Trait actions: what a trait brings to a card, when it does not, and how it goes again.
+// Merging trait actions by the call; tests/scenarios/trait_actions.txt has what they do to cards.
 #include "script/trait_actions.h"
 
 #include "script/triggers.h"
@@ -32,53 +32,18 @@ class TraitActionsTest : public SessionTest {
   static constexpr const char* kAll = "TURNEND=TRAIT:TRAITEFFECT:#ALL#:MODTRAIT:AGE:1;";
 };
 
-TEST_F(TraitActionsTest, ActionsComeByTraitNameAndForAll) {
-  const std::string both = std::string(kFlying) + kAll;
-  const Rows<const char*, std::vector<std::string>, const char*, std::string> cases = {
-      {"the trait and all", {"FLYING"}, "", both},
-      {"only the general ones", {"SWIMMING"}, "", kAll},
-      {"trait names fold case", {"flying:2"}, "", both},
-      {"only one trait's", {"FLYING"}, "FLYING", kFlying},
-      {"another trait's", {"FLYING"}, "SWIMMING", ""},
-      {"the narrowing is exact", {"FLYING"}, "flying", ""}};
-  for (const auto& [what, traits, only, expected] : cases) {
-    Card card = MakeCard("Bird", 1, traits);
+TEST_F(TraitActionsTest, MergingCanBeNarrowedToOneTrait) {
+  const Rows<const char*, const char*> cases = {
+      {"FLYING", kFlying}, {"SWIMMING", ""}, {"flying", ""}};
+  for (const auto& [only, expected] : cases) {
+    Card card = MakeCard("Bird", 1, {"FLYING"});
     for (const char* time : {"once", "merged twice"}) {
       card.TraitActionsApplied = 0;
       ApplyTraitActions(card, only);
-      EXPECT_EQ(ActionsOf(card), expected) << what << ", " << time;
-      EXPECT_EQ(card.TraitActionsApplied, 1) << what;
+      EXPECT_EQ(ActionsOf(card), expected) << only << ", " << time;
+      EXPECT_EQ(card.TraitActionsApplied, 1) << only;
     }
   }
-}
-
-TEST_F(TraitActionsTest, ACaptionSwitchesATraitsActionsOffButNotTheGeneralOnes) {
-  Card card = MakeCard("Penguin", 1, {"FLYING", "#ALL#"});
-  for (int item = 1; item <= card.TraitCaptions.UpperBound(); ++item) {
-    card.TraitCaptions.Edit(item) = "OVERRIDE";
-  }
-  for (int time = 1; time <= 2; ++time) {
-    card.TraitActionsApplied = 0;
-    ApplyTraitActions(card, "");
-    EXPECT_EQ(ActionsOf(card), kAll) << "the caption stays";
-  }
-}
-
-TEST_F(TraitActionsTest, ATraitGainedInPlayActsAtOnceAndGoesWithTheTrait) {
-  Card& bird = PutInPlay(MakeCard("Bird", 1));
-  for (int round = 1; round <= 3; ++round) {
-    SetTrait(bird, "FLYING", round, 0);
-    FireHit("PHASE1");
-    EXPECT_EQ(TraitNumber(bird, "ALTITUDE"), round);
-    RemoveTrait(bird, "FLYING");
-    FireHit("PHASE1");
-    EXPECT_EQ(TraitNumber(bird, "ALTITUDE"), round) << "the actions are gone";
-  }
-  EXPECT_LE(bird.Effects.UpperBound(), 3) << "blank records are used again";
-  Card copy = bird;
-  SetTrait(copy, "FLYING", 1, 0);
-  FireHit("PHASE1");
-  EXPECT_EQ(TraitNumber(bird, "ALTITUDE"), 3) << "a copy's trait acts for no card";
 }
 
 TEST_F(TraitActionsTest, ReapplyingServesTableAndDrawPiles) {
