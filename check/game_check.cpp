@@ -15,6 +15,7 @@
 #include "core/state.h"
 #include "core/text.h"
 #include "data/card_reader.h"
+#include "data/profiles.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/overlay_files.h"
 #include "script/word_distance.h"
@@ -24,10 +25,9 @@ namespace brindlemoor {
 namespace {
 
 constexpr std::string_view kExtension = ".txt";
-constexpr std::string_view kProfiles = "PlayerProfiles.txt";
 
 bool IsCardFileName(std::string_view name) {
-  return name.size() > kExtension.size() && name != kProfiles &&
+  return name.size() > kExtension.size() && !BelongsToPlayers(name) &&
          FoldEquals(name.substr(name.size() - kExtension.size()), kExtension);
 }
 
@@ -48,11 +48,6 @@ bool HoldsGame(const std::string& folder) {
     if (bytes && bytes->find("#GAMERULES") != std::string::npos) return true;
   }
   return false;
-}
-
-/// What players did in the folder must not change what is found.
-bool BelongsToPlayers(const std::string& path) {
-  return path.ends_with(".plr") || FileNameOf(path) == kProfiles;
 }
 
 /// A session of its own on the files of the present one, which comes back at the end.

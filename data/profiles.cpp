@@ -54,6 +54,14 @@ bool IsControl(char character) {
 
 }  // namespace
 
+bool BelongsToPlayers(std::string_view path) {
+  constexpr std::string_view kPlayerFile = ".plr";
+  const std::string name = FileNameOf(path);
+  return name == kListFile ||
+         (name.size() >= kPlayerFile.size() &&
+          FoldEquals(std::string_view(name).substr(name.size() - kPlayerFile.size()), kPlayerFile));
+}
+
 void LoadProfiles() {
   Table<ProfileRec>& profiles = State().Profiles;
   profiles.Resize(0);

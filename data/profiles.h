@@ -10,6 +10,9 @@ namespace brindlemoor {
 void LoadProfiles();
 /// Writes the list, the current profile copied onto its line. Says so when that fails.
 void SaveProfiles();
+/// True for the files that the program writes for its players: player files and the profile list.
+bool BelongsToPlayers(std::string_view path);
+
 /// Characters that no file name can hold on some system.
 inline constexpr std::string_view kNotInFileNames = "/\\:*?\"<>|";
 

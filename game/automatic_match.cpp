@@ -15,6 +15,7 @@
 #include "core/traits.h"
 #include "data/field_stream.h"
 #include "data/player_files.h"
+#include "data/profiles.h"
 #include "game/automatic_player.h"
 #include "game/match_start.h"
 #include "game/program_start.h"
@@ -69,6 +70,7 @@ std::string ChooseFolders(const AutomaticMatchOptions& options, Stage& stage) {
 void OpenSession(const Stage& stage, std::uint64_t seed) {
   State() = Session{};
   auto desktop = std::make_shared<HeadlessPlatform>(
+      // A player of the same name would change the match.
       std::make_unique<OverlayFileSystem>(BelongsToPlayers), seed);
   desktop->AcceptMessages = true;
   desktop->ModalForms.emplace_back([](Form&) { TheDeckManager().Command2_Click(); });
@@ -191,12 +193,6 @@ std::string AbsoluteFolder(const std::string& folder) {
   std::string path = absolute.lexically_normal().generic_string();
   while (path.size() > 1 && path.back() == '/') path.pop_back();
   return path;
-}
-
-// Other players' files are not read: a player of the same name would change the match.
-bool BelongsToPlayers(std::string_view file) {
-  const fs::path path(file);
-  return FoldEquals(path.extension().string(), ".plr") || path.filename() == "PlayerProfiles.txt";
 }
 
 bool IsStarterDeck(const std::string& path) {

@@ -31,10 +31,8 @@ struct AutomaticMatchResult {
 /// session and leaves it as the match ended.
 AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::ostream& out);
 
-/// The absolute path of a folder, without a separator behind it.
+/// The absolute path of a folder or file, without a separator behind it.
 std::string AbsoluteFolder(const std::string& folder);
-/// True for player files and the list of profiles.
-bool BelongsToPlayers(std::string_view file);
 /// True for a file that is a starter deck or a card store.
 bool IsStarterDeck(const std::string& path);
 

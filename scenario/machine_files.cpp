@@ -5,14 +5,11 @@
 #include <filesystem>
 #include <set>
 
+#include "data/profiles.h"
+
 namespace brindlemoor {
 
 namespace {
-
-/// What a player did in a folder must not change what a scenario finds there.
-bool BelongsToPlayers(std::string_view path) {
-  return path.ends_with(".plr") || path.ends_with("PlayerProfiles.txt");
-}
 
 std::vector<std::string> Merged(std::vector<std::string> names,
                                 const std::vector<std::string>& more) {

@@ -1,7 +1,7 @@
 // The files of the machine as they were when they were first asked for.
 #include "simulation/cached_files.h"
 
-#include "game/automatic_match.h"
+#include "data/profiles.h"
 
 namespace brindlemoor {
 

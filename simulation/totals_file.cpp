@@ -337,30 +337,42 @@ std::string ReadTotals(std::string_view text, TotalsFile& file) {
   return "";
 }
 
-std::string MergeTotals(std::span<const NamedTotals> shards, TotalsFile& merged) {
-  merged = {};
-  if (shards.empty()) return "There is no file to merge.";
-  const NamedTotals& first = shards.front();
-  merged.Setup = first.File.Setup;
-  std::set<int> present;
-  for (const NamedTotals& shard : shards) {
-    const SimulationSetup& setup = shard.File.Setup;
-    for (const Option& option : kOptions) {
-      const std::string here = option.Show(setup);
-      const std::string there = option.Show(first.File.Setup);
-      if (here == there) continue;
-      return Joined(shard.Name, " does not fit to ", first.Name, ": the ", option.Name, " is ",
-                    here, ", not ", there, ".");
-    }
-    if (!present.insert(setup.Shard).second) {
-      return Joined(shard.Name, " is shard ", setup.Shard, " of ", setup.Shards,
-                    ", which is there already.");
-    }
-    merged.Sums += shard.File.Sums;
+std::string ShardMerge::Add(const NamedTotals& shard) {
+  const SimulationSetup& setup = shard.File.Setup;
+  if (present_.empty()) {
+    first_ = shard.Name;
+    merged_.Setup = setup;
   }
+  for (const Option& option : kOptions) {
+    const std::string here = option.Show(setup);
+    const std::string there = option.Show(merged_.Setup);
+    if (here == there) continue;
+    return Joined(shard.Name, " does not fit to ", first_, ": the ", option.Name, " is ", here,
+                  ", not ", there, ".");
+  }
+  if (!present_.insert(setup.Shard).second) {
+    return Joined(shard.Name, " is shard ", setup.Shard, " of ", setup.Shards,
+                  ", which is there already.");
+  }
+  merged_.Sums += shard.File.Sums;
+  return "";
+}
+
+std::string ShardMerge::Finish(TotalsFile& merged) {
+  if (present_.empty()) return "There is no file to merge.";
+  const int shards = merged_.Setup.Shards;
+  merged = std::move(merged_);
   merged.Setup.Shard = 1;
   merged.Setup.Shards = 1;
-  return MissingShards(present, first.File.Setup.Shards);
+  return MissingShards(present_, shards);
+}
+
+std::string MergeTotals(std::span<const NamedTotals> shards, TotalsFile& merged) {
+  ShardMerge merge;
+  for (const NamedTotals& shard : shards) {
+    if (std::string problem = merge.Add(shard); !problem.empty()) return problem;
+  }
+  return merge.Finish(merged);
 }
 
 }  // namespace brindlemoor

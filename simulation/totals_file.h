@@ -1,6 +1,7 @@
 // The file of a shard: what was simulated and the raw sums, as text.
 #pragma once
 
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -31,8 +32,21 @@ struct NamedTotals {
   TotalsFile File;
 };
 
-/// Adds up the shards of one simulation. "" or why they do not fit together: other files, other
-/// options, a shard twice or one that is missing.
+/// Adds up the shards of one simulation, of which it keeps the sum only.
+class ShardMerge {
+ public:
+  /// "" or why the shard does not fit to those before: other files, other options, a shard twice.
+  std::string Add(const NamedTotals& shard);
+  /// Hands out the sum. "" or which shards are missing.
+  std::string Finish(TotalsFile& merged);
+
+ private:
+  std::string first_;  ///< name of the first shard
+  std::set<int> present_;
+  TotalsFile merged_;
+};
+
+/// All of it at once, for shards at hand.
 std::string MergeTotals(std::span<const NamedTotals> shards, TotalsFile& merged);
 
 }  // namespace brindlemoor

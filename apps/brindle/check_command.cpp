@@ -1,10 +1,10 @@
 // brindle check: what is wrong in card files.
 #include <array>
-#include <filesystem>
 
 #include "apps/brindle/commands.h"
 #include "check/game_check.h"
 #include "core/state.h"
+#include "game/automatic_match.h"
 #include "platform/headless/headless_platform.h"
 
 namespace brindlemoor {
@@ -33,11 +33,6 @@ struct GivenPath {
   std::string Given;
 };
 
-std::string AbsolutePath(const std::string& given) {
-  std::error_code failure;
-  return std::filesystem::absolute(given, failure).lexically_normal().generic_string();
-}
-
 void NameAsGiven(std::vector<Finding>& findings, const std::vector<GivenPath>& paths) {
   for (Finding& finding : findings) {
     for (const GivenPath& path : paths) {
@@ -64,8 +59,7 @@ int RunCheck(Arguments arguments) {
   std::vector<std::string> paths;
   for (std::string& operand : operands) {
     while (operand.size() > 1 && operand.back() == '/') operand.pop_back();
-    paths.push_back(AbsolutePath(operand));
-    while (paths.back().size() > 1 && paths.back().back() == '/') paths.back().pop_back();
+    paths.push_back(AbsoluteFolder(operand));
     given.push_back({paths.back(), operand});
   }
   State().Desktop = std::make_shared<HeadlessPlatform>(std::make_unique<LocalFileSystem>());
@@ -78,6 +72,10 @@ int RunCheck(Arguments arguments) {
     std::cerr << result.Files << " files, " << result.Findings.size() << " findings\n";
   }
   if (!result.CouldRead) return kWrongUsage;
+  if (result.Files == 0) {
+    std::cerr << "brindle: there are no card files\n";
+    return kWrongUsage;
+  }
   return result.Findings.empty() ? kSuccess : kFailure;
 }
 

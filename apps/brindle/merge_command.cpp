@@ -47,13 +47,16 @@ int RunMerge(Arguments arguments) {
   std::string problem = OutputProblem(options.Output);
   if (!problem.empty()) return Refuse(problem, kWrongUsage);
 
-  std::vector<NamedTotals> shards(paths.size());
-  for (std::size_t at = 0; at < paths.size(); ++at) {
-    problem = ReadShard(paths[at], shards[at]);
+  ShardMerge merge;
+  for (const std::string& path : paths) {
+    NamedTotals shard;
+    problem = ReadShard(path, shard);
     if (!problem.empty()) return Refuse(problem, kWrongUsage);
+    problem = merge.Add(shard);
+    if (!problem.empty()) return Refuse(problem, kFailure);
   }
   TotalsFile merged;
-  problem = MergeTotals(shards, merged);
+  problem = merge.Finish(merged);
   if (!problem.empty()) return Refuse(problem, kFailure);
   return WriteReport(MakeReport(merged), options.Output);
 }
