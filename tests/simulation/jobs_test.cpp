@@ -12,6 +12,7 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 #include "core/text.h"
 
@@ -91,7 +92,9 @@ class SimCommandTest : public ::testing::Test {
     return {std::istreambuf_iterator<char>(in), {}};
   }
 
-  const fs::path folder_ = fs::path(testing::TempDir()) / "brindlemoor_sim_command";
+  // Tests run side by side.
+  const fs::path folder_ =
+      fs::path(testing::TempDir()) / Joined("brindlemoor_sim_command_", ::getpid());
 };
 
 TEST_F(SimCommandTest, OneJobFourJobsAndMergedShardsGiveEqualBytes) {

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <map>
+#include <unistd.h>
 
 #include "core/state.h"
 #include "core/text.h"
@@ -83,7 +84,9 @@ class SimulationTest : public ::testing::Test {
     return file.Sums;
   }
 
-  const fs::path root_ = fs::path(testing::TempDir()) / "brindlemoor_simulation";
+  // Tests run side by side.
+  const fs::path root_ =
+      fs::path(testing::TempDir()) / Joined("brindlemoor_simulation_", ::getpid());
   SimulationOptions options_;
 };
 
