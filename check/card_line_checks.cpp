@@ -36,6 +36,7 @@ bool IsColor(std::string_view text) {
 
 std::vector<std::string_view> LocationWords() {
   std::vector<std::string_view> words;
+  words.reserve(kLocationRows.size());
   for (const LocationRow& row : kLocationRows) words.push_back(row.Word);
   return words;
 }

@@ -27,6 +27,7 @@ constexpr std::size_t kBlock = 1024;
 const std::vector<std::string_view>& DirectiveWords() {
   static const std::vector<std::string_view> words = [] {
     std::vector<std::string_view> all;
+    all.reserve(kDirectiveRows.size());
     for (const DirectiveRow& row : kDirectiveRows) all.push_back(row.Word);
     return all;
   }();

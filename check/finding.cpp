@@ -62,8 +62,8 @@ void SortFindings(std::vector<Finding>& findings) {
     return std::tie(f.File, f.Place.Line, f.Place.Column, f.Code, f.Text);
   };
   std::ranges::stable_sort(findings, {}, key);
-  const auto rest = std::ranges::unique(findings, {}, key);
-  findings.erase(rest.begin(), rest.end());
+  const auto equal = [&key](const Finding& a, const Finding& b) { return key(a) == key(b); };
+  findings.erase(std::unique(findings.begin(), findings.end(), equal), findings.end());
 }
 
 std::string FindingLine(const Finding& finding) {

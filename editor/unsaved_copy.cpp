@@ -60,7 +60,7 @@ std::string UnsavedCopy::MakeRoom(std::string_view cardFile) const {
     if (files.Exists(place)) {
       kept = files.Read(place) == bytes;
     } else {
-      const std::string error = files.Write(place, *bytes);
+      std::string error = files.Write(place, *bytes);
       if (!error.empty()) return error;
       kept = true;
     }

@@ -82,7 +82,7 @@ void PicPick::updatpics() {
   std::sort(loaded.begin(), loaded.end());
   Waiting.clear();
   for (int cell = 0; cell < kCells; ++cell) {
-    const auto number = static_cast<std::size_t>(cell + FirstShown);
+    const auto number = static_cast<std::size_t>(cell) + static_cast<std::size_t>(FirstShown);
     if (number >= FileList.size() || FileList[number].empty()) {
       HideCell(cell);
     } else {
@@ -156,7 +156,7 @@ bool PicPick::Image1_KeyDown(int cell, PictureKey key) {
 }
 
 void PicPick::Image1_Click(int cell) {
-  const auto number = static_cast<std::size_t>(FirstShown + cell);
+  const auto number = static_cast<std::size_t>(FirstShown) + static_cast<std::size_t>(cell);
   if (number >= FileList.size() || FileList[number].empty()) return;
   const std::string file = FileList[number];
   if (!CropOn) {
