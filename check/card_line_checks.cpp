@@ -165,9 +165,10 @@ void FileCheck::DeckRules(const CheckedField& field) {
     if (word.empty()) return;
     at = static_cast<std::size_t>(word.data() - field.Text.data());
     if (std::ranges::find(words, word) == words.end()) {
+      const std::string nearest = NearestWord(word, words);
       Note(field.Offset + at, FindingCode::kUnknownDeckRule,
-           Joined("\"", word, "\" is no deck rule."), NearestWord(word, words));
-      if (NearestWord(word, words).empty()) continue;
+           Joined("\"", word, "\" is no deck rule."), nearest);
+      if (nearest.empty()) continue;
     }
     const std::string_view trait = fields.Next();
     const std::string_view limit = fields.Next();

@@ -6,7 +6,7 @@
 #include <tuple>
 
 #include "core/encoding.h"
-#include "core/json.h"
+#include "core/quoting.h"
 #include "core/text.h"
 
 namespace brindlemoor {

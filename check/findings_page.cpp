@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "check/game_check.h"
+#include "core/quoting.h"
 #include "core/text.h"
 
 namespace brindlemoor {
@@ -11,23 +12,6 @@ namespace brindlemoor {
 namespace {
 
 constexpr std::size_t kShown = 100;
-
-/// What files hold must not become markup.
-std::string Plain(std::string_view text) {
-  std::string html;
-  for (const char character : text) {
-    if (character == '<') {
-      html += "&lt;";
-    } else if (character == '>') {
-      html += "&gt;";
-    } else if (character == '&') {
-      html += "&amp;";
-    } else {
-      html += character;
-    }
-  }
-  return html;
-}
 
 }  // namespace
 
@@ -39,7 +23,7 @@ std::string FindingsPage(const std::string& folder) {
   for (std::size_t n = 0; n < shown; ++n) {
     std::string& file = findings[n].File;
     if (file.starts_with(folder + "/")) file.erase(0, folder.size() + 1);
-    html += Joined("<br>", Plain(FindingLine(findings[n])));
+    html += Joined("<br>", HtmlText(FindingLine(findings[n])));
   }
   if (shown < findings.size()) html += "<br>...";
   return html;

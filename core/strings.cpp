@@ -172,4 +172,11 @@ void SplitColor(std::int32_t value, int& low, int& middle, int& high) {
   high = (value & 0xFF0000) >> 16;
 }
 
+std::string_view Trimmed(std::string_view text) noexcept {
+  constexpr std::string_view kBlanks = " \t\r\n";
+  const std::size_t begin = text.find_first_not_of(kBlanks);
+  if (begin == std::string_view::npos) return {};
+  return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
+}
+
 }  // namespace brindlemoor

@@ -56,6 +56,9 @@ std::string ReplacedCopy(std::string_view text, std::string_view search,
 /// 0 when there is none. Does not depend on the locale; never infinite or NaN.
 double NumericPrefix(std::string_view text) noexcept;
 
+/// A text without the blanks, tabs and line ends around it.
+std::string_view Trimmed(std::string_view text) noexcept;
+
 /// The two numeric choices; each returns one of its arguments (the first when they are equal).
 Value Larger(const Value& a, const Value& b);
 Value Smaller(const Value& a, const Value& b);

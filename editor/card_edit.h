@@ -12,26 +12,11 @@
 #include "editor/card_history.h"
 #include "editor/card_rows.h"
 #include "editor/unsaved_copy.h"
+#include "platform/control_array.h"
 #include "platform/controls.h"
 #include "platform/printing.h"
 
 namespace brindlemoor {
-
-/// A control array of a form; its controls are numbered from 0.
-template <class Kind, int N>
-class ControlArray {
- public:
-  explicit ControlArray(std::string_view name) {
-    for (int index = 0; index < N; ++index) {
-      controls_[static_cast<std::size_t>(index)] =
-          std::make_unique<Kind>(Joined(name, "(", index, ")"));
-    }
-  }
-  Kind& operator[](int index) const { return *controls_[static_cast<std::size_t>(index)]; }
-
- private:
-  std::array<std::unique_ptr<Kind>, static_cast<std::size_t>(N)> controls_;
-};
 
 /// What FormBusy stands for. While the form fills its controls, their events store nothing.
 enum FormBusyStates : std::uint8_t { kFormReady = 0, kFillingControls = 1, kLoadingCard = 2 };

@@ -6,19 +6,13 @@
 
 #include "core/cards.h"
 #include "core/fold.h"
+#include "core/strings.h"
 #include "script/target_types.h"
 #include "ui/card_search.h"
 
 namespace brindlemoor {
 
 namespace {
-
-constexpr std::string_view kBlanks = " \t\r\n";
-
-std::string_view Trimmed(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
 
 bool ActionHolds(const CardEffect& effect, std::string_view words) {
   if (effect.Script.empty()) return false;

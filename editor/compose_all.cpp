@@ -13,6 +13,7 @@
 #include "editor/image_recipes.h"
 #include "editor/picture_files.h"
 #include "images/card_images.h"
+#include "images/folder_pictures.h"
 #include "platform/platform.h"
 #include "ui/forms.h"
 

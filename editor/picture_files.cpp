@@ -18,8 +18,6 @@ namespace {
 constexpr int kHexadecimal = 16;
 constexpr std::uint32_t kColorBits = 0xFFFFFF;
 constexpr int kToldNames = 10;
-constexpr std::array<std::string_view, 6> kPictureExtensions = {"bmp", "jpg", "jpeg",
-                                                                "gif", "png", "webp"};
 /// Characters that separate folders, or that pages and other systems take for something else.
 constexpr std::string_view kNotInNames = "/\\:*?\"<>|#%";
 
@@ -63,12 +61,6 @@ std::string CardImageName(std::string_view uniqueId, std::string_view ending) {
     }
   }
   return name.append(ending);
-}
-
-bool IsPictureName(std::string_view path) {
-  const std::string extension = cGdiPlus::FileExtension(path);
-  return std::ranges::any_of(kPictureExtensions,
-                             [&](std::string_view known) { return FoldEquals(known, extension); });
 }
 
 std::int32_t FrameColorOf(const Text& color) {

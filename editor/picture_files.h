@@ -24,8 +24,6 @@ std::string MiniOf(const std::string& path);
 /// The file that a composed image of a card is written to: "Card-", the unique ID and an ending,
 /// without blanks. What would lead into another folder, or could not be linked to, is replaced.
 std::string CardImageName(std::string_view uniqueId, std::string_view ending);
-/// True for the extensions that pictures to be composed have.
-bool IsPictureName(std::string_view path);
 
 /// A colour text as a number with red high and blue low, 0 when it is none.
 std::int32_t FrameColorOf(const Text& color);

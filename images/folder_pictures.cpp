@@ -1,6 +1,8 @@
 // Picture files of a folder: which they are, and one of them by chance.
 #include "images/folder_pictures.h"
 
+#include <algorithm>
+
 #include "core/fold.h"
 #include "core/random.h"
 #include "core/state.h"
@@ -56,6 +58,12 @@ bool MatchesPattern(std::string_view foldedName, std::string_view foldedPattern)
     }
   }
   return foldedPattern.find_first_not_of('*', pattern) == kNone;
+}
+
+bool IsPictureName(std::string_view name) {
+  const std::string folded = FoldUpper(name);
+  return std::ranges::any_of(
+      kPatterns, [&folded](std::string_view pattern) { return MatchesPattern(folded, pattern); });
 }
 
 std::vector<std::string> PicturesIn(const std::string& folder) {

@@ -13,6 +13,8 @@ std::string WithSeparator(std::string_view folder);
 std::vector<std::string> FilesIn(const std::string& folder);
 /// True when a name matches a pattern with "*" for any characters and "?" for one, both folded.
 bool MatchesPattern(std::string_view foldedName, std::string_view foldedPattern);
+/// True for a name with one of the extensions that pictures have.
+bool IsPictureName(std::string_view name);
 /// Full names of a folder's pictures, pattern after pattern; the folder ends in a separator.
 std::vector<std::string> PicturesIn(const std::string& folder);
 

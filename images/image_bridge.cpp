@@ -43,12 +43,6 @@ constexpr std::array<std::string_view, 20> kErrorTexts = {
     "Property Not Supported",
 };
 
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 /// The status of a write that failed with a reason of the file system.
 int WriteStatus(std::string_view reason) {
   for (const std::errc error : {std::errc::permission_denied, std::errc::operation_not_permitted,

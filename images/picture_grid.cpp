@@ -54,31 +54,29 @@ void PicPick::LimitFirstShown() {
 }
 
 void PicPick::HideCell(int cell) {
-  const auto index = static_cast<std::size_t>(cell);
-  Image1[index]->Visible = false;
-  PicNameLabel[index]->Visible = false;
+  Image1[cell].Visible = false;
+  PicNameLabel[cell].Visible = false;
 }
 
 void PicPick::FillCell(int cell, const std::string& file, const std::vector<std::string>& loaded) {
-  const auto index = static_cast<std::size_t>(cell);
-  PictureBox& image = *Image1[index];
+  PictureBox& image = Image1[cell];
   const std::string name = FileNameOf(file);
-  if (!image.Picture.Get().empty()) LastPictures[index] = image.Picture;
+  if (!image.Picture.Get().empty()) LastPictures[static_cast<std::size_t>(cell)] = image.Picture;
   const bool known = std::binary_search(loaded.begin(), loaded.end(), file);
   image.Picture = known ? file : std::string();
   image.Badge = "";
   image.Caption = "";
   image.ToolTip = name;
-  PicNameLabel[index]->Caption = name;
-  PicNameLabel[index]->ToolTip = name;
+  PicNameLabel[cell].Caption = name;
+  PicNameLabel[cell].ToolTip = name;
   image.Visible = true;
-  PicNameLabel[index]->Visible = true;
+  PicNameLabel[cell].Visible = true;
   if (!known) Waiting.push_back({cell, file});
 }
 
 void PicPick::updatpics() {
   std::vector<std::string> loaded;
-  for (const auto& image : Image1) loaded.push_back(image->Picture);
+  for (int cell = 0; cell < kCells; ++cell) loaded.push_back(Image1[cell].Picture);
   std::sort(loaded.begin(), loaded.end());
   Waiting.clear();
   for (int cell = 0; cell < kCells; ++cell) {
@@ -97,14 +95,13 @@ void PicPick::LoadTimer_Tick() {
   if (!Waiting.empty()) {
     const WaitingPicture next = std::move(Waiting.front());
     Waiting.erase(Waiting.begin());
-    const auto index = static_cast<std::size_t>(next.Cell);
-    PictureBox& image = *Image1[index];
+    PictureBox& image = Image1[next.Cell];
     if (const auto size = Reader.SizeOfFile(next.File)) {
       image.Picture = next.File;
       image.ToolTip = Joined(FileNameOf(next.File), " (", size->Width, " by ", size->Height, ")");
     } else {
       // It is meant that the cell keeps its last picture.
-      image.Picture = LastPictures[index];
+      image.Picture = LastPictures[static_cast<std::size_t>(next.Cell)];
       image.Badge = "unreadable";
     }
     image.Caption = "unreadable";  // seen where there is no picture

@@ -21,8 +21,6 @@ constexpr std::int32_t kPromptColor = 0xF0C46C;
 constexpr const char* kIndent = "    ";  // of a folder below its parent
 constexpr int kTick = 10;                // milliseconds
 
-std::string Indexed(std::string_view name, int index) { return Joined(name, "(", index, ")"); }
-
 Layout Framed(Frame& frame, Layout content) {
   content.Group = &frame;
   content.Stretch = 1;
@@ -40,11 +38,7 @@ PicPick::PicPick() : Form("PicPick"), LastPictures(kCells) {
   Caption = "Picture Viewer";
   Width = 1000;
   Height = 740;
-  for (int cell = 0; cell < kCells; ++cell) {
-    Image1.push_back(std::make_unique<PictureBox>(Indexed("Image1", cell)));
-    Image1.back()->FrameWhenEmpty = true;
-    PicNameLabel.push_back(std::make_unique<Label>(Indexed("PicNameLabel", cell)));
-  }
+  for (int cell = 0; cell < kCells; ++cell) Image1[cell].FrameWhenEmpty = true;
   Command1.Caption = "Random Image";
   Command1.ToolTip = "Go to a page of this folder by chance";
   BackButton.Caption = "Other Picture";
@@ -66,10 +60,10 @@ PicPick::PicPick() : Form("PicPick"), LastPictures(kCells) {
 
 void PicPick::Arrange() {
   Layout cells = Column({}, 1);
-  for (std::size_t cell = 0; cell < Image1.size(); ++cell) {
+  for (int cell = 0; cell < kCells; ++cell) {
     if (cell % kColumns == 0) cells.Children.push_back(Row({}, 1));
     cells.Children.back().Children.push_back(
-        Column({Cell(*Image1[cell], 1), Cell(*PicNameLabel[cell]), Layout{.Height = 6}}, 1));
+        Column({Cell(Image1[cell], 1), Cell(PicNameLabel[cell]), Layout{.Height = 6}}, 1));
   }
   Layout folders = Column(
       {Cell(Drive1), Cell(Dirbox, 1), Cell(Command1), Layout{.Height = 12}, Cell(CloseButton)});
@@ -87,7 +81,7 @@ void PicPick::Arrange() {
 
 void PicPick::ConnectEvents() {
   for (int cell = 0; cell < kCells; ++cell) {
-    PictureBox& image = *Image1[static_cast<std::size_t>(cell)];
+    PictureBox& image = Image1[cell];
     image.MouseUp = [this, cell](MouseButton button) {
       if (button == MouseButton::kLeft) Image1_Click(cell);
     };

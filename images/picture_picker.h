@@ -9,6 +9,7 @@
 #include "core/records.h"
 #include "images/folder_pictures.h"
 #include "images/image_bridge.h"
+#include "platform/control_array.h"
 #include "platform/controls.h"
 
 namespace brindlemoor {
@@ -24,9 +25,9 @@ struct PicPick : Form {
   ComboBox Drive1{"Drive1"};
   ListBox Dirbox{"Dirbox"};  ///< the folder below its parents and above its subfolders
   ScrollBar VScroll1{"VScroll1"};
-  std::vector<std::unique_ptr<PictureBox>> Image1;   ///< the cells
-  std::vector<std::unique_ptr<Label>> PicNameLabel;  ///< the file name under each cell
-  PictureBox Image2{"Image2"};                       ///< the large picture
+  ControlArray<PictureBox, kCells> Image1{"Image1"};         ///< the cells
+  ControlArray<Label, kCells> PicNameLabel{"PicNameLabel"};  ///< the file name under each cell
+  PictureBox Image2{"Image2"};                               ///< the large picture
   PictureBox Picture1{"Picture1"};  ///< another box for it, whose positions count as they are
   Label Label1{"Label1"};           ///< the prompt
   Button Command1{"Command1"};

@@ -84,9 +84,10 @@ struct TextBox : Control {
   Property<std::string> Placeholder{*this};  ///< shown faintly while there is no text
   Property<bool> MultiLine{*this, false};
   Property<bool> ReadOnly{*this, false};
-  bool FormUndoes = false;           ///< the form's menu undoes what was typed, not the box
-  std::function<void()> Change;      ///< the user changed the text
-  std::function<void()> Enter;       ///< the Enter key was pressed in a box of one line
+  bool FormUndoes = false;       ///< the form's menu undoes what was typed, not the box
+  std::function<void()> Change;  ///< the user changed the text
+  /// The Enter key was pressed. A MultiLine box with this handler holds one line, wrapped.
+  std::function<void()> Enter;
   std::function<void()> RightClick;  ///< takes the place of the menu for copying and pasting
 };
 

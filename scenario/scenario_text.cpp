@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "core/encoding.h"
+#include "core/strings.h"
 #include "core/text.h"
 #include "scenario/machine_files.h"
 #include "scenario/scenario_report.h"
@@ -20,12 +21,6 @@ constexpr std::size_t kLines = 200000;
 constexpr std::size_t kFaults = 20;  // of a file; more would tell nothing new
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kBlockEnd = "end";
-
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t begin = text.find_first_not_of(kBlanks);
-  if (begin == std::string_view::npos) return "";
-  return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
-}
 
 /// The cells between the bars of a table's line. A bar divides where blanks stand around it.
 std::vector<std::string> CellsOf(std::string_view line) {

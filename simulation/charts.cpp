@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/quoting.h"
 #include "core/text.h"
 #include "simulation/report.h"
 
@@ -64,29 +65,6 @@ std::string Interval(const Share& share, double y, std::string_view style) {
 }
 
 }  // namespace
-
-std::string HtmlText(std::string_view text) {
-  std::string out;
-  for (const char character : text) {
-    switch (character) {
-      case '&':
-        out += "&amp;";
-        break;
-      case '<':
-        out += "&lt;";
-        break;
-      case '>':
-        out += "&gt;";
-        break;
-      case '"':
-        out += "&quot;";
-        break;
-      default:
-        if (static_cast<unsigned char>(character) >= 0x20 || character == '\n') out += character;
-    }
-  }
-  return out;
-}
 
 std::string IntervalChart(std::string_view title, const std::vector<IntervalLine>& lines) {
   const double bottom = kTop + kLine * static_cast<double>(lines.size());

@@ -9,9 +9,6 @@
 
 namespace brindlemoor {
 
-/// A text where HTML and SVG take one.
-std::string HtmlText(std::string_view text);
-
 /// A line of an interval chart: a label and one or two shares with their intervals.
 struct IntervalLine {
   std::string Label;

@@ -1,7 +1,7 @@
 // The report as CSV and as JSON.
 #include <array>
 
-#include "core/json.h"
+#include "core/quoting.h"
 #include "core/text.h"
 #include "simulation/report.h"
 

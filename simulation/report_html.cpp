@@ -1,6 +1,7 @@
 // The report as a page with tables and drawn charts.
 #include <algorithm>
 
+#include "core/quoting.h"
 #include "core/text.h"
 #include "simulation/charts.h"
 #include "simulation/report.h"

@@ -367,12 +367,4 @@ std::string ShardMerge::Finish(TotalsFile& merged) {
   return MissingShards(present_, shards);
 }
 
-std::string MergeTotals(std::span<const NamedTotals> shards, TotalsFile& merged) {
-  ShardMerge merge;
-  for (const NamedTotals& shard : shards) {
-    if (std::string problem = merge.Add(shard); !problem.empty()) return problem;
-  }
-  return merge.Finish(merged);
-}
-
 }  // namespace brindlemoor

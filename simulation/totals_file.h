@@ -2,7 +2,6 @@
 #pragma once
 
 #include <set>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -45,8 +44,5 @@ class ShardMerge {
   std::set<int> present_;
   TotalsFile merged_;
 };
-
-/// All of it at once, for shards at hand.
-std::string MergeTotals(std::span<const NamedTotals> shards, TotalsFile& merged);
 
 }  // namespace brindlemoor

@@ -24,8 +24,6 @@ struct Command {
   std::string_view Summary;
   int (*Run)(Arguments arguments);
 };
-/// Every command, in the order of the help.
-std::span<const Command> TerminalCommands();
 
 int RunAuto(Arguments arguments);      // auto_command.cpp
 int RunCheck(Arguments arguments);     // check_command.cpp

@@ -48,8 +48,6 @@ int Run(Arguments arguments) {
 
 }  // namespace
 
-std::span<const Command> TerminalCommands() { return kCommands; }
-
 int WrongUsage(std::string_view problem, std::string_view text) {
   std::cerr << "brindle: " << problem << text << "\nTry: brindle --help\n";
   return kWrongUsage;

@@ -33,15 +33,13 @@ class PicturePickerTest : public SessionTest {
     }
     return *picker_;
   }
-  PictureBox& Cell(int cell) { return *Picker().Image1[static_cast<std::size_t>(cell)]; }
-  std::string Name(int cell) {
-    return Picker().PicNameLabel[static_cast<std::size_t>(cell)]->Caption;
-  }
+  PictureBox& Cell(int cell) { return Picker().Image1[cell]; }
+  std::string Name(int cell) { return Picker().PicNameLabel[cell].Caption; }
   int ShownCells() {
     int shown = 0;
     for (int cell = 0; cell < PicPick::kCells; ++cell) {
       const bool visible = Cell(cell).Visible;
-      EXPECT_EQ(Picker().PicNameLabel[static_cast<std::size_t>(cell)]->Visible, visible);
+      EXPECT_EQ(Picker().PicNameLabel[cell].Visible, visible);
       EXPECT_TRUE(!visible || cell == shown) << "no gap before cell " << cell;
       if (visible) ++shown;
     }

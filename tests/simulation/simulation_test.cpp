@@ -13,6 +13,7 @@
 #include "simulation/report.h"
 #include "simulation/stage.h"
 #include "simulation/totals_file.h"
+#include "tests/simulation/merged_shards.h"
 
 namespace brindlemoor {
 namespace {

@@ -5,6 +5,7 @@
 
 #include "core/text.h"
 #include "simulation/stage.h"
+#include "tests/simulation/merged_shards.h"
 
 namespace brindlemoor {
 namespace {

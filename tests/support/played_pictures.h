@@ -29,7 +29,7 @@ inline std::function<void(Form&)> Pick(std::string path,
     picker.ShowFolder(path.substr(0, path.rfind('/')));
     for (int cell = 0; cell < PicPick::kCells && cell <= picker.FileCount; ++cell) {
       if (picker.FileList[static_cast<std::size_t>(cell)] != path) continue;
-      picker.Image1[static_cast<std::size_t>(cell)]->MouseUp(MouseButton::kLeft);
+      picker.Image1[cell].MouseUp(MouseButton::kLeft);
       break;
     }
     for (const auto& [x, y] : corners) picker.Image2.PointUp(x, y);

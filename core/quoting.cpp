@@ -1,5 +1,5 @@
-// Writing JSON.
-#include "core/json.h"
+// Writing JSON and HTML.
+#include "core/quoting.h"
 
 namespace brindlemoor {
 
@@ -18,6 +18,29 @@ std::string JsonText(std::string_view text) {
     }
   }
   return json += '"';
+}
+
+std::string HtmlText(std::string_view text) {
+  std::string out;
+  for (const char character : text) {
+    switch (character) {
+      case '&':
+        out += "&amp;";
+        break;
+      case '<':
+        out += "&lt;";
+        break;
+      case '>':
+        out += "&gt;";
+        break;
+      case '"':
+        out += "&quot;";
+        break;
+      default:
+        if (static_cast<unsigned char>(character) >= 0x20 || character == '\n') out += character;
+    }
+  }
+  return out;
 }
 
 }  // namespace brindlemoor
