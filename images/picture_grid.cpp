@@ -76,6 +76,7 @@ void PicPick::FillCell(int cell, const std::string& file, const std::vector<std:
 
 void PicPick::updatpics() {
   std::vector<std::string> loaded;
+  loaded.reserve(kCells);
   for (int cell = 0; cell < kCells; ++cell) loaded.push_back(Image1[cell].Picture);
   std::sort(loaded.begin(), loaded.end());
   Waiting.clear();
