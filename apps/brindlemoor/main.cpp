@@ -4,11 +4,14 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "apps/brindlemoor/options.h"
 #include "apps/brindlemoor/program_folder.h"
 #include "core/state.h"
+#include "editor/compose_folder.h"
+#include "editor/picture_files.h"
 #include "game/program_start.h"
 #include "platform/qt/browser_engine.h"
 #include "platform/qt/geometry_report.h"
@@ -69,6 +72,34 @@ int Play(const Options& options) {
   return 0;
 }
 
+/// A desktop that nobody looks at.
+class UnseenDesktop : public QtPlatform {
+ public:
+  using QtPlatform::QtPlatform;
+  void MessageBox(std::string_view text) override {
+    std::fprintf(stderr, "brindlemoor: %.*s\n", static_cast<int>(text.size()), text.data());
+  }
+};
+
+int Compose(const Options& options) {
+  const ProgramFolderResult place = FindFolder(options);
+  if (!place.Error.empty()) {
+    std::fprintf(stderr, "brindlemoor: %s\n", place.Error.c_str());
+    return kFailed;
+  }
+  State() = Session{};
+  State().Desktop = std::make_shared<UnseenDesktop>(std::make_unique<LocalFileSystem>(),
+                                                    place.Folder, std::nullopt);
+  State().ProgramFolder = State().CurrentFolder = place.Folder;
+  const int quality = static_cast<int>(options.Quality.value_or(kMainQuality));
+  const FolderComposition composed = ComposeFolderImages(quality);
+  State() = Session{};
+  std::printf("%s composed.\n", CountText(composed.Images, "image").c_str());
+  if (composed.Failed.empty()) return 0;
+  std::fprintf(stderr, "brindlemoor: not read or written: %s\n", composed.Failed.c_str());
+  return kFailed;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -81,6 +112,7 @@ int main(int argc, char** argv) {
     std::fputs(options.Help ? HelpText() : "Brindlemoor version Beta 1.0\n", stdout);
     return 0;
   }
+  if (options.Compose) qputenv("QT_QPA_PLATFORM", "offscreen");
   if (!HasDisplay()) {
     std::fputs("brindlemoor: there is no display (DISPLAY is not set).\n", stderr);
     return kFailed;
@@ -90,5 +122,5 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("brindlemoor");
   QApplication::setApplicationDisplayName("");
   ApplyStyle(application);
-  return Play(options);
+  return options.Compose ? Compose(options) : Play(options);
 }

@@ -2,6 +2,8 @@
 #include "apps/brindlemoor/options.h"
 
 #include <charconv>
+#include <limits>
+#include <string_view>
 
 namespace brindlemoor {
 
@@ -15,10 +17,30 @@ std::optional<std::uint64_t> ReadNumber(const std::string& text) {
   return number;
 }
 
+/// An option with a number, in the next argument or behind "=".
+struct NumberOption {
+  std::string_view Name;
+  std::optional<std::uint64_t> Options::*Value;
+  std::uint64_t Most;
+  const char* Wanted;
+};
+constexpr NumberOption kNumberOptions[] = {
+    {"--seed", &Options::Seed, std::numeric_limits<std::uint64_t>::max(), "a number, 0 or above"},
+    {"--quality", &Options::Quality, 100, "a number from 0 to 100"},
+};
+
+/// The row of an argument such as "--seed" or "--seed=7".
+const NumberOption* FindNumberOption(std::string_view argument) {
+  const std::string_view name = argument.substr(0, argument.find('='));
+  for (const NumberOption& option : kNumberOptions) {
+    if (option.Name == name) return &option;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 Options ReadOptions(const std::vector<std::string>& arguments) {
-  constexpr std::string_view kSeed = "--seed";
   Options options;
   bool onlyFolders = false;
   for (std::size_t index = 0; index < arguments.size(); ++index) {
@@ -35,24 +57,36 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
       options.Version = true;
     } else if (argument == "--debug") {
       options.Debug = true;
-    } else if (argument == kSeed || argument.starts_with("--seed=")) {
+    } else if (argument == "--compose") {
+      options.Compose = true;
+    } else if (const NumberOption* option = FindNumberOption(argument)) {
       std::string number;
-      if (argument != kSeed) {
-        number = argument.substr(kSeed.size() + 1);
+      if (argument.size() > option->Name.size()) {
+        number = argument.substr(option->Name.size() + 1);
       } else if (index + 1 < arguments.size()) {
         number = arguments[++index];
       }
-      options.Seed = ReadNumber(number);
-      if (!options.Seed) options.Error = "--seed needs a number, 0 or above.";
+      auto& value = options.*option->Value;
+      value = ReadNumber(number);
+      if (!value || *value > option->Most) {
+        options.Error = std::string(option->Name) + " needs " + option->Wanted + ".";
+      }
     } else {
       options.Error = "There is no option \"" + argument + "\".";
     }
+  }
+  if (options.Error.empty() && options.Compose && options.Folder.empty()) {
+    options.Error = "--compose needs a folder.";
+  }
+  if (options.Error.empty() && options.Quality && !options.Compose) {
+    options.Error = "--quality goes with --compose.";
   }
   return options;
 }
 
 const char* HelpText() {
   return R"(Usage: brindlemoor [FOLDER] [--seed N] [--debug]
+       brindlemoor FOLDER --compose [--quality N]
 
 Plays the card games whose files lie in FOLDER. Without FOLDER that is the
 program's own folder if it holds games, else $XDG_DATA_HOME/brindlemoor (or
@@ -61,6 +95,10 @@ come with the program.
 
   --seed N    the same cards and rolls every time
   --debug     extra lines on pages; players are not saved
+  --compose   composes the card images that the lists "CardImages.list" of
+              FOLDER and the folders directly below record, and ends; needs
+              no display
+  --quality N of the large images, from 0 to 100, else 100
   --help      this text
   --version   the version
 )";

@@ -12,6 +12,8 @@ struct Options {
   std::string Folder;
   std::optional<std::uint64_t> Seed;
   bool Debug = false;
+  bool Compose = false;                  ///< card images of the folder, and no windows
+  std::optional<std::uint64_t> Quality;  ///< of composed images, from 0 to 100
   bool Help = false;
   bool Version = false;
   std::string Error;  ///< what is wrong with the command line, "" when it is right

@@ -50,10 +50,9 @@ std::error_code CopyGames(const fs::path& from, const fs::path& to) {
   fs::recursive_directory_iterator entry(from, error);
   for (const fs::recursive_directory_iterator end; !error && entry != end; entry.increment(error)) {
     const fs::path target = to / entry->path().lexically_relative(from);
-    if (entry->is_directory(error)) {
-      fs::create_directories(target, error);
-    } else if (!error && BelongsToGame(target)) {
-      fs::copy_file(entry->path(), target, fs::copy_options::skip_existing, error);
+    if (!entry->is_directory(error) && !error && BelongsToGame(target)) {
+      fs::create_directories(target.parent_path(), error);
+      if (!error) fs::copy_file(entry->path(), target, fs::copy_options::skip_existing, error);
     }
     if (error) break;
   }

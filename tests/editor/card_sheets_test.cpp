@@ -1,6 +1,7 @@
 // Work on many images and cards: "Fix Images", "Compose All Images" and printing.
 #include "editor/card_sheets.h"
 
+#include "editor/compose_folder.h"
 #include "editor/image_recipes.h"
 #include "images/card_images.h"
 #include "tests/editor/card_edit_test.h"
@@ -166,6 +167,41 @@ TEST_F(ManyImagesTest, TheFormsPartsAreTakenForAllAndCancelStops) {
       "Can't write CardPreview.html: disk full",
       "0 images composed.  Not read or written: Card-A.jpg, Card-B.jpg, Card-C.jpg."};
   form_.composeallmen.Click();
+}
+
+TEST_F(ManyImagesTest, ImagesOfAFolderAreComposedInTheColoursOfItsCards) {
+  EXPECT_EQ(ComposeFolderImages().Images, 0) << "nothing is recorded";
+  Card card = MakeCard("Ape", 1);
+  card.UniqueID = "Ape1";
+  card.Picture = "ape.jpg";
+  card.Thumb = "ape-mini.jpg";
+  card.NameColor = "#00FF00";
+  Card other = card;  // shows the same image, which is named after neither
+  other.UniqueID = "Bat1";
+  other.NameColor = "#FF0000";
+  const std::string head = "CARD DATA FILE\r\n";
+  WriteFile("Pebbles.txt", head + "#GAMERULES, Pebbles, , #203040, pebbles, Help.html\r\n");
+  WriteFile("pebbles/1_Cards.txt", head + CardToText(card, "INDECK"));
+  WriteFile("pebbles/2_Others.txt", head + CardToText(other, "INDECK"));
+  WriteFile("Ann.plr", head + CardToText(other, "COLLECTION"));
+  WriteFile("art/CardImages.list",
+            Recipe("ape.jpg", "/art/red.jpg") + Recipe("nobody.jpg", "/art/red.jpg"));
+  const FolderComposition composed = ComposeFolderImages(60);
+  EXPECT_EQ(composed.Images, 1);
+  EXPECT_EQ(composed.Failed, "");
+  EXPECT_TRUE(ReadFile("art/ape.jpg").starts_with("P6\n# quality 60\n300 450\n"));
+  EXPECT_TRUE(ReadFile("art/ape-mini.jpg").starts_with("P6\n# quality 85\n65 65\n"));
+  EXPECT_FALSE(files_->Exists("/game/art/nobody.jpg"));
+  Raster mini;
+  desktop_->Images().Load("/game/art/ape-mini.jpg", mini);
+  const std::int32_t edge = mini.Pixel(0, 30);
+  EXPECT_GT(edge >> 8 & 0xFF, edge >> 16 & 0xFF) << "green like the first card";
+
+  WriteFile("CardImages.list", Recipe("ape.jpg", "/art/gone.jpg"));
+  files_->Contents.erase("/game/back.bmp");
+  const FolderComposition failed = ComposeFolderImages();
+  EXPECT_EQ(failed.Images, 0);
+  EXPECT_EQ(failed.Failed, "gone.jpg, back.bmp");
 }
 
 TEST(CardSheetsTest, CardsStandSideBySideInsideThePaper) {
