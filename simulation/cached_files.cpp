@@ -9,7 +9,8 @@ namespace {
 
 /// What the map holds for a key, found out when it is asked for first.
 template <class Value, class Find>
-const Value& Remembered(std::map<std::string, Value>& known, const std::string& key, Find find) {
+const Value& Remembered(std::unordered_map<std::string, Value>& known, const std::string& key,
+                        Find find) {
   const auto entry = known.find(key);
   return entry != known.end() ? entry->second : known.emplace(key, find()).first->second;
 }
@@ -17,9 +18,8 @@ const Value& Remembered(std::map<std::string, Value>& known, const std::string& 
 }  // namespace
 
 bool CachedFileSystem::Exists(const std::string& path) const {
-  return read_.contains(path) || Remembered(exists_, path, [&] {
-           return !BelongsToPlayers(path) && machine_.Exists(path);
-         });
+  return Remembered(exists_, path,
+                    [&] { return !BelongsToPlayers(path) && machine_.Exists(path); });
 }
 
 bool CachedFileSystem::FolderExists(const std::string& path) const {

@@ -1,10 +1,10 @@
 // CachedFileSystem: the files of the machine as they were when they were first asked for.
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/files.h"
@@ -16,7 +16,10 @@ namespace brindlemoor {
 class CachedFileSystem : public FileSystem {
  public:
   /// A file that stands before one of the machine.
-  void Put(const std::string& path, std::string bytes) { read_[path] = std::move(bytes); }
+  void Put(const std::string& path, std::string bytes) {
+    exists_[path] = true;
+    read_[path] = std::move(bytes);
+  }
 
   bool Exists(const std::string& path) const override;
   bool FolderExists(const std::string& path) const override;
@@ -28,11 +31,13 @@ class CachedFileSystem : public FileSystem {
 
  private:
   LocalFileSystem machine_;
-  mutable std::map<std::string, bool> exists_;
-  mutable std::map<std::string, bool> folderExists_;
-  mutable std::map<std::string, std::vector<std::string>> files_;
-  mutable std::map<std::string, std::vector<std::string>> folders_;
-  mutable std::map<std::string, std::optional<std::string>> read_;
+  template <class Value>
+  using ByPath = std::unordered_map<std::string, Value>;
+  mutable ByPath<bool> exists_;
+  mutable ByPath<bool> folderExists_;
+  mutable ByPath<std::vector<std::string>> files_;
+  mutable ByPath<std::vector<std::string>> folders_;
+  mutable ByPath<std::optional<std::string>> read_;
 };
 
 }  // namespace brindlemoor

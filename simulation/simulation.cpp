@@ -42,6 +42,7 @@ std::string PrepareSimulation(const SimulationOptions& options, Stage& stage,
                               SimulationSetup& setup) {
   std::string problem = stage.Open(options.Folder, options.Game, options.Seed);
   if (!problem.empty()) return problem;
+  if (options.DecksMeet) stage.LetDecksMeet();
   setup = {};
   setup.Program = kProgramVersion;
   setup.Game = stage.Game();

@@ -22,6 +22,7 @@ struct SimulationOptions {
   int MaximumTurns = 200;
   int Shard = 1;
   int Shards = 1;
+  bool DecksMeet = false;  ///< decks play decks, themselves too, and no opponent takes part
 };
 
 /// Opens the game on a stage and says what will be played. "" or why there is nothing to play.

@@ -14,6 +14,7 @@
 #include "game/automatic_match.h"
 #include "game/automatic_player.h"
 #include "game/card_refresh.h"
+#include "game/game_list.h"
 #include "game/match_start.h"
 #include "game/program_start.h"
 #include "game/turn.h"
@@ -86,19 +87,10 @@ std::string DeckText() {
 }  // namespace
 
 std::string Stage::ChooseGameByName(std::string_view name) {
-  const Table<GameRec>& games = State().Games;
-  std::string names;
-  for (gameIndex_ = 1; gameIndex_ <= games.UpperBound(); ++gameIndex_) {
-    const GameRec& game = games[gameIndex_];
-    if (game.Name.empty()) continue;
-    if (name.empty() || FoldEquals(game.Name, name)) {
-      game_ = game.Name.Str();
-      return "";
-    }
-    names += Joined(names.empty() ? "" : ", ", game.Name);
-  }
-  if (names.empty()) return "There is no game in this folder.";
-  return Joined("There is no game ", name, " in this folder. It has: ", names, ".");
+  std::string problem;
+  gameIndex_ = FindGame(name, problem);
+  if (problem.empty()) game_ = State().Games[gameIndex_].Name.Str();
+  return problem;
 }
 
 std::string Stage::Open(const std::string& folder, std::string_view game, std::uint64_t seed) {

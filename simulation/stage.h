@@ -38,6 +38,8 @@ class Stage {
   const std::string& Game() const { return game_; }
   const std::vector<Contender>& Opponents() const { return opponents_; }
   const std::vector<Contender>& Decks() const { return decks_; }
+  /// From now on the decks are the opponents.
+  void LetDecksMeet() { opponents_ = decks_; }
   /// A hash of the card files of the folder and its subfolders, 16 hexadecimal digits.
   const std::string& FilesHash() const { return filesHash_; }
 

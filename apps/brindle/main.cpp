@@ -7,20 +7,25 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::array<Command, 5> kCommands = {{
+constexpr std::array<Command, 6> kCommands = {{
     {"check", "check FOLDER|FILE... [--json] [--codes]",
      "Says what is wrong in card files, and where. --codes lists the kinds of findings.", RunCheck},
     {"scenario", "scenario FILE|FOLDER... [--words]",
      "Carries out tests of cards. --words lists what they are written with.", RunScenario},
     {"sim",
-     "sim [FOLDER] [--game NAME] [--matches N] [--seed N] [--turns N] [--jobs J] [--csv[=FILE]] "
-     "[--json[=FILE]] [--html[=FILE]] [--shard I/N [--out FILE]]",
+     "sim [FOLDER] [--game NAME] [--matches N] [--seed N] [--turns N] [--decks] [--jobs J] "
+     "[--csv[=FILE]] [--json[=FILE]] [--html[=FILE]] [--shard I/N [--out FILE]]",
      "Plays many matches of every deck against every opponent and says who wins and which cards.",
      RunSim},
     {"merge", "merge FILE... [--csv[=FILE]] [--json[=FILE]] [--html[=FILE]]",
      "Adds up the shards of a simulation and reports on all of it.", RunMerge},
-    {"auto", "auto [FOLDER] [--seed N] [--pages DIR] [--turns N] [--opponent K]",
-     "Plays a match of the folder's first game by itself and keeps its report pages.", RunAuto},
+    {"auto", "auto [FOLDER] [--game NAME] [--seed N] [--pages DIR] [--turns N] [--opponent K]",
+     "Plays a match by itself and keeps its report pages. Without a name it is the folder's first "
+     "game.",
+     RunAuto},
+    {"reference", "reference [FILE]",
+     "Writes the reference for authors, a page of every word of card files and scripts.",
+     RunReference},
 }};
 
 void PrintHelp() {

@@ -34,7 +34,7 @@ bool StoreShard(SimOptions& options, std::string_view value) {
 
 constexpr Count kMostMatches = 1'000'000'000;
 
-constexpr std::array<Option<SimOptions>, 10> kOptions = {{
+constexpr std::array<Option<SimOptions>, 11> kOptions = {{
     {"--game",
      [](SimOptions& o, std::string_view v) {
        o.Simulation.Game = v;
@@ -54,6 +54,12 @@ constexpr std::array<Option<SimOptions>, 10> kOptions = {{
      [](SimOptions& o, std::string_view v) {
        return ReadNumber(v, o.Jobs) && o.Jobs >= 1 && o.Jobs <= kMostJobs;
      }},
+    {"--decks",
+     [](SimOptions& o, std::string_view) {
+       o.Simulation.DecksMeet = true;
+       return true;
+     },
+     true},
     {"--shard", StoreShard},
     {"--out",
      [](SimOptions& o, std::string_view v) {

@@ -91,6 +91,10 @@ TEST(AutomaticMatchTest, PlaysToItsEndAndTouchesOnlyItsPages) {
   EXPECT_NE(read(root / "pages"), pages);
   fs::remove_all(root / "pages");
   EXPECT_EQ(read(root), kGame);
+  std::ostringstream said;
+  EXPECT_EQ(AutomaticMatch({root.string(), "", 1, 1, 1, "imps"}, said).Error, "");
+  EXPECT_EQ(AutomaticMatch({root.string(), "", 1, 1, 1, "Elves"}, said).Error,
+            "There is no game Elves in this folder. It has: Imps.");
   write({{"imps/Starter.txt", "#STARTERDECK\n#PLAYERCARD,S\n"}});
   EXPECT_EQ(play(1), "The game's starter decks give no cards to play with.");
   write({{"Imps.txt", ""}});

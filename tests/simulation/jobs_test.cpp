@@ -82,7 +82,7 @@ class SimCommandTest : public ::testing::Test {
   ~SimCommandTest() override { fs::remove_all(folder_); }
   std::string Sim(std::string_view options) const {
     return Shell(Joined("cd '", folder_.string(), "' && '", BRINDLE_PROGRAM, "' sim '",
-                        BRINDLEMOOR_SOURCE_DIR, "/games' --seed 5 --matches 3 ", options));
+                        BRINDLEMOOR_SOURCE_DIR, "/games' --seed 5 --matches 2 ", options));
   }
   std::string Merge(std::string_view files) const {
     return Shell(Joined("cd '", folder_.string(), "' && '", BRINDLE_PROGRAM, "' merge ", files));
@@ -99,7 +99,7 @@ class SimCommandTest : public ::testing::Test {
 
 TEST_F(SimCommandTest, OneJobFourJobsAndMergedShardsGiveEqualBytes) {
   const std::string table = Sim("--jobs 1 --csv=1.csv --json=1.json --html=1.html");
-  EXPECT_TRUE(table.starts_with("Wickwater: 3 matches of each pairing, seed 5")) << table;
+  EXPECT_TRUE(table.starts_with("Wickwater: 2 matches of each pairing, seed 5")) << table;
   EXPECT_TRUE(table.ends_with("status 0"));
   EXPECT_EQ(Sim("--jobs 4 --csv=4.csv --json=4.json --html=4.html"), table);
   for (const char* kind : {"csv", "json", "html"}) {

@@ -115,6 +115,26 @@ TEST_F(SimulationTest, CountsWhatHappened) {
   EXPECT_EQ(dud.WhenPlayed.Matches, 0);
 }
 
+TEST_F(SimulationTest, DecksCanMeetEachOtherAndThemselves) {
+  Write("imps/Weak.txt",
+        "#STARTERDECK\n#PLAYERCARD,Weak,1,2,3,,5,6,d\n#RULESCARD\n"
+        "#EFFECT,SELF,GAMESTART,BOOSTERCARD:Ann:1:BOOSTERCARD:Imp:1:BOOSTERCARD:Dud:8\n"
+        "#INCLUDE,Cards.txt,\n");
+  options_.DecksMeet = true;
+  TotalsFile file;
+  ASSERT_EQ(ReadTotals(Simulate(), file), "");
+  EXPECT_EQ(file.Setup.Decks, (std::vector<std::string>{"Starter", "Weak"}));
+  EXPECT_EQ(file.Setup.Opponents, file.Setup.Decks) << "neither Gob nor Rock";
+  const std::vector<PairingTotals>& pairings = file.Sums.Pairings;
+  ASSERT_EQ(pairings.size(), 4U);
+  const auto wins = [&pairings](std::size_t pairing) {
+    return pairings[pairing].Seats[0].Deck.Wins + pairings[pairing].Seats[1].Deck.Wins;
+  };
+  EXPECT_LE(wins(1), 4) << "the weak deck against the strong one";
+  EXPECT_GE(wins(2), 36);
+  for (const SeatTotals& seat : pairings[0].Seats) EXPECT_EQ(seat.Deck.Matches, 20);
+}
+
 TEST_F(SimulationTest, SameBytesForAnyJobsAndShards) {
   const std::string whole = Simulate();
   for (const int jobs : {2, 5}) EXPECT_EQ(Simulate(jobs), whole) << jobs;

@@ -12,19 +12,16 @@ from shipped_game import DECKS, TITLE
 EDITOR = "Card Editor"
 CHOOSE_CARDS = "Choose the cards you would like to test."
 CHOOSE_RULES = "Please choose the rules file to use for this card set."
-SNAIL, LAMP = "Ember Snail", "Ember Lamp"
+SNAIL, LAMP = "Ember Snail", "Cinder Lamp"
 GROWS = "MODTRAIT:HP:2:ECHO:$MYNAME grows.:"
 SPITS = "SUBTRAIT:HP:1:ECHO:$MYNAME spits.:"
 STARTER, STORE = "Ember Chest", "Ember Shop"
-CHEST, OONA = 2, 3
-FIRST_NEW = 6  # of the game's opponents
-# A creature costs a crumb for each point of its strike, and one more if it is tough.
-COST_CARD = """
-#COSTCARD
-#EFFECT, SELF, COST, "REQTRAIT:CREATURE:SETTRAIT:CRUMBS:TARGTRAIT/STRIKE"
-#EFFECT, SELF, COST, "REQTRAIT:LIGHT:SETTRAIT:OIL:9"
-#EFFECT, SELF, COST, "REQTRAITMORE:HP:3:MODTRAIT:CRUMBS:1"
-"""
+CHEST, OONA = 2, 4
+FIRST_NEW = 11  # of the game's opponents
+# The game's price of a creature before its further traits, in thirds of a crumb.
+COST_SCRIPT = ("REQTRAIT:CREATURE:"
+               "SETTRAIT:CRUMBS:TARGTRAIT/STRIKE/TRAITPLUS2/TARGTRAIT/HP/TRAITPLUS1")
+SNAIL_COST = "2"  # for strike 2 and 3 HP
 
 
 class CardEditorTest(shipped_game.ShippedGameTest):
@@ -93,8 +90,6 @@ class CardEditor(CardEditorTest):
 
     def setUp(self):
         super().setUp()
-        with self.file.open("a", encoding="utf-8") as cards:
-            cards.write(COST_CARD)
         self.new_player(7)
 
     def find_a_card(self):
@@ -151,7 +146,7 @@ class CardEditor(CardEditorTest):
         self.keep("snail")
         self.run_.click("control", "TraitText(1)", button=5)  # the wheel
         self.shows("TraitText(0)", "CRUMBS")
-        self.shows("ValueText(0)", "3")
+        self.shows("ValueText(0)", SNAIL_COST)
 
     def make_the_lamp(self):
         """From the snail as a template."""
@@ -170,10 +165,10 @@ class CardEditor(CardEditorTest):
     def check_the_file(self, saved):
         self.assertEqual(saved.count("#CARD, COLLECTION"), self.total + 2)
         self.assertEqual(saved.count("#CARD, #TEMPLATE"), 1)
-        self.assertIn('"REQTRAIT:CREATURE:SETTRAIT:CRUMBS:TARGTRAIT/STRIKE"', saved)
+        self.assertIn(f'"{COST_SCRIPT}"', saved)
         snail = saved.split(f'#CARD, COLLECTION, "{SNAIL}"')[1].split("#CARD")[0]
         self.assertIn('#TRAIT, "CREATURE:1", #TRAIT, "HP:3", #TRAIT, "STRIKE:2", '
-                      '#TRAIT, "CRUMBS:3"', snail)
+                      f'#TRAIT, "CRUMBS:{SNAIL_COST}"', snail)
         self.assertIn(f'#EFFECT, SELF, ENTERPLAY, "{GROWS}"', snail)
         self.assertIn(f'#EFFECT, ENEMYPLAYER, MENU:PHASE4:Spit, "{SPITS}"', snail)
 
@@ -234,6 +229,11 @@ class CardsOfAnAuthor(CardEditorTest):
 
     def setUp(self):
         super().setUp()
+        # A set of few cards, so that a chest of eighty surely holds several of the new one.
+        cards = self.file.read_text(encoding="utf-8").split("#CARD,")
+        self.total = 20
+        self.file = self.folder / "wickwater/FewCards.txt"
+        self.file.write_text("#CARD,".join(cards[:self.total + 1]), encoding="utf-8")
         rules = self.folder / "Wickwater.txt"
         text = rules.read_text(encoding="utf-8")
         self.assertIn("TRAITMINIMUM:#ANY#:20", text)
@@ -318,9 +318,9 @@ class CardsOfAnAuthor(CardEditorTest):
     def test_created_files_bring_the_cards_into_a_match(self):
         self.open_the_editor()
         self.make_a_card()
-        self.create("Create Starter Deck Builder", "5_Ember_Chest.txt",
+        self.create("Create Starter Deck Builder", "A_Ember_Chest.txt",
                     "Name of starter deck?", STARTER)
-        self.create("Create Card Store", "6_Ember_Shop.txt", "Name of store?", STORE)
+        self.create("Create Card Store", "B_Ember_Shop.txt", "Name of store?", STORE)
         self.leave()
         self.open_the_starter()
         self.buy_a_booster()

@@ -8,7 +8,7 @@ import harness
 import shipped_game
 from shipped_game import DECKS, TITLE
 
-CHEST, OONA, SHOP = 2, 3, 5
+CHEST, OONA, SHOP = 2, 4, 9
 LIMIT = 'You can only have 2 "Wick Mouse" cards in your deck.'
 MINIMUM = "You must have at least 5 cards in your play deck."
 POLISH = "Polish one of your cards"
@@ -41,7 +41,7 @@ class DeckManager(shipped_game.ShippedGameTest):
         self.run_.click("link", f"WB GAME:1:{opponent}")
         if wait_for_decks:
             self.run_.wait_for("window", "DeckManager")
-            self.display.fill_screen(DECKS)
+            self.run_.fill_screen(DECKS)
         else:
             self.run_.wait_gone("link", f"WB GAME:1:{opponent}")
 
@@ -96,13 +96,13 @@ class DeckManager(shipped_game.ShippedGameTest):
         """Two cards go into the deck by the keys; the one under the keyboard is previewed."""
         self.run_.click("control", "SearchText")
         self.display.key("Tab")
-        self.previews("Attic Whale")
-        self.display.key("Right")
-        self.previews("Bell Jelly")
+        self.previews("Bellows Toad")
+        self.display.key("Right", "Right")
+        self.previews("Brass Tortoise")
         self.display.key("Return")
         self.counts("Cards: 4")
         self.display.key("Left")
-        self.previews("Attic Whale")
+        self.previews("Bellows Toad")
         self.display.key("Return")
         self.counts("Cards: 5")
 
@@ -125,7 +125,7 @@ class DeckManager(shipped_game.ShippedGameTest):
         self.click_card("Attic Light")
         self.run_.click("link", text=POLISH)
         self.run_.wait_for("window", "DeckManager")
-        self.display.fill_screen(DECKS)
+        self.run_.fill_screen(DECKS)
         self.assertIsNone(self.run_.find("control", "Command2"))
         self.keep("pick")
         self.run_.click("control", "CollectPic(0)")
@@ -147,7 +147,7 @@ class DeckManager(shipped_game.ShippedGameTest):
 
         self.run_.choose("File", "Deck Manager")
         self.run_.wait_for("window", "DeckManager")
-        self.display.fill_screen(DECKS)
+        self.run_.fill_screen(DECKS)
         self.run_.click("control", "ClearDeck")
         self.counts("Cards: 1")
         self.display.ask_to_close(DECKS)  # in mid-game a deck may be empty

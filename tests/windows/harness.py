@@ -250,6 +250,12 @@ class Program:
         self.display.fill_screen(title)
         wait_until(f"{title} on the whole screen", lambda: any(
             p.kind == "window" and (p.x, p.y, p.width, p.height) == place for p in self.places()))
+        places = []
+        while places != self.places():  # the layout follows the window
+            places = self.places()
+            before = self._report.stat().st_mtime_ns
+            time.sleep(0.3)
+            wait_until("a new report", lambda old=before: self._report.stat().st_mtime_ns != old)
 
     def page(self, name="Display.html"):
         path = self.folder / name

@@ -9,6 +9,7 @@ import harness
 import shipped_game
 
 LAMP = "Turn the lamp on an enemy (2 oil)"
+CHEST, OONA = 2, 4  # places in the list of games
 TURNS = 40
 VICTORY = "The water is yours tonight!"
 MATCHES = 4
@@ -47,7 +48,7 @@ class Match(shipped_game.ShippedGameTest):
         time.sleep(0.3)
 
     def open_chest(self):
-        self.choose_opponent(2)
+        self.choose_opponent(CHEST)
         self.assertIn("The chest is open.", self.report())
         self.keep("chest")
         self.back_to_the_list()
@@ -84,14 +85,14 @@ class Match(shipped_game.ShippedGameTest):
 
     def fill_deck(self):
         """Every card of the chest goes into the deck."""
-        self.display.fill_screen(shipped_game.DECKS)
+        self.run_.fill_screen(shipped_game.DECKS)
         self.run_.click("control", "AddAll")
         self.run_.wait_for("control", "Cardcount", f"Cards: {CHEST_CARDS}")
         self.keep("deck")
 
     def play_match(self, deck):
         """Plays to the end; true for a victory."""
-        self.choose_opponent(3, deck)
+        self.choose_opponent(OONA, deck)
         self.assertTrue(self.title_card("Oona Ebb"))
         self.assertNotIn("Your Card Plays", self.report())
         for turn in range(TURNS):
@@ -137,7 +138,7 @@ class Match(shipped_game.ShippedGameTest):
         self.assertEqual(saved.count("#CARD, INPLAYERDECK:1"), CHEST_CARDS)
         self.run_ = self.start(self.folder, "--seed", "2")
         self.run_.click("control", text="Ann")
-        self.choose_opponent(3, self.run_.places)
+        self.choose_opponent(OONA, self.run_.places)
         self.assertTrue(self.title_card("Oona Ebb"), "the next match has begun")
         self.assertTrue(self.title_card("Attic Light"), "with the player's own deck")
         self.back_to_the_list()
