@@ -15,9 +15,6 @@ using R = CardReader;
 constexpr std::string_view kShortLine = "name, picture, thumb, colour, extra text, description";
 constexpr std::string_view kReference = "name, file";
 
-constexpr std::array<std::string_view, 4> kForeignDirectives = {"#GAMERULES", "#GAME",
-                                                                "#PLAYERDECK", "#PLAYERPROFILE"};
-
 bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
 bool IsColor(std::string_view text) {
@@ -83,6 +80,16 @@ const std::array<DirectiveRow, 28> kDirectiveRows = {{
     {"#DUPLICATE", 1, &R::Duplicate, kNoPile, false, "count", "copies of the card before"},
 }};
 
+const std::array<ForeignDirectiveRow, 4> kForeignDirectiveRows = {{
+    {"#GAMERULES", "name, banner, table colour, folder of the opponents, help page",
+     "makes the file a game of the list"},
+    {"#GAME", "name of a game",
+     "the file, which lies beside the game's rules file, is an opponent of that game"},
+    {"#PLAYERDECK", "", "begins a player's file and keeps it out of the list of games"},
+    {"#PLAYERPROFILE", "name, files, empty, empty, empty",
+     "a player, in the list that the program keeps"},
+}};
+
 const std::array<LocationRow, 12> kLocationRows = {{
     {"INDECK", kDeckPile, 0, kReadingSide, true, "the draw pile"},
     {"PLAYERDECK", kPlayerDeckPile, 0, kReadingSide, true,
@@ -128,7 +135,8 @@ std::string ProblemOfWord(std::string_view word) {
 }
 
 bool IsForeignDirective(std::string_view word) {
-  return std::ranges::find(kForeignDirectives, word) != kForeignDirectives.end();
+  return std::ranges::find(kForeignDirectiveRows, word, &ForeignDirectiveRow::Word) !=
+         kForeignDirectiveRows.end();
 }
 
 }  // namespace brindlemoor

@@ -48,7 +48,15 @@ struct LocationRow {
   std::string_view Meaning;
 };
 
+/// A directive that other readers of the same files know: the game list and the players' files.
+struct ForeignDirectiveRow {
+  std::string_view Word;
+  std::string_view Usage;    ///< the fields, for authors
+  std::string_view Meaning;  ///< one line for authors
+};
+
 extern const std::array<DirectiveRow, 28> kDirectiveRows;
+extern const std::array<ForeignDirectiveRow, 4> kForeignDirectiveRows;
 extern const std::array<LocationRow, 12> kLocationRows;
 
 /// The row of a directive or location word (exact), nullptr for an unknown one.

@@ -17,6 +17,7 @@
 #include "data/player_files.h"
 #include "data/profiles.h"
 #include "game/automatic_player.h"
+#include "game/game_list.h"
 #include "game/match_start.h"
 #include "game/program_start.h"
 #include "game/turn.h"
@@ -82,13 +83,12 @@ void OpenSession(const Stage& stage, std::uint64_t seed) {
   State().Profiles.Append(State().Profile);
 }
 
-/// Number of the n-th opponent of the first game that is, or is not, a starter deck or store.
-int FindOpponent(bool starterDeck, int n) {
-  const Table<GameRec>& games = State().Games;
-  if (!games.Holds(1)) return 0;
-  for (int opponent = 1; opponent <= games[1].Opponents.UpperBound(); ++opponent) {
-    if (IsFree(games[1].Opponents[opponent])) continue;
-    if (IsStarterDeck(games[1].OpponentFiles[opponent].Str()) == starterDeck && --n == 0) {
+/// Number of the n-th opponent of a game that is, or is not, a starter deck or store.
+int FindOpponent(int gameIndex, bool starterDeck, int n) {
+  const GameRec& game = State().Games[gameIndex];
+  for (int opponent = 1; opponent <= game.Opponents.UpperBound(); ++opponent) {
+    if (IsFree(game.Opponents[opponent])) continue;
+    if (IsStarterDeck(game.OpponentFiles[opponent].Str()) == starterDeck && --n == 0) {
       return opponent;
     }
   }
@@ -108,29 +108,31 @@ void FillFirstDeck() {
   }
 }
 
-void GetStarterDeck() {
-  NewGame();
-  const int opponent = FindOpponent(true, 1);
+void GetStarterDeck(int game) {
+  const int opponent = FindOpponent(game, true, 1);
   if (opponent == 0) return;
-  ChooseGame(1, opponent);
+  ChooseGame(game, opponent);
   FillFirstDeck();
   EndGame();
   NewGame();
 }
 
 /// Brings the session to the first turn of the match. "" or why there is none.
-std::string StartMatch(int opponentNumber) {
-  GetStarterDeck();
-  if (State().Games[1].Name.empty()) return "There is no game in this folder.";
-  const int opponent = FindOpponent(false, opponentNumber);
+std::string StartMatch(const AutomaticMatchOptions& options) {
+  NewGame();
+  std::string problem;
+  const int game = FindGame(options.Game, problem);
+  if (game == 0) return problem;
+  GetStarterDeck(game);
+  const int opponent = FindOpponent(game, false, options.Opponent);
   if (opponent == 0) {
-    return Joined("The game has no opponent number ", opponentNumber, ".");
+    return Joined("The game has no opponent number ", options.Opponent, ".");
   }
-  if (!Desktop().Files().Exists(InProgramFolder(PlayerFileName(1)))) {
+  if (!Desktop().Files().Exists(InProgramFolder(PlayerFileName(game)))) {
     return "The game's starter decks give no cards to play with.";
   }
   State().Log->Events.clear();
-  ChooseGame(1, opponent);
+  ChooseGame(game, opponent);
   return "";
 }
 
@@ -210,7 +212,7 @@ AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::o
   if (!result.Error.empty()) return result;
   if (!stage.Pages.empty()) RemoveOldPages(stage.Pages);
   OpenSession(stage, options.Seed);
-  result.Error = StartMatch(options.Opponent);
+  result.Error = StartMatch(options);
   if (result.Error.empty()) {
     result = PlayTurns(stage, options.MaximumTurns, out);
     out << "After turn " << result.Turns << ": " << Standing(1) << ", " << Standing(2) << '\n'

@@ -14,7 +14,8 @@ struct AutomaticMatchOptions {
   std::string PagesFolder;  ///< gets the report pages "turn-001.html" and so on; "" keeps none
   std::uint64_t Seed = 1;
   int MaximumTurns = 200;
-  int Opponent = 1;  ///< which opponent of the first game, starter decks and stores left out
+  int Opponent = 1;    ///< which opponent of the game, starter decks and stores left out
+  std::string Game{};  ///< its name, in any case; "" for the first of the folder
 };
 
 enum class MatchWinner { kNobody, kPlayer, kEnemy };
@@ -25,7 +26,7 @@ struct AutomaticMatchResult {
   int Turns = 0;
 };
 
-/// Gets cards from the first game's first starter deck and plays a match to its end or to the
+/// Gets cards from the game's first starter deck and plays a match to its end or to the
 /// maximum of turns; what the program writes meanwhile stays in memory. Prints a line for each turn
 /// and the result. The same seed and files give the same lines and pages. Begins with a fresh
 /// session and leaves it as the match ended.

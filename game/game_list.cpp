@@ -208,6 +208,21 @@ void DiscoverGames() {
   for (CardFile& file : waiting) ScanForOpponents(std::move(file.Bytes), file.Path, 0);
 }
 
+int FindGame(std::string_view name, std::string& problem) {
+  const Table<GameRec>& games = State().Games;
+  std::string names;
+  for (int index = 1; index <= games.UpperBound(); ++index) {
+    const GameRec& game = games[index];
+    if (game.Name.empty()) continue;
+    if (name.empty() || FoldEquals(game.Name, name)) return index;
+    names += Joined(names.empty() ? "" : ", ", game.Name);
+  }
+  problem = names.empty()
+                ? "There is no game in this folder."
+                : Joined("There is no game ", name, " in this folder. It has: ", names, ".");
+  return 0;
+}
+
 int GameOfNewFiles() {
   const Session& state = State();
   const Table<GameRec>& games = state.Games;

@@ -8,24 +8,32 @@
 namespace brindlemoor {
 namespace {
 
-struct ArgumentRow {
-  std::string_view Name;
-  ArgumentKind Kind;
-};
-
+// clang-format off
 constexpr auto kArgumentRows = std::to_array<ArgumentRow>({
-    {"TRAIT", ArgumentKind::kTrait},       {"VALUE", ArgumentKind::kValue},
-    {"COUNT", ArgumentKind::kValue},       {"PAID", ArgumentKind::kValue},
-    {"PERCENT", ArgumentKind::kValue},     {"GLOBALID", ArgumentKind::kValue},
-    {"CONTENT", ArgumentKind::kContent},   {"SETTING", ArgumentKind::kSetting},
-    {"OWNER", ArgumentKind::kNumber},      {"NAME", ArgumentKind::kText},
-    {"FILE", ArgumentKind::kText},         {"FIELD", ArgumentKind::kText},
-    {"WORD", ArgumentKind::kOptionalText}, {"COLOR", ArgumentKind::kOptionalText},
-    {"MESSAGE", ArgumentKind::kMessage},   {"TEXT", ArgumentKind::kMessage},
-    {"NEWNAME", ArgumentKind::kMessage},   {"PICTURE", ArgumentKind::kMessage},
-    {"TRIGGER", ArgumentKind::kTrigger},   {"TARGET", ArgumentKind::kTarget},
-    {"SCRIPT", ArgumentKind::kScript},     {"REQUIREMENTS", ArgumentKind::kRequirements},
+    {"TRAIT", ArgumentKind::kTrait, "the name of a trait"},
+    {"VALUE", ArgumentKind::kValue, "a number or a value expression"},
+    {"COUNT", ArgumentKind::kValue, "how many: a number or a value expression"},
+    {"PAID", ArgumentKind::kValue, "1 asks the price, 0 does not"},
+    {"PERCENT", ArgumentKind::kValue, "a chance from 0 to 100"},
+    {"GLOBALID", ArgumentKind::kValue, "a value expression that names a card, such as MYGID"},
+    {"CONTENT", ArgumentKind::kContent, "a word, a number, or a value expression with a keyword"},
+    {"SETTING", ArgumentKind::kSetting, "a word, a number, or a value expression that is above 0"},
+    {"OWNER", ArgumentKind::kNumber, "the number of a side"},
+    {"NAME", ArgumentKind::kText, "the name of a card"},
+    {"FILE", ArgumentKind::kText, "the name of a card file, without folders"},
+    {"FIELD", ArgumentKind::kText, "a word that a script can hold"},
+    {"WORD", ArgumentKind::kOptionalText, "a word or a number"},
+    {"COLOR", ArgumentKind::kOptionalText, "a colour, such as #102030 or green"},
+    {"MESSAGE", ArgumentKind::kMessage, "a text for the report"},
+    {"TEXT", ArgumentKind::kMessage, "a text, in which placeholders are filled in"},
+    {"NEWNAME", ArgumentKind::kMessage, "a name for a card"},
+    {"PICTURE", ArgumentKind::kMessage, "the file of a picture"},
+    {"TRIGGER", ArgumentKind::kTrigger, "when: one of the triggers"},
+    {"TARGET", ArgumentKind::kTarget, "on whom: one of the target types"},
+    {"SCRIPT", ArgumentKind::kScript, "all the rest of the script"},
+    {"REQUIREMENTS", ArgumentKind::kRequirements, "all the rest of the script, which asks only"},
 });
+// clang-format on
 
 const ArgumentRow* FindArgument(std::string_view name) {
   const auto* row = std::ranges::find(kArgumentRows, name, &ArgumentRow::Name);
@@ -38,6 +46,8 @@ std::string_view ArgumentNames(const Command& row) {
   const std::size_t end = row.Usage.find('|');
   return row.Usage.substr(0, end == 0 ? 0 : end - 1);
 }
+
+std::span<const ArgumentRow> ArgumentRows() { return kArgumentRows; }
 
 bool IsArgumentName(std::string_view name) { return FindArgument(name) != nullptr; }
 

@@ -45,6 +45,13 @@ enum class ArgumentKind : std::uint8_t {
   kRequirements,  ///< the same, may be missing
 };
 
+/// The name of an argument in usage lines.
+struct ArgumentRow {
+  std::string_view Name;
+  ArgumentKind Kind;
+  std::string_view Meaning;  ///< for authors
+};
+
 /// One word of the language.
 struct Command {
   std::string_view Word;
@@ -67,6 +74,8 @@ std::span<const Command> ReactionCommands();     // script/reaction_commands.cpp
 /// The row of a word, nullptr for an unknown one. Exact case, without the "AI" prefix.
 const Command* FindCommand(std::string_view word);
 
+/// Every name of an argument that has a kind or a meaning of its own.
+std::span<const ArgumentRow> ArgumentRows();
 /// The names of a row's arguments, those in the rest included, divided by blanks: "TRAIT VALUE".
 std::string_view ArgumentNames(const Command& row);
 /// What an argument of this name is; kText for a name that is not known.

@@ -81,47 +81,50 @@ std::string ExchangedCaption(Card& card, std::string_view trait) {
 
 struct HashKeyword {
   std::string_view Word;
+  std::string_view Meaning;  ///< one line for authors
   std::string (*Make)(Card& source, Card& target, std::string_view argument);
   bool TakesValue = false;  ///< the argument is a value expression
 };
 
 constexpr std::array kHashKeywords{
-    HashKeyword{"#MYTRAIT",
+    HashKeyword{"#MYTRAIT", "a trait of the acting card",
                 [](Card& source, Card&, std::string_view argument) {
                   return GetTrait(source, argument).Str();
                 }},
-    HashKeyword{"#TRAIT",
+    HashKeyword{"#TRAIT", "a trait of the target",
                 [](Card&, Card& target, std::string_view argument) {
                   return GetTrait(target, argument).Str();
                 }},
-    HashKeyword{"#CARD",
+    HashKeyword{"#CARD", "the name of the card with the Global ID that the expression gives",
                 [](Card& source, Card& target, std::string_view argument) {
                   Card* card = CardOfIdentity(EvalNumber(source, target, argument));
                   return card != nullptr ? ColoredName(*card) : std::string("(Dead Card)");
                 },
                 true},
-    HashKeyword{"#TRANSVAL",
+    HashKeyword{"#TRANSVAL", "what a value expression comes to",
                 [](Card& source, Card& target, std::string_view argument) {
                   return EvalValue(source, target, argument).Str();
                 },
                 true},
-    HashKeyword{"#IMG",
+    HashKeyword{"#IMG", "a picture of the game's folders",
                 [](Card&, Card&, std::string_view argument) {
                   return Joined("<img src=\"", ResolvePath(argument, 1), "\" align=default></img>");
                 }},
     HashKeyword{"#MYTRAITACTIONDESC",
+                "what the acting card says of a trait, with the two names exchanged",
                 [](Card& source, Card&, std::string_view argument) {
                   return ExchangedCaption(source, argument);
                 }},
     HashKeyword{"#TARGETTRAITACTIONDESC",
+                "what the target says of a trait, with the two names exchanged",
                 [](Card&, Card& target, std::string_view argument) {
                   return ExchangedCaption(target, argument);
                 }},
-    HashKeyword{"#MYTRAITACTIONDESCREVERSE",
+    HashKeyword{"#MYTRAITACTIONDESCREVERSE", "what the acting card says of a trait",
                 [](Card& source, Card&, std::string_view argument) {
                   return TraitCaptionText(source, argument);
                 }},
-    HashKeyword{"#TARGETTRAITACTIONDESCREVERSE",
+    HashKeyword{"#TARGETTRAITACTIONDESCREVERSE", "what the target says of a trait",
                 [](Card&, Card& target, std::string_view argument) {
                   return TraitCaptionText(target, argument);
                 }},
@@ -197,39 +200,54 @@ std::string LastAmount() { return NumberText(std::fabs(State().LastValue)); }
 
 struct Placeholder {
   std::string_view Mark;
+  std::string_view Meaning;                        ///< one line for authors
   Replacement (*Make)(const MessageCards& cards);  ///< nothing: the mark stays in the text
 };
 
 // In the order of replacing, since one replacement can bring in a later mark.
 constexpr std::array kPlaceholders{
-    Placeholder{"$MYIMG", [](const MessageCards& m) { return Replacement(m.SourcePicture); }},
-    Placeholder{"$GIDCARD",
+    Placeholder{"$MYIMG", "the acting card's picture, in ECHO and its kin",
+                [](const MessageCards& m) { return Replacement(m.SourcePicture); }},
+    Placeholder{"$GIDCARD", "the name of the card whose Global ID was the last amount",
                 [](const MessageCards&) { return NameOf(CardOfIdentity(State().LastValue)); }},
-    Placeholder{"$MYOWNER", [](const MessageCards& m) { return NameOf(OwnerCard(m.Source)); }},
-    Placeholder{"$OWNER", TargetOwnerName},
-    Placeholder{"$TARGETIMG", [](const MessageCards& m) { return Replacement(m.TargetPicture); }},
-    Placeholder{"$AMT",
+    Placeholder{"$MYOWNER", "the name of the acting card's player card",
+                [](const MessageCards& m) { return NameOf(OwnerCard(m.Source)); }},
+    Placeholder{"$OWNER", "the name of the target's player card", TargetOwnerName},
+    Placeholder{"$TARGETIMG", "the target's picture, in ECHO and its kin",
+                [](const MessageCards& m) { return Replacement(m.TargetPicture); }},
+    Placeholder{"$AMT", "the amount of the last change, in yellow and without its sign",
                 [](const MessageCards&) {
                   return Replacement(Joined("<font color=\"#FFFF00\">", LastAmount(), "</font>"));
                 }},
-    Placeholder{"$TARGETNAME", [](const MessageCards& m) { return NameOf(&m.Target); }},
-    Placeholder{"$TARGETCARD", [](const MessageCards& m) { return NameOf(&m.Target); }},
-    Placeholder{"$MYNAME", [](const MessageCards& m) { return NameOf(&m.Source); }},
-    Placeholder{"$SRCCARD", [](const MessageCards& m) { return NameOf(&m.Source); }},
-    Placeholder{"$TRAIT", [](const MessageCards&) { return Replacement(""); }},
-    Placeholder{"$EFFSTR", [](const MessageCards&) { return Replacement("()"); }},
-    Placeholder{"$LASTAMT", [](const MessageCards&) { return Replacement(LastAmount()); }},
-    Placeholder{"$LASTVAL", [](const MessageCards&) { return Replacement(LastAmount()); }},
-    Placeholder{"#TOKENS#",
+    Placeholder{"$TARGETNAME", "the target's name",
+                [](const MessageCards& m) { return NameOf(&m.Target); }},
+    Placeholder{"$TARGETCARD", "the same as $TARGETNAME",
+                [](const MessageCards& m) { return NameOf(&m.Target); }},
+    Placeholder{"$MYNAME", "the acting card's name",
+                [](const MessageCards& m) { return NameOf(&m.Source); }},
+    Placeholder{"$SRCCARD", "the same as $MYNAME",
+                [](const MessageCards& m) { return NameOf(&m.Source); }},
+    Placeholder{"$TRAIT", "nothing: the mark is taken out",
+                [](const MessageCards&) { return Replacement(""); }},
+    Placeholder{"$EFFSTR", "a pair of brackets",
+                [](const MessageCards&) { return Replacement("()"); }},
+    Placeholder{"$LASTAMT", "the amount of the last change, plain",
+                [](const MessageCards&) { return Replacement(LastAmount()); }},
+    Placeholder{"$LASTVAL", "the same as $LASTAMT",
+                [](const MessageCards&) { return Replacement(LastAmount()); }},
+    Placeholder{"#TOKENS#", "the player's tokens",
                 [](const MessageCards&) { return Replacement(Joined(State().Players[1].Tokens)); }},
-    Placeholder{"&col", [](const MessageCards&) { return Replacement(":"); }},
+    Placeholder{"&col", "a colon, which would end the message",
+                [](const MessageCards&) { return Replacement(":"); }},
 };
 
 constexpr auto kMarks = [] {
   std::array<MessageMark, kPlaceholders.size() + kHashKeywords.size()> marks{};
   std::size_t count = 0;
-  for (const Placeholder& row : kPlaceholders) marks[count++] = {row.Mark};
-  for (const HashKeyword& row : kHashKeywords) marks[count++] = {row.Word, true, row.TakesValue};
+  for (const Placeholder& row : kPlaceholders) marks[count++] = {row.Mark, row.Meaning};
+  for (const HashKeyword& row : kHashKeywords) {
+    marks[count++] = {row.Word, row.Meaning, true, row.TakesValue};
+  }
   return marks;
 }();
 

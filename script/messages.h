@@ -13,6 +13,7 @@ namespace brindlemoor {
 /// "#MYTRAIT" of a field that "/", an argument and "#" follow.
 struct MessageMark {
   std::string_view Mark;
+  std::string_view Meaning;  ///< one line for authors
   bool OpensField = false;
   bool TakesValue = false;  ///< the field's argument is a value expression
 };

@@ -41,7 +41,7 @@ const std::array<TriggerRow, 25> kTriggerRows = {{
     {"ONDEATH", 13, "the card's own death"},
     {"ENTERPLAY", 14, "the card's own entering of play"},
     {"OTHERENTERSPLAY", 15, "another card's entering of play"},
-    {"ENTERSPLAY", 0, "second word for ENTERPLAY", "", false, false},
+    {"ENTERSPLAY", 0, "nothing; write ENTERPLAY", "", false, false},
     {"GAMESTART", 0, "the start of a match, on the rules card"},
     {"COST", 0, "the playing of the card: what it costs"},
     {"COSTMOD", 0, "the playing of any card: changes to its cost"},

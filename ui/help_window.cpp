@@ -2,7 +2,9 @@
 #include "ui/help_window.h"
 
 #include "core/pages.h"
+#include "core/text.h"
 #include "platform/platform.h"
+#include "reference/reference_page.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
@@ -15,6 +17,10 @@ HelpForm::HelpForm() : Form("HelpForm") {
 }
 
 void ShowHelp(std::string_view file) {
+  const std::string problem = WriteReferencePage();
+  if (!problem.empty()) {
+    Desktop().MessageBox(Joined("Can't write ", kReferenceFile, ": ", problem));
+  }
   HelpForm& form = TheHelpForm();
   Desktop().ShowForm(form, false);
   ShowInView(form.HelpWB, file);

@@ -9,7 +9,12 @@ namespace brindlemoor {
 namespace {
 
 using Options = AutomaticMatchOptions;
-constexpr std::array<Option<Options>, 4> kOptions = {{
+constexpr std::array<Option<Options>, 5> kOptions = {{
+    {"--game",
+     [](Options& o, std::string_view v) {
+       o.Game = v;
+       return !v.empty();
+     }},
     {"--seed", [](Options& o, std::string_view v) { return ReadNumber(v, o.Seed); }},
     {"--turns",
      [](Options& o, std::string_view v) {

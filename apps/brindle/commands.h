@@ -25,11 +25,12 @@ struct Command {
   int (*Run)(Arguments arguments);
 };
 
-int RunAuto(Arguments arguments);      // auto_command.cpp
-int RunCheck(Arguments arguments);     // check_command.cpp
-int RunMerge(Arguments arguments);     // merge_command.cpp
-int RunScenario(Arguments arguments);  // scenario_command.cpp
-int RunSim(Arguments arguments);       // sim_command.cpp
+int RunAuto(Arguments arguments);       // auto_command.cpp
+int RunCheck(Arguments arguments);      // check_command.cpp
+int RunMerge(Arguments arguments);      // merge_command.cpp
+int RunReference(Arguments arguments);  // reference_command.cpp
+int RunScenario(Arguments arguments);   // scenario_command.cpp
+int RunSim(Arguments arguments);        // sim_command.cpp
 
 int WrongUsage(std::string_view problem, std::string_view text);
 

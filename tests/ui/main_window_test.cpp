@@ -2,6 +2,7 @@
 #include "ui/main_window.h"
 
 #include "game/turn.h"
+#include "reference/reference_page.h"
 #include "scenario/state_digest.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
@@ -114,6 +115,11 @@ TEST_F(MainWindowTest, MenuEntriesDoWhatTheySay) {
   window_.helpmen.Click();
   EXPECT_TRUE(TheHelpForm().Shown);
   EXPECT_EQ(desktop_->Pages["HelpWB"], "<html>help</html>");
+  // The page that help pages lead to is there, and is the one of this program.
+  EXPECT_EQ(ReadFile("ScriptReference.html"), ReferencePage());
+  WriteFile("ScriptReference.html", "of an earlier version");
+  window_.helpmen.Click();
+  EXPECT_EQ(ReadFile("ScriptReference.html"), ReferencePage());
   EXPECT_FALSE(window_.QueryClose());
   EXPECT_TRUE(desktop_->Ending());
 }

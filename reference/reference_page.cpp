@@ -1,0 +1,232 @@
+// Composing the reference page, section by section, from the tables and their examples.
+#include "reference/reference_page.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/paths.h"
+#include "core/quoting.h"
+#include "core/state.h"
+#include "core/text.h"
+#include "data/directives.h"
+#include "platform/platform.h"
+#include "reference/examples.h"
+#include "script/command_table.h"
+#include "script/messages.h"
+#include "script/target_types.h"
+#include "script/values.h"
+
+namespace brindlemoor {
+namespace {
+
+constexpr std::string_view kHead = R"(<!DOCTYPE html>
+<html lang="en">
+<head>
+<meta charset="utf-8">
+<title>Reference for authors</title>
+<style>
+body { background: #0b1524; color: #d9e2ea; font: 16px/1.5 sans-serif; margin: 0 auto; max-width: 50em; padding: 1.5em; }
+h1, h2, h3 { color: #ffc35a; line-height: 1.2; } h2 { border-bottom: 1px solid #24405a; margin-top: 2em; }
+a { color: #62d9cf; } code { background: #16283c; color: #ffe3a0; padding: .1em .3em; }
+dt { margin-top: 1.2em; } dd { margin-left: 1.5em; }
+pre { background: #16283c; color: #ffe3a0; margin: .3em 0; padding: .4em .8em; white-space: pre-wrap; overflow-wrap: anywhere; }
+.words { line-height: 1.9; }
+</style>
+</head>
+<body>
+<p><a href="MainHelp.html">Help</a></p>
+<h1>Reference for authors</h1>
+<p>Every word that card files and scripts are made of. The program writes this page from its own tables, so it tells what this version really does.</p>
+<p><a href="#files">Card files</a> &middot; <a href="#places">Places</a> &middot; <a href="#targets">Targets</a> &middot; <a href="#triggers">Triggers</a> &middot; <a href="#scripts">Scripts</a> &middot; <a href="#values">Values</a> &middot; <a href="#messages">Messages</a></p>
+)";
+
+constexpr std::string_view kFilesIntro =
+    R"(<p>A file is read field by field. A field ends at a comma or at the end of the line. A field in double quotes may hold commas. There is no quote inside a quoted field: write <code>&amp;quot</code> there. A field that is no directive is skipped, so a line of stars is a remark.</p>
+<p><code>#TRAIT</code>, <code>#EFFECT</code>, <code>#EXTRADATA</code>, <code>#TRAITACTIONDESC</code> and <code>#DUPLICATE</code> speak of the card before them.</p>
+)";
+
+constexpr std::string_view kPlacesIntro =
+    R"(<p>The first field of a <code>#CARD</code> line says where the card goes.</p>
+)";
+
+constexpr std::string_view kTargetsIntro =
+    R"(<p>The first field of an action says on whom it acts. A target that is picked must be able to pass the script's requirements.</p>
+)";
+
+constexpr std::string_view kTriggersIntro =
+    R"(<p>The second field of an action says when it acts. A turn goes like this: both sides play their cards, then TURNSTART, PHASE1 to PHASE10, TURNEND.</p>
+)";
+
+constexpr std::string_view kScriptsIntro =
+    R"(<p>The third field of an action is its script: words with a colon between them, done from left to right. Behind a word stand its arguments. An empty field ends the script. A requirement that is not met ends it too, and what stands before it has happened already.</p>
+<p>With <code>AI</code> before a requirement it is only a wish: <code>AIREQTRAIT:SINGER</code> looks for a singer first, and takes another card if there is none.</p>
+<p>Commas end fields, so a script stands in quotes. A colon ends a message: write <code>&amp;col</code> there.</p>
+)";
+
+constexpr std::string_view kValuesIntro =
+    R"(<p>Where a command takes a VALUE, write a number or an expression: fields with a slash between them, worked out from left to right. A plain number is added. The examples can stand in any script, as in <code>SUBTRAIT:HP:SRCTRAIT/HUM</code>.</p>
+)";
+
+constexpr std::string_view kMessagesIntro =
+    R"(<p>Messages and descriptions may hold these marks. A word of a <code>#CUSTOMSTRING</code> line is filled in as well.</p>
+)";
+
+struct Family {
+  std::string_view Title;
+  std::span<const Command> (*Rows)();
+};
+constexpr std::array<Family, 5> kFamilies = {{
+    {"Requirements and chances", RequirementCommands},
+    {"Traits, values and tokens", TraitCommands},
+    {"Cards, piles and the game", CardCommands},
+    {"Texts and colours of the report", DisplayCommands},
+    {"Reactions, and scripts that go elsewhere", ReactionCommands},
+}};
+
+std::string Section(std::string_view anchor, std::string_view title, std::string_view intro) {
+  return Joined("<h2 id=\"", anchor, "\">", title, "</h2>\n", intro);
+}
+
+/// What stands behind the bar of a usage line.
+std::string_view MeaningOf(std::string_view usage) {
+  const std::size_t bar = usage.find("| ");
+  return bar == std::string_view::npos ? usage : usage.substr(bar + 2);
+}
+
+std::string ExampleText(const ActionExample* example) {
+  if (example == nullptr) return "";
+  return Joined("#EFFECT, ", example->Target, ", ", example->Trigger, ", \"", example->Script,
+                "\"");
+}
+
+std::string ExampleText(const TextExample* example) {
+  return example == nullptr ? "" : std::string(example->Text);
+}
+
+std::string Entry(std::string_view word, std::string_view form, std::string_view meaning,
+                  std::string_view example) {
+  return Joined("<dt id=\"", HtmlText(word), "\"><code>", HtmlText(form), "</code></dt>\n<dd>",
+                HtmlText(meaning), "\n<pre>", HtmlText(example), "</pre></dd>\n");
+}
+
+std::string DirectiveForm(std::string_view word, std::string_view fields) {
+  return fields.empty() ? std::string(word) : Joined(word, ", ", fields);
+}
+
+std::string Directives() {
+  std::string html = Section("files", "Card files", kFilesIntro) + "<dl>\n";
+  const auto examples = DirectiveExamples();
+  for (const ForeignDirectiveRow& row : kForeignDirectiveRows) {
+    html += Entry(row.Word, DirectiveForm(row.Word, row.Usage), row.Meaning,
+                  ExampleText(FindExample(examples, row.Word)));
+  }
+  for (const DirectiveRow& row : kDirectiveRows) {
+    html += Entry(row.Word, DirectiveForm(row.Word, row.Usage), row.Meaning,
+                  ExampleText(FindExample(examples, row.Word)));
+  }
+  return html + "</dl>\n";
+}
+
+std::string Locations() {
+  std::string html = Section("places", "Places", kPlacesIntro) + "<dl>\n";
+  for (const LocationRow& row : kLocationRows) {
+    html += Entry(Joined("place-", row.Word), row.Word, row.Meaning,
+                  ExampleText(FindExample(LocationExamples(), row.Word)));
+  }
+  return html + "</dl>\n";
+}
+
+std::string Targets() {
+  std::string html = Section("targets", "Targets", kTargetsIntro) + "<dl>\n";
+  for (const TargetTypeRow& row : kTargetTypeRows) {
+    html += Entry(Joined("target-", row.Word), row.Word, row.Meaning,
+                  ExampleText(FindExample(TargetExamples(), row.Word)));
+  }
+  return html + "</dl>\n";
+}
+
+std::string Triggers() {
+  std::string html = Section("triggers", "Triggers", kTriggersIntro) + "<dl>\n";
+  for (const TriggerRow& row : kTriggerRows) {
+    std::string form = Joined(row.Word, row.Arguments);
+    std::ranges::replace(form, ' ', ':');
+    html += Entry(Joined("trigger-", row.Stem()), form, row.FiredBy,
+                  ExampleText(FindExample(TriggerExamples(), row.Word)));
+  }
+  return html + "</dl>\n";
+}
+
+std::string Arguments() {
+  std::string html = "<h3 id=\"arguments\">What the arguments are</h3>\n<p class=\"words\">";
+  for (const ArgumentRow& row : ArgumentRows()) {
+    html += Joined("<code>", row.Name, "</code> ", HtmlText(row.Meaning), "<br>\n");
+  }
+  return html + "</p>\n";
+}
+
+/// Links to all commands, for those who know the word.
+std::string CommandIndex() {
+  std::string html = "<p class=\"words\">";
+  for (const Family& family : kFamilies) {
+    for (const Command& row : family.Rows()) {
+      html += Joined("<a href=\"#", row.Word, "\">", row.Word, "</a>\n");
+    }
+  }
+  return html + "</p>\n";
+}
+
+std::string Commands() {
+  std::string html = Section("scripts", "Scripts", kScriptsIntro) + CommandIndex() + Arguments();
+  for (const Family& family : kFamilies) {
+    html += Joined("<h3>", family.Title, "</h3>\n<dl>\n");
+    for (const Command& row : family.Rows()) {
+      html += Entry(row.Word, CommandForm(row), MeaningOf(row.Usage),
+                    ExampleText(FindExample(CommandExamples(), row.Word)));
+    }
+    html += "</dl>\n";
+  }
+  return html;
+}
+
+/// "TRAIT/TRAIT" for a keyword with fields, "DIVn" for an operator.
+std::string ValueForm(const ValueKeyword& row) {
+  std::string form(row.Word);
+  std::ranges::replace(form, '#', 'n');
+  if (row.Usage.starts_with('/')) form += row.Usage.substr(0, row.Usage.find(' '));
+  return form;
+}
+
+std::string Values() {
+  std::string html = Section("values", "Values", kValuesIntro) + "<dl>\n";
+  for (const ValueKeyword& row : ValueKeywords()) {
+    html += Entry(Joined("value-", row.Word), ValueForm(row), MeaningOf(row.Usage),
+                  ExampleText(FindExample(ValueExamples(), row.Word)));
+  }
+  return html + "</dl>\n";
+}
+
+std::string Messages() {
+  std::string html = Section("messages", "Messages", kMessagesIntro) + "<dl>\n";
+  for (const MessageMark& row : MessageMarks()) {
+    const std::string_view argument = row.TakesValue ? "/VALUE#" : "/NAME#";
+    html += Entry(Joined("mark-", row.Mark), Joined(row.Mark, row.OpensField ? argument : ""),
+                  row.Meaning, ExampleText(FindExample(MessageExamples(), row.Mark)));
+  }
+  return html + "</dl>\n";
+}
+
+}  // namespace
+
+std::string ReferencePage() {
+  return Joined(kHead, Directives(), Locations(), Targets(), Triggers(), Commands(), Values(),
+                Messages(), "</body>\n</html>\n");
+}
+
+std::string WriteReferencePage() {
+  const std::string path = InProgramFolder(kReferenceFile);
+  const std::string page = ReferencePage();
+  FileSystem& files = Desktop().Files();
+  return files.Read(path) == page ? "" : files.Write(path, page);
+}
+
+}  // namespace brindlemoor
