@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -14,10 +15,15 @@ struct AutomaticMatchOptions {
   std::string PagesFolder;  ///< gets the report pages "turn-001.html" and so on; "" keeps none
   std::uint64_t Seed = 1;
   int MaximumTurns = 200;
+  /// Gets every report page under its file name, whether pages are kept or not.
+  std::function<void(const std::string& name, const std::string& page)> OnPage{};
   int Opponent = 1;  ///< which opponent of the first game, starter decks and stores left out
 };
 
 enum class MatchWinner { kNobody, kPlayer, kEnemy };
+
+/// Such as "the enemy wins".
+std::string_view VerdictOf(MatchWinner winner);
 
 struct AutomaticMatchResult {
   std::string Error;  ///< why no match was played, "" when one was

@@ -1,6 +1,7 @@
 // A simulation: many matches of a game, added up.
 #pragma once
 
+#include <compare>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -10,8 +11,7 @@
 namespace brindlemoor {
 
 class Stage;
-
-inline constexpr std::string_view kProgramVersion = "Beta 1.0";
+struct MatchOutcome;
 
 /// What a simulation is asked for.
 struct SimulationOptions {
@@ -34,9 +34,30 @@ struct JobPart {
   int Jobs = 1;
 };
 
+/// A match of a simulation.
+struct MatchKey {
+  int Pairing = 0;  ///< from 0
+  bool SeatsChanged = false;
+  Count Match = 0;  ///< from 0; the seed is a function of this
+  auto operator<=>(const MatchKey&) const = default;
+};
+
+/// Is told of each match before it is played and when it has been; the stage has its log.
+class MatchObserver {
+ public:
+  virtual ~MatchObserver() = default;
+  virtual void MatchBegins(const MatchKey& key) = 0;
+  virtual void MatchEnds(const MatchKey& key, const MatchOutcome& outcome, const Stage& stage) = 0;
+};
+
+/// Sits those of a match down on the stage. "" or why they can't play.
+std::string SeatMatch(const SimulationSetup& setup, const MatchKey& key, Stage& stage);
+/// Plays a match of those who sit.
+MatchOutcome PlayMatch(const SimulationSetup& setup, const MatchKey& key, Stage& stage);
+
 /// Plays the part's matches and adds them to the totals; calls back after each. "" or what is
 /// wrong.
 std::string PlayMatches(const SimulationSetup& setup, JobPart part, Stage& stage, Totals& totals,
-                        const std::function<void()>& played);
+                        const std::function<void()>& played, MatchObserver* observer = nullptr);
 
 }  // namespace brindlemoor

@@ -17,6 +17,7 @@ BELOW = {
     "check": {"core", "data", "script", "platform", "game"},
     "ui": {"core", "data", "script", "platform", "images", "game", "check"},
     "simulation": {"core", "data", "script", "platform", "images", "game", "ui"},
+    "journal": {"core", "data", "script", "platform", "images", "game", "ui", "simulation"},
     "editor": {"core", "data", "script", "platform", "images", "game", "check", "ui"},
     "scenario": {"core", "data", "script", "platform", "images", "game", "check", "ui", "editor"},
 }

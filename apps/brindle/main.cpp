@@ -2,25 +2,29 @@
 #include <array>
 
 #include "apps/brindle/commands.h"
+#include "journal/journal_writer.h"
+#include "simulation/report.h"
 
 namespace brindlemoor {
 
 namespace {
 
-constexpr std::array<Command, 5> kCommands = {{
+constexpr std::array<Command, 6> kCommands = {{
     {"check", "check FOLDER|FILE... [--json] [--codes]",
      "Says what is wrong in card files, and where. --codes lists the kinds of findings.", RunCheck},
     {"scenario", "scenario FILE|FOLDER... [--words]",
      "Carries out tests of cards. --words lists what they are written with.", RunScenario},
     {"sim",
      "sim [FOLDER] [--game NAME] [--matches N] [--seed N] [--turns N] [--jobs J] [--csv[=FILE]] "
-     "[--json[=FILE]] [--html[=FILE]] [--shard I/N [--out FILE]]",
+     "[--json[=FILE]] [--html[=FILE]] [--shard I/N [--out FILE]] [--journal FILE]",
      "Plays many matches of every deck against every opponent and says who wins and which cards.",
      RunSim},
     {"merge", "merge FILE... [--csv[=FILE]] [--json[=FILE]] [--html[=FILE]]",
      "Adds up the shards of a simulation and reports on all of it.", RunMerge},
-    {"auto", "auto [FOLDER] [--seed N] [--pages DIR] [--turns N] [--opponent K]",
+    {"auto", "auto [FOLDER] [--seed N] [--pages DIR] [--turns N] [--opponent K] [--journal FILE]",
      "Plays a match of the folder's first game by itself and keeps its report pages.", RunAuto},
+    {"replay", "replay JOURNAL [FOLDER] [--pages DIR]",
+     "Plays again what a program noted with --journal and says where its pages differ.", RunReplay},
 }};
 
 void PrintHelp() {
@@ -51,6 +55,16 @@ int Run(Arguments arguments) {
 int WrongUsage(std::string_view problem, std::string_view text) {
   std::cerr << "brindle: " << problem << text << "\nTry: brindle --help\n";
   return kWrongUsage;
+}
+
+int Refuse(std::string_view problem, int code) {
+  std::cerr << "brindle: " << TerminalText(std::string(problem)) << '\n';
+  return code;
+}
+
+std::string OpenJournal(const std::string& path, JournalWriter& journal) {
+  journal.OnFailure = [](const std::string& problem) { Refuse(problem, kFailure); };
+  return journal.Open(path);
 }
 
 }  // namespace brindlemoor

@@ -15,10 +15,23 @@ std::optional<std::uint64_t> ReadNumber(const std::string& text) {
   return number;
 }
 
+/// The value of an option that stands at an index: behind "=" or in the next argument, to which the
+/// index moves; "" when there is none. Nothing for any other argument.
+std::optional<std::string> TakeValue(std::string_view option,
+                                     const std::vector<std::string>& arguments,
+                                     std::size_t& index) {
+  const std::string& argument = arguments[index];
+  if (!argument.starts_with(option)) return std::nullopt;
+  if (argument.size() > option.size()) {
+    if (argument[option.size()] != '=') return std::nullopt;
+    return argument.substr(option.size() + 1);
+  }
+  return index + 1 < arguments.size() ? arguments[++index] : std::string();
+}
+
 }  // namespace
 
 Options ReadOptions(const std::vector<std::string>& arguments) {
-  constexpr std::string_view kSeed = "--seed";
   Options options;
   bool onlyFolders = false;
   for (std::size_t index = 0; index < arguments.size(); ++index) {
@@ -35,14 +48,11 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
       options.Version = true;
     } else if (argument == "--debug") {
       options.Debug = true;
-    } else if (argument == kSeed || argument.starts_with("--seed=")) {
-      std::string number;
-      if (argument != kSeed) {
-        number = argument.substr(kSeed.size() + 1);
-      } else if (index + 1 < arguments.size()) {
-        number = arguments[++index];
-      }
-      options.Seed = ReadNumber(number);
+    } else if (const auto journal = TakeValue("--journal", arguments, index)) {
+      options.Journal = *journal;
+      if (journal->empty()) options.Error = "--journal needs a file or a folder.";
+    } else if (const auto number = TakeValue("--seed", arguments, index)) {
+      options.Seed = ReadNumber(*number);
       if (!options.Seed) options.Error = "--seed needs a number, 0 or above.";
     } else {
       options.Error = "There is no option \"" + argument + "\".";
@@ -52,17 +62,19 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
 }
 
 const char* HelpText() {
-  return R"(Usage: brindlemoor [FOLDER] [--seed N] [--debug]
+  return R"(Usage: brindlemoor [FOLDER] [--seed N] [--debug] [--journal FILE]
 
 Plays the card games whose files lie in FOLDER. Without FOLDER that is the
 program's own folder if it holds games, else $XDG_DATA_HOME/brindlemoor (or
 ~/.local/share/brindlemoor), which the first start fills with the games that
 come with the program.
 
-  --seed N    the same cards and rolls every time
-  --debug     extra lines on pages; players are not saved
-  --help      this text
-  --version   the version
+  --seed N        the same cards and rolls every time
+  --debug         extra lines on pages; players are not saved
+  --journal FILE  writes down the session for "brindle replay FILE", even if it
+                  ends in a crash; in a folder the journal gets a name of its own
+  --help          this text
+  --version       the version
 )";
 }
 

@@ -11,6 +11,7 @@ namespace brindlemoor {
 struct Options {
   std::string Folder;
   std::optional<std::uint64_t> Seed;
+  std::string Journal;  ///< file or folder for the journal of the session, "" for none
   bool Debug = false;
   bool Help = false;
   bool Version = false;
