@@ -61,8 +61,9 @@ class RecordedSession : public testing::Test {
     State().Desktop = recorder;
     State().ProgramFolder = State().CurrentFolder = Folder();
     desktop_->ModalForms.emplace_back([this](Form& menu) {
-      desktop_->TextAnswers = {"Ann"};
-      Do(menu, {.Control = "Command1(0)"});
+      const bool known = std::filesystem::exists(root_ / "game/PlayerProfiles.txt");
+      if (!known) desktop_->TextAnswers = {"Ann"};
+      Do(menu, {.Control = known ? "Command1(1)" : "Command1(0)"});
     });
     recorder->Start(StartProgram);
     user();
