@@ -128,6 +128,7 @@ ReplayResult ReplayMatch(const Journal& journal, const ReplayOptions& options) {
   if (options.OnFiles) {
     options.OnFiles(StateDifferences(journal.Files, CardFilesOf(options.Folder)));
   }
+  tape.Doing = "the match";
   AutomaticMatchOptions match;
   match.Folder = options.Folder;
   match.Seed = journal.Number("seed");
@@ -135,7 +136,6 @@ ReplayResult ReplayMatch(const Journal& journal, const ReplayOptions& options) {
   match.Opponent = IntOption(journal, "opponent");
   match.OnPage = [&](const std::string& name, const std::string& page) {
     if (options.OnText) options.OnText(name, page);
-    tape.Doing = Joined("page ", name);
     tape.ExpectText(name, Renamed(page, options.Folder, journal.Folder));
   };
   try {

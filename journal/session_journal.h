@@ -29,9 +29,9 @@ void WriteSessionHead(JournalWriter& writer, const SessionStart& start, const Fi
 struct ReplayOptions {
   std::string Folder;  ///< where the journal's folder lies now, absolute; nothing in it is changed
   /// Gets every page and other text file that the replay writes.
-  std::function<void(const std::string& name, std::string_view bytes)> OnText;
+  std::function<void(const std::string& name, std::string_view bytes)> OnText{};
   /// Gets, before the replay begins, what differs in the files that the program started with.
-  std::function<void(const std::vector<std::string>& differences)> OnFiles;
+  std::function<void(const std::vector<std::string>& differences)> OnFiles{};
 };
 
 /// Plays a session again, up to its first difference. Begins with a fresh session and leaves one.

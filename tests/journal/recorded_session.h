@@ -114,11 +114,10 @@ class RecordedSession : public testing::Test {
     Journal journal;
     const std::string problem = ReadJournal(bytes, journal);
     if (!problem.empty()) return {.Problem = problem};
-    return ReplaySession(journal, {.Folder = folder,
-                                   .OnText = nullptr,
-                                   .OnFiles = [this](const std::vector<std::string>& lines) {
-                                     fileDifferences_ = lines;
-                                   }});
+    return ReplaySession(
+        journal, {.Folder = folder, .OnFiles = [this](const std::vector<std::string>& lines) {
+                    fileDifferences_ = lines;
+                  }});
   }
   ReplayResult Replay(const std::string& bytes) { return Replay(bytes, Folder()); }
 
