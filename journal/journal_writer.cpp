@@ -68,6 +68,11 @@ void JournalWriter::Add(std::string_view word, const JournalFields& fields) {
   }
 }
 
+void JournalWriter::End() {
+  Add("end");
+  Close();
+}
+
 void JournalWriter::AddText(const std::string& name, std::string_view bytes) {
   if (!Works()) return;
   std::string& last = texts_[name];

@@ -32,6 +32,8 @@ class JournalWriter {
   std::function<void(const std::string& problem)> OnFailure;
 
   void Add(std::string_view word, const JournalFields& fields = {});
+  /// The program ended in order: the last record. What is told afterwards counts for nothing.
+  void End();
   /// A page or another text file that the program writes, as what it changes of the version before.
   void AddText(const std::string& name, std::string_view bytes);
 

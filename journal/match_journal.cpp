@@ -119,7 +119,7 @@ void RecordMatch(JournalWriter& writer, AutomaticMatchOptions& options) {
 void RecordResult(JournalWriter& writer, const AutomaticMatchResult& result) {
   if (!result.Error.empty()) return;
   writer.Add("result", {std::string(VerdictOf(result.Winner)), std::to_string(result.Turns)});
-  writer.Add("end");
+  writer.End();
 }
 
 ReplayResult ReplayMatch(const Journal& journal, const ReplayOptions& options) {

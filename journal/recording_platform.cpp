@@ -104,7 +104,7 @@ void RecordingPlatform::Start(const std::function<void()>& program) {
   moments_.EndEvent();
 }
 
-void RecordingPlatform::Finish() { writer_.Add("end"); }
+void RecordingPlatform::Finish() { writer_.End(); }
 
 void RecordingPlatform::EventBegins(const Form& form, const UserEvent& event) {
   const int number = ++events_;

@@ -1,10 +1,10 @@
 // A simulation: many matches of a game, added up.
 #pragma once
 
-#include <compare>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 #include "simulation/totals.h"
 
@@ -39,7 +39,10 @@ struct MatchKey {
   int Pairing = 0;  ///< from 0
   bool SeatsChanged = false;
   Count Match = 0;  ///< from 0; the seed is a function of this
-  auto operator<=>(const MatchKey&) const = default;
+  bool operator<(const MatchKey& other) const {
+    return std::tie(Pairing, SeatsChanged, Match) <
+           std::tie(other.Pairing, other.SeatsChanged, other.Match);
+  }
 };
 
 /// Is told of each match before it is played and when it has been; the stage has its log.

@@ -136,7 +136,7 @@ int RunSim(Arguments arguments) {
   problem = PlayAll(result.Setup, options.Jobs, stage, result.Sums,
                     journal.Works() ? &recorder : nullptr);
   if (!problem.empty()) return Refuse(problem, kFailure);
-  journal.Add("end");
+  journal.End();
   if (!options.IsShard) return WriteReport(MakeReport(result), options.Output);
   problem = WriteOutput(options.Out, TotalsText(result));
   return problem.empty() ? kSuccess : Refuse(problem, kWrongUsage);

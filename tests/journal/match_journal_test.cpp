@@ -48,7 +48,7 @@ class MatchJournalTest : public RecordedSession {
       EXPECT_EQ(PlayMatches(
                     setup, {}, stage, totals, [] {}, &recorder),
                 "");
-      writer.Add("end");
+      writer.End();
     });
   }
   static Journal Read(const std::string& bytes) {
