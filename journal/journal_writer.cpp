@@ -45,20 +45,20 @@ std::string JournalWriter::Open(const std::string& path) {
   if (std::filesystem::is_directory(path, failure)) path_ = Joined(path, "/", NameOfNow());
   file_ = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0666);
   if (file_ >= 0) return "";
-  if (errno == EEXIST) return Joined("the journal ", path_, " is there already");
-  return Joined("can't write the journal ", path_, ": ", Reason());
+  if (errno == EEXIST) return Joined("The journal ", path_, " is there already.");
+  return Joined("Can't write the journal ", path_, ": ", Reason(), ".");
 }
 
 void JournalWriter::Fail(std::string_view reason) {
   Close();
-  if (OnFailure) OnFailure(Joined("the journal ", path_, " ends here: ", reason));
+  if (OnFailure) OnFailure(Joined("The journal ", path_, " ends here: ", reason, "."));
 }
 
 void JournalWriter::Add(std::string_view word, const JournalFields& fields) {
   if (!Works()) return;
   const std::string line = JournalLine(word, fields) + '\n';
   written_ += line.size();
-  if (written_ > kLargestJournal) return Fail("it is too long");
+  if (written_ > kLargestJournal) return Fail("It is too long");
   // One call for the line, so that lines of processes that share the file stay whole.
   for (std::string_view rest = line; !rest.empty();) {
     const ssize_t count = ::write(file_, rest.data(), rest.size());

@@ -63,7 +63,7 @@ std::string OpenJournal(const Options& options, const std::string& folder, QtPla
   std::string problem = journal.Open(options.Journal);
   if (!problem.empty()) return problem;
   journal.OnFailure = [&desktop](const std::string& failure) {
-    Say(desktop, Joined(failure, ".  The program goes on without it."));
+    Say(desktop, Joined(failure, "  The program goes on without it."));
   };
   WriteSessionHead(journal, {folder, options.Debug, options.Seed}, desktop.Files());
   return "";

@@ -150,8 +150,8 @@ TEST(JournalWriterTest, NeverTouchesAFileThatIsThere) {
   EXPECT_EQ(first.Open(folder.string()), "");
   EXPECT_TRUE(first.Path().starts_with(folder.string() + "/"));
   EXPECT_TRUE(first.Path().ends_with(".journal"));
-  EXPECT_EQ(second.Open(first.Path()), "the journal " + first.Path() + " is there already");
-  EXPECT_NE(third.Open((folder / "no" / "x").string()).find("can't write the journal"),
+  EXPECT_EQ(second.Open(first.Path()), "The journal " + first.Path() + " is there already.");
+  EXPECT_NE(third.Open((folder / "no" / "x").string()).find("Can't write the journal"),
             std::string::npos);
   EXPECT_FALSE(second.Works() || third.Works());
   fs::remove_all(folder);
