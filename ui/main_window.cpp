@@ -248,6 +248,7 @@ void UpdateHand() {
 }
 
 void BlankSideViews() {
+  TheMainWindow().Links.DescribedCard = 0;
   for (BrowserView* view : {&TheMainWindow().InPlayWB, &TheMainWindow().CardDescWB}) {
     if (!view->Url.Get().ends_with("/blank.htm")) ShowInView(*view, "blank.htm");
   }
