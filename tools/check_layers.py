@@ -20,6 +20,8 @@ BELOW = {
     "journal": {"core", "data", "script", "platform", "images", "game", "ui", "simulation"},
     "editor": {"core", "data", "script", "platform", "images", "game", "check", "ui"},
     "scenario": {"core", "data", "script", "platform", "images", "game", "check", "ui", "editor"},
+    "fuzz": {"core", "data", "script", "platform", "images", "game", "check", "ui", "editor",
+             "scenario"},
 }
 INCLUDE = re.compile(r'^#include "([a-z]+)/([^"]+)"', re.MULTILINE)
 
