@@ -15,9 +15,9 @@ struct AutomaticMatchOptions {
   std::string PagesFolder;  ///< gets the report pages "turn-001.html" and so on; "" keeps none
   std::uint64_t Seed = 1;
   int MaximumTurns = 200;
+  int Opponent = 1;  ///< which opponent of the first game, starter decks and stores left out
   /// Gets every report page under its file name, whether pages are kept or not.
   std::function<void(const std::string& name, const std::string& page)> OnPage{};
-  int Opponent = 1;  ///< which opponent of the first game, starter decks and stores left out
 };
 
 enum class MatchWinner { kNobody, kPlayer, kEnemy };
