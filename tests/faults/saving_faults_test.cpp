@@ -215,6 +215,7 @@ TEST_P(SavingFaultsTest, LosesNothing) {
   const Files after = FilesThere();
   ASSERT_NE(before, after) << "nothing was saved";
   ASSERT_GT(calls, 4);
+  RecordProperty("calls", calls);
   for (const Fault fault :
        {Fault::kNoSpace, Fault::kPartWritten, Fault::kNoRights, Fault::kInputError}) {
     for (int call = 1; call <= calls; ++call) {
@@ -299,6 +300,7 @@ TEST_P(ReadingFaultsTest, AFileThatCannotBeReadIsNotSavedOver) {
   const int owned = cards();
   const int calls = play(0, Fault::kNone);
   ASSERT_EQ(cards(), owned + 2) << "the starter deck gives two cards";
+  RecordProperty("calls", calls);
   for (int call = 1; call <= calls; ++call) {
     begin();
     play(call, GetParam().Name[0] == 'n' ? Fault::kNoRights : Fault::kInputError);

@@ -1,10 +1,6 @@
 // Scripts that would take forever: where they end, what the page says, and that the game goes on.
 #include "core/work_budget.h"
 
-#include <sstream>
-
-#include "core/limits.h"
-#include "game/automatic_match.h"
 #include "game/card_play.h"
 #include "game/turn.h"
 #include "script/run_action.h"
@@ -129,26 +125,6 @@ TEST_F(WorkBudgetTest, OtherWorkCountsToo) {
     RunAction(card, card, action);
     EXPECT_TRUE(WorkIsSpent()) << what;
   }
-}
-
-/// Plays every opponent of the shipped game; the most steps that a turn took.
-TEST(WorkBudget, AThousandTimesWhatTheShippedGamesNeed) {
-  std::int64_t most = 0;
-  for (const int opponent : {1, 2}) {
-    for (std::uint64_t seed = 1; seed <= 3; ++seed) {
-      std::ostringstream out;
-      AutomaticMatchOptions options;
-      options.Folder = std::string(BRINDLEMOOR_SOURCE_DIR) + "/games";
-      options.Seed = seed;
-      options.Opponent = opponent;
-      ASSERT_EQ(AutomaticMatch(options, out).Error, "");
-      most = std::max(most, State().Work.Most);
-    }
-  }
-  State() = Session{};
-  RecordProperty("steps", std::to_string(most));
-  EXPECT_GT(most, 100);
-  EXPECT_LE(most * 1000, limits::kStepsOfTurn) << "raise the bound to a thousand times " << most;
 }
 
 }  // namespace
