@@ -35,6 +35,15 @@ void WaitForTrigger(int slot) {
   waiting[entry] = static_cast<std::int16_t>(slot);
 }
 
+/// Puts the cards of a list that begin at a position before those that wait.
+void WaitAgain(const Pile& cards, int first) {
+  if (!cards.Holds(first)) return;
+  const Pile behind = std::exchange(State().PendingCards, Pile(1));
+  const int count = std::exchange(State().PendingCount, std::int16_t{0});
+  for (int index = first; cards.Holds(index); ++index) QueuePending(cards[index]);
+  for (int index = 1; index <= count; ++index) QueuePending(behind[index]);
+}
+
 /// Index of the first named card with a GlobalID, 0 if there is none.
 int FindById(const Pile& pile, double globalId) {
   for (int index = 1; index <= pile.UpperBound(); ++index) {
@@ -82,6 +91,7 @@ void InitPlayer(PlayerState& player, int number) {
 int AddToTable(const Card& card) {
   if (IsFree(card)) return 0;
   Pile& table = State().CardTable;
+  SpendWorkOnSearch(static_cast<std::size_t>(table.UpperBound()));
   const int slot = TakeFreeSlot(table);
   if (slot == 0) return 0;
   Card& entering = table[slot];
@@ -106,7 +116,10 @@ int AddToTable(const Card& card) {
 
 int FindSlot(std::string_view globalId) { return FindSlot(NumericPrefix(globalId)); }
 
-int FindSlot(double globalId) { return FindById(State().CardTable, globalId); }
+int FindSlot(double globalId) {
+  SpendWorkOnSearch(static_cast<std::size_t>(State().CardTable.UpperBound()));
+  return FindById(State().CardTable, globalId);
+}
 
 int FindInCollection(double globalId) { return FindById(State().Collection, globalId); }
 
@@ -148,6 +161,7 @@ void QueuePending(const Card& card) {
     limits::ReportLimit("Too many cards wait for the table: one was left out.");
     return;
   }
+  SpendWork(1);
   ++state.PendingCount;
   if (!state.PendingCards.Holds(state.PendingCount)) state.PendingCards.Resize(state.PendingCount);
   state.PendingCards[state.PendingCount] = card;
@@ -155,12 +169,15 @@ void QueuePending(const Card& card) {
 
 void FlushPending() {
   Session& state = State();
-  if (state.PendingCount <= 0) return;
+  // Those that the turn has no steps left for enter in the next one.
+  if (state.PendingCount <= 0 || WorkIsSpent()) return;
   // Cards that entry scripts queue meanwhile go into the fresh list and wait for the next flush.
   const Pile entering = std::move(state.PendingCards);
   state.PendingCards.Reset(1);
   state.PendingCount = 0;
-  for (const Card& card : entering) AddToTable(card);
+  int next = 1;
+  while (entering.Holds(next) && !WorkIsSpent()) AddToTable(entering[next++]);
+  WaitAgain(entering, next);
 }
 
 bool HoldsCards(const Pile& pile) {

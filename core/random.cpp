@@ -57,6 +57,7 @@ double RollDice(double count, double sides) {
     limits::ReportLimit("Too many dice; only some were rolled.");
     count = allowed;
   }
+  SpendWorkOnSearch(static_cast<std::size_t>(count));
   rolled += static_cast<int>(count);
   double total = 0;
   for (int left = static_cast<int>(count); left > 0; --left) total += RollDie(sides);

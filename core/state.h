@@ -12,6 +12,7 @@
 
 #include "core/random.h"
 #include "core/records.h"
+#include "core/work_budget.h"
 
 namespace brindlemoor {
 
@@ -112,11 +113,9 @@ struct Session {
   std::uint8_t SaleMode = 0;
 
   // State that script runs share.
-  int RunDepth = 0;              ///< RunAction frames in progress
-  int RunFrames = 0;             ///< the same, and those whose repeats and trait changes still run
-  int NestedCommands = 0;        ///< commands walked by the runs that this one started
-  double LastValue = 0;          ///< behind LASTVAL, $AMT and the like
-  std::uint8_t CancelState = 0;  ///< 0 none, 1 cancelled, 2 CANCEL executed in this run
+  int RunDepth = 0;                 ///< RunAction frames in progress
+  double LastValue = 0;             ///< behind LASTVAL, $AMT and the like
+  std::uint8_t CancelState = 0;     ///< 0 none, 1 cancelled, 2 CANCEL executed in this run
   std::int32_t RedirectTarget = 0;  ///< slot chosen by a redirect, 0 none
   Text RedirectScript;
   int RedirectDepth = 0;      ///< runs in progress of redirected actions
@@ -137,6 +136,8 @@ struct Session {
   double StatMasked = 0;
   double StatNotMasked = 0;
   double StatCancelled = 0;
+
+  WorkBudget Work;  ///< what scripts have done of what they may do
 
   RandomSource Random;
   std::shared_ptr<MatchLog> Log;  ///< of the match, where somebody counts; mostly empty

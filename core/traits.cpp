@@ -59,6 +59,7 @@ double BonusValue(const Card& card, std::string_view expression) {
     limits::ReportLimit("Bonus traits read one another without an end; the rest counts as 0.");
     return 0;
   }
+  if (WorkIsSpent()) return 0;
   ++state.BonusCount;
   ++state.BonusDepth;
   const double value = EvalNumber(card, card, expression);
@@ -136,6 +137,7 @@ void AddBonusBase(Card& card, std::string_view name, int keepActions) {
 /// Lets the BEFORETRAITCHANGE reactions see a change. False when one of them cancelled it.
 bool OfferChange(Card& card, std::string_view name, double& amount, Card& other, int testRun,
                  const Text& script) {
+  SpendWorkOnSearch(static_cast<std::size_t>(card.Effects.UpperBound()));
   RunOptions options;
   options.TestRun = testRun;
   options.Amount = &amount;
@@ -212,6 +214,7 @@ int TraitSlot(const Card& card, std::string_view name) {
 
 void SetTrait(Card& card, std::string_view name, const Value& value, int keepActions) {
   if (name == "HP") State().HpReport = 1;
+  SpendWorkOnSearch(static_cast<std::size_t>(card.Traits.UpperBound()));
   const int item = ItemToWrite(card, name);
   if (item == 0) return;
   const std::string full(name);  // the caller's name may lie in a text that is replaced here
@@ -221,6 +224,7 @@ void SetTrait(Card& card, std::string_view name, const Value& value, int keepAct
   if (present == withValue || (printed.empty() && present == full)) return;
   card.Traits.Edit(item) = printed.empty() ? full : withValue;
   if (card.ChangedTraits.size() + full.size() < limits::kChangedTraitBytes) {
+    SpendWorkOnText(card.ChangedTraits.size());
     card.ChangedTraits = Joined(card.ChangedTraits, full, ":");
   } else {
     limits::ReportLimit("Too many changed traits of a card wait: one is not told of.");

@@ -81,6 +81,7 @@ bool ReadCardFile(std::string_view file, PlayerState& player, int noDuplicates,
   const auto depth = static_cast<std::size_t>(++session.ReadDepth);
   session.FileList[depth] = file;
   session.OpenPaths[depth] = path;
+  if (session.RunDepth > 0) SpendWorkOnText(bytes->size());
   if (player.PlayerNo == 1 && keepExisting == 0) EmptyPlayerPiles();
   const std::string name = session.FileList[depth].Str();
   CardReader(name, std::move(*bytes), player, {noDuplicates != 0, std::string(forcedLocation)})

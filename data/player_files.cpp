@@ -8,6 +8,7 @@
 #include "core/state.h"
 #include "core/text.h"
 #include "data/card_reader.h"
+#include "data/card_reading.h"
 #include "data/card_writer.h"
 #include "data/field_text.h"
 #include "data/profiles.h"
@@ -64,11 +65,16 @@ void KeepDamagedFile(std::string_view fileName, const Problem& problem) {
 
 }  // namespace
 
-void ReadPlayerFile(std::string_view fileName) {
+bool ReadPlayerFile(std::string_view fileName) {
   const std::vector<Problem>& problems = State().Problems;
   const std::size_t before = problems.size();
-  ReadCards(fileName, State().Players[1], 0, "", 0);
+  const bool isThere = !FindCardFile(fileName).empty();
+  if (!ReadCardFile(fileName, State().Players[1], 0, "", 0) && isThere) {
+    Desktop().MessageBox(Joined("Can't read ", FileNameOf(fileName), "."));
+    return false;
+  }
   if (problems.size() > before) KeepDamagedFile(fileName, problems[before]);
+  return true;
 }
 
 std::string PlayerFileName(int gameIndex) {

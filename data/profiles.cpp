@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <utility>
+#include <vector>
 
 #include "core/encoding.h"
 #include "core/fold.h"
@@ -29,7 +32,7 @@ std::string ProfileLine(const ProfileRec& profile) {
 }
 
 /// The five fields behind the word; what the end of the file cuts off is empty.
-void ReadProfile(FieldStream& stream) {
+ProfileRec ReadProfile(FieldStream& stream) {
   std::array<std::string, 5> fields;
   for (std::string& field : fields) {
     if (!stream.Read(field)) break;
@@ -38,7 +41,39 @@ void ReadProfile(FieldStream& stream) {
   profile.PlayerName = fields[0];
   profile.PlayerFile = FieldAt(fields[1], 1, ':');
   profile.RulesFile = FieldAt(fields[1], 2, ':');
-  State().Profiles.Append(std::move(profile));
+  return profile;
+}
+
+/// The profiles of the list's file; nothing when it is there and can't be read.
+std::optional<std::vector<ProfileRec>> ProfilesOfFile(const std::string& path) {
+  std::vector<ProfileRec> profiles;
+  if (path.empty()) return profiles;
+  auto bytes = Desktop().Files().Read(path);
+  if (!bytes) return std::nullopt;
+  FieldStream stream(std::move(*bytes));
+  for (std::string field; stream.Read(field);) {
+    if (field == kWord) profiles.push_back(ReadProfile(stream));
+  }
+  return profiles;
+}
+
+bool HasProfile(const Text& name) {
+  for (const ProfileRec& profile : State().Profiles) {
+    if (profile.PlayerName == name) return true;
+  }
+  return false;
+}
+
+/// Adds what the file has and the table has not: the file could not be read when the table was
+/// filled, or another program has written it since. False when it can't be read now.
+bool AddProfilesOfFile() {
+  const std::string path = InProgramFolder(kListFile);
+  const auto stored = ProfilesOfFile(Desktop().Files().Exists(path) ? path : "");
+  if (!stored) return false;
+  for (const ProfileRec& profile : *stored) {
+    if (!HasProfile(profile.PlayerName)) State().Profiles.Append(profile);
+  }
+  return true;
 }
 
 int Characters(std::string_view text) {
@@ -65,12 +100,10 @@ bool BelongsToPlayers(std::string_view path) {
 void LoadProfiles() {
   Table<ProfileRec>& profiles = State().Profiles;
   profiles.Resize(0);
-  const std::string path = ResolvePath(kListFile, 0);
-  if (!path.empty()) {
-    FieldStream stream(Desktop().Files().Read(path).value_or(""));
-    for (std::string field; stream.Read(field);) {
-      if (field == kWord) ReadProfile(stream);
-    }
+  const auto stored = ProfilesOfFile(ResolvePath(kListFile, 0));
+  if (!stored) Desktop().MessageBox(Joined("Can't read ", kListFile, "."));
+  for (const ProfileRec& profile : stored.value_or(std::vector<ProfileRec>())) {
+    profiles.Append(profile);
   }
   if (profiles.UpperBound() == 0) profiles.Resize(1);
 }
@@ -78,6 +111,10 @@ void LoadProfiles() {
 void SaveProfiles() {
   Session& session = State();
   if (session.Profiles.UpperBound() == 0) LoadProfiles();
+  if (!AddProfilesOfFile()) {
+    Desktop().MessageBox(Joined("Can't save ", kListFile, ": it can't be read."));
+    return;
+  }
   std::string text;
   for (ProfileRec& profile : session.Profiles) {
     if (profile.PlayerName == session.Profile.PlayerName) profile = session.Profile;

@@ -26,6 +26,7 @@ void SuspendGame() {
   auto suspended = std::make_shared<SuspendedGame>();
   suspended->Before = session;
   suspended->Report = Desktop().Files().Read(InProgramFolder(kReportPage)).value_or("");
+  suspended->Links = TheMainWindow().Links;
   session.Suspended = std::move(suspended);
   for (DeckRec& deck : session.Decks) deck.Cards.Reset(1);
 }
@@ -90,7 +91,10 @@ void OpenCardEditor() {
 
 void LeaveCardEditor() {
   const std::shared_ptr<SuspendedGame> suspended = std::exchange(State().Suspended, nullptr);
-  if (suspended != nullptr) PutSessionBack(suspended->Before);
+  if (suspended != nullptr) {
+    PutSessionBack(suspended->Before);
+    TheMainWindow().Links = suspended->Links;
+  }
   Desktop().ShowForm(TheMainWindow(), false);
   if (suspended == nullptr) return;
   if (suspended->Tested || State().CurrentGame == 0) ShowGameAgain(suspended->Report);

@@ -38,6 +38,7 @@ constexpr std::string_view kPlayerName = "Auto";
 struct Stage {
   std::string Folder;
   std::string Pages;  ///< "" when no pages are kept
+  std::function<void(const std::string& name, const std::string& page)> OnPage;
 };
 
 bool IsReportPage(const fs::path& file) {
@@ -161,13 +162,15 @@ MatchWinner Winner() {
   }
 }
 
-/// Keeps the page shown last.
+/// Tells and keeps the page shown last.
 std::string SavePage(const Stage& stage, int turn) {
-  if (stage.Pages.empty()) return "";
+  if (stage.Pages.empty() && !stage.OnPage) return "";
   const std::string page = Desktop().Files().Read(InProgramFolder("Display.html")).value_or("");
   std::array<char, 32> name{};
-  std::snprintf(name.data(), name.size(), "/turn-%03d.html", turn);
-  return LocalFileSystem().Write(stage.Pages + name.data(), page);
+  std::snprintf(name.data(), name.size(), "turn-%03d.html", turn);
+  if (stage.OnPage) stage.OnPage(name.data(), page);
+  return stage.Pages.empty() ? ""
+                             : LocalFileSystem().Write(Joined(stage.Pages, "/", name.data()), page);
 }
 
 AutomaticMatchResult PlayTurns(const Stage& stage, int maximumTurns, std::ostream& out) {
@@ -184,10 +187,13 @@ AutomaticMatchResult PlayTurns(const Stage& stage, int maximumTurns, std::ostrea
   return result;
 }
 
-constexpr std::array<std::string_view, 3> kVerdicts = {"no decision", "the player wins",
-                                                       "the enemy wins"};
-
 }  // namespace
+
+std::string_view VerdictOf(MatchWinner winner) {
+  constexpr std::array<std::string_view, 3> kVerdicts = {"no decision", "the player wins",
+                                                         "the enemy wins"};
+  return kVerdicts[static_cast<std::size_t>(winner)];
+}
 
 std::string AbsoluteFolder(const std::string& folder) {
   std::error_code failure;
@@ -210,13 +216,14 @@ AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::o
   AutomaticMatchResult result;
   result.Error = ChooseFolders(options, stage);
   if (!result.Error.empty()) return result;
+  stage.OnPage = options.OnPage;
   if (!stage.Pages.empty()) RemoveOldPages(stage.Pages);
   OpenSession(stage, options.Seed);
   result.Error = StartMatch(options);
   if (result.Error.empty()) {
     result = PlayTurns(stage, options.MaximumTurns, out);
     out << "After turn " << result.Turns << ": " << Standing(1) << ", " << Standing(2) << '\n'
-        << "Result: " << kVerdicts[static_cast<std::size_t>(result.Winner)] << ".\n";
+        << "Result: " << VerdictOf(result.Winner) << ".\n";
   }
   return result;
 }

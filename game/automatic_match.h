@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -16,9 +17,14 @@ struct AutomaticMatchOptions {
   int MaximumTurns = 200;
   int Opponent = 1;    ///< which opponent of the game, starter decks and stores left out
   std::string Game{};  ///< its name, in any case; "" for the first of the folder
+  /// Gets every report page under its file name, whether pages are kept or not.
+  std::function<void(const std::string& name, const std::string& page)> OnPage{};
 };
 
 enum class MatchWinner { kNobody, kPlayer, kEnemy };
+
+/// Such as "the enemy wins".
+std::string_view VerdictOf(MatchWinner winner);
 
 struct AutomaticMatchResult {
   std::string Error;  ///< why no match was played, "" when one was

@@ -40,6 +40,7 @@ void ArmMenuActions(Card& card) {
 }  // namespace
 
 void PlanAutomaticPlays() {
+  const WorkAccount account;
   QueueWorthyCards();
   Pile& table = State().CardTable;
   for (int slot = 1; slot <= table.UpperBound(); ++slot) {

@@ -71,6 +71,8 @@ int PayCost(const Card& card, int mode) {
   Session& session = State();
   session.CostCard.InPlay = 1;
   if (session.DebugMode == 1) return -1;
+  SpendWork(session.CardTable.UpperBound());
+  if (WorkIsSpent()) return 0;  // scripts that do not run can ask for no price
   const Pile table = session.CardTable;
   const auto hits = session.HitTable;  // a trait that a test gives can bring actions with it
   const std::string page = session.PageText;
@@ -82,7 +84,7 @@ int PayCost(const Card& card, int mode) {
   session.CardTable = table;
   session.HitTable = hits;
   session.PageText = page;
-  if (failures > 0) {
+  if (failures > 0 || WorkIsSpent()) {
     session.PhaseBanner = banner;
     return 0;
   }

@@ -15,6 +15,7 @@
 #include "core/state.h"
 #include "data/field_stream.h"
 #include "platform/platform.h"
+#include "ui/forms.h"
 
 namespace brindlemoor {
 
@@ -246,6 +247,7 @@ void ShowGameList() {
   AppendPage(ComposeGameList());
   if (State().DebugMode == 1) AppendPage(FindingsPage(State().ProgramFolder));
   WritePage("Display.html", "#000000");
+  TheMainWindow().Links = {.Games = true};
   ShowMain("Display.html");
 }
 

@@ -22,6 +22,7 @@ struct ValuedCard {
 };
 
 std::vector<ValuedCard> ValueHand(bool withNotes) {
+  const WorkAccount account;
   const Pile& hand = State().Players[1].Hand;
   std::vector<ValuedCard> cards;
   for (int position = 1; position <= hand.UpperBound(); ++position) {
@@ -50,7 +51,6 @@ class RunTraces {
     session.PageText = std::move(pageText_);
     session.PhaseBanner = std::move(phaseBanner_);
     session.LimitsReported = std::move(limitsReported_);
-    session.NestedCommands = nestedCommands_;
     session.LastValue = lastValue_;
     session.CancelState = cancelState_;
     session.RedirectTarget = redirectTarget_;
@@ -73,7 +73,6 @@ class RunTraces {
   std::string pageText_ = State().PageText;
   std::string phaseBanner_ = State().PhaseBanner;
   std::set<std::string, std::less<>> limitsReported_ = State().LimitsReported;
-  int nestedCommands_ = State().NestedCommands;
   double lastValue_ = State().LastValue;
   std::uint8_t cancelState_ = State().CancelState;
   std::int32_t redirectTarget_ = State().RedirectTarget;

@@ -19,6 +19,7 @@
 #include "script/trait_actions.h"
 #include "script/triggers.h"
 #include "ui/deck_manager.h"
+#include "ui/forms.h"
 
 namespace brindlemoor {
 
@@ -77,7 +78,7 @@ bool HasPlayerFile() {
   return Desktop().Files().Exists(InProgramFolder(PlayerFileName(State().CurrentGame)));
 }
 
-void ReadOwnFile() { ReadPlayerFile(PlayerFileName(State().CurrentGame)); }
+bool ReadOwnFile() { return ReadPlayerFile(PlayerFileName(State().CurrentGame)); }
 
 /// Opponents and starter decks may have been saved in the deck manager.
 void FindGamesAgain() {
@@ -89,7 +90,7 @@ void FindGamesAgain() {
 bool ChooseDeck() {
   Session& session = State();
   if (HasPlayerFile()) {
-    ReadOwnFile();
+    if (!ReadOwnFile()) return false;
     if (!ShowDeckManager()) {
       FindGamesAgain();
       return false;
@@ -166,6 +167,7 @@ void LoadDeckIntoPlayer(PlayerState& player, int deckNumber) {
 }
 
 void BringInStartingCards() {
+  const WorkAccount account;
   for (int side = 1; side <= 2; ++side) {
     PlayerState& player = State().Players[side];
     // Cards that come into the pile meanwhile stay there.
@@ -188,11 +190,23 @@ void BeginGame() {
 
 namespace {
 
+/// What scripts do before the first turn.
+void OpenTable() {
+  const WorkAccount account;
+  Session& session = State();
+  const std::vector<int> stores = session.StarterDeckFlag == 1 ? OpenStore() : std::vector<int>();
+  BeginGame();
+  for (const int slot : stores) {
+    if (!IsFree(session.CardTable[slot])) FireTrigger(session.CardTable[slot], "GAMESTART");
+  }
+}
+
 /// The way from a click on a portrait to the first report.
 void StartMatch(int gameIndex, int opponentIndex) {
   Session& session = State();
   session.PageText = "<font size=+5>Loading...</font>";
   WritePage("Display.html", "#000000");
+  TheMainWindow().Links = {};
   ShowMain("Display.html");
   // What ran while the page was shown may have changed the list.
   if (Desktop().Ending() || !HasOpponent(gameIndex, opponentIndex)) return;
@@ -211,16 +225,14 @@ void StartMatch(int gameIndex, int opponentIndex) {
   if (session.StarterDeckFlag == 1 && !HasPlayerFile()) {
     OwnNothing();
     session.Players[1].Tokens = kFirstTokens;
-  } else {
-    ReadOwnFile();
+  } else if (!ReadOwnFile()) {
+    ends.PutBack();
+    BackToList();
+    return;
   }
   ShufflePile(session.Players[2]);
   ReapplyTraitActions(1);
-  const std::vector<int> stores = session.StarterDeckFlag == 1 ? OpenStore() : std::vector<int>();
-  BeginGame();
-  for (const int slot : stores) {
-    if (!IsFree(session.CardTable[slot])) FireTrigger(session.CardTable[slot], "GAMESTART");
-  }
+  OpenTable();
   TakeTurn(1);
   session.StarterDeckFlag = 0;
 }

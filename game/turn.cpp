@@ -2,6 +2,7 @@
 #include "game/turn.h"
 
 #include <array>
+#include <utility>
 
 #include "core/cards.h"
 #include "core/match_log.h"
@@ -139,7 +140,17 @@ std::string DebugCounters() {
                 "<font color=#FFFFFF>", session.StatCancelled, "</font></font><br>");
 }
 
+/// Everything of a turn that scripts do.
+Plays RunScripts(int skipPlays) {
+  const WorkAccount account;
+  Plays plays;
+  if (skipPlays != 1) plays = PlayCards();
+  for (const TurnStep& step : kTurnSteps) RunStep(step);
+  return plays;
+}
+
 void ShowReport(const Plays& plays) {
+  const WorkAccount account;  // a page shows right numbers after a turn that spent its own
   Session& session = State();
   const bool debug = session.DebugMode == 1;
   session.PageText.clear();  // events that ran meanwhile may have left a page half composed
@@ -153,6 +164,9 @@ void ShowReport(const Plays& plays) {
   if (debug) AppendPage(DebugCounters());
   WritePage("Display.html", "#000000");
   WritePage("LastDiplayed.html", "#000000");  // the file is named so
+  ShownLinks& links = TheMainWindow().Links;
+  links.Games = false;
+  links.Cards = std::exchange(links.Composed, {});
   ShowMain("Display.html");
 }
 
@@ -170,9 +184,7 @@ void TakeTurn(int skipPlays) {
   const auto outer = std::exchange(session.TurnRunning, std::uint8_t{1});
   session.RulesCard.InPlay = 1;
   session.CostCard.InPlay = 1;
-  Plays plays;
-  if (skipPlays != 1) plays = PlayCards();
-  for (const TurnStep& step : kTurnSteps) RunStep(step);
+  const Plays plays = RunScripts(skipPlays);
   ShowReport(plays);
   UpdateHand();
   session.StatMasked = 0;

@@ -143,7 +143,8 @@ std::string LocalFileSystem::Write(const std::string& path, std::string_view byt
   const bool replaces = ::stat(target.c_str(), &old) == 0;
   if (replaces && S_ISDIR(old.st_mode)) return Reason(EISDIR);
   if (replaces && !S_ISREG(old.st_mode)) return "It is a device or a pipe, no file";
-  if (replaces && ::access(target.c_str(), W_OK) != 0) return Reason(errno);
+  // What cannot be read has not been read: nothing that is saved can know what is in it.
+  if (replaces && ::access(target.c_str(), R_OK | W_OK) != 0) return Reason(errno);
 
   // The name does not grow with the file's, which may be as long as the system allows.
   const std::string folder = fs::path(target).parent_path().string();

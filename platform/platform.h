@@ -11,6 +11,7 @@
 #include "platform/files.h"
 #include "platform/image_library.h"
 #include "platform/printing.h"
+#include "platform/user_events.h"
 
 namespace brindlemoor {
 
@@ -32,6 +33,13 @@ class Platform {
   virtual ~Platform() = default;
 
   FileSystem& Files() { return *files_; }
+
+  /// Nobody, or whoever is told of the user's events; it lives as long as the platform or is taken
+  /// back.
+  void SetObserver(EventObserver* observer) { observer_ = observer; }
+  /// Hands an event of the user to the logic: the one way for all of them. Returns what ApplyEvent
+  /// does.
+  virtual bool Deliver(Form& form, const UserEvent& event);
 
   /// Shows a form; a modal one returns when it has been hidden.
   virtual void ShowForm(Form& form, bool modal) = 0;
@@ -72,6 +80,7 @@ class Platform {
 
  private:
   std::unique_ptr<FileSystem> files_;
+  EventObserver* observer_ = nullptr;
 };
 
 /// The desktop of the session.

@@ -216,7 +216,7 @@ void Turn(Scene& scene, WordReader& line) {
   const int skipPlays = line.TakeIf("noplays") ? 1 : 0;
   if (!line.Ends()) return;
   for (int turn = 0; turn < turns && State().GameOver == 0; ++turn) {
-    if (scene.IsLate()) return;
+    if (scene.WorkedTooMuch()) return;
     TakeTurn(skipPlays);
   }
 }
@@ -235,6 +235,8 @@ void ClickLink(WordReader& line, Scene& scene, bool (*handler)(const std::string
   const std::string link = line.Take("a link or a card");
   if (!line.Ends()) return;
   const PlacedCard card = FindScenarioCard(scene, link);
+  // A card that is named is clicked where it is shown.
+  if (card.Record != nullptr) TheMainWindow().Links.Cards.insert(card.Record->GlobalID);
   handler(card.Record != nullptr ? Joined("CARD", card.Record->GlobalID) : link);
 }
 
@@ -247,6 +249,7 @@ void ClickMenu(Scene&, WordReader& line) {
   const PlacedCard card = line.TakeCard();
   const int action = line.TakeWhole("the number of an action", 1, limits::kCardItems);
   if (!line.Ends()) return;
+  TheMainWindow().Links.DescribedCard = card.Record->GlobalID;
   CardDescWB_BeforeNavigate(Joined("menuaction:", card.Record->GlobalID, ":", action));
 }
 

@@ -58,7 +58,7 @@ void SetValue(double value) {
   State().*Member = static_cast<Field>(value);
 }
 
-void SetRunDepth(double value) { State().RunDepth = State().RunFrames = static_cast<int>(value); }
+void SetRunDepth(double value) { State().RunDepth = static_cast<int>(value); }
 
 constexpr double kByte = 255;
 constexpr double kSlot = 32767;

@@ -1,9 +1,9 @@
 // The road through a scenario file.
 #include "scenario/scenario_run.h"
 
-#include <chrono>
 #include <filesystem>
 
+#include "core/limits.h"
 #include "core/state.h"
 #include "core/text.h"
 #include "scenario/scenario_words.h"
@@ -13,15 +13,14 @@ namespace brindlemoor {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-constexpr int kSteps = 1000000;
-constexpr std::chrono::seconds kLongest{60};
+constexpr int kLines = 1000000;
+/// Steps of scripts: as many as this number of turns may take.
+constexpr std::int64_t kTurns = 10;
 
 /// What all scenarios of a file may take together.
 struct Budget {
-  int Steps = kSteps;
-  Clock::time_point Deadline = Clock::now() + kLongest;
+  int Lines = kLines;
+  std::int64_t Work = kTurns * limits::kStepsOfTurn;
 };
 
 std::string FolderOf(const std::string& path) {
@@ -47,8 +46,8 @@ bool RunLines(Scene& scene, const std::vector<ScenarioLine>& lines, Budget& budg
   for (const ScenarioLine& line : lines) {
     scene.Line = &line;
     scene.Report.Line = line.Place.Line;
-    if (scene.IsLate()) return false;
-    if (--budget.Steps < 0) {
+    if (scene.WorkedTooMuch()) return false;
+    if (--budget.Lines < 0) {
       scene.Stop("The scenarios of this file have too many lines to carry out.");
       return false;
     }
@@ -61,13 +60,13 @@ bool RunLines(Scene& scene, const std::vector<ScenarioLine>& lines, Budget& budg
 /// False when the scenarios behind it would meet the same end.
 bool RunCase(const ScenarioText& text, const ScenarioCase& one, const ScenarioRow* row,
              ScenarioLibrary& library, ScenarioReport& report, Budget& budget) {
-  Scene scene{library, report, text, one, budget.Deadline, row};
+  Scene scene{library, report, text, one, budget.Work, row};
   ++report.Scenarios;
   OpenScene(scene, FolderOf(text.Files[0]));
   if (!RunLines(scene, text.Head, budget)) return false;
   if (RunLines(scene, one.Lines, budget)) CloseScene(scene);
-  const bool late = scene.Stopped && Clock::now() > budget.Deadline;
-  return budget.Steps >= 0 && !late;
+  budget.Work -= State().Work.Total;
+  return budget.Lines >= 0 && budget.Work >= 0;
 }
 
 }  // namespace

@@ -67,9 +67,9 @@ void Scene::Stop(std::string text) {
   Stopped = true;
 }
 
-bool Scene::IsLate() {
-  if (std::chrono::steady_clock::now() <= Deadline) return false;
-  Stop("The scenarios of this file take too long.");
+bool Scene::WorkedTooMuch() {
+  if (State().Work.Total <= WorkLeft) return false;
+  Stop("The scripts of this file's scenarios take too many steps.");
   return true;
 }
 

@@ -1,7 +1,7 @@
 // Scene: the state of one scenario while it is carried out. WordReader: the words of its lines.
 #pragma once
 
-#include <chrono>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
@@ -41,7 +41,7 @@ struct Scene {
   ScenarioReport& Report;
   const ScenarioText& Text;
   const ScenarioCase& Case;
-  std::chrono::steady_clock::time_point Deadline;  ///< of the whole file
+  std::int64_t WorkLeft;             ///< steps that scripts of the whole file may still take
   const ScenarioRow* Row = nullptr;                ///< of the table, nullptr without one
   const ScenarioLine* Line = nullptr;
 
@@ -68,8 +68,8 @@ struct Scene {
   void Fail(std::string text);
   /// A line that can't be carried out; the scenario ends.
   void Stop(std::string text);
-  /// True when the file has taken too long; the scenario is stopped then.
-  bool IsLate();
+  /// True when the scripts of the file have done too much; the scenario is stopped then.
+  bool WorkedTooMuch();
   /// What the last action added to the banner.
   std::string_view Said() const;
 };

@@ -44,8 +44,9 @@ Drawn DrawBoosterCard(Run& run, const BoosterRules& rules) {
   for (int attempts = 1;; ++attempts) {
     const int index = RollDie(store.UpperBound());
     const Card& card = store.Holds(index) ? store[index] : nothing;
-    const bool more = attempts < limits::kBoosterAttempts;
-    if (RollDie(100) < card.Rarity && attempts < rules.RarityAttempts) continue;
+    const bool more = attempts < limits::kBoosterAttempts && !WorkIsSpent();
+    SpendWork(1);
+    if (RollDie(100) < card.Rarity && more && attempts < rules.RarityAttempts) continue;
     if (IsFree(card) && more) continue;
     if (more && !MeetsRequirements(run, rules.Requirements, card)) continue;
     return {card, attempts};

@@ -118,6 +118,7 @@ Step AddMod(Run& run) {
   if (scripts.size() + rest > static_cast<std::size_t>(limits::kTextBytes)) {
     limits::ReportLimit("A card has too many modifications: one was left out.");
   } else {
+    SpendWorkOnText(scripts.size());
     scripts = Joined(scripts, run.Rest(1), "$|$");
   }
   return Step::kNext;

@@ -23,13 +23,14 @@ void RunEntryScript(Card& card, const std::string& script) {
 // character behind the start of a delimiter, and the rest of it is taken out of every piece.
 void RunEntryScripts(Card& card) {
   const Text list = card.EntryScripts;
+  SpendWorkOnText(list.size());
   if (list.View().find(kBetween) == std::string_view::npos) {
     if (!list.empty()) RunEntryScript(card, list.Str());
     return;
   }
   const std::string scripts = Joined(list.View(), kBetween);
   std::size_t start = 0;
-  for (std::size_t end = scripts.find(kBetween); end != std::string::npos;
+  for (std::size_t end = scripts.find(kBetween); end != std::string::npos && !WorkIsSpent();
        end = scripts.find(kBetween, start)) {
     std::string piece = scripts.substr(start, end - start);
     ReplaceAll(piece, kBetween.substr(1), "");

@@ -1,6 +1,7 @@
 // HitTable: which actions a phase has to run, and the cards that wait to enter play.
 #include "core/cards.h"
 #include "core/fold.h"
+#include "core/limits.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "script/target_types.h"
@@ -32,13 +33,16 @@ void FlushWaiting(std::string_view trigger) {
 
 void FireHits(int code, std::string_view trigger, int value) {
   if (!IsHitCode(code)) return;
+  SpendWorkOnSearch(HitsOf(code).size());
+  if (WorkIsSpent()) return;  // cards that wait enter with their scripts, in another turn
   FlushWaiting(trigger);
   const Pile& table = State().CardTable;
-  for (std::size_t index = 0; index < HitsOf(code).size(); ++index) {
+  for (std::size_t index = 0; index < HitsOf(code).size() && !WorkIsSpent(); ++index) {
     const Hit hit = HitsOf(code)[index];
     if (hit.Effect == 0 || !table.Holds(hit.Slot)) continue;
     // The card that enters is no other card, also when a trait has put it into the list by now.
     if (code == kOtherEntersPlay && hit.Slot == value) continue;
+    SpendWork(1);
     FireTrigger(State().CardTable[hit.Slot], trigger, value, hit.Effect);
   }
 }
@@ -62,6 +66,12 @@ void RegisterHit(int slot, int effect, bool remove) {
   // Triggers without a code are found by scans: nothing fires a list for them.
   const int code = TriggerCode(table[slot].Effects[effect].Trigger);
   if (!IsHitCode(code)) return;
+  // Not even looked through then: every action that is left out would cost as much.
+  if (!remove && HitsOf(code).size() >= limits::kHits) {
+    limits::ReportLimit("Too many actions have the same trigger: some were left out.");
+    return;
+  }
+  SpendWorkOnSearch(HitsOf(code).size());
   Hit* free = nullptr;
   for (Hit& hit : HitsOf(code)) {
     if (remove) {

@@ -61,7 +61,10 @@ const CustomStringRec* FindCustomString(std::string_view key) {
 
 void ExpandCustomStrings(std::string& text) {
   for (int pass = 1; pass <= kCustomStringPasses; ++pass) {
+    SpendWorkOnSearch(static_cast<std::size_t>(State().CustomStrings.UpperBound()));
     for (const CustomStringRec& entry : State().CustomStrings) {
+      if (WorkIsSpent()) return;
+      SpendWorkOnText(text.size());
       if (entry.Key.empty() || text.find(entry.Key) == std::string::npos) continue;
       Fill(text, entry.Key, CustomStringPick(entry.Key));
     }
@@ -165,6 +168,7 @@ bool FillField(std::string& text, const std::string& field, std::string_view rep
   if (!Fill(text, marked, replacement)) return false;
   ++state.Expansions;
   state.Searched += sizeBefore;
+  SpendWorkOnText(sizeBefore);
   if (replacement.find('#') != std::string_view::npos && text.size() > sizeBefore) {
     state.Nested += text.size() - sizeBefore;
   }
@@ -257,6 +261,8 @@ std::span<const MessageMark> MessageMarks() { return kMarks; }
 
 void ExpandMessage(Card& source, Card& target, std::string& text, std::string_view sourcePicture,
                    std::string_view targetPicture) {
+  const WorkAccount account;
+  SpendWorkOnText(text.size());
   ExpandCustomStrings(text);
   if (text.find_first_of("$#&") == std::string::npos) return;
   ExpandHashFields(source, target, text);

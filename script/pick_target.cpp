@@ -50,8 +50,10 @@ int PickByTest(const Card& source, int effectIndex, int targetType, const Text& 
   std::vector<int> clean;
   std::vector<int> partial;
   for (int slot = 1; slot <= table.UpperBound(); ++slot) {
+    if (StopsForWork(source)) return 0;
     const Card& candidate = table[slot];
     if (IsFree(candidate) || candidate.InPlay == 0) continue;
+    SpendWork(1);
     if (WrongSide(targetType, source, candidate)) continue;
     if (script.empty() && RefusedByMasks(effect, source, candidate)) continue;
     Card actor = source;

@@ -62,7 +62,7 @@ struct Run {
   /// The argument evaluated with the run's cards.
   Value Evaluated(int n) const;
   /// Everything from argument n on, as a script of its own.
-  Text Rest(int n) const { return Fields.Tail(Position + n); }
+  Text Rest(int n) const;
 };
 
 }  // namespace brindlemoor

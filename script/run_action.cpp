@@ -19,11 +19,17 @@ namespace brindlemoor {
 
 Value Run::Evaluated(int n) const { return EvalValue(Source, Target, Argument(n)); }
 
+Text Run::Rest(int n) const {
+  SpendWorkOnText(Fields.TailSize(Position + n));
+  return Fields.Tail(Position + n);
+}
+
 void Run::Show(std::string_view html) {
   if (RunText.size() + html.size() > limits::kPageBytes) {
     limits::ReportLimit("The text of an action grew too long: a part was left out.");
     return;
   }
+  SpendWorkOnText(html.size());
   RunText += html;
 }
 
@@ -43,7 +49,7 @@ std::optional<int> Refusal(const Session& session, const Card& source, const Car
                            const RunOptions& options) {
   if (session.RunDepth >= limits::kNestedRuns) return kRunNothing;
   if (target.Name.empty()) return kRunFailed;
-  if (session.GameOver != 0) return kRunNothing;
+  if (session.GameOver != 0 || StopsForWork(source)) return kRunNothing;
   const bool mustBeInPlay = options.CostMode == -1 && options.TestRun == 0;
   if (mustBeInPlay && (target.InPlay == 0 || source.InPlay == 0)) return kRunFailed;
   return std::nullopt;
@@ -90,6 +96,7 @@ Step StepOfTest(InTest test) {
 
 /// Carries out the field at the position.
 Step CarryOut(Run& run, const ParsedScript::FieldRow& field) {
+  SpendWork(1);
   run.AiMarked = field.AiMarked;
   if (field.Row == nullptr) {
     ReportUnknownWord(run, field.AiMarked ? field.Text.substr(2) : field.Text);
@@ -99,23 +106,12 @@ Step CarryOut(Run& run, const ParsedScript::FieldRow& field) {
   return field.Row->Carry(run);
 }
 
-/// True when the commands of all runs that the outermost one started have become too many.
-bool WalkedTooFar(Session& session) {
-  if (session.RunFrames <= 1) return false;
-  if (session.NestedCommands >= limits::kActionCommands) {
-    limits::ReportLimit("An action set too many others going; it was stopped.");
-    return true;
-  }
-  ++session.NestedCommands;
-  return false;
-}
-
 /// Walks the script; false when a command has left the run.
 bool Walk(Run& run) {
   Session& session = State();
   while (true) {
     const ParsedScript::FieldRow& field = run.Fields.RowAt(run.Position);
-    if (field.Text.empty() || WalkedTooFar(session)) return true;
+    if (field.Text.empty() || StopsForWork(run.Source)) return true;
     if (session.CancelState == 1) {
       if (run.NoCounters != 1) {
         ++run.FailCount;
@@ -142,18 +138,18 @@ bool Walk(Run& run) {
 
 int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& options) {
   Session& session = State();
+  const WorkAccount account;
+  SpendWork(1);
   double freshAmount = 0;
   double& amount = options.Amount != nullptr ? *options.Amount : freshAmount;
   ClearSharedState(session, amount);
   if (const auto refusal = Refusal(session, source, target, options)) return *refusal;
-  if (session.RunFrames == 0) session.NestedCommands = 0;
   session.HpReport = 0;
   if (source.Name.empty() || FilterRefuses(session, source, target, effectIndex, options)) {
     return kRunFailed;
   }
 
   ++session.RunDepth;
-  ++session.RunFrames;
   const Text script =
       options.ScriptOverride.empty() ? source.Effects[effectIndex].Script : options.ScriptOverride;
   const ParsedScript& fields = ParsedScript::Of(script);
@@ -163,7 +159,6 @@ int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& opt
           script, fields, amount,      unanswered ? 1 : options.NoCounters};
   if (!OfferAction(run)) {
     --session.RunDepth;
-    --session.RunFrames;
     return kRunNothing;
   }
   DrawPictures(run);
@@ -173,7 +168,6 @@ int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& opt
   --session.RunDepth;
   if (finished) AfterRun(run);
   session.DeleteRunningEffect = outerDeletes;
-  --session.RunFrames;
   return result;
 }
 

@@ -12,6 +12,7 @@ namespace brindlemoor {
 namespace {
 
 int FindByGlobalId(const Pile& pile, int globalId) {
+  SpendWorkOnSearch(static_cast<std::size_t>(pile.UpperBound()));
   for (int index = 1; index <= pile.UpperBound(); ++index) {
     if (pile[index].GlobalID == globalId && !IsFree(pile[index])) return index;
   }
@@ -19,6 +20,7 @@ int FindByGlobalId(const Pile& pile, int globalId) {
 }
 
 int FirstFree(const Pile& pile) {
+  SpendWorkOnSearch(static_cast<std::size_t>(pile.UpperBound()));
   for (int index = 1; index <= pile.UpperBound(); ++index) {
     if (IsFree(pile[index])) return index;
   }

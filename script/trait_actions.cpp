@@ -31,6 +31,7 @@ bool SwitchedOff(const Card& card, const Card& giver) {
 bool Merge(Card& card, const Card& giver) {
   const bool forAll = giver.Name == kEveryCard;
   if (!forAll && !HasTrait(card, giver.Name, "")) return false;
+  SpendWorkOnSearch(static_cast<std::size_t>(card.Effects.UpperBound()));
   if (AlreadyMerged(card, giver)) return false;
   if (!forAll && SwitchedOff(card, giver)) return false;
   for (const CardEffect& effect : giver.Effects) {
@@ -59,6 +60,7 @@ void ReapplyOverPile(Pile& pile, int force) {
 void ApplyTraitActions(Card& card, std::string_view only) {
   if (IsFree(card) || card.TraitActionsApplied == 1) return;
   const Pile& givers = State().TraitActions;
+  SpendWorkOnSearch(static_cast<std::size_t>(givers.UpperBound()));
   bool added = false;
   for (int index = 1; index <= givers.UpperBound(); ++index) {
     const Card& giver = givers[index];

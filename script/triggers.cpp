@@ -95,6 +95,7 @@ void RunOnStoredCard(Firing& firing, int effect) {
 void RunOnAll(Firing& firing, int effect) {
   Pile& table = State().CardTable;
   for (int slot = 1; slot <= table.UpperBound(); ++slot) {
+    if (WorkIsSpent()) return;
     if (IsFree(table[slot])) continue;
     firing.RunOn(table[slot], effect);
     FlushPendingEffect();
@@ -166,7 +167,7 @@ void FireEffect(Firing& firing, std::string_view trigger, int effect) {
 
 int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect, int testRun) {
   if (trigger == "ENTERSPLAY") trigger = "ENTERPLAY";
-  if (IsFree(card)) return 0;
+  if (IsFree(card) || StopsForWork(card)) return 0;
   const int costMode = trigger == "COST" ? 1 : -1;
   if (costMode == -1 && card.InPlay == 0) {
     if (!FoldEquals(card.ActivateOn, trigger)) return 0;
@@ -177,7 +178,8 @@ int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect,
     if (card.Effects.Holds(onlyEffect)) FireEffect(firing, trigger, onlyEffect);
     return firing.Failures;
   }
-  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+  SpendWorkOnSearch(static_cast<std::size_t>(card.Effects.UpperBound()));
+  for (int effect = 1; effect <= card.Effects.UpperBound() && !WorkIsSpent(); ++effect) {
     FireEffect(firing, trigger, effect);
   }
   return firing.Failures;

@@ -52,7 +52,8 @@ bool CountsCard(const Card& card, int owner, std::string_view required) {
 double TraitCountAll(std::string_view trait, int owner, std::string_view required, bool countOnly) {
   const Pile& table = State().CardTable;
   double total = 0;
-  for (int slot = 1; slot <= table.UpperBound(); ++slot) {
+  SpendWorkOnSearch(static_cast<std::size_t>(table.UpperBound()));
+  for (int slot = 1; slot <= table.UpperBound() && !WorkIsSpent(); ++slot) {
     const Card& card = table[slot];
     if (IsFree(card) || !CountsCard(card, owner, required)) continue;
     const Value value = GetTrait(card, trait);
@@ -66,6 +67,7 @@ double TraitCountAll(std::string_view trait, int owner, std::string_view require
 double NameCountAll(std::string_view name, int owner, std::string_view required) {
   const Pile& table = State().CardTable;
   double count = 0;
+  SpendWorkOnSearch(static_cast<std::size_t>(table.UpperBound()));
   for (int slot = 1; slot <= table.UpperBound(); ++slot) {
     const Card& card = table[slot];
     if (!IsFree(card) && card.Name == name && CountsCard(card, owner, required)) ++count;

@@ -92,6 +92,7 @@ Value EvalValue(const Card& source, const Card& target, std::string_view express
       return word.Result(source, target);
     }
   }
+  SpendWork(1);
   Evaluation evaluation{.Source = source, .Target = target, .Fields = {expression, '/'}};
   for (int count = 1;; ++count) {
     const std::string_view field = evaluation.Fields.Next();

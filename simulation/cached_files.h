@@ -1,6 +1,7 @@
 // CachedFileSystem: the files of the machine as they were when they were first asked for.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,12 +22,18 @@ class CachedFileSystem : public FileSystem {
     read_[path] = std::move(bytes);
   }
 
+  /// Gets what is written and dropped.
+  std::function<void(std::string_view bytes)> OnWrite;
+
   bool Exists(const std::string& path) const override;
   bool FolderExists(const std::string& path) const override;
   std::vector<std::string> ListFiles(const std::string& folder) const override;
   std::vector<std::string> ListFolders(const std::string& folder) const override;
   std::optional<std::string> Read(const std::string& path) const override;
-  std::string Write(const std::string&, std::string_view) override { return ""; }
+  std::string Write(const std::string&, std::string_view bytes) override {
+    if (OnWrite) OnWrite(bytes);
+    return "";
+  }
   std::string Remove(const std::string&) override { return ""; }
 
  private:

@@ -1,6 +1,7 @@
 // A simulation: many matches of a game, added up.
 #include "simulation/simulation.h"
 
+#include "core/program_version.h"
 #include "core/text.h"
 #include "simulation/stage.h"
 
@@ -8,35 +9,50 @@ namespace brindlemoor {
 
 namespace {
 
-struct Task {
-  int Pairing;
-  bool SeatsChanged;
+/// What PlayMatches is asked for.
+struct Order {
+  const SimulationSetup& Setup;
+  JobPart Part;
+  Stage& Theatre;
+  Totals& Sums;
+  const std::function<void()>& Played;
+  MatchObserver* Observer;
 };
 
 /// Plays what the part has of the matches of a pairing with the same seats.
-std::string PlaySeat(const SimulationSetup& setup, JobPart part, const Task& task, Stage& stage,
-                     Totals& totals, const std::function<void()>& played) {
-  const Contender& opponent =
-      stage.Opponents()[static_cast<std::size_t>(setup.OpponentOf(task.Pairing))];
-  const Contender& deck = stage.Decks()[static_cast<std::size_t>(setup.DeckOf(task.Pairing))];
+std::string PlaySeat(const Order& order, MatchKey key) {
+  const SimulationSetup& setup = order.Setup;
   bool seated = false;
   Count own = 0;  // matches of the shard with these seats so far: the jobs take turns
-  for (Count match = task.SeatsChanged ? 1 : 0; match < setup.Matches; match += 2) {
-    if (!setup.Includes(task.Pairing, match) || own++ % part.Jobs != part.Job) continue;
+  for (key.Match = key.SeatsChanged ? 1 : 0; key.Match < setup.Matches; key.Match += 2) {
+    if (!setup.Includes(key.Pairing, key.Match)) continue;
+    if (own++ % order.Part.Jobs != order.Part.Job) continue;
+    if (order.Observer != nullptr) order.Observer->MatchBegins(key);
     if (!seated) {
-      std::string problem =
-          task.SeatsChanged ? stage.Seat(opponent, deck) : stage.Seat(deck, opponent);
+      std::string problem = SeatMatch(setup, key, order.Theatre);
       if (!problem.empty()) return problem;
       seated = true;
     }
-    const MatchOutcome outcome = stage.Play(MatchSeed(setup.Seed, match), setup.MaximumTurns);
-    AddMatch(totals, task.Pairing, task.SeatsChanged, outcome, stage.Log());
-    played();
+    const MatchOutcome outcome = PlayMatch(setup, key, order.Theatre);
+    AddMatch(order.Sums, key.Pairing, key.SeatsChanged, outcome, order.Theatre.Log());
+    if (order.Observer != nullptr) order.Observer->MatchEnds(key, outcome, order.Theatre);
+    order.Played();
   }
   return "";
 }
 
 }  // namespace
+
+std::string SeatMatch(const SimulationSetup& setup, const MatchKey& key, Stage& stage) {
+  const Contender& opponent =
+      stage.Opponents()[static_cast<std::size_t>(setup.OpponentOf(key.Pairing))];
+  const Contender& deck = stage.Decks()[static_cast<std::size_t>(setup.DeckOf(key.Pairing))];
+  return key.SeatsChanged ? stage.Seat(opponent, deck) : stage.Seat(deck, opponent);
+}
+
+MatchOutcome PlayMatch(const SimulationSetup& setup, const MatchKey& key, Stage& stage) {
+  return stage.Play(MatchSeed(setup.Seed, key.Match), setup.MaximumTurns);
+}
 
 std::string PrepareSimulation(const SimulationOptions& options, Stage& stage,
                               SimulationSetup& setup) {
@@ -61,11 +77,12 @@ std::string PrepareSimulation(const SimulationOptions& options, Stage& stage,
 }
 
 std::string PlayMatches(const SimulationSetup& setup, JobPart part, Stage& stage, Totals& totals,
-                        const std::function<void()>& played) {
+                        const std::function<void()>& played, MatchObserver* observer) {
   totals.Pairings.resize(static_cast<std::size_t>(setup.Pairings()));
+  const Order order{setup, part, stage, totals, played, observer};
   for (int pairing = 0; pairing < setup.Pairings(); ++pairing) {
     for (const bool seatsChanged : {false, true}) {
-      std::string problem = PlaySeat(setup, part, {pairing, seatsChanged}, stage, totals, played);
+      std::string problem = PlaySeat(order, {pairing, seatsChanged});
       if (!problem.empty()) return problem;
     }
   }

@@ -4,14 +4,14 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 #include "simulation/totals.h"
 
 namespace brindlemoor {
 
 class Stage;
-
-inline constexpr std::string_view kProgramVersion = "Beta 1.0";
+struct MatchOutcome;
 
 /// What a simulation is asked for.
 struct SimulationOptions {
@@ -35,9 +35,33 @@ struct JobPart {
   int Jobs = 1;
 };
 
+/// A match of a simulation.
+struct MatchKey {
+  int Pairing = 0;  ///< from 0
+  bool SeatsChanged = false;
+  Count Match = 0;  ///< from 0; the seed is a function of this
+  bool operator<(const MatchKey& other) const {
+    return std::tie(Pairing, SeatsChanged, Match) <
+           std::tie(other.Pairing, other.SeatsChanged, other.Match);
+  }
+};
+
+/// Is told of each match before it is played and when it has been; the stage has its log.
+class MatchObserver {
+ public:
+  virtual ~MatchObserver() = default;
+  virtual void MatchBegins(const MatchKey& key) = 0;
+  virtual void MatchEnds(const MatchKey& key, const MatchOutcome& outcome, const Stage& stage) = 0;
+};
+
+/// Sits those of a match down on the stage. "" or why they can't play.
+std::string SeatMatch(const SimulationSetup& setup, const MatchKey& key, Stage& stage);
+/// Plays a match of those who sit.
+MatchOutcome PlayMatch(const SimulationSetup& setup, const MatchKey& key, Stage& stage);
+
 /// Plays the part's matches and adds them to the totals; calls back after each. "" or what is
 /// wrong.
 std::string PlayMatches(const SimulationSetup& setup, JobPart part, Stage& stage, Totals& totals,
-                        const std::function<void()>& played);
+                        const std::function<void()>& played, MatchObserver* observer = nullptr);
 
 }  // namespace brindlemoor

@@ -5,6 +5,7 @@
 
 #include "core/cards.h"
 #include "core/fold.h"
+#include "core/hash.h"
 #include "core/paths.h"
 #include "core/random.h"
 #include "data/card_reader.h"
@@ -30,25 +31,6 @@ constexpr std::string_view kPlayerName = "Simulation";
 constexpr std::string_view kDeckFiles = "/brindle-sim-decks/";
 /// The files that a match begins with are read with this seed, whatever is played.
 constexpr std::uint64_t kReadingSeed = 1;
-
-class Hash {
- public:
-  void Add(std::string_view bytes) {
-    for (const char byte : bytes) Mix(static_cast<unsigned char>(byte));
-    Mix(kEnd);
-  }
-  std::string Text() const {
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    std::string text;
-    for (int shift = 60; shift >= 0; shift -= 4) text += kDigits[(state_ >> shift) & 15U];
-    return text;
-  }
-
- private:
-  static constexpr unsigned kEnd = 256;
-  void Mix(unsigned value) { state_ = (state_ ^ value) * 0x100000001B3; }
-  std::uint64_t state_ = 0xCBF29CE484222325;
-};
 
 void AddFolder(Hash& hash, const std::string& folder, const std::string& shownAs) {
   for (const std::string& name : Desktop().Files().ListFiles(folder)) {
@@ -160,8 +142,29 @@ std::string Stage::Seat(const Contender& side1, const Contender& side2) {
   return "";
 }
 
+void Stage::HashPages() {
+  desktop_->Cache().OnWrite = [this](std::string_view bytes) {
+    const std::string folder = State().ProgramFolder + "/";
+    for (std::size_t name = bytes.find(folder); name != bytes.npos; name = bytes.find(folder)) {
+      pages_.Add(bytes.substr(0, name));
+      bytes.remove_prefix(name + folder.size());
+    }
+    pages_.Add(bytes);
+  };
+}
+
+std::string Stage::MatchHash() const {
+  Hash hash = pages_;
+  for (const LoggedEvent& event : log_->Events) {
+    hash.Add(Joined(static_cast<int>(event.Kind), " ", event.Side, " ", event.UniqueID));
+  }
+  return hash.Text();
+}
+
 MatchOutcome Stage::Play(std::uint64_t seed, int maximumTurns) {
   State() = seated_;
+  lastSeed_ = seed;
+  pages_ = {};
   log_->Events.clear();
   desktop_->Restart(seed);
   SeedFromClock();

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/hash.h"
 #include "core/match_log.h"
 #include "core/state.h"
 
@@ -48,8 +49,15 @@ class Stage {
   /// Plays a match of those who sit: a function of them, the seed and the most turns alone. Both
   /// sides are played by the computer.
   MatchOutcome Play(std::uint64_t seed, int maximumTurns);
+  /// The seed of the last match.
+  std::uint64_t LastSeed() const { return lastSeed_; }
   /// What happened in the last match.
   const MatchLog& Log() const { return *log_; }
+  /// Has the pages of the matches to come hashed, which costs a little.
+  void HashPages();
+  /// A hash of what happened in the last match and, where asked for, of its pages; the name of the
+  /// folder does not count. 16 hexadecimal digits.
+  std::string MatchHash() const;
 
  private:
   std::string ChooseGameByName(std::string_view name);
@@ -61,6 +69,8 @@ class Stage {
   std::vector<Contender> opponents_;
   std::vector<Contender> decks_;
   std::shared_ptr<SimulationDesktop> desktop_;
+  std::uint64_t lastSeed_ = 0;
+  Hash pages_;  ///< of the last match
   std::shared_ptr<MatchLog> log_ = std::make_shared<MatchLog>();
   Session list_;    ///< the list of games
   Session seated_;  ///< the files of a match have been read

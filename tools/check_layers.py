@@ -18,8 +18,11 @@ BELOW = {
     "check": {"core", "data", "script", "platform", "game"},
     "ui": {"core", "data", "script", "reference", "platform", "images", "game", "check"},
     "simulation": {"core", "data", "script", "platform", "images", "game", "ui"},
+    "journal": {"core", "data", "script", "platform", "images", "game", "ui", "simulation"},
     "editor": {"core", "data", "script", "platform", "images", "game", "check", "ui"},
     "scenario": {"core", "data", "script", "platform", "images", "game", "check", "ui", "editor"},
+    "fuzz": {"core", "data", "script", "platform", "images", "game", "check", "ui", "editor",
+             "scenario"},
 }
 INCLUDE = re.compile(r'^#include "([a-z]+)/([^"]+)"', re.MULTILINE)
 

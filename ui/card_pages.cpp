@@ -27,8 +27,15 @@ std::string_view Alignment(const Card& card, int side) {
 constexpr std::string_view kLargeImage = "hspace=5 width = 150 height = 225 border = \"0\" src=\"";
 constexpr std::string_view kThumbnail = " border = \"0\" src=\"";
 
+/// Without a main window there is no page to click on.
+void NoteLink(const Card& card) {
+  const auto& forms = State().OpenForms;
+  if (forms != nullptr && forms->Main != nullptr) forms->Main->Links.Composed.insert(card.GlobalID);
+}
+
 std::string ImageLink(const Card& card, std::string_view alignment, std::string_view attributes,
                       std::string_view source) {
+  NoteLink(card);
   return Joined("<a href=\"CARD", card.GlobalID, "\"><img ", alignment, attributes, source,
                 "\"></img></a>");
 }
@@ -104,6 +111,7 @@ void ShowCardDescription(Card& card, int withBadges) {
   std::string html = Joined("<p>", ColoredName(card), "</p><p>", "</p>");
   if (withBadges == 1) html += Joined("<p>", TraitBadges(card, 0), "</p>");
   if (card.InPlay == 1) html += Joined("<p>", MenuLinks(card), "</p>");
+  TheMainWindow().Links.DescribedCard = card.InPlay == 1 && card.Owner != 2 ? card.GlobalID : 0;
   html += Joined("<p>", card.Description, "</p>");
   ReplaceAll(html, "$MYNAME", ColoredName(card));
   if (State().DebugMode == 1) html += DebugText(card);

@@ -44,6 +44,7 @@ void ShowHint() {
   if (state.TurnRunning == 1 || state.GameOver == 1) return;
   if (state.CurrentGame == 0 && state.TestFromEditor == 0) return;
   std::string outer = std::exchange(state.PageText, HintPage());
+  TheMainWindow().Links.DescribedCard = 0;
   WritePage("CardDesc.html", "#000000");
   ShowInView(TheMainWindow().CardDescWB, "CardDesc.html");
   state.PageText = std::move(outer);

@@ -35,8 +35,13 @@ int NumberField(std::string_view url, int field) {
   return static_cast<int>(std::clamp(NumericPrefix(FieldAt(url, field, ':')), -1.0, 32767.0));
 }
 
-/// Slot of the card that a "CARD" link names, 0 for none.
-int LinkedSlot(std::string_view url) { return FindSlot(url.substr(kCardLink.size())); }
+/// Slot of the card that a "CARD" link names, 0 for none and for one that the report does not show.
+int LinkedSlot(std::string_view url) {
+  const int slot = FindSlot(url.substr(kCardLink.size()));
+  const bool shown =
+      slot != 0 && TheMainWindow().Links.Cards.contains(State().CardTable[slot].GlobalID);
+  return shown ? slot : 0;
+}
 
 void AimQueuedPlay(int slot) {
   Session& state = State();
@@ -147,6 +152,7 @@ bool WB_BeforeNavigate(const std::string& address) {
   }
   // Views hand the scheme over in lower case.
   if (FoldEquals(form, "GAME")) {
+    if (!TheMainWindow().Links.Games) return true;
     ChooseGame(NumberField(url, 2), NumberField(url, 3));
     ShowStore();
     return true;
@@ -174,6 +180,7 @@ bool CardDescWB_BeforeNavigate(const std::string& address) {
   const int slot = FindSlot(FieldAt(url, 2, ':'));
   if (slot == 0) return true;
   Card& card = state.CardTable[slot];
+  if (card.GlobalID != TheMainWindow().Links.DescribedCard) return true;
   const int index = NumberField(url, 3);
   if (!card.Effects.Holds(index) || index > 255) return true;
   state.MenuEffect = static_cast<std::uint8_t>(index);

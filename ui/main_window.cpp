@@ -4,6 +4,7 @@
 #include "core/cards.h"
 #include "core/pages.h"
 #include "core/paths.h"
+#include "core/program_version.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "data/player_files.h"
@@ -107,7 +108,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
 void MainWindow::Form_Load() {
   deckmanagermen.Enabled = State().DeckManagerMode == 0;
   debugmen.Checked = State().DebugMode == 1;
-  Caption = "Brindlemoor version Beta 1.0";
+  Caption = Joined("Brindlemoor version ", kProgramVersion);
   EnterProgramFolder();
   ShowInView(InPlayWB, "blank.htm");
   ShowInView(CardDescWB, "blank.htm");
@@ -247,6 +248,7 @@ void UpdateHand() {
 }
 
 void BlankSideViews() {
+  TheMainWindow().Links.DescribedCard = 0;
   for (BrowserView* view : {&TheMainWindow().InPlayWB, &TheMainWindow().CardDescWB}) {
     if (!view->Url.Get().ends_with("/blank.htm")) ShowInView(*view, "blank.htm");
   }

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "platform/controls.h"
+#include "ui/shown_links.h"
 
 namespace brindlemoor {
 
@@ -35,6 +36,7 @@ struct MainWindow : Form {
   MenuItem hintmen{"hintmen", "Hint"};
 
   int LastHovered = 0;  ///< hand position hovered last
+  ShownLinks Links;
 
   void Form_Load();
   void Command1_Click();

@@ -3,13 +3,18 @@
 
 #include "apps/brindle/commands.h"
 #include "game/automatic_match.h"
+#include "journal/journal_writer.h"
+#include "journal/match_journal.h"
 
 namespace brindlemoor {
 
 namespace {
 
-using Options = AutomaticMatchOptions;
-constexpr std::array<Option<Options>, 5> kOptions = {{
+struct MatchOptions : AutomaticMatchOptions {
+  std::string Journal;  ///< "" for none
+};
+using Options = MatchOptions;
+constexpr std::array<Option<MatchOptions>, 6> kOptions = {{
     {"--game",
      [](Options& o, std::string_view v) {
        o.Game = v;
@@ -27,23 +32,32 @@ constexpr std::array<Option<Options>, 5> kOptions = {{
        o.PagesFolder = v;
        return !v.empty();
      }},
+    {"--journal",
+     [](Options& o, std::string_view v) {
+       o.Journal = v;
+       return !v.empty();
+     }},
 }};
 
 }  // namespace
 
 int RunAuto(Arguments arguments) {
-  AutomaticMatchOptions options;
+  Options options;
   options.PagesFolder = "brindle-pages";
   std::vector<std::string> folders;
   const int wrong = ReadOptions<Options>(arguments, kOptions, options, folders);
   if (wrong != kSuccess) return wrong;
   if (folders.size() > 1) return WrongUsage("one folder only: ", folders[1]);
   options.Folder = folders.empty() ? "." : folders[0];
-  const auto result = AutomaticMatch(options, std::cout);
-  if (!result.Error.empty()) {
-    std::cerr << "brindle: " << result.Error << '\n';
-    return kFailure;
+  JournalWriter journal;
+  if (!options.Journal.empty()) {
+    const std::string problem = OpenJournal(options.Journal, journal);
+    if (!problem.empty()) return Refuse(problem, kWrongUsage);
+    RecordMatch(journal, options);
   }
+  const auto result = AutomaticMatch(options, std::cout);
+  RecordResult(journal, result);
+  if (!result.Error.empty()) return Refuse(result.Error, kFailure);
   std::cout << "Pages: " << options.PagesFolder << '\n';
   return kSuccess;
 }

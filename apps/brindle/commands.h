@@ -10,6 +10,8 @@
 
 namespace brindlemoor {
 
+class JournalWriter;
+
 using Arguments = std::span<const std::string_view>;
 
 enum ExitCodes : int {
@@ -29,10 +31,16 @@ int RunAuto(Arguments arguments);       // auto_command.cpp
 int RunCheck(Arguments arguments);      // check_command.cpp
 int RunMerge(Arguments arguments);      // merge_command.cpp
 int RunReference(Arguments arguments);  // reference_command.cpp
+int RunReplay(Arguments arguments);     // replay_command.cpp
 int RunScenario(Arguments arguments);   // scenario_command.cpp
 int RunSim(Arguments arguments);        // sim_command.cpp
 
 int WrongUsage(std::string_view problem, std::string_view text);
+/// Tells a problem and returns the code.
+int Refuse(std::string_view problem, int code);
+
+/// Begins a journal; it tells on the terminal when it can't go on. "" or why there can be none.
+std::string OpenJournal(const std::string& path, JournalWriter& journal);
 
 template <class Number>
 bool ReadNumber(std::string_view text, Number& number) {

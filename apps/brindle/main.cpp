@@ -2,6 +2,8 @@
 #include <array>
 
 #include "apps/brindle/commands.h"
+#include "journal/journal_writer.h"
+#include "simulation/report.h"
 
 namespace brindlemoor {
 
@@ -14,15 +16,19 @@ constexpr std::array<Command, 6> kCommands = {{
      "Carries out tests of cards. --words lists what they are written with.", RunScenario},
     {"sim",
      "sim [FOLDER] [--game NAME] [--matches N] [--seed N] [--turns N] [--decks] [--jobs J] "
-     "[--csv[=FILE]] [--json[=FILE]] [--html[=FILE]] [--shard I/N [--out FILE]]",
+     "[--csv[=FILE]] [--json[=FILE]] [--html[=FILE]] [--shard I/N [--out FILE]] [--journal FILE]",
      "Plays many matches of every deck against every opponent and says who wins and which cards.",
      RunSim},
     {"merge", "merge FILE... [--csv[=FILE]] [--json[=FILE]] [--html[=FILE]]",
      "Adds up the shards of a simulation and reports on all of it.", RunMerge},
-    {"auto", "auto [FOLDER] [--game NAME] [--seed N] [--pages DIR] [--turns N] [--opponent K]",
+    {"auto",
+     "auto [FOLDER] [--game NAME] [--seed N] [--pages DIR] [--turns N] [--opponent K] "
+     "[--journal FILE]",
      "Plays a match by itself and keeps its report pages. Without a name it is the folder's first "
      "game.",
      RunAuto},
+    {"replay", "replay JOURNAL [FOLDER] [--pages DIR]",
+     "Plays again what a program noted with --journal and says where its pages differ.", RunReplay},
     {"reference", "reference [FILE]",
      "Writes the reference for authors, a page of every word of card files and scripts.",
      RunReference},
@@ -56,6 +62,16 @@ int Run(Arguments arguments) {
 int WrongUsage(std::string_view problem, std::string_view text) {
   std::cerr << "brindle: " << problem << text << "\nTry: brindle --help\n";
   return kWrongUsage;
+}
+
+int Refuse(std::string_view problem, int code) {
+  std::cerr << "brindle: " << TerminalText(std::string(problem)) << '\n';
+  return code;
+}
+
+std::string OpenJournal(const std::string& path, JournalWriter& journal) {
+  journal.OnFailure = [](const std::string& problem) { Refuse(problem, kFailure); };
+  return journal.Open(path);
 }
 
 }  // namespace brindlemoor

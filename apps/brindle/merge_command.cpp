@@ -21,11 +21,6 @@ constexpr std::array<Option<MergeOptions>, 3> kOptions = {{
     {"--html", StoreForm<2, MergeOptions>, true, true},
 }};
 
-int Refuse(std::string_view problem, int code) {
-  std::cerr << "brindle: " << TerminalText(std::string(problem)) << '\n';
-  return code;
-}
-
 /// "" or what is wrong with the file.
 std::string ReadShard(const std::string& path, NamedTotals& shard) {
   shard.Name = path;

@@ -1,10 +1,7 @@
 // brindle scenario: tests of cards, written as small text files.
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <csignal>
 #include <filesystem>
-#include <unistd.h>
 
 #include "apps/brindle/commands.h"
 #include "core/text.h"
@@ -44,40 +41,6 @@ void PrintWords() {
   PrintNames("Values of the session", SessionValueRows());
 }
 
-/// The engine bounds each run of a script, but not how many a turn is made of: a file whose turn
-/// does not end is stopped by the clock. A signal's handler reaches nothing but what is static.
-class Watchdog {
- public:
-  Watchdog(const std::string& file, const ScenarioReport& report) {
-    file_ = file.c_str();
-    report_ = &report;
-    std::signal(SIGALRM, Bark);
-    alarm(kSeconds);
-  }
-  ~Watchdog() { alarm(0); }
-  Watchdog(const Watchdog&) = delete;
-  Watchdog& operator=(const Watchdog&) = delete;
-
- private:
-  static constexpr unsigned kSeconds = 90;
-
-  static void Say(std::string_view text) {
-    if (write(STDOUT_FILENO, text.data(), text.size()) < 0) _exit(kWrongUsage);
-  }
-  static void Bark(int) {
-    std::array<char, 16> line{};
-    const auto end = std::to_chars(line.data(), line.data() + line.size(), report_->Line).ptr;
-    Say(file_);
-    Say(":");
-    Say({line.data(), static_cast<std::size_t>(end - line.data())});
-    Say(": error: This line takes too long. Nothing behind it was carried out.\n");
-    _exit(kWrongUsage);
-  }
-
-  static inline const char* file_ = nullptr;
-  static inline const ScenarioReport* report_ = nullptr;
-};
-
 /// A file, or the text files of a folder by name.
 std::vector<std::string> FilesOf(const std::string& operand) {
   std::error_code failure;
@@ -91,7 +54,7 @@ std::vector<std::string> FilesOf(const std::string& operand) {
   return files;
 }
 
-/// What a file came to, at once: a later one may be stopped.
+/// What a file came to, at once: a later one may take long.
 void Print(ScenarioReport& report) {
   if (report.Findings.empty()) return;
   for (const ScenarioFinding& finding : report.Findings) {
@@ -119,7 +82,6 @@ int RunScenario(Arguments arguments) {
     const std::vector<std::string> files = FilesOf(operand);
     if (files.empty()) return WrongUsage("there are no text files in ", operand);
     for (const std::string& file : files) {
-      const Watchdog watchdog(file, report);
       RunScenarioFile(file, library, report);
       Print(report);
     }

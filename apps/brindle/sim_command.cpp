@@ -8,6 +8,8 @@
 #include "apps/brindle/progress_bar.h"
 #include "apps/brindle/report_output.h"
 #include "core/state.h"
+#include "journal/journal_writer.h"
+#include "journal/match_journal.h"
 #include "simulation/simulation.h"
 #include "simulation/stage.h"
 
@@ -20,6 +22,7 @@ struct SimOptions {
   int Jobs = 1;
   bool IsShard = false;
   std::string Out;
+  std::string Journal;  ///< "" for none
   ReportOutput Output;
 };
 
@@ -66,15 +69,15 @@ constexpr std::array<Option<SimOptions>, 11> kOptions = {{
        o.Out = v;
        return !v.empty();
      }},
+    {"--journal",
+     [](SimOptions& o, std::string_view v) {
+       o.Journal = v;
+       return !v.empty();
+     }},
     {"--csv", StoreForm<0, SimOptions>, true, true},
     {"--json", StoreForm<1, SimOptions>, true, true},
     {"--html", StoreForm<2, SimOptions>, true, true},
 }};
-
-int Refuse(std::string_view problem, int code) {
-  std::cerr << "brindle: " << TerminalText(std::string(problem)) << '\n';
-  return code;
-}
 
 /// kSuccess, or kWrongUsage, which has been told.
 int CheckOptions(const SimOptions& options, const std::vector<std::string>& folders) {
@@ -94,11 +97,12 @@ int CheckOptions(const SimOptions& options, const std::vector<std::string>& fold
 }
 
 /// Every job plays its part of the matches and answers with its sums.
-std::string PlayAll(const SimulationSetup& setup, int jobs, Stage& stage, Totals& totals) {
+std::string PlayAll(const SimulationSetup& setup, int jobs, Stage& stage, Totals& totals,
+                    MatchObserver* observer) {
   ProgressBar bar(setup.OwnMatches(), "matches");
   const JobWork work = [&](int job, const std::function<void()>& played) -> JobAnswer {
     TotalsFile part{setup, {}};
-    std::string problem = PlayMatches(setup, {job, jobs}, stage, part.Sums, played);
+    std::string problem = PlayMatches(setup, {job, jobs}, stage, part.Sums, played, observer);
     return {std::move(problem), SumsText(part.Sums)};
   };
   std::vector<std::string> texts;
@@ -127,8 +131,18 @@ int RunSim(Arguments arguments) {
   TotalsFile result;
   std::string problem = PrepareSimulation(options.Simulation, stage, result.Setup);
   if (!problem.empty()) return Refuse(problem, kFailure);
-  problem = PlayAll(result.Setup, options.Jobs, stage, result.Sums);
+  JournalWriter journal;
+  SimulationRecorder recorder(journal);
+  if (!options.Journal.empty()) {
+    problem = OpenJournal(options.Journal, journal);
+    if (!problem.empty()) return Refuse(problem, kWrongUsage);
+    recorder.Begin(options.Simulation);
+    stage.HashPages();
+  }
+  problem = PlayAll(result.Setup, options.Jobs, stage, result.Sums,
+                    journal.Works() ? &recorder : nullptr);
   if (!problem.empty()) return Refuse(problem, kFailure);
+  journal.End();
   if (!options.IsShard) return WriteReport(MakeReport(result), options.Output);
   problem = WriteOutput(options.Out, TotalsText(result));
   return problem.empty() ? kSuccess : Refuse(problem, kWrongUsage);

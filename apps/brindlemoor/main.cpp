@@ -9,10 +9,15 @@
 
 #include "apps/brindlemoor/options.h"
 #include "apps/brindlemoor/program_folder.h"
+#include "core/program_version.h"
 #include "core/state.h"
+#include "core/text.h"
 #include "editor/compose_folder.h"
 #include "editor/picture_files.h"
 #include "game/program_start.h"
+#include "journal/journal_writer.h"
+#include "journal/recording_platform.h"
+#include "journal/session_journal.h"
 #include "platform/qt/browser_engine.h"
 #include "platform/qt/geometry_report.h"
 #include "platform/qt/qt_platform.h"
@@ -49,23 +54,60 @@ std::unique_ptr<GeometryReport> StartReport() {
   return file.isEmpty() ? nullptr : std::make_unique<GeometryReport>(file);
 }
 
+/// Said twice: a program started from a menu has no terminal.
+void Say(Platform& desktop, const std::string& problem) {
+  std::fprintf(stderr, "brindlemoor: %s\n", problem.c_str());
+  desktop.MessageBox(problem);
+}
+
+/// Begins the journal of a session. "" or why there can be none.
+std::string OpenJournal(const Options& options, const std::string& folder, QtPlatform& desktop,
+                        JournalWriter& journal) {
+  std::string problem = journal.Open(options.Journal);
+  if (!problem.empty()) return problem;
+  journal.OnFailure = [&desktop](const std::string& failure) {
+    Say(desktop, Joined(failure, "  The program goes on without it."));
+  };
+  WriteSessionHead(journal, {folder, options.Debug, options.Seed}, desktop.Files());
+  return "";
+}
+
+void Run(const std::shared_ptr<QtPlatform>& desktop, JournalWriter& journal) {
+  if (!journal.Works()) {
+    StartProgram();
+    desktop->Run();
+    return;
+  }
+  const auto recorder =
+      std::make_shared<RecordingPlatform>(desktop, journal, State().ProgramFolder);
+  State().Desktop = recorder;
+  recorder->Start(StartProgram);
+  desktop->Run();
+  recorder->Finish();
+}
+
 int Play(const Options& options) {
   const ProgramFolderResult place = FindFolder(options);
   auto desktop =
       std::make_shared<QtPlatform>(std::make_unique<LocalFileSystem>(), place.Folder, options.Seed);
   auto report = StartReport();
   if (!place.Error.empty()) {
-    // Said twice: a program started from a menu has no terminal.
-    std::fprintf(stderr, "brindlemoor: %s\n", place.Error.c_str());
-    desktop->MessageBox(place.Error);
+    Say(*desktop, place.Error);
     return kFailed;
+  }
+  JournalWriter journal;
+  if (!options.Journal.empty()) {
+    const std::string problem = OpenJournal(options, place.Folder, *desktop, journal);
+    if (!problem.empty()) {
+      Say(*desktop, problem);
+      return kFailed;
+    }
   }
   State() = Session{};
   State().Desktop = desktop;
   State().ProgramFolder = State().CurrentFolder = place.Folder;
   State().DebugMode = options.Debug ? 1 : 0;
-  StartProgram();
-  desktop->Run();
+  Run(desktop, journal);
   report.reset();
   desktop->CloseWindows();
   State() = Session{};
@@ -109,7 +151,9 @@ int main(int argc, char** argv) {
     return kWrongUsage;
   }
   if (options.Help || options.Version) {
-    std::fputs(options.Help ? HelpText() : "Brindlemoor version Beta 1.0\n", stdout);
+    std::fputs(
+        options.Help ? HelpText() : (Joined("Brindlemoor version ", kProgramVersion, "\n").c_str()),
+        stdout);
     return 0;
   }
   if (options.Compose) qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -17,7 +17,7 @@ std::optional<std::uint64_t> ReadNumber(const std::string& text) {
   return number;
 }
 
-/// An option with a number, in the next argument or behind "=".
+/// An option with a number.
 struct NumberOption {
   std::string_view Name;
   std::optional<std::uint64_t> Options::*Value;
@@ -29,13 +29,33 @@ constexpr NumberOption kNumberOptions[] = {
     {"--quality", &Options::Quality, 100, "a number from 0 to 100"},
 };
 
-/// The row of an argument such as "--seed" or "--seed=7".
-const NumberOption* FindNumberOption(std::string_view argument) {
-  const std::string_view name = argument.substr(0, argument.find('='));
-  for (const NumberOption& option : kNumberOptions) {
-    if (option.Name == name) return &option;
+/// The value of an option that stands at an index: behind "=" or in the next argument, to which the
+/// index moves; "" when there is none. Nothing for any other argument.
+std::optional<std::string> TakeValue(std::string_view option,
+                                     const std::vector<std::string>& arguments,
+                                     std::size_t& index) {
+  const std::string& argument = arguments[index];
+  if (!argument.starts_with(option)) return std::nullopt;
+  if (argument.size() > option.size()) {
+    if (argument[option.size()] != '=') return std::nullopt;
+    return argument.substr(option.size() + 1);
   }
-  return nullptr;
+  return index + 1 < arguments.size() ? arguments[++index] : std::string();
+}
+
+/// Takes a number option that stands at an index; false when there is none.
+bool TakeNumber(Options& options, const std::vector<std::string>& arguments, std::size_t& index) {
+  for (const NumberOption& option : kNumberOptions) {
+    const auto number = TakeValue(option.Name, arguments, index);
+    if (!number) continue;
+    auto& value = options.*option.Value;
+    value = ReadNumber(*number);
+    if (!value || *value > option.Most) {
+      options.Error = std::string(option.Name) + " needs " + option.Wanted + ".";
+    }
+    return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -59,18 +79,11 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
       options.Debug = true;
     } else if (argument == "--compose") {
       options.Compose = true;
-    } else if (const NumberOption* option = FindNumberOption(argument)) {
-      std::string number;
-      if (argument.size() > option->Name.size()) {
-        number = argument.substr(option->Name.size() + 1);
-      } else if (index + 1 < arguments.size()) {
-        number = arguments[++index];
-      }
-      auto& value = options.*option->Value;
-      value = ReadNumber(number);
-      if (!value || *value > option->Most) {
-        options.Error = std::string(option->Name) + " needs " + option->Wanted + ".";
-      }
+    } else if (const auto journal = TakeValue("--journal", arguments, index)) {
+      options.Journal = *journal;
+      if (journal->empty()) options.Error = "--journal needs a file or a folder.";
+    } else if (TakeNumber(options, arguments, index)) {
+      continue;
     } else {
       options.Error = "There is no option \"" + argument + "\".";
     }
@@ -85,7 +98,7 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
 }
 
 const char* HelpText() {
-  return R"(Usage: brindlemoor [FOLDER] [--seed N] [--debug]
+  return R"(Usage: brindlemoor [FOLDER] [--seed N] [--debug] [--journal FILE]
        brindlemoor FOLDER --compose [--quality N]
 
 Plays the card games whose files lie in FOLDER. Without FOLDER that is the
@@ -93,14 +106,16 @@ program's own folder if it holds games, else $XDG_DATA_HOME/brindlemoor (or
 ~/.local/share/brindlemoor), which the first start fills with the games that
 come with the program.
 
-  --seed N    the same cards and rolls every time
-  --debug     extra lines on pages; players are not saved
-  --compose   composes the card images that the lists "CardImages.list" of
-              FOLDER and the folders directly below record, and ends; needs
-              no display
-  --quality N of the large images, from 0 to 100, else 100
-  --help      this text
-  --version   the version
+  --seed N        the same cards and rolls every time
+  --debug         extra lines on pages; players are not saved
+  --journal FILE  writes down the session for "brindle replay FILE", even if it
+                  ends in a crash; in a folder the journal gets a name of its own
+  --compose       composes the card images that the lists "CardImages.list" of
+                  FOLDER and the folders directly below record, and ends; needs
+                  no display
+  --quality N     of the large images, from 0 to 100, else 100
+  --help          this text
+  --version       the version
 )";
 }
 

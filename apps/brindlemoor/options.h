@@ -11,6 +11,7 @@ namespace brindlemoor {
 struct Options {
   std::string Folder;
   std::optional<std::uint64_t> Seed;
+  std::string Journal;  ///< file or folder for the journal of the session, "" for none
   bool Debug = false;
   bool Compose = false;                  ///< card images of the folder, and no windows
   std::optional<std::uint64_t> Quality;  ///< of composed images, from 0 to 100

@@ -26,8 +26,8 @@ class KeptDocument : public PdfDocument {
 
 void HeadlessPlatform::ShowForm(Form& form, bool modal) {
   form.Shown = true;
-  if (form.Activate) form.Activate();
-  if (!modal) return;
+  if (form.Activate) Deliver(form, {.Kind = UserEventKind::kActivate});
+  if (!modal || !form.Shown) return;
   if (ModalForms.empty()) {
     UnexpectedDialogs.push_back("modal form " + form.Name);
   } else {

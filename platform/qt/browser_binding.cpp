@@ -9,7 +9,7 @@ namespace brindlemoor {
 QWidget* BindBrowserView(BrowserView& model, FormWindow& window) {
   auto* view = new PageView(model, window);
   window.AddView(*view);
-  window.Desktop().AddView(model, *view);
+  window.Desktop().AddView(model, {&window, view});
   BindCommon(model, *view, window, [] {});
   return view;
 }

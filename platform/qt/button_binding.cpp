@@ -50,10 +50,13 @@ QWidget* BindMark(Model& model, QAbstractButton& button, FormWindow& window) {
     }
     window.RefreshMnemonics();
   });
-  QObject::connect(&button, &QAbstractButton::toggled, &window,
-                   [&model](bool marked) { model.Value = marked; });
-  QObject::connect(&button, &QAbstractButton::clicked, &window, [&model] {
-    if (model.Click) model.Click();
+  QObject::connect(&button, &QAbstractButton::toggled, &window, [&model, &window](bool marked) {
+    // An option that gives way to another follows the logic, not the user.
+    if (model.Value == marked) return;
+    window.Deliver({.Kind = UserEventKind::kMark, .Control = model.Name, .Number = marked ? 1 : 0});
+  });
+  QObject::connect(&button, &QAbstractButton::clicked, &window, [&model, &window] {
+    if (model.Click) window.Deliver({.Kind = UserEventKind::kClick, .Control = model.Name});
   });
   return &button;
 }
@@ -64,8 +67,8 @@ QWidget* BindButton(Button& model, FormWindow& window) {
   auto* button = new KeyButton(&window);
   ShareMnemonic(model, *button, window);
   BindCommon(model, *button, window, [&window] { window.RefreshMnemonics(); });
-  QObject::connect(button, &QPushButton::clicked, &window, [&model] {
-    if (model.Click) model.Click();
+  QObject::connect(button, &QPushButton::clicked, &window, [&model, &window] {
+    if (model.Click) window.Deliver({.Kind = UserEventKind::kClick, .Control = model.Name});
   });
   if (model.Cancel) {
     auto* escape = new QShortcut(Qt::Key_Escape, &window);

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <algorithm>
+#include <utility>
 
 #include "platform/qt/event_loop.h"
 #include "platform/qt/qt_platform.h"
@@ -34,7 +35,9 @@ bool QtPlatform::RunDialog(QDialog& dialog) {
   if (ending_) return false;
   dialogs_.push_back(&dialog);
   WakeEventLoop();
+  const bool logicRan = std::exchange(logicRuns_, false);
   const int result = dialog.exec();
+  logicRuns_ = logicRan;
   dialogs_.erase(std::find(dialogs_.begin(), dialogs_.end(), &dialog));
   return result == QDialog::Accepted && !ending_;
 }

@@ -64,6 +64,8 @@ FormWindow::~FormWindow() {
   for (Observed* model : bound_) model->OnChange = nullptr;
 }
 
+bool FormWindow::Deliver(const UserEvent& event) { return platform_.Deliver(form_, event); }
+
 void FormWindow::Bind(Observed& model, std::function<void()> sync) {
   bound_.push_back(&model);
   sync();
@@ -154,7 +156,7 @@ void FormWindow::Present(bool modal, QWidget* owner) {
 void FormWindow::closeEvent(QCloseEvent* event) {
   if (platform_.Ending()) return;
   event->ignore();
-  if (form_.QueryClose && form_.QueryClose()) return;
+  if (Deliver({.Kind = UserEventKind::kClose})) return;
   platform_.HideForm(form_);
 }
 
@@ -170,7 +172,9 @@ void FormWindow::hideEvent(QHideEvent* event) {
 
 void FormWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
-  if (!building_ && !isMinimized() && form_.Resize) form_.Resize();
+  if (!building_ && !isMinimized() && form_.Resize) {
+    Deliver({.Kind = UserEventKind::kResize});
+  }
 }
 
 }  // namespace brindlemoor

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/controls.h"
+#include "platform/user_events.h"
 
 class QButtonGroup;
 
@@ -24,6 +25,8 @@ class FormWindow : public QMainWindow {
 
   Form& Model() { return form_; }
   QtPlatform& Desktop() { return platform_; }
+  /// Hands an event of this window to the logic.
+  bool Deliver(const UserEvent& event);
 
   /// Shows the window; a modal one blocks owner, or all windows when there is no owner.
   void Present(bool modal, QWidget* owner);

@@ -18,7 +18,8 @@ constexpr int kPlateRadius = 3;
 
 class LabelWidget : public QWidget {
  public:
-  LabelWidget(const Label& model, QWidget* parent) : QWidget(parent), model_(model) {}
+  LabelWidget(const Label& model, FormWindow& window)
+      : QWidget(&window), model_(model), window_(window) {}
 
   void Follow() {
     text_ = QString::fromStdString(model_.Caption);
@@ -71,7 +72,7 @@ class LabelWidget : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override {
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()) &&
         model_.Click) {
-      model_.Click();
+      window_.Deliver({.Kind = UserEventKind::kClick, .Control = model_.Name});
     }
   }
 
@@ -79,13 +80,14 @@ class LabelWidget : public QWidget {
   bool IsLong() const { return text_.size() > kLongText; }
 
   const Label& model_;
+  FormWindow& window_;
   QString text_;
 };
 
 }  // namespace
 
 QWidget* BindLabel(Label& model, FormWindow& window) {
-  auto* label = new LabelWidget(model, &window);
+  auto* label = new LabelWidget(model, window);
   BindCommon(model, *label, window, [label] { label->Follow(); });
   return label;
 }

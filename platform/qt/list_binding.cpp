@@ -70,7 +70,8 @@ void FillList(QListWidget& list, const Items& items) {
 /// A list whose items open by a double click or the Enter key.
 class OpeningList : public QListWidget {
  public:
-  OpeningList(ListBox& model, QWidget* parent) : QListWidget(parent), model_(model) {
+  OpeningList(const ListBox& model, FormWindow& window)
+      : QListWidget(&window), model_(model), window_(window) {
     connect(this, &QListWidget::itemDoubleClicked, this,
             [this](QListWidgetItem* item) { Open(row(item)); });
   }
@@ -87,11 +88,11 @@ class OpeningList : public QListWidget {
  private:
   void Open(int row) {
     if (row < 0 || !model_.Open) return;
-    model_.Selected = row + 1;
-    model_.Open();
+    window_.Deliver({.Kind = UserEventKind::kOpen, .Control = model_.Name, .Number = row + 1});
   }
 
-  ListBox& model_;
+  const ListBox& model_;
+  FormWindow& window_;
 };
 
 }  // namespace
@@ -118,29 +119,23 @@ QWidget* BindComboBox(ComboBox& model, FormWindow& window) {
       ShowText(*combo, QString::fromStdString(model.Text));
     }
   });
-  QObject::connect(combo, &QComboBox::activated, &window, [&model](int place) {
-    model.Select(place + 1);
-    if (model.Click) {
-      model.Click();
-    } else if (model.Change) {
-      model.Change();
-    }
+  QObject::connect(combo, &QComboBox::activated, &window, [&model, &window](int place) {
+    window.Deliver({.Kind = UserEventKind::kChoose, .Control = model.Name, .Number = place + 1});
   });
   if (model.Editable) {
     // The box has the focus, its line gets what the box hands on.
     if (model.FormUndoes) LeaveUndoToForm(*combo);
-    QObject::connect(combo->lineEdit(), &QLineEdit::textEdited, &window,
-                     [&model](const QString& text) {
-                       model.Selected = 0;
-                       model.Text = text.toStdString();
-                       if (model.Change) model.Change();
-                     });
+    QObject::connect(
+        combo->lineEdit(), &QLineEdit::textEdited, &window, [&model, &window](const QString& text) {
+          window.Deliver(
+              {.Kind = UserEventKind::kType, .Control = model.Name, .Text = text.toStdString()});
+        });
   }
   return combo;
 }
 
 QWidget* BindListBox(ListBox& model, FormWindow& window) {
-  auto* list = new OpeningList(model, &window);
+  auto* list = new OpeningList(model, window);
   list->setItemDelegate(new IndentedItems(list));
   auto shown = std::make_shared<Items>();
   BindCommon(model, *list, window, [&model, list, shown] {
@@ -151,9 +146,8 @@ QWidget* BindListBox(ListBox& model, FormWindow& window) {
     }
     if (list->currentRow() != model.Selected - 1) list->setCurrentRow(model.Selected - 1);
   });
-  const auto take = [&model](int row) {
-    model.Selected = row + 1;
-    if (model.Click) model.Click();
+  const auto take = [&model, &window](int row) {
+    window.Deliver({.Kind = UserEventKind::kChoose, .Control = model.Name, .Number = row + 1});
   };
   QObject::connect(list, &QListWidget::itemClicked, &window,
                    [take, list](QListWidgetItem* item) { take(list->row(item)); });

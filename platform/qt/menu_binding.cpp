@@ -41,8 +41,8 @@ void FollowItem(MenuItem& item, QAction& action, FormWindow& window,
     captionChanged();
   };
   window.Bind(item, sync);
-  QObject::connect(&action, &QAction::triggered, &window, [&item, sync] {
-    if (item.Click) item.Click();
+  QObject::connect(&action, &QAction::triggered, &window, [&item, &window, sync] {
+    if (item.Click) window.Deliver({.Kind = UserEventKind::kMenu, .Control = item.Name});
     // The mark is the model's: a click alone does not set it.
     sync();
   });

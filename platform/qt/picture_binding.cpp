@@ -70,8 +70,8 @@ class PictureWidget : public QWidget {
   PictureWidget(PictureBox& model, FormWindow& window)
       : QWidget(&window),
         model_(model),
-        desktop_(window.Desktop()),
-        face_(model, desktop_.Pictures()) {
+        window_(window),
+        face_(model, window.Desktop().Pictures()) {
     setMouseTracking(true);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setRetainSizeWhenHidden(true);
@@ -154,8 +154,8 @@ class PictureWidget : public QWidget {
     if (drag_ != nullptr) {
       drag_->MoveTo(mapTo(window(), pointer));
     } else if (!givenUp_) {
-      desktop_.Hover(model_);
-      TellPoint(model_.PointMove, pointer);
+      Hover();
+      if (model_.PointMove) TellPoint(UserEventKind::kPointMove, pointer);
     }
   }
   void mouseReleaseEvent(QMouseEvent* event) override {
@@ -171,7 +171,7 @@ class PictureWidget : public QWidget {
     }
     if (std::exchange(notMeant_, false) || !rect().contains(pointer)) return;
     if (left) {
-      TellPoint(model_.PointUp, pointer);
+      if (model_.PointUp) TellPoint(UserEventKind::kPointUp, pointer);
       Press(MouseButton::kLeft);
     }
     if (event->button() == Qt::RightButton) Press(MouseButton::kRight);
@@ -184,7 +184,7 @@ class PictureWidget : public QWidget {
       case Qt::BacktabFocusReason:
       case Qt::ShortcutFocusReason:
       case Qt::OtherFocusReason:
-        if (!quiet_) desktop_.Hover(model_);
+        if (!quiet_) Hover();
         break;
       default:
         break;
@@ -208,30 +208,42 @@ class PictureWidget : public QWidget {
 
  private:
   void Press(MouseButton button) {
-    if (model_.MouseUp) model_.MouseUp(button);
+    if (!model_.MouseUp) return;
+    window_.Deliver({.Kind = UserEventKind::kPress,
+                     .Control = model_.Name,
+                     .Number = static_cast<int>(button)});
+  }
+
+  void Hover() {
+    if (model_.MouseMove) window_.Desktop().Hover(window_.Model(), model_.Name);
   }
 
   /// Tells where in the picture the pointer is; outside of it nothing.
-  void TellPoint(const std::function<void(int, int)>& handler, QPoint pointer) {
+  void TellPoint(UserEventKind kind, QPoint pointer) {
     const QRect picture = face_.PicturePlace();
-    if (!handler || !picture.contains(pointer)) return;
+    if (!picture.contains(pointer)) return;
     const QPoint point = pointer - picture.topLeft();
-    handler(point.x(), point.y());
+    window_.Deliver({.Kind = kind, .Control = model_.Name, .Number = point.x(), .Y = point.y()});
   }
 
   /// A click by a key. What lies under the keyboard may be another card now.
   void PressByKey(MouseButton button) {
     if (!model_.MouseUp) return;
     const QPointer<QWidget> alive(this);
-    model_.MouseUp(button);
-    if (alive && hasFocus() && isVisible()) desktop_.Hover(model_);
+    Press(button);
+    if (alive && hasFocus() && isVisible()) Hover();
+  }
+
+  bool TellKey(PictureKey key) {
+    return window_.Deliver(
+        {.Kind = UserEventKind::kKey, .Control = model_.Name, .Number = static_cast<int>(key)});
   }
 
   /// Serves a key that moves; false for any other.
   bool Move(int key) {
     for (const MoveKey& row : kMoveKeys) {
       if (row.Key != key) continue;
-      if (model_.KeyDown && model_.KeyDown(row.Means)) return true;
+      if (model_.KeyDown && TellKey(row.Means)) return true;
       if (row.Direction.isNull()) return false;
       MoveFocus(row.Direction);
       return true;
@@ -291,7 +303,7 @@ class PictureWidget : public QWidget {
     setFocus(Qt::OtherFocusReason);
     quiet_ = false;
     QTimer::singleShot(0, this, [this] {
-      if (hasFocus() && isVisible()) desktop_.Hover(model_);
+      if (hasFocus() && isVisible()) Hover();
     });
   }
 
@@ -330,7 +342,7 @@ class PictureWidget : public QWidget {
   }
 
   PictureBox& model_;
-  QtPlatform& desktop_;
+  FormWindow& window_;
   PictureFace face_;
   QPointer<DragLayer> drag_;  // of the window
   QPoint pressed_;

@@ -16,6 +16,23 @@
 
 namespace brindlemoor {
 
+namespace {
+
+/// A value for as long as a scope lasts.
+class Within {
+ public:
+  Within(bool& variable, bool value) : variable_(variable), old_(variable) { variable = value; }
+  ~Within() { variable_ = old_; }
+  Within(const Within&) = delete;
+  Within& operator=(const Within&) = delete;
+
+ private:
+  bool& variable_;
+  const bool old_;
+};
+
+}  // namespace
+
 QtPlatform::QtPlatform(std::unique_ptr<FileSystem> files, const std::string& folder,
                        std::optional<std::uint64_t> seed)
     : Platform(std::move(files)),
@@ -72,14 +89,15 @@ void QtPlatform::ShowForm(Form& form, bool modal) {
     // What was to be seen in views that had no widget yet.
     for (auto view = views_.constBegin(); view != views_.constEnd(); ++view) {
       const std::string& url = view.key()->Url.Get();
-      if (view.value()->window() == &window && !url.empty()) Navigate(*view.key(), url);
+      if (view.value().Window == &window && !url.empty()) Navigate(*view.key(), url);
     }
   }
-  if (form.Activate) form.Activate();
+  if (form.Activate) Deliver(form, {.Kind = UserEventKind::kActivate});
   if (!modal || ending_ || !form.Shown) return;
   QEventLoop loop;
   modal_.push_back({&form, &loop});
   WakeEventLoop();
+  const Within waiting(logicRuns_, false);
   loop.exec();
   modal_.pop_back();
 }
@@ -118,10 +136,12 @@ void QtPlatform::Navigate(BrowserView& view, const std::string& url) {
   if (ending_) return;
   view.Url = url;
   // A view without a widget yet shows the page when its window comes up.
-  if (PageView* widget = views_.value(&view)) LoadPage(*widget, QUrl(QString::fromStdString(url)));
+  if (PageView* widget = views_.value(&view).Widget)
+    LoadPage(*widget, QUrl(QString::fromStdString(url)));
 }
 
 void QtPlatform::LoadPage(PageView& view, const QUrl& url) {
+  const Within waiting(logicRuns_, false);
   ++pagesBeingRead_;
   view.Load(url);
   --pagesBeingRead_;
@@ -140,29 +160,44 @@ void QtPlatform::DeliverClicks() {
   while (pagesBeingRead_ == 0 && !ending_ && !clicks_.empty()) {
     const LinkClick click = clicks_.front();
     clicks_.pop_front();
-    const auto& handler = click.View->BeforeNavigate;
-    if (handler && handler(LinkText(click.Url))) continue;
-    PageView* widget = views_.value(click.View);
-    if (!ending_ && widget != nullptr && policy_.AllowsPage(click.Url)) {
-      LoadPage(*widget, click.Url);
+    const ViewPlace place = views_.value(click.View);
+    if (place.Window == nullptr) continue;
+    const bool taken = place.Window->Deliver(
+        {.Kind = UserEventKind::kLink, .Control = click.View->Name, .Text = LinkText(click.Url)});
+    if (!taken && !ending_ && policy_.AllowsPage(click.Url)) {
+      LoadPage(*place.Widget, click.Url);
     }
   }
 }
 
-void QtPlatform::Hover(PictureBox& picture) {
-  nextHover_ = &picture;
-  if (hovering_) return;
-  hovering_ = true;
-  while (nextHover_ != nullptr && !ending_) {
-    PictureBox* current = std::exchange(nextHover_, nullptr);
-    if (current->MouseMove) current->MouseMove();
+bool QtPlatform::Deliver(Form& form, const UserEvent& event) {
+  const Within running(logicRuns_, true);
+  return Platform::Deliver(form, event);
+}
+
+void QtPlatform::Hover(Form& form, const std::string& picture) {
+  nextHover_ = {&form, picture};
+  if (logicRuns_) {
+    // The focus moved because a handler hides or disables what had it.
+    QTimer::singleShot(0, QCoreApplication::instance(), [this] { DeliverHovers(); });
+  } else {
+    DeliverHovers();
   }
-  hovering_ = false;
+}
+
+void QtPlatform::DeliverHovers() {
+  if (hovering_ || logicRuns_) return;
+  const Within hovering(hovering_, true);
+  while (nextHover_ && !ending_) {
+    const HoveredPicture next = *std::exchange(nextHover_, std::nullopt);
+    Deliver(*next.Window, {.Kind = UserEventKind::kHover, .Control = next.Name});
+  }
 }
 
 void QtPlatform::PumpEvents() {
   if (ending_) return;
   WakeEventLoop();
+  const Within waiting(logicRuns_, false);
   ++pumpsRunning_;
   QCoreApplication::processEvents();
   --pumpsRunning_;

@@ -62,17 +62,28 @@ class QtPlatform : public Platform {
   const PagePolicy& Policy() const { return policy_; }
   /// True while the logic waits for a page to be read, or lets events run in between.
   bool InsideLogic() const { return pagesBeingRead_ > 0 || pumpsRunning_ > 0; }
-  void AddView(BrowserView& model, PageView& view) { views_.insert(&model, &view); }
+  /// The widget of a view and the window that it is in.
+  struct ViewPlace {
+    FormWindow* Window = nullptr;
+    PageView* Widget = nullptr;
+  };
+  void AddView(BrowserView& model, ViewPlace place) { views_.insert(&model, place); }
+  bool Deliver(Form& form, const UserEvent& event) override;
   /// Asks the logic about a click on a link as soon as no page is being read.
   void QueueClick(BrowserView& view, const QUrl& url);
-  /// The pointer or the focus came to a picture. While an earlier one is still being served, only
-  /// the last is kept, so that a wild pointer does not nest handlers without end.
-  void Hover(PictureBox& picture);
+  /// The pointer or the focus came to a picture. While an earlier one is still being served, or the
+  /// logic is in the middle of something, only the last is kept, so that a wild pointer does not
+  /// nest handlers without end.
+  void Hover(Form& form, const std::string& picture);
 
  private:
   struct ModalRun {
     Form* Shown;
     QEventLoop* Loop;
+  };
+  struct HoveredPicture {
+    Form* Window;
+    std::string Name;
   };
   struct LinkClick {
     BrowserView* View;
@@ -86,6 +97,7 @@ class QtPlatform : public Platform {
   bool RunDialog(QDialog& dialog);
   void LoadPage(PageView& view, const QUrl& url);
   void DeliverClicks();
+  void DeliverHovers();
   void EndWhenNothingIsShown();
 
   PagePolicy policy_;
@@ -93,16 +105,17 @@ class QtPlatform : public Platform {
   QtImageLibrary images_;
   std::unique_ptr<QWebEngineProfile> profile_;
   std::map<Form*, std::unique_ptr<FormWindow>> windows_;
-  QHash<BrowserView*, PageView*> views_;
+  QHash<BrowserView*, ViewPlace> views_;
   std::vector<ModalRun> modal_;
   std::vector<QDialog*> dialogs_;
   std::deque<LinkClick> clicks_;
-  PictureBox* nextHover_ = nullptr;
+  std::optional<HoveredPicture> nextHover_;
   QString lastFolder_;  // of the file dialogs
   std::optional<std::uint64_t> seed_;
   int pagesBeingRead_ = 0;
   int pumpsRunning_ = 0;
   bool hovering_ = false;
+  bool logicRuns_ = false;  // a handler, which waits for nothing at the moment
   bool running_ = false;
   bool ending_ = false;
 };

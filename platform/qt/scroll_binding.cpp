@@ -17,9 +17,8 @@ QWidget* BindScrollBar(ScrollBar& model, FormWindow& window) {
     bar->setPageStep(model.LargeStep);
     bar->setValue(model.Value);
   });
-  QObject::connect(bar, &QScrollBar::valueChanged, &window, [&model](int value) {
-    model.Value = value;
-    if (model.Change) model.Change();
+  QObject::connect(bar, &QScrollBar::valueChanged, &window, [&model, &window](int value) {
+    window.Deliver({.Kind = UserEventKind::kScroll, .Control = model.Name, .Number = value});
   });
   return bar;
 }

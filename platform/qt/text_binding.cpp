@@ -33,13 +33,17 @@ class UndoKeys : public QObject {
 void ServeRightClick(const TextBox& model, QWidget& edit, FormWindow& window) {
   if (!model.RightClick) return;
   edit.setContextMenuPolicy(Qt::CustomContextMenu);
-  QObject::connect(&edit, &QWidget::customContextMenuRequested, &window,
-                   [&model] { model.RightClick(); });
+  QObject::connect(&edit, &QWidget::customContextMenuRequested, &window, [&model, &window] {
+    window.Deliver({.Kind = UserEventKind::kRightClick, .Control = model.Name});
+  });
 }
 
-void Take(TextBox& model, const QString& text) {
-  model.Text = text.toStdString();
-  if (model.Change) model.Change();
+void Take(const TextBox& model, const QString& text, FormWindow& window) {
+  window.Deliver({.Kind = UserEventKind::kType, .Control = model.Name, .Text = text.toStdString()});
+}
+
+void PressEnter(const TextBox& model, FormWindow& window) {
+  window.Deliver({.Kind = UserEventKind::kEnter, .Control = model.Name});
 }
 
 QWidget* BindLine(TextBox& model, FormWindow& window) {
@@ -53,9 +57,9 @@ QWidget* BindLine(TextBox& model, FormWindow& window) {
     edit->setText(text);
   });
   QObject::connect(edit, &QLineEdit::textEdited, &window,
-                   [&model](const QString& text) { Take(model, text); });
-  QObject::connect(edit, &QLineEdit::returnPressed, &window, [&model] {
-    if (model.Enter) model.Enter();
+                   [&model, &window](const QString& text) { Take(model, text, window); });
+  QObject::connect(edit, &QLineEdit::returnPressed, &window, [&model, &window] {
+    if (model.Enter) PressEnter(model, window);
   });
   ServeRightClick(model, *edit, window);
   return edit;
@@ -99,8 +103,9 @@ class WrappedLine : public QPlainTextEdit {
 };
 
 QWidget* BindLines(TextBox& model, FormWindow& window) {
-  auto* edit = model.Enter ? new WrappedLine([&model] { model.Enter(); }, &window)
-                           : new QPlainTextEdit(&window);
+  auto* edit = model.Enter
+                   ? new WrappedLine([&model, &window] { PressEnter(model, window); }, &window)
+                   : new QPlainTextEdit(&window);
   edit->document()->setDocumentMargin(kTextMargin);
   edit->setMinimumHeight(HeightOfLines(*edit, model.Enter ? 1 : 2));
   edit->setTabChangesFocus(true);
@@ -113,7 +118,7 @@ QWidget* BindLines(TextBox& model, FormWindow& window) {
     edit->setPlainText(text);
   });
   QObject::connect(edit, &QPlainTextEdit::textChanged, &window,
-                   [&model, edit] { Take(model, edit->toPlainText()); });
+                   [&model, &window, edit] { Take(model, edit->toPlainText(), window); });
   ServeRightClick(model, *edit, window);
   return edit;
 }

@@ -24,7 +24,8 @@ void BindTimer(Timer& model, FormWindow& window) {
   auto* timer = new QTimer(&window);
   timer->setObjectName(QString::fromStdString(model.Name));
   QObject::connect(timer, &QTimer::timeout, &window, [&model, &window] {
-    if (model.Tick && CanTick(window)) model.Tick();
+    if (!model.Tick || !CanTick(window)) return;
+    window.Deliver({.Kind = UserEventKind::kTick, .Control = model.Name});
   });
   const auto sync = [&model, &window, timer] {
     if (!model.Enabled || model.Interval <= 0 || !window.isVisible()) {

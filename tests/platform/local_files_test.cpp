@@ -57,8 +57,11 @@ TEST_F(LocalFilesTest, AFailedWriteSaysWhyAndLeavesEverythingAsItWas) {
     EXPECT_NE(files_.Write(path, "new"), "") << path;
   }
   EXPECT_TRUE(fs::is_fifo(In("pipe"))) << "a file does not take its place";
-  ::chmod(In("file").c_str(), 0444);  // the super user may write all the same
-  EXPECT_TRUE(::geteuid() == 0 || !files_.Write(In("file"), "new").empty());
+  for (const mode_t rights : {0444U, 0222U}) {  // the super user may write all the same
+    ::chmod(In("file").c_str(), rights);
+    EXPECT_TRUE(::geteuid() == 0 || !files_.Write(In("file"), "new").empty());
+  }
+  ::chmod(In("file").c_str(), 0644);
   struct rlimit before {};
   ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
   const struct rlimit small { 1000, before.rlim_max };

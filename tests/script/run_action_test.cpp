@@ -50,19 +50,6 @@ TEST_F(RunActionTest, EvenARefusedRunClearsWhatRunsShare) {
   EXPECT_EQ(session.CancelState, 0);
 }
 
-TEST_F(RunActionTest, RunsThatSetTooManyOthersGoingAreStopped) {
-  State().RunDepth = State().RunFrames = 1;
-  State().NestedCommands = limits::kActionCommands - 1;
-  EXPECT_EQ(RunScript("SETTRAIT:A:1:SETTRAIT:B:1"), kRunClean);
-  EXPECT_TRUE(HasTrait(bob, "A", ""));
-  EXPECT_FALSE(HasTrait(bob, "B", ""));
-  EXPECT_NE(State().PhaseBanner.find("set too many others going"), std::string::npos);
-
-  State().RunDepth = State().RunFrames = 0;
-  RunScript("SETTRAIT:B:1");
-  EXPECT_TRUE(HasTrait(bob, "B", "")) << "the next action starts afresh";
-}
-
 TEST_F(RunActionTest, RepeatsAreBounded) {
   RunOwnAction("REPEAT:SELF:2000000000:MODMYTRAIT:N:1");
   EXPECT_EQ(Trait(ada, "N"), Joined(limits::kRepeats + 1));

@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "core/limits.h"
 #include "core/random.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
@@ -61,6 +62,20 @@ TEST_F(TriggersTest, OneChanceRollsOnceForAllCardsOfAFiring) {
   EXPECT_EQ(times.size(), 2U);
   EXPECT_GT(times[""], 10);
   EXPECT_GT(times["Player 1 Player 2 Ally Enemy Stone Marker"], 10);
+}
+
+TEST_F(TriggersTest, TheActionsOfATriggerAreBounded) {
+  Card& card = Slot(3);
+  card.Effects.Resize(limits::kCardItems);
+  for (int effect = 1; effect <= limits::kCardItems; ++effect) {
+    card.Effects.Edit(effect).Trigger = "PHASE1";
+    card.Effects.Edit(effect).Script = "ECHO:x";
+  }
+  std::vector<Hit>& hits = State().HitTable[static_cast<std::size_t>(TriggerCode("PHASE1"))];
+  hits.assign(limits::kHits - 5, Hit{1, 1});
+  RegisterAllHits(card);
+  EXPECT_EQ(static_cast<int>(hits.size()), limits::kHits);
+  EXPECT_NE(State().PhaseBanner.find("some were left out"), std::string::npos);
 }
 
 TEST_F(TriggersTest, DyingFiresOnTheLivingCardAndFreesItsSlotAndHits) {

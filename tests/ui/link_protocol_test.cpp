@@ -1,8 +1,11 @@
 // Clicks on links: the three views, the click state and the play menu.
 #include "ui/link_protocol.h"
 
+#include "game/game_list.h"
+#include "game/turn.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
+#include "ui/card_pages.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
@@ -19,6 +22,7 @@ class LinkProtocolTest : public SessionTest {
     for (const char* target : {"SELF", "TARGETCARD", "COLLECTION"}) {
       GiveAction(*goblin_, "MENU:PHASE1:Heal", target, "MODTRAIT:HP:1");
     }
+    TheMainWindow().Links = {.Games = true, .Cards = {111, 222}, .DescribedCard = 111};
     for (int position = 1; position <= 3; ++position) {
       State().Players[1].Hand[position] = MakeCard(Joined("C", position), 1);
     }
@@ -71,6 +75,43 @@ TEST_F(LinkProtocolTest, ACardClickShowsOrCompletesTheQueuedPlay) {
   WB_BeforeNavigate("CARD222");
   EXPECT_EQ(State().AwaitingPlayTarget, 0);
   EXPECT_EQ(State().PlayTarget[2], 0);
+}
+
+/// Texts of cards are HTML and may hold links that look like commands.
+TEST_F(LinkProtocolTest, ALinkThatTheProgramDoesNotShowIsNoCommand) {
+  const auto state = [this] {
+    return Joined(State().SelectedSlot, " ", State().CurrentGame, " ", int{State().TurnRunning},
+                  " ", int{goblin_->Effects[1].MenuState}, " ", desktop_->Navigations.size());
+  };
+  TheMainWindow().Links = {.Cards = {222}, .DescribedCard = 222};
+  const std::string before = state();
+  for (const char* url : {"CARD111", "file:///game/CARD111", "GAME:1:1", "game:1:1"}) {
+    EXPECT_TRUE(WB_BeforeNavigate(url)) << url;
+    InPlayWB_BeforeNavigate(url);
+  }
+  EXPECT_TRUE(CardDescWB_BeforeNavigate("MENUACTION:111:1")) << "another card's page is shown";
+  State().AwaitingPlayTarget = 1;
+  WB_BeforeNavigate("CARD111");
+  EXPECT_EQ(State().AwaitingPlayTarget, 1) << "nor is it a target";
+  EXPECT_EQ(state(), before);
+}
+
+TEST_F(LinkProtocolTest, WhatTheProgramShowsCanBeClicked) {
+  const ShownLinks& links = TheMainWindow().Links;
+  goblin_->Thumb = ogre_->Thumb = "a.jpg";
+  SetTrait(*ogre_, "INVISIBLE", "", 0);
+  TakeTurn(1);
+  EXPECT_EQ(links.Cards, (std::set<std::int32_t>{111}));
+  EXPECT_FALSE(links.Games);
+  WB_BeforeNavigate("CARD111");
+  EXPECT_EQ(links.DescribedCard, 111);
+  CardDescWB_BeforeNavigate("MENUACTION:111:1");
+  EXPECT_EQ(int{goblin_->Effects[1].MenuState}, int{kArmedMenuAction});
+  ShowCardDescription(*ogre_, 1);
+  EXPECT_EQ(links.DescribedCard, 0) << "the enemy's menu is not shown";
+  ShowGameList();
+  EXPECT_TRUE(links.Games);
+  EXPECT_TRUE(links.Cards.empty());
 }
 
 TEST_F(LinkProtocolTest, MenuActionsAreArmedAndDisarmed) {

@@ -105,6 +105,7 @@ class CommandLine(unittest.TestCase):
                 (["--help"], 0, "stdout", "--seed"),
                 (["--version"], 0, "stdout", "Beta 1.0"),
                 (["--seed", "x"], 2, "stderr", "--seed needs a number"),
+                (["--journal="], 2, "stderr", "--journal needs a file"),
                 (["--fast"], 2, "stderr", '"--fast"'),
                 (["a", "b"], 2, "stderr", "More than one folder"),
                 ([tempfile.gettempdir()], 1, "stderr", "no display")]:

@@ -102,16 +102,18 @@ TEST_F(DesktopTest, DialogsShowTheirTextAsItIsAndTakeButtonsAndKeys) {
 
 TEST_F(DesktopTest, AWildPointerDoesNotNestHandlers) {
   PictureBox first("First"), second("Second"), third("Third");
+  Form form("Form");
+  form.Arrangement = {.Children = {Cell(first), Cell(second), Cell(third)}};
   std::string order;
   first.MouseMove = [&] {
     order += "first ";
-    desktop_->Hover(second);
-    desktop_->Hover(third);
+    desktop_->Hover(form, second.Name);
+    desktop_->Hover(form, third.Name);
     order += "first-end ";
   };
   second.MouseMove = [&] { order += "second "; };
   third.MouseMove = [&] { order += "third "; };
-  desktop_->Hover(first);
+  desktop_->Hover(form, first.Name);
   EXPECT_EQ(order, "first first-end third ");
 }
 

@@ -1,0 +1,63 @@
+// Counting the work of scripts.
+#include "core/work_budget.h"
+
+#include <algorithm>
+
+#include "core/limits.h"
+#include "core/state.h"
+#include "core/text.h"
+
+namespace brindlemoor {
+
+namespace {
+
+// What takes about as long as a command does.
+constexpr std::size_t kBytesOfStep = 256;
+constexpr std::size_t kItemsOfStep = 16;
+
+}  // namespace
+
+WorkAccount::WorkAccount() {
+  WorkBudget& work = State().Work;
+  if (work.Accounts++ > 0) return;
+  work.Done = 0;
+  work.StoppedCard.clear();
+}
+
+WorkAccount::~WorkAccount() {
+  // The session may be another one by now.
+  WorkBudget& work = State().Work;
+  if (work.Accounts == 0 || --work.Accounts > 0) return;
+  work.Most = std::max(work.Most, work.Done);
+  if (work.StoppedCard.empty()) return;
+  limits::ReportLimit(Joined(
+      "Scripts took too many steps, and those of this turn that were left did not run. It was ",
+      "a script of \"", work.StoppedCard, "\" that took the last step."));
+}
+
+void SpendWork(std::int64_t steps) noexcept {
+  State().Work.Done += steps;
+  State().Work.Total += steps;
+}
+
+void SpendWorkOnText(std::size_t bytes) noexcept {
+  SpendWork(static_cast<std::int64_t>(bytes / kBytesOfStep));
+}
+
+void SpendWorkOnSearch(std::size_t items) noexcept {
+  SpendWork(static_cast<std::int64_t>(items / kItemsOfStep));
+}
+
+bool WorkIsSpent() noexcept {
+  const WorkBudget& work = State().Work;
+  return work.Accounts > 0 && work.Done >= (work.Limit > 0 ? work.Limit : limits::kStepsOfTurn);
+}
+
+bool StopsForWork(const Card& acting) {
+  if (!WorkIsSpent()) return false;
+  std::string& stopped = State().Work.StoppedCard;
+  if (stopped.empty()) stopped = acting.Name;
+  return true;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,48 @@
+// The work that scripts may do: counted in steps, so that the same files and the same seed end at
+// the same place on every machine.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace brindlemoor {
+
+struct Card;
+
+/// How much of the present account is spent. A step is a command that is carried out, or as much
+/// other work: a card that is tried as a target, a run that is refused, some hundred bytes of text.
+struct WorkBudget {
+  std::int64_t Limit = 0;     ///< steps of one account; 0 stands for limits::kStepsOfTurn
+  std::int64_t Done = 0;      ///< steps of the present account, or of the last one
+  std::int64_t Total = 0;  ///< steps of all accounts, and of work without one
+  std::int64_t Most = 0;      ///< the most that an account took
+  int Accounts = 0;           ///< WorkAccount objects that exist
+  std::string StoppedCard{};  ///< whose script was ended first in this account, "" for none
+};
+
+/// While one exists, work is counted together: a turn, the judging of a hand, a single run. One
+/// inside another counts on the outer one. At its end the page says whose scripts were ended.
+class WorkAccount {
+ public:
+  WorkAccount();
+  ~WorkAccount();
+  WorkAccount(const WorkAccount&) = delete;
+  WorkAccount& operator=(const WorkAccount&) = delete;
+};
+
+/// Counts work on the present account.
+void SpendWork(std::int64_t steps) noexcept;
+/// The same for work on a text of so many bytes.
+void SpendWorkOnText(std::size_t bytes) noexcept;
+/// The same for a look through so many items of a list.
+void SpendWorkOnSearch(std::size_t items) noexcept;
+
+/// True when nothing is left of the present account: scripts end where they stand, and loops that
+/// would start more of them end too. Without an account there is no end.
+bool WorkIsSpent() noexcept;
+
+/// The same for a script of a card that would go on or begin.
+bool StopsForWork(const Card& acting);
+
+}  // namespace brindlemoor

@@ -1,0 +1,171 @@
+// The targets as a table, and the inputs to begin with: what the shipped games hold.
+#include <algorithm>
+#include <set>
+
+#include "core/cards.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "core/text.h"
+#include "data/card_reader.h"
+#include "data/player_files.h"
+#include "fuzz/fuzz_session.h"
+#include "fuzz/fuzz_targets.h"
+#include "game/match_start.h"
+#include "game/program_start.h"
+#include "platform/headless/memory_images.h"
+#include "script/command_table.h"
+#include "script/parsed_script.h"
+
+namespace brindlemoor {
+
+namespace {
+
+using Inputs = std::vector<std::string>;
+
+std::vector<FolderFile> TextFilesOf(const std::string& folder) {
+  const LocalFileSystem machine;
+  std::vector<FolderFile> files;
+  const auto add = [&](const std::string& below) {
+    for (const std::string& name : machine.ListFiles(folder + below)) {
+      if (!name.ends_with(".txt")) continue;
+      files.push_back({Joined(below.empty() ? "" : below.substr(1) + "/", name),
+                       machine.Read(Joined(folder, below, "/", name)).value_or("")});
+    }
+  };
+  add("");
+  for (const std::string& name : machine.ListFolders(folder)) add("/" + name);
+  return files;
+}
+
+/// Every card of the shipped games, as their files define them.
+std::vector<Card> ShippedCards(const std::string& folder) {
+  FuzzSession session;
+  std::vector<Card> cards;
+  const auto add = [&cards](const Pile& pile) {
+    for (const Card& card : pile) cards.push_back(card);
+  };
+  for (const FolderFile& file : TextFilesOf(folder)) {
+    session.WriteFile("Input.txt", file.Bytes);
+    InitPlayer(State().GameDeck, 4);
+    ReadCards("Input.txt", State().GameDeck, 1, "INDECK", 1);
+    add(State().GameDeck.Deck);
+    cards.push_back(State().RulesCard);
+  }
+  add(State().TraitActions);
+  return cards;
+}
+
+Inputs Different(const std::set<std::string>& inputs) { return {inputs.begin(), inputs.end()}; }
+
+/// What a function finds in every script of the shipped games.
+template <class Find>
+Inputs FromScripts(const std::string& folder, Find find) {
+  std::set<std::string> inputs;
+  for (const Card& card : ShippedCards(folder)) {
+    for (const CardEffect& effect : card.Effects) {
+      if (!effect.Script.empty()) find(effect.Script, inputs);
+    }
+  }
+  return Different(inputs);
+}
+
+/// The arguments of a kind that a script's commands have.
+void AddArguments(const Text& script, ArgumentKind kind, std::set<std::string>& inputs) {
+  const ParsedScript& fields = ParsedScript::Of(script);
+  for (int field = 1; field <= fields.FieldCount(); ++field) {
+    const Command* row = fields.RowAt(field).Row;
+    if (row == nullptr) continue;
+    FieldWalker names(ArgumentNames(*row), ' ');
+    for (int argument = 1; argument <= row->Arguments; ++argument) {
+      if (KindOfArgument(names.Next()) == kind) inputs.emplace(fields.Field(field + argument));
+    }
+  }
+}
+
+Inputs CardFiles(const std::string& folder) {
+  Inputs inputs;
+  for (FolderFile& file : TextFilesOf(folder)) inputs.push_back(std::move(file.Bytes));
+  for (FolderFile& file : FilesOfText(SmallGame())) inputs.push_back(std::move(file.Bytes));
+  return inputs;
+}
+
+Inputs Scripts(const std::string& folder) {
+  return FromScripts(folder, [](const Text& script, std::set<std::string>& inputs) {
+    inputs.insert(script.Str());
+  });
+}
+
+Inputs Values(const std::string& folder) {
+  return FromScripts(folder, [](const Text& script, std::set<std::string>& inputs) {
+    AddArguments(script, ArgumentKind::kValue, inputs);
+  });
+}
+
+Inputs Messages(const std::string& folder) {
+  std::set<std::string> inputs;
+  for (const Card& card : ShippedCards(folder)) {
+    inputs.insert(Joined(card.Description, "\n%HIT%=hits $TARGETNAME"));
+    for (const Text& caption : card.TraitCaptions) inputs.insert(caption.Str());
+    for (const CardEffect& effect : card.Effects) {
+      AddArguments(effect.Script, ArgumentKind::kMessage, inputs);
+    }
+  }
+  return Different(inputs);
+}
+
+/// The files of a player who has opened the first starter deck.
+FolderFile PlayersFile(const std::string& folder, std::string_view ending) {
+  FuzzSession session;
+  for (const FolderFile& file : TextFilesOf(folder)) session.WriteFile(file.Name, file.Bytes);
+  NewGame();
+  ChooseGame(1, 1);
+  EndGame();
+  for (const std::string& name : Desktop().Files().ListFiles(std::string(kFuzzFolder))) {
+    if (name.ends_with(ending)) return {name, session.ReadFile(name)};
+  }
+  return {};
+}
+
+Inputs PlayerFiles(const std::string& folder) { return {PlayersFile(folder, ".plr").Bytes}; }
+
+Inputs ProfileLists(const std::string& folder) {
+  return {PlayersFile(folder, "Profiles.txt").Bytes,
+          "\"#PLAYERPROFILE\",\"Ann\",\"Ann_Small.plr:Small.txt\",\"\",\"\",\"\"\r\n\r\n"};
+}
+
+Inputs Links(const std::string&) {
+  return {"WCARD102\nDMENUACTION:102:1\nT\n", "WGAME:1:2\nT\nWCARD100\nWCARDRulesCard\n",
+          "WHELP:SmallHelp.html\nPCARD101\nDMENUACTION:101:2\n",
+          "WGAME:1:3\nDMENUACTION:102:1\nT\nT\n"};
+}
+
+Inputs Images(const std::string&) {
+  Raster picture(3, 2);
+  picture.SetPixel(1, 1, 0xFF8000);
+  return {MemoryImageLibrary::PixmapBytes(picture), "P6\n# word\n2 1\n255\nabcdef"};
+}
+
+Inputs Matches(const std::string& folder) { return {SmallGame(), FolderText(TextFilesOf(folder))}; }
+
+constexpr FuzzTarget kTargets[] = {
+    {"card_file", FuzzCardFile, CardFiles},
+    {"script", FuzzScript, Scripts},
+    {"value", FuzzValue, Values},
+    {"message", FuzzMessage, Messages},
+    {"player_file", FuzzPlayerFile, PlayerFiles},
+    {"profile_list", FuzzProfileList, ProfileLists},
+    {"links", FuzzLinks, Links},
+    {"image", FuzzImage, Images},
+    {"match", FuzzMatch, Matches},
+};
+
+}  // namespace
+
+std::span<const FuzzTarget> FuzzTargets() { return kTargets; }
+
+const FuzzTarget* FindFuzzTarget(std::string_view name) {
+  const auto* row = std::ranges::find(kTargets, name, &FuzzTarget::Name);
+  return row != std::end(kTargets) ? row : nullptr;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,57 @@
+// What the targets work in: a session on files in memory, a small table, a small game.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/records.h"
+#include "platform/headless/headless_platform.h"
+#include "platform/headless/memory_files.h"
+
+namespace brindlemoor {
+
+inline constexpr std::string_view kFuzzFolder = "/game";
+
+/// A fresh session; its scripts may do so little that an input takes a moment.
+class FuzzSession {
+ public:
+  FuzzSession();
+  ~FuzzSession();
+  FuzzSession(const FuzzSession&) = delete;
+  FuzzSession& operator=(const FuzzSession&) = delete;
+
+  HeadlessPlatform& Desktop() { return *desktop_; }
+  /// A file of the program's folder.
+  void WriteFile(std::string_view name, std::string_view bytes);
+  /// Its bytes, "" when it is not there.
+  std::string ReadFile(std::string_view name) const;
+
+ private:
+  MemoryFileSystem* files_;
+  HeadlessPlatform* desktop_;
+};
+
+/// Ends the program with a word: something that must hold does not.
+[[noreturn]] void FuzzFailure(std::string_view what);
+inline void MustHold(bool holds, std::string_view what) {
+  if (!holds) FuzzFailure(what);
+}
+
+/// Two player cards and some others with traits, trait actions, hands and decks. Nothing has run.
+void LayOutSmallTable();
+/// The files of a small game with a starter deck, a store and an opponent, as FolderText.
+std::string SmallGame();
+
+/// Files as one text: each begins behind a line "@@ NAME". Names lie in the program's folder.
+struct FolderFile {
+  std::string Name;
+  std::string Bytes;
+};
+std::string FolderText(const std::vector<FolderFile>& files);
+std::vector<FolderFile> FilesOfText(std::string_view text);
+
+/// The lines of a text, without their ends.
+std::vector<std::string> LinesOf(std::string_view text);
+
+}  // namespace brindlemoor

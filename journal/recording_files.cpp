@@ -1,0 +1,98 @@
+// Telling a journal about files.
+#include "journal/recording_files.h"
+
+#include <utility>
+
+#include "core/text.h"
+#include "journal/journal_writer.h"
+#include "journal/program_paths.h"
+#include "journal/start_state.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr std::size_t kLargestTold = 16U << 20;  // bytes of a file outside
+
+}  // namespace
+
+void RecordingFiles::Tell(std::string_view what, const std::string& path,
+                          JournalFields answer) const {
+  const std::string name = JournalName(folder_, path);
+  if (!IsOutside(name)) return;
+  JournalFields& told = told_[Joined(what, " ", name)];
+  if (told == answer) return;
+  told = answer;
+  answer.insert(answer.begin(), {std::string(what), name});
+  writer_.Add("outside", answer);
+}
+
+bool RecordingFiles::Exists(const std::string& path) const {
+  const bool exists = below_.Exists(path);
+  Tell("exists", path, exists ? JournalFields{"yes"} : JournalFields{});
+  return exists;
+}
+
+bool RecordingFiles::FolderExists(const std::string& path) const {
+  const bool exists = below_.FolderExists(path);
+  Tell("folder", path, exists ? JournalFields{"yes"} : JournalFields{});
+  return exists;
+}
+
+std::vector<std::string> RecordingFiles::ListFiles(const std::string& folder) const {
+  std::vector<std::string> names = below_.ListFiles(folder);
+  Tell("files", folder, names);
+  return names;
+}
+
+std::vector<std::string> RecordingFiles::ListFolders(const std::string& folder) const {
+  std::vector<std::string> names = below_.ListFolders(folder);
+  Tell("folders", folder, names);
+  return names;
+}
+
+std::optional<std::string> RecordingFiles::Read(const std::string& path) const {
+  auto bytes = below_.Read(path);
+  const bool tells = bytes && bytes->size() <= kLargestTold;
+  Tell("read", path, tells ? JournalFields{*bytes} : JournalFields{});
+  return bytes;
+}
+
+void RecordingFiles::TellBefore(const std::string& name, const std::string& path) {
+  if (IsOutside(name) || IsKeptWhole(name) || !changed_.insert(name).second) return;
+  if (!below_.Exists(path)) {
+    writer_.Add("before", {name, "absent"});
+  } else if (IsOpaque(name)) {
+    writer_.Add("before", {name, "present"});
+  } else {
+    writer_.Add("before", {name, "text", below_.Read(path).value_or("")});
+  }
+}
+
+std::string RecordingFiles::Write(const std::string& path, std::string_view bytes) {
+  const std::string name = JournalName(folder_, path);
+  TellBefore(name, path);
+  std::string problem = below_.Write(path, bytes);
+  if (!problem.empty()) {
+    writer_.Add("failed", {"write", name, problem});
+  } else if (IsOpaque(name)) {
+    writer_.Add("picture", {name});
+  } else {
+    writer_.AddText(name, bytes);
+  }
+  return problem;
+}
+
+std::string RecordingFiles::Remove(const std::string& path) {
+  const std::string name = JournalName(folder_, path);
+  TellBefore(name, path);
+  std::string problem = below_.Remove(path);
+  if (problem.empty()) {
+    writer_.Add("remove", {name});
+  } else {
+    writer_.Add("failed", {"remove", name, problem});
+  }
+  return problem;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,43 @@
+// RecordingFiles: a file system that tells a journal what it answers and what is written.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+
+#include "journal/journal_text.h"
+#include "platform/files.h"
+
+namespace brindlemoor {
+
+class JournalWriter;
+
+/// What lies in the program's folder is known from the state at the start, so only answers about
+/// files outside of it are told, and only where they differ from the one before (at first: that
+/// nothing is there). Before a file of the folder is changed for the first time, its text is told.
+class RecordingFiles : public FileSystem {
+ public:
+  /// below, the writer and the folder (absolute) are those of the program that is recorded.
+  RecordingFiles(FileSystem& below, JournalWriter& writer, std::string folder)
+      : below_(below), writer_(writer), folder_(std::move(folder)) {}
+
+  bool Exists(const std::string& path) const override;
+  bool FolderExists(const std::string& path) const override;
+  std::vector<std::string> ListFiles(const std::string& folder) const override;
+  std::vector<std::string> ListFolders(const std::string& folder) const override;
+  std::optional<std::string> Read(const std::string& path) const override;
+  std::string Write(const std::string& path, std::string_view bytes) override;
+  std::string Remove(const std::string& path) override;
+
+ private:
+  void Tell(std::string_view what, const std::string& path, JournalFields answer) const;
+  void TellBefore(const std::string& name, const std::string& path);
+
+  FileSystem& below_;
+  JournalWriter& writer_;
+  const std::string folder_;
+  mutable std::map<std::string, JournalFields> told_;  // answers about the outside
+  std::set<std::string> changed_;                      // files of the folder
+};
+
+}  // namespace brindlemoor

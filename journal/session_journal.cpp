@@ -1,0 +1,43 @@
+// Recording the start of a session, and playing one again.
+#include "journal/session_journal.h"
+
+#include <memory>
+
+#include "core/program_version.h"
+#include "core/state.h"
+#include "game/program_start.h"
+#include "journal/journal_writer.h"
+#include "journal/replay_files.h"
+#include "journal/replay_platform.h"
+#include "journal/start_state.h"
+
+namespace brindlemoor {
+
+void WriteSessionHead(JournalWriter& writer, const SessionStart& start, const FileSystem& files) {
+  Journal head;
+  head.Program = kProgramVersion;
+  head.Kind = kSessionJournal;
+  head.Folder = start.Folder;
+  head.Options["debug"] = start.Debug ? "1" : "0";
+  head.Options["seed"] = start.Seed ? std::to_string(*start.Seed) : "clock";
+  head.Files = StartStateOf(files, start.Folder);
+  WriteHead(writer, head);
+}
+
+ReplayResult ReplaySession(const Journal& journal, const ReplayOptions& options) {
+  JournalTape tape(journal.Records);
+  auto files = std::make_unique<ReplayFiles>(journal, tape, options.Folder);
+  files->OnText = options.OnText;
+  if (options.OnFiles) options.OnFiles(files->Differences());
+  auto desktop = std::make_shared<ReplayPlatform>(std::move(files), tape);
+  State() = Session{};
+  State().Desktop = desktop;
+  State().ProgramFolder = State().CurrentFolder = journal.Folder;
+  State().DebugMode = journal.Number("debug") == 1 ? 1 : 0;
+  desktop->Play(StartProgram);
+  State() = Session{};
+  tape.Result.CutOff = !journal.Ended;
+  return tape.Result;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,36 @@
+// What a process holds of the machine, for tests of leaks.
+#pragma once
+
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <malloc.h>
+#include <unistd.h>
+
+namespace brindlemoor {
+
+/// Memory in use by the program, in KiB, and open files.
+struct ProcessSize {
+  std::int64_t Memory = 0;
+  std::int64_t Files = 0;
+};
+
+inline ProcessSize SizeOfProcess() {
+  ::malloc_trim(0);
+  std::int64_t pages = 0;
+  std::int64_t resident = 0;
+  std::ifstream("/proc/self/statm") >> pages >> resident;
+  const auto files = std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                                   std::filesystem::directory_iterator());
+  return {resident * ::getpagesize() / 1024, files};
+}
+
+/// How often a test of a long life does something: so often, or as BRINDLEMOOR_LONG_LIFE times it.
+inline int LongLife(int times) {
+  const char* factor = std::getenv("BRINDLEMOOR_LONG_LIFE");
+  return times * (factor != nullptr ? std::atoi(factor) : 1);
+}
+
+}  // namespace brindlemoor
