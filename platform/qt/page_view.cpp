@@ -30,7 +30,8 @@ class RequestFilter : public QWebEngineUrlRequestInterceptor {
   RequestFilter(const PagePolicy& policy, QObject* parent)
       : QWebEngineUrlRequestInterceptor(parent), policy_(policy) {}
   void interceptRequest(QWebEngineUrlRequestInfo& request) override {
-    request.block(!policy_.AllowsResource(request.requestUrl()));
+    // A request that is not touched goes on to the filter of its page, if one watches there.
+    if (!policy_.AllowsResource(request.requestUrl())) request.block(true);
   }
 
  private:
