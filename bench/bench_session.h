@@ -1,10 +1,11 @@
-// What benchmarks start from: a fresh session without a display.
+// What benchmarks start from: a fresh session without a display, and the files that are measured.
 #pragma once
 
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 
 #include "core/cards.h"
 #include "core/state.h"
@@ -25,13 +26,19 @@ inline HeadlessPlatform& StartBenchSession(std::unique_ptr<FileSystem> files, st
   return *desktop;
 }
 
+/// A file or folder of the tree that the measured files come from.
+inline std::string BenchData(std::string_view path) {
+  return std::string(BRINDLEMOOR_BENCH_DATA) + "/" + std::string(path);
+}
+
 /// A copy of the shipped games in a temporary folder, removed at the end.
 class GamesCopy {
  public:
-  GamesCopy() : path_(std::filesystem::temp_directory_path() / "brindlemoor-bench") {
+  GamesCopy()
+      : path_(std::filesystem::temp_directory_path() /
+              ("brindlemoor-bench-" + std::to_string(::getpid()))) {
     std::filesystem::remove_all(path_);
-    std::filesystem::copy(std::string(BRINDLEMOOR_SOURCE_DIR) + "/games", path_,
-                          std::filesystem::copy_options::recursive);
+    std::filesystem::copy(BenchData("games"), path_, std::filesystem::copy_options::recursive);
   }
   GamesCopy(const GamesCopy&) = delete;
   GamesCopy& operator=(const GamesCopy&) = delete;

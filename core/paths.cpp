@@ -30,31 +30,38 @@ std::string ParentFolder(std::string_view folder) {
              : std::string(folder.substr(0, separator));
 }
 
-/// The folders that a reference may lie in, in the order of the search.
-std::vector<std::string> SearchedFolders() {
-  const std::string& program = State().ProgramFolder;
-  std::vector<std::string> folders = {program, ParentFolder(program)};
-  for (const std::string& name : Desktop().Files().ListFolders(program)) {
-    folders.push_back(InFolder(program, name));
-  }
-  return folders;
+/// True when the folder holds the file, whose path is filled in in any case.
+bool Holds(std::string_view folder, std::string_view name, std::string& path) {
+  path.assign(folder);
+  if (!folder.ends_with('/')) path += '/';
+  path += name;
+  return Desktop().Files().Exists(path);
 }
 
-std::string FindFile(const std::string& name) {
-  FileSystem& files = Desktop().Files();
-  const std::vector<std::string> folders = SearchedFolders();
+/// The path of a file whose name folds like this one, "" when there is none.
+std::string FindInAnyCase(const std::vector<std::string>& folders, std::string_view name) {
+  std::string path;
   for (const std::string& folder : folders) {
-    std::string path = InFolder(folder, name);
-    if (files.Exists(path)) return path;
-  }
-  for (const std::string& folder : folders) {
-    for (const std::string& present : files.ListFiles(folder)) {
-      if (!FoldEquals(present, name)) continue;
-      std::string path = InFolder(folder, present);
-      if (files.Exists(path)) return path;
+    for (const std::string& present : Desktop().Files().ListFiles(folder)) {
+      if (FoldEquals(present, name) && Holds(folder, present, path)) return path;
     }
   }
   return "";
+}
+
+/// Searches the program's folder, its parent and then its subfolders.
+std::string FindFile(std::string_view name) {
+  const std::string& program = State().ProgramFolder;
+  std::vector<std::string> folders = {program, ParentFolder(program)};
+  std::string path;
+  for (const std::string& folder : folders) {
+    if (Holds(folder, name, path)) return path;
+  }
+  for (const std::string& subfolder : Desktop().Files().ListFolders(program)) {
+    folders.push_back(InFolder(program, subfolder));
+    if (Holds(folders.back(), name, path)) return path;
+  }
+  return FindInAnyCase(folders, name);
 }
 
 }  // namespace

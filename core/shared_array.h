@@ -23,8 +23,15 @@ class SharedArray {
     if (storage_ != nullptr) ++storage_->references;
   }
   SharedArray(SharedArray&& other) noexcept : storage_(std::exchange(other.storage_, nullptr)) {}
-  SharedArray& operator=(SharedArray other) noexcept {
-    std::swap(storage_, other.storage_);
+  SharedArray& operator=(const SharedArray& other) noexcept {
+    if (storage_ == other.storage_) return *this;
+    SharedArray copy(other);
+    std::swap(storage_, copy.storage_);
+    return *this;
+  }
+  SharedArray& operator=(SharedArray&& other) noexcept {
+    SharedArray taken(std::move(other));
+    std::swap(storage_, taken.storage_);
     return *this;
   }
   ~SharedArray() { Release(); }

@@ -55,12 +55,16 @@ std::string ReplacedWithRescan(std::string_view text, std::string_view search,
   std::string_view rest = text.substr(out.size());
   std::string again;  // what stands before rest, last character first
   while (!again.empty() || !rest.empty()) {
+    // The search text can only end where its last character stands.
     if (again.empty()) {
-      out += rest.front();
-      rest.remove_prefix(1);
+      const std::size_t passed = std::min(rest.find(search.back()), rest.size() - 1) + 1;
+      out += rest.substr(0, passed);
+      rest.remove_prefix(passed);
     } else {
-      out += again.back();
-      again.pop_back();
+      auto passed = std::find(again.rbegin(), again.rend(), search.back());
+      if (passed != again.rend()) ++passed;
+      out.append(again.rbegin(), passed);
+      again.erase(passed.base(), again.end());
     }
     if (out.back() != search.back() || !out.ends_with(search)) continue;
     out.resize(out.size() - search.size());
@@ -73,6 +77,26 @@ std::string ReplacedWithRescan(std::string_view text, std::string_view search,
     return out.append(ReplacedInOnePass(rest, search, replacement, longest));
   }
   return out;
+}
+
+bool IsDigit(char character) { return character >= '0' && character <= '9'; }
+
+/// Reads the digits that a text begins with. False when there are too many of them, or when a
+/// fraction or an exponent follows.
+bool ReadWholeNumber(std::string_view text, double& number) {
+  constexpr std::size_t kExactDigits = 15;
+  std::int64_t whole = 0;
+  std::size_t digits = 0;
+  for (; digits < text.size() && IsDigit(text[digits]); ++digits) {
+    if (digits == kExactDigits) return false;
+    whole = whole * 10 + (text[digits] - '0');
+  }
+  if (digits < text.size()) {
+    const char next = text[digits];
+    if (next == '.' || next == 'e' || next == 'E') return false;
+  }
+  number = static_cast<double>(whole);
+  return true;
 }
 
 }  // namespace
@@ -136,16 +160,18 @@ std::string ReplacedCopy(std::string_view text, std::string_view search,
 }
 
 double NumericPrefix(std::string_view text) noexcept {
-  const std::size_t start = text.find_first_not_of(" \t");
-  if (start == std::string_view::npos) return 0;
-  text.remove_prefix(start);
+  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
+  if (text.empty()) return 0;
   const bool negative = text.front() == '-';
   if (negative || text.front() == '+') text.remove_prefix(1);
   // Only a digit or a point may begin the number: "inf" and "nan" are words here.
-  if (text.empty() || (text.front() != '.' && (text.front() < '0' || text.front() > '9'))) return 0;
+  if (text.empty() || (text.front() != '.' && !IsDigit(text.front()))) return 0;
   double number = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (result.ec != std::errc() || !std::isfinite(number) || number == 0) return 0;
+  if (!ReadWholeNumber(text, number)) {
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (result.ec != std::errc() || !std::isfinite(number)) return 0;
+  }
+  if (number == 0) return 0;
   return negative ? -number : number;
 }
 

@@ -1,5 +1,4 @@
 // Text: an immutable, shared piece of UTF-8 text; copying one costs a pointer and a counter.
-// Joined: builds a std::string from pieces, for everything that composes pages and messages.
 #pragma once
 
 #include <concepts>
@@ -9,6 +8,8 @@
 #include <string_view>
 #include <type_traits>
 #include <utility>
+
+#include "core/joined.h"
 
 namespace brindlemoor {
 
@@ -26,13 +27,23 @@ class Text {
   Text() noexcept = default;
   Text(const char* text) : Text(std::string_view(text)) {}         // NOLINT: meant to convert
   Text(const std::string& text) : Text(std::string_view(text)) {}  // NOLINT: meant to convert
+  Text(std::string&& text)                                         // NOLINT: meant to convert
+      : rep_(text.empty() ? nullptr : new Rep(std::move(text))) {}
   Text(std::string_view text) : rep_(text.empty() ? nullptr : new Rep(text)) {}  // NOLINT
   Text(const Text& other) noexcept : rep_(other.rep_) {
     if (rep_ != nullptr) ++rep_->references;
   }
   Text(Text&& other) noexcept : rep_(std::exchange(other.rep_, nullptr)) {}
-  Text& operator=(Text other) noexcept {
-    std::swap(rep_, other.rep_);
+  /// Assigning what is there already, as a snapshot that is put back mostly does, writes nothing.
+  Text& operator=(const Text& other) noexcept {
+    if (rep_ == other.rep_) return *this;
+    Text copy(other);
+    std::swap(rep_, copy.rep_);
+    return *this;
+  }
+  Text& operator=(Text&& other) noexcept {
+    Text taken(std::move(other));
+    std::swap(rep_, taken.rep_);
     return *this;
   }
   ~Text() {
@@ -72,37 +83,12 @@ class Text {
  private:
   struct Rep {
     explicit Rep(std::string_view text) : characters(text) {}
+    explicit Rep(std::string&& text) : characters(std::move(text)) {}
     std::uint32_t references = 1;
     std::string characters;
     std::unique_ptr<TextAttachment> attachment;
   };
   Rep* rep_ = nullptr;
 };
-
-/// The shortest plain decimal printing of a number: no trailing zeros, no exponent for the sizes
-/// that games use; infinities and NaN print as "0".
-std::string NumberText(double number);
-
-namespace detail {
-inline void AppendPiece(std::string& out, std::string_view piece) { out += piece; }
-template <class Number>
-requires(std::is_arithmetic_v<Number>) void AppendPiece(std::string& out, Number piece) {
-  if constexpr (std::is_same_v<Number, char>) {
-    out += piece;
-  } else if constexpr (std::is_integral_v<Number>) {
-    out += std::to_string(piece);
-  } else {
-    out += NumberText(piece);
-  }
-}
-}  // namespace detail
-
-/// The pieces (texts, numbers, characters) one after the other.
-template <class... Pieces>
-std::string Joined(const Pieces&... pieces) {
-  std::string out;
-  (detail::AppendPiece(out, pieces), ...);
-  return out;
-}
 
 }  // namespace brindlemoor

@@ -25,8 +25,13 @@ std::string_view NameOfItem(std::string_view item) noexcept {
   return item.substr(0, item.find(':'));
 }
 
-/// True when the name of an item folds like this one. Most items differ in their first character.
-bool ItemHasName(std::string_view item, std::string_view name) {
+/// False when the first characters of two texts differ, which is how most names differ.
+bool MayFoldAlike(std::string_view a, std::string_view b) {
+  if (a.empty() || b.empty() || !IsAscii(a.front()) || !IsAscii(b.front())) return true;
+  return AsciiUpper(a.front()) == AsciiUpper(b.front());
+}
+
+[[gnu::noinline]] bool ItemFoldsLike(std::string_view item, std::string_view name) {
   for (std::size_t index = 0; index < name.size(); ++index) {
     if (index == item.size() || name[index] == ':') return false;
     if (!IsAscii(item[index]) || !IsAscii(name[index])) return FoldEquals(NameOfItem(item), name);
@@ -35,10 +40,19 @@ bool ItemHasName(std::string_view item, std::string_view name) {
   return item.size() == name.size() || item[name.size()] == ':';
 }
 
+/// True when the name of an item folds like this one.
+bool ItemHasName(std::string_view item, std::string_view name) {
+  return MayFoldAlike(item, name) && ItemFoldsLike(item, name);
+}
+
+/// FoldPrefixLength for a prefix that few texts begin with.
+int RareFoldPrefix(std::string_view text, std::string_view prefix) {
+  return MayFoldAlike(text, prefix) ? FoldPrefixLength(text, prefix) : -1;
+}
+
 /// True when an item is a bonus for the trait of this name.
 bool IsBonusFor(std::string_view item, std::string_view name) {
-  if (item.empty() || AsciiUpper(item.front()) != kBonus.front()) return false;
-  const int bonus = FoldPrefixLength(item, kBonus);
+  const int bonus = RareFoldPrefix(item, kBonus);
   return bonus > 0 && ItemHasName(item.substr(static_cast<std::size_t>(bonus)), name);
 }
 
@@ -128,7 +142,7 @@ int ItemToWrite(Card& card, std::string_view name) {
 
 /// A bonus needs a trait to add to.
 void AddBonusBase(Card& card, std::string_view name, int keepActions) {
-  const int bonus = FoldPrefixLength(name, kBonus);
+  const int bonus = RareFoldPrefix(name, kBonus);
   if (bonus < 0 || name.size() > limits::kTraitNameBytes) return;
   const std::string_view base = name.substr(static_cast<std::size_t>(bonus));
   if (!base.empty() && !HasTrait(card, base, "")) SetTrait(card, base, kBonus, keepActions);
@@ -144,7 +158,7 @@ bool OfferChange(Card& card, std::string_view name, double& amount, Card& other,
   options.IncomingScript = script;
   for (int index = 1; index <= card.Effects.UpperBound(); ++index) {
     const std::string_view trigger = card.Effects[index].Trigger;
-    const int prefix = FoldPrefixLength(trigger, kBeforeChange);
+    const int prefix = RareFoldPrefix(trigger, kBeforeChange);
     if (prefix < 0 || !FoldEquals(trigger.substr(static_cast<std::size_t>(prefix)), name)) continue;
     RunAction(card, other, index, options);
     if (State().CancelState != 0) return false;
@@ -218,7 +232,7 @@ void SetTrait(Card& card, std::string_view name, const Value& value, int keepAct
   const int item = ItemToWrite(card, name);
   if (item == 0) return;
   const std::string full(name);  // the caller's name may lie in a text that is replaced here
-  const Text printed = value.Print();
+  const std::string printed = value.Str();
   const std::string withValue = Joined(full, ":", printed);
   const Text& present = card.Traits[item];
   if (present == withValue || (printed.empty() && present == full)) return;

@@ -9,4 +9,6 @@ double Value::Number() const noexcept { return isNumber_ ? number_ : NumericPref
 
 Text Value::Print() const { return isNumber_ ? Text(NumberText(number_)) : text_; }
 
+std::string Value::Str() const { return isNumber_ ? NumberText(number_) : text_.Str(); }
+
 }  // namespace brindlemoor

@@ -25,7 +25,7 @@ class Value {
   double Number() const noexcept;
   /// The text, or the shortest printing of the number (see NumberText).
   Text Print() const;
-  std::string Str() const { return Print().Str(); }
+  std::string Str() const;
 
  private:
   Text text_;

@@ -6,6 +6,7 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "core/traits.h"
+#include "script/parsed_script.h"
 #include "script/run_action.h"
 #include "script/triggers.h"
 
@@ -37,19 +38,22 @@ void ModifyCost(Card& work, int mode) {
   }
 }
 
+bool IsBonusTrait(std::string_view item) {
+  return FieldAt(item, 2, ':') == "BONUS" || FoldStartsWith(item, "BONUS");
+}
+
 void ExpireBonusTraits(Card& card) {
   for (int item = 1; item <= card.Traits.UpperBound(); ++item) {
-    const Text entry = card.Traits[item];
-    const std::string_view name = FieldAt(entry, 1, ':');
-    if (FoldStartsWith(entry, "BONUS") || FieldAt(entry, 2, ':') == "BONUS") {
-      RemoveTrait(card, name);
-    }
+    if (!IsBonusTrait(card.Traits[item])) continue;
+    const Text entry = card.Traits[item];  // it goes while its name is still needed
+    RemoveTrait(card, FieldAt(entry, 1, ':'));
   }
 }
 
 void ExpireBonusActions(Card& card) {
   for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
-    if (ScriptTraitValue(card.Effects[effect].Script, "BONUSACTION") == "NONE") continue;
+    const ParsedScript& script = ParsedScript::Of(card.Effects[effect].Script);
+    if (script.DeclaredTrait("BONUSACTION") == "NONE") continue;
     CardEffect& expired = card.Effects.Edit(effect);
     expired.Script = Text();
     expired.Trigger = Text();

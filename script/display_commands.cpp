@@ -27,7 +27,7 @@ constexpr Message kEchoOnce{.Pictures = true, .Caption = true, .Once = true};
 std::string Wording(const Run& run, const Message& kind) {
   std::string message(run.Argument(1));
   if (kind.Caption) {
-    const std::string_view trait = ScriptTraitValue(run.Script, "TRAITEFFECT");
+    const std::string_view trait = run.Fields.DeclaredTrait("TRAITEFFECT");
     std::string caption = trait != "NONE" ? TraitCaptionText(run.Source, trait) : std::string();
     if (!caption.empty()) message = std::move(caption);
   }

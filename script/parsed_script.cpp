@@ -5,7 +5,6 @@
 
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
 #include "script/command_table.h"
 
 namespace brindlemoor {
@@ -32,7 +31,20 @@ ParsedScript::ParsedScript(std::string_view script) : script_(script) {
     const FieldRow& row = fields_.emplace_back(RowOf(walker.Next()));
     wantsPictures_ = wantsPictures_ || (row.Row != nullptr && row.Row->Pictures);
   }
-  declaresNoCounters_ = ScriptTraitValue(script, "NOCOUNTERS") != "NONE";
+  FieldWalker fields(script, ':');
+  for (auto word = fields.Next(); !word.empty() && word != "ADDEFFECT"; word = fields.Next()) {
+    if (word != "TRAIT") continue;
+    const std::string_view name = fields.Next();
+    // The value is walked as a word, too: it may be another TRAIT.
+    declared_.emplace_back(name, FieldWalker(fields).Next());
+  }
+}
+
+std::string_view ParsedScript::DeclaredTrait(std::string_view name) const noexcept {
+  for (const auto& [declared, value] : declared_) {
+    if (declared == name) return value;
+  }
+  return "NONE";
 }
 
 const ParsedScript::FieldRow& ParsedScript::RowAt(int n) const noexcept {

@@ -32,8 +32,11 @@ class ParsedScript final : public TextAttachment {
   Text Tail(int n) const;
   /// Bytes of Tail(n), without making it.
   std::size_t TailSize(int n) const noexcept;
+  /// The value of "TRAIT:name:value" in the script, "NONE" if there is none; the same answer as
+  /// ScriptTraitValue.
+  std::string_view DeclaredTrait(std::string_view name) const noexcept;
   /// True when the script lends its run the trait "NOCOUNTERS".
-  bool DeclaresNoCounters() const noexcept { return declaresNoCounters_; }
+  bool DeclaresNoCounters() const noexcept { return DeclaredTrait("NOCOUNTERS") != "NONE"; }
   /// True when one of the commands may show the run's card pictures.
   bool WantsPictures() const noexcept { return wantsPictures_; }
 
@@ -44,7 +47,7 @@ class ParsedScript final : public TextAttachment {
   std::string_view script_;
   std::vector<FieldRow> fields_;
   bool wantsPictures_ = false;
-  bool declaresNoCounters_ = false;
+  std::vector<std::pair<std::string_view, std::string_view>> declared_;  ///< name and value
   mutable std::vector<std::pair<int, Text>> tails_;
 };
 

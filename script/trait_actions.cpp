@@ -4,6 +4,7 @@
 #include "core/cards.h"
 #include "core/state.h"
 #include "core/traits.h"
+#include "script/parsed_script.h"
 #include "script/triggers.h"
 
 namespace brindlemoor {
@@ -13,7 +14,7 @@ constexpr std::string_view kNone = "NONE";
 constexpr std::string_view kEveryCard = "#ALL#";
 
 std::string_view BringerOf(const CardEffect& effect) {
-  return ScriptTraitValue(effect.Script, "TRAITEFFECT");
+  return ParsedScript::Of(effect.Script).DeclaredTrait("TRAITEFFECT");
 }
 
 bool AlreadyMerged(const Card& card, const Card& giver) {

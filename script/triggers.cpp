@@ -146,14 +146,27 @@ bool Answers(const CardEffect& effect, std::string_view trigger) {
   return effect.Trigger == trigger && effect.MenuState != kMenuAction && !effect.Script.empty();
 }
 
-void FireEffect(Firing& firing, std::string_view trigger, int effect) {
+/// True when one of the card's actions answers the trigger: mostly none does.
+bool Listens(const Card& card, std::string_view trigger) {
+  for (const CardEffect& effect : card.Effects) {
+    if (Answers(effect, trigger)) return true;
+  }
+  return false;
+}
+
+/// What is done before an action, whether it answers or not.
+void BeginEffect(Card& card) {
   Session& session = State();
-  Card& card = firing.Actor;
   if (session.TraitChangeBusy != 1) {
     session.SharedChanceRoll = 0;
     session.EchoedOnce = 0;
   }
   if (card.StoredTarget > 0) card.TargetSlot = card.StoredTarget;
+}
+
+void FireEffect(Firing& firing, std::string_view trigger, int effect) {
+  Card& card = firing.Actor;
+  BeginEffect(card);
   if (!Answers(card.Effects[effect], trigger)) return;
   RunEffect(firing, effect);
   if (card.Effects[effect].MenuState == kArmedMenuAction) {
@@ -172,6 +185,10 @@ int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect,
   if (costMode == -1 && card.InPlay == 0) {
     if (!FoldEquals(card.ActivateOn, trigger)) return 0;
     EnterPlay(card);
+  }
+  if (onlyEffect <= 0 && !Listens(card, trigger)) {
+    if (card.Effects.UpperBound() > 0) BeginEffect(card);
+    return 0;
   }
   Firing firing{card, value, RunOptions{.CostMode = costMode, .TestRun = testRun}};
   if (onlyEffect > 0) {

@@ -1,0 +1,21 @@
+// The one session and the problems of files, for the plain engine: equal texts are not shared.
+#include "core/state.h"
+
+#include "core/limits.h"
+
+namespace brindlemoor {
+
+Session& State() noexcept {
+  static Session session;
+  return session;
+}
+
+Text InternText(std::string_view text) { return text; }
+
+void AddProblem(std::string_view file, int line, std::string_view message) {
+  auto& problems = State().Problems;
+  if (problems.size() >= limits::kProblems) return;
+  problems.push_back({std::string(file), line, std::string(message)});
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,92 @@
+// Turns of the shipped game with many cards in the table, without the view.
+#include <benchmark/benchmark.h>
+
+#include "bench/bench_session.h"
+#include "bench/measures.h"
+#include "bench/seated_stage.h"
+#include "core/pages.h"
+#include "game/turn.h"
+#include "ui/battlefield.h"
+#include "ui/card_pages.h"
+
+namespace brindlemoor {
+namespace {
+
+/// Cards of the side's deck that stay in the table, one after the other and over again.
+class Supply {
+ public:
+  explicit Supply(int side) {
+    for (const Card& card : State().Decks[1].Cards) Take(card, side);
+    for (const Card& card : State().Players[side].Deck) Take(card, side);
+    if (cards_.empty()) throw std::runtime_error("no cards");
+  }
+  Card Next() {
+    Card card = cards_[next_++ % cards_.size()];
+    card.GlobalID = 0;
+    return card;
+  }
+
+ private:
+  void Take(Card card, int side) {
+    if (IsFree(card) || !HasTrait(card, "HP", "") || HasTrait(card, "PLAYER", "")) return;
+    card.Owner = static_cast<std::uint8_t>(side);
+    cards_.push_back(std::move(card));
+  }
+  std::vector<Card> cards_;
+  std::size_t next_ = 0;
+};
+
+int CardsInPlay() {
+  int count = 0;
+  for (const Card& card : State().CardTable) count += !IsFree(card) && card.InPlay == 1 ? 1 : 0;
+  return count;
+}
+
+/// A match in its second turn, with so many cards in the table and a full hand of the enemy. Both
+/// players have hit points enough for every turn to come.
+void LayOut(Stage& stage, std::int64_t cards) {
+  SeatFirst(stage);
+  stage.Play(1, 1);
+  Session& session = State();
+  for (int side = 1; side <= 2; ++side) {
+    SetTrait(session.CardTable[session.Players[side].PlayerCard], "HP", 1000000, 0);
+  }
+  Supply supplies[] = {Supply(1), Supply(2)};
+  for (int side = 1; CardsInPlay() < cards; side = 3 - side) AddToTable(supplies[side - 1].Next());
+  for (Card& card : session.Players[2].Hand) card = supplies[1].Next();
+}
+
+void BM_TakeTurn(benchmark::State& state) {
+  Stage stage = OpenedStage();
+  LayOut(stage, state.range(0));
+  const Session before = State();
+  for (auto _ : state) {
+    TakeTurn(0);
+    state.PauseTiming();
+    if (State().GameOver != 0) state.SkipWithError("the match has ended");
+    State() = before;
+    state.ResumeTiming();
+  }
+  Target(state, 60, "1 ms");
+}
+BENCHMARK(BM_TakeTurn)->Arg(60)->Arg(600)->Unit(benchmark::kMillisecond);
+
+void BM_ReportPage(benchmark::State& state) {
+  Stage stage = OpenedStage();
+  LayOut(stage, state.range(0));
+  std::size_t bytes = 0;
+  for (auto _ : state) {
+    AppendPage(PlayerHeader(State().Players[1]));
+    AppendPage(PlayerTable(State().Players[1]));
+    AppendPage(PlayerTable(State().Players[2]));
+    bytes = State().PageText.size();
+    WritePage("Display.html", "#000000");
+    State().PageText.clear();
+  }
+  state.counters["page"] = static_cast<double>(bytes);
+  Target(state, 60, "300 us");
+}
+BENCHMARK(BM_ReportPage)->Arg(60)->Arg(600)->Arg(6000)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace brindlemoor
