@@ -15,7 +15,7 @@ struct Card;
 struct WorkBudget {
   std::int64_t Limit = 0;     ///< steps of one account; 0 stands for limits::kStepsOfTurn
   std::int64_t Done = 0;      ///< steps of the present account, or of the last one
-  std::int64_t Total = 0;  ///< steps of all accounts, and of work without one
+  std::int64_t Total = 0;     ///< steps of all accounts, and of work without one
   std::int64_t Most = 0;      ///< the most that an account took
   int Accounts = 0;           ///< WorkAccount objects that exist
   std::string StoppedCard{};  ///< whose script was ended first in this account, "" for none

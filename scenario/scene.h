@@ -42,7 +42,7 @@ struct Scene {
   const ScenarioText& Text;
   const ScenarioCase& Case;
   std::int64_t WorkLeft;             ///< steps that scripts of the whole file may still take
-  const ScenarioRow* Row = nullptr;                ///< of the table, nullptr without one
+  const ScenarioRow* Row = nullptr;  ///< of the table, nullptr without one
   const ScenarioLine* Line = nullptr;
 
   std::shared_ptr<HeadlessPlatform> Desktop{};
