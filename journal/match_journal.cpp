@@ -42,6 +42,12 @@ int IntOption(const Journal& journal, const std::string& name) {
   return static_cast<int>(std::min(journal.Number(name), kMost));
 }
 
+/// "" for one that is missing.
+std::string TextOption(const Journal& journal, const std::string& name) {
+  const auto option = journal.Options.find(name);
+  return option == journal.Options.end() ? "" : option->second;
+}
+
 /// A text with one folder's name in place of another's.
 std::string Renamed(std::string_view text, const std::string& from, const std::string& to) {
   const std::string folder = from + "/";
@@ -107,6 +113,7 @@ std::string CompareMatch(const JournalRecord& record, const JournalFields& now) 
 
 void RecordMatch(JournalWriter& writer, AutomaticMatchOptions& options) {
   Journal head = HeadOf(kMatchJournal, options.Folder);
+  head.Options["game"] = options.Game;
   head.Options["seed"] = std::to_string(options.Seed);
   head.Options["turns"] = std::to_string(options.MaximumTurns);
   head.Options["opponent"] = std::to_string(options.Opponent);
@@ -131,6 +138,7 @@ ReplayResult ReplayMatch(const Journal& journal, const ReplayOptions& options) {
   tape.Doing = "the match";
   AutomaticMatchOptions match;
   match.Folder = options.Folder;
+  match.Game = TextOption(journal, "game");
   match.Seed = journal.Number("seed");
   match.MaximumTurns = IntOption(journal, "turns");
   match.Opponent = IntOption(journal, "opponent");
@@ -163,6 +171,7 @@ void SimulationRecorder::Begin(const SimulationOptions& options) {
   head.Options["turns"] = std::to_string(options.MaximumTurns);
   head.Options["shard"] = std::to_string(options.Shard);
   head.Options["shards"] = std::to_string(options.Shards);
+  head.Options["decks"] = options.DecksMeet ? "1" : "0";
   WriteHead(writer_, head);
 }
 
@@ -183,8 +192,8 @@ ReplayResult ReplaySimulation(const Journal& journal, const ReplayOptions& optio
   }
   SimulationOptions simulation;
   simulation.Folder = options.Folder;
-  const auto game = journal.Options.find("game");
-  if (game != journal.Options.end()) simulation.Game = game->second;
+  simulation.Game = TextOption(journal, "game");
+  simulation.DecksMeet = journal.Number("decks") != 0;
   simulation.Matches = IntOption(journal, "matches");
   simulation.Seed = journal.Number("seed");
   simulation.MaximumTurns = IntOption(journal, "turns");

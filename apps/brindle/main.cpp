@@ -9,7 +9,7 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::array<Command, 6> kCommands = {{
+constexpr std::array<Command, 7> kCommands = {{
     {"check", "check FOLDER|FILE... [--json] [--codes]",
      "Says what is wrong in card files, and where. --codes lists the kinds of findings.", RunCheck},
     {"scenario", "scenario FILE|FOLDER... [--words]",

@@ -37,7 +37,7 @@ bool StoreShard(SimOptions& options, std::string_view value) {
 
 constexpr Count kMostMatches = 1'000'000'000;
 
-constexpr std::array<Option<SimOptions>, 11> kOptions = {{
+constexpr std::array<Option<SimOptions>, 12> kOptions = {{
     {"--game",
      [](SimOptions& o, std::string_view v) {
        o.Simulation.Game = v;

@@ -25,6 +25,7 @@ class MatchJournalTest : public RecordedSession {
     return Recorded([this](JournalWriter& writer) {
       AutomaticMatchOptions options;
       options.Folder = Folder();
+      options.Game = "Wickwater";
       options.Seed = 7;
       options.MaximumTurns = 4;
       RecordMatch(writer, options);
@@ -32,12 +33,14 @@ class MatchJournalTest : public RecordedSession {
       RecordResult(writer, AutomaticMatch(options, unseen));
     });
   }
-  std::string RecordedSimulation() {
-    return Recorded([this](JournalWriter& writer) {
+  std::string RecordedSimulation(bool decksMeet) {
+    return Recorded([&](JournalWriter& writer) {
       SimulationOptions options;
       options.Folder = Folder();
-      options.Matches = 2;
+      options.Game = "Yawnwood";
+      options.Matches = 4;
       options.Seed = 3;
+      options.DecksMeet = decksMeet;
       Stage stage;
       SimulationSetup setup;
       EXPECT_EQ(PrepareSimulation(options, stage, setup), "");
@@ -80,6 +83,8 @@ TEST_F(MatchJournalTest, AMatchIsPlayedAgainAndItsPagesCompared) {
   };
   EXPECT_NE(differs("option seed 7", "option seed 8").find("turn-000.html differs"),
             std::string::npos);
+  EXPECT_NE(differs("option game Wickwater", "option game Yawnwood").find("turn-000.html differs"),
+            std::string::npos);
   EXPECT_NE(differs("option turns 4", "option turns 3").find("has the result"), std::string::npos);
   EXPECT_NE(differs("option turns 4", "option turns 5").find("turn-005.html"), std::string::npos);
   const ReplayResult cut =
@@ -90,13 +95,17 @@ TEST_F(MatchJournalTest, AMatchIsPlayedAgainAndItsPagesCompared) {
 }
 
 TEST_F(MatchJournalTest, ASimulationIsPlayedAgainMatchByMatch) {
-  const std::string bytes = RecordedSimulation();
+  const std::string bytes = RecordedSimulation(false);
+  const std::string ofDecks = RecordedSimulation(true);
   std::filesystem::rename(root_ / "game", root_ / "moved");
   const std::string folder = (root_ / "moved").string();
   const ReplayResult same = ReplaySimulation(Read(bytes), Here(folder));
   EXPECT_EQ(same.Problem + same.Difference, "");
-  EXPECT_EQ(same.Events, 4) << "two opponents, each with and without changed seats";
+  EXPECT_EQ(same.Events, 4);
   EXPECT_EQ(same.Texts, 4);
+  EXPECT_EQ(ReplaySimulation(Read(ofDecks), Here(folder)).Difference, "");
+  const Journal ofOpponents = ReadChanged(ofDecks, "option decks 1", "option decks 0");
+  EXPECT_NE(ReplaySimulation(ofOpponents, Here(folder)).Difference, "");
 
   // The hash is the last field of a match: other pages than those of the journal.
   const std::size_t hash = bytes.find('\n', bytes.find("\nplayed ") + 1) - 16;
