@@ -121,7 +121,7 @@ TEST_F(MatchJournalTest, ASimulationIsPlayedAgainMatchByMatch) {
   EXPECT_EQ(cut.Events, 4);
   EXPECT_EQ(cut.Texts, 3);
 
-  for (const char* line : {"playing 99 0 0", "playing 0 2 0", "playing 0 0 2", "playing -1 0 0"}) {
+  for (const char* line : {"playing 99 0 0", "playing 0 2 0", "playing 0 0 4", "playing -1 0 0"}) {
     const Journal journal = ReadChanged(bytes, "playing 0 0 0", line);
     EXPECT_NE(ReplaySimulation(journal, Here(folder)).Problem, "") << line;
   }

@@ -99,7 +99,7 @@ class RecordedSession : public testing::Test {
       Do(decks, {.Control = "Command4(0)"});
       Do(decks, {.Control = "Command2"});
     });
-    Link("GAME:1:3");
+    Link("GAME:1:4");
     Do(TheMainWindow(), {.Kind = UserEventKind::kPress, .Control = "Picture2(1)", .Number = 0});
     desktop_->OnPump = [this] {
       desktop_->OnPump = nullptr;

@@ -38,7 +38,7 @@ TEST_F(SessionReplayTest, BeginsWithThePlayersOfTheJournal) {
   Record([this] { PlayAWhile(); });
   const std::string second = Record([this] {
     desktop_->ModalForms.emplace_back([this](Form& decks) { Do(decks, {.Control = "Command2"}); });
-    Link("GAME:1:3");
+    Link("GAME:1:4");
     TakeTurn();
   });
   fs::remove(root_ / "game/Ann_Wickwater.plr");
@@ -81,12 +81,12 @@ TEST_F(SessionReplayTest, NamesTheFilesThatAreNotThoseOfTheJournal) {
   const fs::path cards = root_ / "game/wickwater/WickwaterCards.txt";
   WriteBytes(cards, Replaced(ReadBytes(cards), "#TRAIT", "#TRAIT,NEW:1\n#TRAIT"));
   WriteBytes(root_ / "game/more.txt", "x");
-  fs::remove(root_ / "game/wickwater/4_Wick_Shop.txt");
+  fs::remove(root_ / "game/wickwater/8_Wick_Shop.txt");
   fs::remove(root_ / "game/art/gull-roost.jpg");
   EXPECT_NE(Replay(journal).Difference, "");
   EXPECT_EQ(fileDifferences_,
             (std::vector<std::string>{"more.txt is new", "wickwater/WickwaterCards.txt has changed",
-                                      "wickwater/4_Wick_Shop.txt is gone",
+                                      "wickwater/8_Wick_Shop.txt is gone",
                                       "other files came or went in art/"}));
 }
 
@@ -111,7 +111,7 @@ TEST_F(SessionReplayTest, AJournalThatWasCutOffReplaysUpToThere) {
 TEST_F(SessionReplayTest, NeedsNothingOfTheMachineItWasRecordedOn) {
   const fs::path other = root_ / "elsewhere";
   fs::create_directories(other);
-  fs::copy_file(root_ / "game/wickwater/2_Oona_Ebb.txt", other / "enemy.txt");
+  fs::copy_file(root_ / "game/wickwater/3_Oona_Ebb.txt", other / "enemy.txt");
   const std::string journal = Record(
       [&] {
         PlayAWhile();

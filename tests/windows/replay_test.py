@@ -11,7 +11,7 @@ import card_editor_test
 import harness
 from shipped_game import DECKS, TITLE
 
-CHEST, OONA = 2, 3
+CHEST, OONA = 2, 4
 CARDS = 31
 
 
