@@ -116,6 +116,8 @@ class CardImages(CardEditorTest):
             self.display.key("Home")
             self.display.type(part)
             self.display.key("Return")
+            # A click or a letter too soon would be the second of a double click, or of one search.
+            self.display.xdotool("sleep", 0.6)
         self.run_.wait_for("control", "CountLabel", "Pictures 1 to 20 of 30")
         self.keep("folder")
 
