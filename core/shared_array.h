@@ -23,7 +23,7 @@ class SharedArray {
     if (storage_ != nullptr) ++storage_->references;
   }
   SharedArray(SharedArray&& other) noexcept : storage_(std::exchange(other.storage_, nullptr)) {}
-  SharedArray& operator=(const SharedArray& other) noexcept {
+  SharedArray& operator=(const SharedArray& other) noexcept {  // NOLINT: itself has its storage
     if (storage_ == other.storage_) return *this;
     SharedArray copy(other);
     std::swap(storage_, copy.storage_);
