@@ -70,7 +70,7 @@ std::int32_t OwnerBitFor(int owner, std::int32_t present) {
 void InitCard(Card& card, int owner, int inPlay) {
   card.Slot = 0;
   card.Effects = SharedArray<CardEffect>(1);
-  card.Traits = SharedArray<Text>(1);
+  card.Traits.Reset(1);
   card.TraitCaptions = SharedArray<Text>(1);
   card.Initialised = 1;
   card.Owner = static_cast<std::uint8_t>(owner);

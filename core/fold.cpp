@@ -78,9 +78,21 @@ std::string FoldUpper(std::string_view text) {
   return upper;
 }
 
-bool FoldEquals(std::string_view a, std::string_view b) { return MatchFolded(a, b) == a.size(); }
+bool FoldEquals(std::string_view a, std::string_view b) {
+  return a == b || MatchFolded(a, b) == a.size();
+}
+
+bool IsFoldOf(std::string_view text, std::string_view other) {
+  const std::size_t shorter = std::min(text.size(), other.size());
+  for (std::size_t index = 0; index < shorter; ++index) {
+    if (!IsAscii(other[index])) return FoldUpper(other) == text;
+    if (text[index] != AsciiUpper(other[index])) return false;
+  }
+  return text.size() == other.size();
+}
 
 int FoldPrefixLength(std::string_view text, std::string_view prefix) {
+  if (text.starts_with(prefix)) return static_cast<int>(prefix.size());
   const std::size_t end = MatchFolded(text, prefix);
   return end == std::string_view::npos ? -1 : static_cast<int>(end);
 }

@@ -21,6 +21,9 @@ std::string FoldUpper(std::string_view text);
 /// True when both texts fold to the same; allocates nothing for ASCII.
 bool FoldEquals(std::string_view a, std::string_view b);
 
+/// True when text is exactly the other one in upper case; allocates nothing for ASCII.
+bool IsFoldOf(std::string_view text, std::string_view other);
+
 /// How many bytes of text fold to the prefix, folded; -1 when text does not begin with it.
 int FoldPrefixLength(std::string_view text, std::string_view prefix);
 

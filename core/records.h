@@ -9,6 +9,7 @@
 #include "core/shared_array.h"
 #include "core/table.h"
 #include "core/text.h"
+#include "core/trait_item.h"
 
 namespace brindlemoor {
 
@@ -56,7 +57,7 @@ struct Card {
   Text Picture;                     ///< file of the large image
   Text Thumb;                       ///< file of the thumbnail
   Text AuxText;                     ///< only the short card lines fill it; nothing depends on it
-  SharedArray<Text> Traits;         ///< "NAME:VALUE" or "NAME"; "" is a free item
+  SharedArray<TraitItem> Traits;    ///< "NAME:VALUE" or "NAME"; "" is a free item
   SharedArray<Text> TraitCaptions;  ///< parallel to Traits
   SharedArray<CardEffect> Effects;  ///< the card's actions
   Text Description;                 ///< HTML, placeholders expanded when shown
@@ -126,6 +127,7 @@ struct TraitGraphic {
 /// A name with a bit; its position is its bit number.
 struct TraitBitName {
   Text Name;
+  std::uint32_t Key = 0;  ///< of the name (core/trait_item.h)
 };
 
 /// A line of the profile list.

@@ -61,6 +61,8 @@ class SharedArray {
   void Resize(int count) {
     if (count != UpperBound()) Own().elements.resize(static_cast<std::size_t>(count));
   }
+  /// Makes the array count long and every element fresh.
+  void Reset(int count) { *this = SharedArray(count); }
   bool SharesStorageWith(const SharedArray& other) const noexcept {
     return storage_ == other.storage_;
   }

@@ -48,7 +48,7 @@ struct Session {
   Pile Sideboard;
   Pile TraitActions;  ///< cards of #TRAITACTION blocks
   Table<TraitGraphic> TraitGraphics;
-  Table<TraitBitName> TraitBitNames;
+  SharedArray<TraitBitName> TraitBitNames;
   std::array<std::vector<Hit>, 21> HitTable;  ///< by trigger code, 0 to 20
   std::array<std::uint64_t, 65> BitValues{};  ///< [i] = 2 to the power i-1, for i from 1
   Table<CustomStringRec> CustomStrings;

@@ -1,9 +1,11 @@
 // Text: an immutable, shared piece of UTF-8 text; copying one costs a pointer and a counter.
 #pragma once
 
+#include <algorithm>
 #include <concepts>
 #include <cstdint>
 #include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -13,8 +15,8 @@
 
 namespace brindlemoor {
 
-/// Something that is worked out once from a text and kept with it, such as the parsed form of a
-/// script. Two texts never share an attachment unless they share their storage.
+/// Something that is worked out once from a text and kept with it. There is one such form, the
+/// parsed form of a script (script/parsed_script.h), and it takes for granted that it is the only one.
 class TextAttachment {
  public:
   virtual ~TextAttachment() = default;
@@ -27,9 +29,7 @@ class Text {
   Text() noexcept = default;
   Text(const char* text) : Text(std::string_view(text)) {}         // NOLINT: meant to convert
   Text(const std::string& text) : Text(std::string_view(text)) {}  // NOLINT: meant to convert
-  Text(std::string&& text)                                         // NOLINT: meant to convert
-      : rep_(text.empty() ? nullptr : new Rep(std::move(text))) {}
-  Text(std::string_view text) : rep_(text.empty() ? nullptr : new Rep(text)) {}  // NOLINT
+  Text(std::string_view text) : Text(JoinedPieces{}, text) {}      // NOLINT: meant to convert
   Text(const Text& other) noexcept : rep_(other.rep_) {
     if (rep_ != nullptr) ++rep_->references;
   }
@@ -47,13 +47,19 @@ class Text {
     return *this;
   }
   ~Text() {
-    if (rep_ != nullptr && --rep_->references == 0) delete rep_;
+    if (rep_ != nullptr && --rep_->references == 0) Delete(rep_);
+  }
+
+  /// The pieces one after the other, put together where they will stay.
+  template <class... Pieces>
+  static Text Of(const Pieces&... pieces) {
+    return Text(JoinedPieces{}, std::string_view(pieces)...);
   }
 
   bool empty() const noexcept { return rep_ == nullptr; }
-  std::size_t size() const noexcept { return View().size(); }
+  std::size_t size() const noexcept { return rep_ != nullptr ? rep_->size : 0; }
   std::string_view View() const noexcept {
-    return rep_ != nullptr ? std::string_view(rep_->characters) : std::string_view();
+    return rep_ != nullptr ? std::string_view(rep_->Characters(), rep_->size) : std::string_view();
   }
   std::string Str() const { return std::string(View()); }
   operator std::string_view() const noexcept { return View(); }  // NOLINT: meant to convert
@@ -81,13 +87,28 @@ class Text {
   }
 
  private:
+  /// The head of the storage; the characters follow it in the same piece of memory.
   struct Rep {
-    explicit Rep(std::string_view text) : characters(text) {}
-    explicit Rep(std::string&& text) : characters(std::move(text)) {}
     std::uint32_t references = 1;
-    std::string characters;
-    std::unique_ptr<TextAttachment> attachment;
+    std::size_t size = 0;
+    std::unique_ptr<TextAttachment> attachment{};
+    char* Characters() noexcept { return reinterpret_cast<char*>(this + 1); }
   };
+  struct JoinedPieces {};
+
+  template <class... Pieces>
+  explicit Text(JoinedPieces, Pieces... pieces) {
+    const std::size_t size = (pieces.size() + ...);
+    if (size == 0) return;
+    rep_ = new (::operator new(sizeof(Rep) + size)) Rep{.size = size};
+    char* end = rep_->Characters();
+    ((end = std::copy(pieces.begin(), pieces.end(), end)), ...);
+  }
+  static void Delete(Rep* rep) noexcept {
+    rep->~Rep();
+    ::operator delete(rep);
+  }
+
   Rep* rep_ = nullptr;
 };
 

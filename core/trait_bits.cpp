@@ -9,14 +9,16 @@ namespace brindlemoor {
 TraitBit TraitBitFor(std::string_view name) {
   name = FieldAt(name, 1, ':');
   if (name.empty()) return {};
-  Table<TraitBitName>& names = State().TraitBitNames;
+  auto& names = State().TraitBitNames;
+  const std::uint32_t key = TraitKey(name);
   int position = 1;
-  while (names.Holds(position) && !names[position].Name.empty() && names[position].Name != name) {
+  for (const TraitBitName& known : names) {
+    if (known.Name.empty() || (known.Key == key && known.Name == name)) break;
     ++position;
   }
   if (position > limits::kTraitBitNames) return {};
   if (!names.Holds(position)) names.Resize(position);
-  if (names[position].Name.empty()) names[position].Name = name;
+  if (names[position].Name.empty()) names.Edit(position) = {name, key};
   // Words count by 32 and bits by 31, so two names may share a bit: a pre-filter can live with it.
   const int remainder = position % 31;
   const auto bit = static_cast<std::size_t>(remainder == 0 ? 31 : remainder);

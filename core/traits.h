@@ -4,22 +4,25 @@
 #include <string_view>
 
 #include "core/records.h"
+#include "core/trait_item.h"
 #include "core/value.h"
 
 namespace brindlemoor {
 
 /// Value of a trait, bonus included: "NONE" on a dead card, "" for a trait the card has not, 1 for
 /// a trait without a value. The name folds case. "#ANY#" reads 1 on any live card.
-Value GetTrait(const Card& card, std::string_view name);
+Value GetTrait(const Card& card, const TraitName& name);
 
 /// NumericPrefix of GetTrait.
-double TraitNumber(const Card& card, std::string_view name);
+double TraitNumber(const Card& card, const TraitName& name);
 
-/// True when the card, or the script as an action trait, has the trait. Folds case.
-bool HasTrait(const Card& card, std::string_view name, std::string_view script);
+/// True when the card has the trait. Folds case.
+bool HasTrait(const Card& card, const TraitName& name);
+/// True when the card has the trait or the script declares it, in upper case, as the action's own.
+bool HasTrait(const Card& card, const TraitName& name, const Text& script);
 
 /// Item number of the trait, 0 if there is none. Folds case.
-int TraitSlot(const Card& card, std::string_view name);
+int TraitSlot(const Card& card, const TraitName& name);
 
 /// Writes a trait; with keepActions 0 the trait's actions come with it. Writing the value that is
 /// there does nothing at all.
@@ -32,13 +35,6 @@ void ModTrait(Card& card, std::string_view name, double& amount, Card& other, in
 
 /// Removes every item of exactly this name, its captions and the actions that it brought.
 void RemoveTrait(Card& card, std::string_view name);
-
-/// The value of "TRAIT:name:value" in a script, "NONE" if there is none (exact case). What stands
-/// behind ADDEFFECT is not looked at.
-std::string_view ScriptTraitValue(std::string_view script, std::string_view name);
-
-/// True when a field of the script, before the first empty one, is exactly this text.
-bool ScriptHasField(std::string_view script, std::string_view text);
 
 /// Where a trait name's bit lies. Word is -1 when the name has none (more than 240 names).
 struct TraitBit {

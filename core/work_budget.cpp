@@ -35,10 +35,7 @@ WorkAccount::~WorkAccount() {
       "a script of \"", work.StoppedCard, "\" that took the last step."));
 }
 
-void SpendWork(std::int64_t steps) noexcept {
-  State().Work.Done += steps;
-  State().Work.Total += steps;
-}
+void SpendWork(std::int64_t steps) noexcept { State().Work.Spend(steps); }
 
 void SpendWorkOnText(std::size_t bytes) noexcept {
   SpendWork(static_cast<std::int64_t>(bytes / kBytesOfStep));
@@ -48,10 +45,7 @@ void SpendWorkOnSearch(std::size_t items) noexcept {
   SpendWork(static_cast<std::int64_t>(items / kItemsOfStep));
 }
 
-bool WorkIsSpent() noexcept {
-  const WorkBudget& work = State().Work;
-  return work.Accounts > 0 && work.Done >= (work.Limit > 0 ? work.Limit : limits::kStepsOfTurn);
-}
+bool WorkIsSpent() noexcept { return State().Work.IsSpent(); }
 
 bool StopsForWork(const Card& acting) {
   if (!WorkIsSpent()) return false;

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+#include "core/limits.h"
+
 namespace brindlemoor {
 
 struct Card;
@@ -19,6 +21,14 @@ struct WorkBudget {
   std::int64_t Most = 0;      ///< the most that an account took
   int Accounts = 0;           ///< WorkAccount objects that exist
   std::string StoppedCard{};  ///< whose script was ended first in this account, "" for none
+
+  void Spend(std::int64_t steps) noexcept {
+    Done += steps;
+    Total += steps;
+  }
+  bool IsSpent() const noexcept {
+    return Accounts > 0 && Done >= (Limit > 0 ? Limit : limits::kStepsOfTurn);
+  }
 };
 
 /// While one exists, work is counted together: a turn, the judging of a hand, a single run. One

@@ -36,14 +36,14 @@ std::uint8_t ByteOf(std::string_view text) {
 void DropBonusBase(Card& card, std::string_view text) {
   const std::string_view name = FieldAt(text, 1, ':');
   const int base = TraitSlot(card, name);
-  if (base == 0 || FieldAt(card.Traits[base], 2, ':') != "BONUS" ||
-      !HasTrait(card, Joined("BONUS", name), "")) {
+  if (base == 0 || card.Traits[base].Value() != "BONUS" ||
+      !HasTrait(card, Joined("BONUS", name))) {
     return;
   }
   const int last = card.Traits.UpperBound();
   card.TraitCaptions.Resize(last);
   for (int item = base; item < last; ++item) {
-    card.Traits.Edit(item) = Text(card.Traits[item + 1]);
+    card.Traits.Edit(item) = TraitItem(card.Traits[item + 1]);
     card.TraitCaptions.Edit(item) = Text(card.TraitCaptions[item + 1]);
   }
   card.Traits.Edit(last) = Text();

@@ -57,7 +57,7 @@ void WriteTraits(std::string& out, const Card& card) {
 void WriteCaptions(std::string& out, const Card& card) {
   for (int item = 1; item <= card.TraitCaptions.UpperBound(); ++item) {
     const Text& caption = card.TraitCaptions[item];
-    const std::string_view trait = FieldAt(card.Traits[item], 1, ':');
+    const std::string_view trait = card.Traits[item].Name();
     if (caption.empty() || trait.empty()) continue;
     out += Joined("#TRAITACTIONDESC, ", PlainField(ReplacedCopy(trait, "\"", "&quot")), ", ",
                   QuotedField(caption), kLineEnd);

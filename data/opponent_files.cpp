@@ -20,7 +20,7 @@ constexpr std::string_view kPortrait = "#PLAYERCARD";
 /// The first card of a deck that is a player card, nullptr when there is none.
 const Card* PlayerCardOf(const Pile& cards) {
   for (const Card& card : cards) {
-    if (!IsFree(card) && HasTrait(card, "PLAYER", "")) return &card;
+    if (!IsFree(card) && HasTrait(card, "PLAYER")) return &card;
   }
   return nullptr;
 }

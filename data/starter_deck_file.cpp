@@ -43,7 +43,7 @@ std::vector<Copies> DifferentCards(const Pile& deck) {
 std::string Portrait(const std::vector<Copies>& cards, std::string_view deckName) {
   const Card* model = cards.front().Model;
   for (const Copies& copies : cards) {
-    if (HasTrait(*copies.Model, "PLAYER", "")) {
+    if (HasTrait(*copies.Model, "PLAYER")) {
       model = copies.Model;
       break;
     }

@@ -245,10 +245,10 @@ void CardEdit::Command8_Click() {
   constexpr std::string_view kTrait = "CHARACTER";
   constexpr std::string_view kTurnEnd = "TURNEND";
   for (Card& card : State().Collection) {
-    if (HasTrait(card, kTrait, "")) card.ActivateOn = kTurnEnd;
+    if (HasTrait(card, kTrait)) card.ActivateOn = kTurnEnd;
   }
   // The edited card is stored again later: it must not undo the change.
-  if (CurrentIndex > 0 && HasTrait(State().EditCard, kTrait, "")) {
+  if (CurrentIndex > 0 && HasTrait(State().EditCard, kTrait)) {
     State().EditCard.ActivateOn = kTurnEnd;
   }
   UpdateCard();

@@ -16,11 +16,11 @@ namespace {
 constexpr int kMinute = 60000;  // milliseconds
 
 /// A table of the session, which may be changed until the end of the scope.
-template <class Element>
+template <class Array>
 class Borrowed {
  public:
-  explicit Borrowed(Table<Element>& table) : table_(table) {
-    Table<Element> copy = table;
+  explicit Borrowed(Array& table) : table_(table) {
+    Array copy = table;
     original_ = std::exchange(table, std::move(copy));
   }
   ~Borrowed() { table_ = std::move(original_); }
@@ -28,8 +28,8 @@ class Borrowed {
   Borrowed& operator=(const Borrowed&) = delete;
 
  private:
-  Table<Element>& table_;
-  Table<Element> original_;
+  Array& table_;
+  Array original_;
 };
 
 }  // namespace

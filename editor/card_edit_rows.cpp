@@ -10,6 +10,7 @@
 #include "core/strings.h"
 #include "core/traits.h"
 #include "editor/card_edit.h"
+#include "script/parsed_script.h"
 #include "script/target_types.h"
 
 namespace brindlemoor {
@@ -20,13 +21,13 @@ constexpr double kUniqueNumbers = 10000;
 
 /// The trait that brought an action, "NONE" for the card's own.
 std::string_view BringerOf(const CardEffect& effect) {
-  return ScriptTraitValue(effect.Script, "TRAITEFFECT");
+  return ParsedScript::Of(effect.Script).DeclaredTrait("TRAITEFFECT");
 }
 bool IsBrought(const CardEffect& effect) { return BringerOf(effect) != "NONE"; }
 
 bool StillBrought(const Card& card, const CardEffect& effect) {
   const std::string_view bringer = BringerOf(effect);
-  return bringer == "#ALL#" || HasTrait(card, bringer, "");
+  return bringer == "#ALL#" || HasTrait(card, bringer);
 }
 
 TraitRow TraitRowOf(const Text& item) {
@@ -34,7 +35,7 @@ TraitRow TraitRowOf(const Text& item) {
 }
 
 CaptionRow CaptionRowOf(const Card& card, int item) {
-  return {std::string(FieldAt(card.Traits[item], 1, ':')), card.TraitCaptions[item].Str()};
+  return {std::string(card.Traits[item].Name()), card.TraitCaptions[item].Str()};
 }
 
 /// An action with its trigger and target in their long forms. Free records and what traits brought
@@ -67,7 +68,7 @@ int AddTrait(Card& card, const Text& item, const Text& caption) {
 }
 
 bool IsCalled(const Card& card, int item, std::string_view name) {
-  return FoldEquals(FieldAt(card.Traits[item], 1, ':'), name);
+  return FoldEquals(card.Traits[item].Name(), name);
 }
 
 /// The only trait of a name; 0 if there is none or more than one.
@@ -109,7 +110,7 @@ void PlaceCaptions(const CaptionTable& rows, const FixedTable<int, kCardRows>& i
 void AddBonusBases(Card& card) {
   constexpr std::string_view kBonus = "BONUS";
   for (int item = 1; item <= card.Traits.UpperBound(); ++item) {
-    const std::string name(FieldAt(card.Traits[item], 1, ':'));
+    const std::string name(card.Traits[item].Name());
     const int prefix = FoldPrefixLength(name, kBonus);
     if (prefix < 0) continue;
     const std::string base = name.substr(static_cast<std::size_t>(prefix));
@@ -235,7 +236,7 @@ void CardEdit::BuildTraits(Card& result) const {
     const bool unchanged = trait == TraitRowOf(edited.Traits[row]);
     const std::string item =
         trait.Value.empty() ? trait.Name : Joined(trait.Name, ":", trait.Value);
-    itemOfRow[row] = AddTrait(result, unchanged ? edited.Traits[row] : Text(item), "");
+    itemOfRow[row] = AddTrait(result, unchanged ? Text(edited.Traits[row]) : Text(item), "");
   }
   for (int item = kRows + 1; item <= edited.Traits.UpperBound(); ++item) {
     if (edited.Traits[item].empty()) continue;

@@ -38,8 +38,8 @@ void ModifyCost(Card& work, int mode) {
   }
 }
 
-bool IsBonusTrait(std::string_view item) {
-  return FieldAt(item, 2, ':') == "BONUS" || FoldStartsWith(item, "BONUS");
+bool IsBonusTrait(const TraitItem& item) {
+  return item.Value() == "BONUS" || FoldStartsWith(item.View(), "BONUS");
 }
 
 void ExpireBonusTraits(Card& card) {

@@ -122,7 +122,7 @@ void RefreshCard(Card& card) {
   const Card& master = State().MasterCards[slot];
   if (IsFree(master)) return;
   if (!card.UniqueID.empty() && master.UniqueID == card.UniqueID &&
-      master.SourceFile == card.SourceFile && !HasTrait(card, "NOMRP", "")) {
+      master.SourceFile == card.SourceFile && !HasTrait(card, "NOMRP")) {
     TakeDefinition(card, master);
   }
   // A card without a unique ID takes over everything, the owner too.

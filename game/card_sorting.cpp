@@ -30,7 +30,7 @@ Value KeyOf(const Card& card, std::string_view kind, std::string_view trait) {
   if (kind == "EMPTY") return IsFree(card) ? 0 : 1;
   const bool unchanged = kind == "TRAIT";
   const std::string_view name = unchanged ? trait : kind;
-  if (name.empty() || !HasTrait(card, name, "")) return kLast;
+  if (name.empty() || !HasTrait(card, name)) return kLast;
   const Value value = GetTrait(card, name);
   return unchanged ? value : Value(value.Number());
 }

@@ -69,7 +69,7 @@ bool Breaks(const RuleKind& kind, const Card& card, int deckNo, const Wording& r
   const std::string_view uniqueId = kind.SameCard ? card.UniqueID.View() : std::string_view();
   const double total = DeckTraitSum(rule.Trait, deckNo, uniqueId) + TraitNumber(card, rule.Trait);
   const double limit = NumericPrefix(rule.Limit);
-  return isLimit ? total > limit && !HasTrait(card, "UNLIMITED", "") : limit > total;
+  return isLimit ? total > limit && !HasTrait(card, "UNLIMITED") : limit > total;
 }
 
 }  // namespace

@@ -111,7 +111,7 @@ bool ChooseDeck() {
 /// A card that begins in play leaves the draw pile for the table.
 void BringIntoPlay(PlayerState& player, int position) {
   const Card card = player.Deck[position];
-  const bool isPlayer = HasTrait(card, "PLAYER", "");
+  const bool isPlayer = HasTrait(card, "PLAYER");
   FreeCard(player.Deck[position]);
   const int slot = AddToTable(card);
   if (!isPlayer || slot == 0) return;
@@ -175,7 +175,7 @@ void BringInStartingCards() {
     for (int position = 1; position <= last && player.Deck.Holds(position); ++position) {
       const Card& card = player.Deck[position];
       if (IsFree(card)) continue;
-      if (HasTrait(card, "STARTSINPLAY", "") || HasTrait(card, "PLAYER", "")) {
+      if (HasTrait(card, "STARTSINPLAY") || HasTrait(card, "PLAYER")) {
         BringIntoPlay(player, position);
       }
     }

@@ -46,7 +46,7 @@ void TraitIs(Scene& scene, WordReader& line) {
   const std::string value = any ? "" : line.Take("a value");
   if (!line.Ends()) return;
   const std::string what = Joined("trait ", trait, " of ", card->Name);
-  if (!HasTrait(*card, trait, "")) {
+  if (!HasTrait(*card, trait)) {
     ExpectTrue(scene, false, what, Joined("it is not there; it has \"", TraitsOf(*card), "\""));
   } else if (any) {
     ExpectTrue(scene, true, what, "");
@@ -61,7 +61,7 @@ void TraitIsNot(Scene& scene, WordReader& line) {
   do {
     const std::string trait = line.Take("a trait");
     if (!line.Good()) return;
-    ExpectTrue(scene, !HasTrait(*card, trait, ""), Joined("no trait ", trait, " of ", card->Name),
+    ExpectTrue(scene, !HasTrait(*card, trait), Joined("no trait ", trait, " of ", card->Name),
                Joined("it has \"", TraitsOf(*card), "\""));
   } while (!line.AtEnd());
 }
@@ -169,7 +169,7 @@ void CardsHaving(Scene& scene, WordReader& line) {
   if (!line.Ends()) return;
   std::string found;
   for (const Card& card : State().CardTable) {
-    if (IsFree(card) || !HasTrait(card, trait, "")) continue;
+    if (IsFree(card) || !HasTrait(card, trait)) continue;
     found += Joined(found.empty() ? "" : " ", card.Name);
   }
   ExpectEqual(scene, Joined("cards in play with ", trait), names, found);

@@ -28,7 +28,7 @@ constexpr std::size_t kHandles = 20000;
 void GiveTrait(Card& card, std::string_view trait) {
   const Text changed = card.ChangedTraits;
   const std::string_view name = FieldAt(trait, 1, ':');
-  if (HasTrait(card, name, "")) {
+  if (HasTrait(card, name)) {
     SetTrait(card, name, trait.substr(std::min(name.size() + 1, trait.size())), 1);
   } else {
     SetTrait(card, trait, "", 1);  // as card files write it

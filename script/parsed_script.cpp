@@ -3,8 +3,10 @@
 
 #include <algorithm>
 
+#include "core/fold.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "core/trait_item.h"
 #include "script/command_table.h"
 
 namespace brindlemoor {
@@ -17,6 +19,7 @@ constexpr std::size_t kKeptTailBytes = 2048;
 ParsedScript::FieldRow RowOf(std::string_view field) {
   ParsedScript::FieldRow row;
   row.Text = field;
+  row.Key = TraitKey(field);
   row.AiMarked = field.starts_with("AI");
   row.Row = FindCommand(row.AiMarked ? field.substr(2) : field);
   return row;
@@ -47,6 +50,21 @@ std::string_view ParsedScript::DeclaredTrait(std::string_view name) const noexce
   return "NONE";
 }
 
+bool ParsedScript::DeclaresFolded(std::string_view name) const noexcept {
+  for (const auto& [declared, value] : declared_) {
+    if (IsFoldOf(declared, name)) return value != "NONE";
+  }
+  return false;
+}
+
+bool ParsedScript::HasField(std::string_view text) const noexcept {
+  for (const FieldRow& field : fields_) {
+    if (field.Text.empty()) return false;
+    if (field.Text == text) return true;
+  }
+  return false;
+}
+
 const ParsedScript::FieldRow& ParsedScript::RowAt(int n) const noexcept {
   static const FieldRow missing;
   return n >= 1 && n <= FieldCount() ? fields_[static_cast<std::size_t>(n) - 1] : missing;
@@ -75,7 +93,7 @@ Text ParsedScript::Tail(int n) const {
 const ParsedScript& ParsedScript::Of(const Text& script) {
   static const ParsedScript empty{std::string_view()};
   if (script.empty()) return empty;
-  if (const auto* parsed = dynamic_cast<const ParsedScript*>(script.Attachment())) return *parsed;
+  if (const auto* parsed = static_cast<const ParsedScript*>(script.Attachment())) return *parsed;
   auto parsed = std::make_unique<ParsedScript>(script.View());
   const ParsedScript& form = *parsed;
   script.Attach(std::move(parsed));

@@ -1,6 +1,7 @@
 // ParsedScript: a script split once, with the command of each field looked up.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -18,6 +19,7 @@ class ParsedScript final : public TextAttachment {
   struct FieldRow {
     std::string_view Text;
     const Command* Row = nullptr;  ///< nullptr for a word that is no command
+    std::uint32_t Key = 0;         ///< of the text as a trait's name (core/trait_item.h)
     bool AiMarked = false;         ///< the word without its "AI" prefix is looked up
   };
 
@@ -32,9 +34,14 @@ class ParsedScript final : public TextAttachment {
   Text Tail(int n) const;
   /// Bytes of Tail(n), without making it.
   std::size_t TailSize(int n) const noexcept;
-  /// The value of "TRAIT:name:value" in the script, "NONE" if there is none; the same answer as
-  /// ScriptTraitValue.
+  /// The value of "TRAIT:name:value" in the script, "NONE" if there is none (exact case). What
+  /// stands behind ADDEFFECT is not looked at.
   std::string_view DeclaredTrait(std::string_view name) const noexcept;
+  /// True when the first declared trait whose name is this one in upper case has another value than
+  /// "NONE".
+  bool DeclaresFolded(std::string_view name) const noexcept;
+  /// True when a field of the script, before the first empty one, is exactly this text.
+  bool HasField(std::string_view text) const noexcept;
   /// True when the script lends its run the trait "NOCOUNTERS".
   bool DeclaresNoCounters() const noexcept { return DeclaredTrait("NOCOUNTERS") != "NONE"; }
   /// True when one of the commands may show the run's card pictures.

@@ -43,16 +43,16 @@ struct RequirementRow {
 // Traits. An action that is answered can lend its own traits, except to REQMYTRAIT.
 
 /// A trait without a name, from a missing argument, is one that no card has.
-bool HasNamed(const Card& card, std::string_view name, std::string_view script) {
-  return !name.empty() && HasTrait(card, name, script);
+bool HasNamed(const Card& card, const TraitName& name, const Text& script) {
+  return !name.View().empty() && HasTrait(card, name, script);
 }
 bool Has(Run& run, const Card& card) {
-  return HasNamed(card, run.Argument(1), run.Options.IncomingScript);
+  return HasNamed(card, run.TraitArgument(1), run.Options.IncomingScript);
 }
-bool HasOwn(Run& run, const Card& card) { return HasNamed(card, run.Argument(1), ""); }
+bool HasOwn(Run& run, const Card& card) { return HasNamed(card, run.TraitArgument(1), Text()); }
 bool HasNot(Run& run, const Card& card) { return !Has(run, card); }
 
-double TraitOf(Run& run, const Card& card) { return TraitNumber(card, run.Argument(1)); }
+double TraitOf(Run& run, const Card& card) { return TraitNumber(card, run.TraitArgument(1)); }
 
 /// The trait less the value. Both may roll dice: the trait is read first.
 double Surplus(Run& run, const Card& card) {
@@ -89,11 +89,11 @@ std::string WantedText(Run& run, bool expand) {
 }
 bool IsText(Run& run, const Card& card) {
   const std::string wanted = WantedText(run, true);
-  return FoldEquals(GetTrait(card, run.Argument(1)).Print(), wanted);
+  return FoldEquals(GetTrait(card, run.TraitArgument(1)).Print(), wanted);
 }
 bool IsPlainText(Run& run, const Card& card) {
   const std::string wanted = WantedText(run, false);
-  return FoldEquals(GetTrait(card, run.Argument(1)).Print(), wanted);
+  return FoldEquals(GetTrait(card, run.TraitArgument(1)).Print(), wanted);
 }
 
 // Names.
@@ -115,7 +115,7 @@ bool IsNotPlayers(Run&, const Card& card) { return card.Owner != 1; }
 // The action that is answered.
 
 bool ActionHas(Run& run, const Card&) {
-  return ScriptHasField(run.Options.IncomingScript, run.Argument(1));
+  return ParsedScript::Of(run.Options.IncomingScript).HasField(run.Argument(1));
 }
 bool ActionHasNot(Run& run, const Card& card) { return !ActionHas(run, card); }
 bool AmountAtLeast(Run& run, const Card&) { return run.Amount >= run.Evaluated(1).Number(); }

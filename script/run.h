@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/records.h"
+#include "core/trait_item.h"
 #include "core/value.h"
 #include "script/command_table.h"
 #include "script/parsed_script.h"
@@ -59,6 +60,11 @@ struct Run {
   void Show(std::string_view html);
   /// Argument number n (1-based) of the command being walked, "" when it is missing.
   std::string_view Argument(int n) const { return Fields.Field(Position + n); }
+  /// The argument as the name of a trait.
+  TraitName TraitArgument(int n) const {
+    const ParsedScript::FieldRow& field = Fields.RowAt(Position + n);
+    return {field.Text, field.Key};
+  }
   /// The argument evaluated with the run's cards.
   Value Evaluated(int n) const;
   /// Everything from argument n on, as a script of its own.

@@ -49,7 +49,8 @@ std::optional<int> Refusal(const Session& session, const Card& source, const Car
                            const RunOptions& options) {
   if (session.RunDepth >= limits::kNestedRuns) return kRunNothing;
   if (target.Name.empty()) return kRunFailed;
-  if (session.GameOver != 0 || StopsForWork(source)) return kRunNothing;
+  if (session.GameOver != 0) return kRunNothing;
+  if (session.Work.IsSpent() && StopsForWork(source)) return kRunNothing;
   const bool mustBeInPlay = options.CostMode == -1 && options.TestRun == 0;
   if (mustBeInPlay && (target.InPlay == 0 || source.InPlay == 0)) return kRunFailed;
   return std::nullopt;
@@ -96,7 +97,6 @@ Step StepOfTest(InTest test) {
 
 /// Carries out the field at the position.
 Step CarryOut(Run& run, const ParsedScript::FieldRow& field) {
-  SpendWork(1);
   run.AiMarked = field.AiMarked;
   if (field.Row == nullptr) {
     ReportUnknownWord(run, field.AiMarked ? field.Text.substr(2) : field.Text);
@@ -111,7 +111,8 @@ bool Walk(Run& run) {
   Session& session = State();
   while (true) {
     const ParsedScript::FieldRow& field = run.Fields.RowAt(run.Position);
-    if (field.Text.empty() || StopsForWork(run.Source)) return true;
+    if (field.Text.empty()) return true;
+    if (session.Work.IsSpent() && StopsForWork(run.Source)) return true;
     if (session.CancelState == 1) {
       if (run.NoCounters != 1) {
         ++run.FailCount;
@@ -119,6 +120,7 @@ bool Walk(Run& run) {
       }
       session.CancelState = 0;
     }
+    session.Work.Spend(1);
     switch (CarryOut(run, field)) {
       case Step::kNext:
         run.Position += 1 + field.Row->Arguments;
@@ -138,8 +140,9 @@ bool Walk(Run& run) {
 
 int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& options) {
   Session& session = State();
-  const WorkAccount account;
-  SpendWork(1);
+  std::optional<WorkAccount> account;
+  if (session.Work.Accounts == 0) account.emplace();
+  session.Work.Spend(1);
   double freshAmount = 0;
   double& amount = options.Amount != nullptr ? *options.Amount : freshAmount;
   ClearSharedState(session, amount);

@@ -31,7 +31,7 @@ bool SwitchedOff(const Card& card, const Card& giver) {
 /// True when the card got actions.
 bool Merge(Card& card, const Card& giver) {
   const bool forAll = giver.Name == kEveryCard;
-  if (!forAll && !HasTrait(card, giver.Name, "")) return false;
+  if (!forAll && !HasTrait(card, giver.Name)) return false;
   SpendWorkOnSearch(static_cast<std::size_t>(card.Effects.UpperBound()));
   if (AlreadyMerged(card, giver)) return false;
   if (!forAll && SwitchedOff(card, giver)) return false;

@@ -87,15 +87,17 @@ Step ModSourceOwnerTrait(Run& run) {
 }
 
 Step Subtract(Run& run, Card& card, bool gainsToo) {
-  const std::string_view trait = run.Argument(1);
+  const TraitName trait = run.TraitArgument(1);
   double value = run.Evaluated(2).Number();
-  if (PaysCost(run) && value > TraitNumber(card, trait)) return LeaveInsufficient(run, trait);
+  if (PaysCost(run) && value > TraitNumber(card, trait)) {
+    return LeaveInsufficient(run, trait.View());
+  }
   if (value < 0 && !gainsToo) value = 0;
-  if (value != 0 && !HasTrait(card, trait, "")) {
+  if (value != 0 && !HasTrait(card, trait)) {
     ++run.SoftFailCount;
     return Step::kNext;
   }
-  Change(run, card, trait, 0 - value);
+  Change(run, card, trait.View(), 0 - value);
   ++run.AppliedCount;
   return Step::kNext;
 }
@@ -105,7 +107,7 @@ Step SubSourceTrait(Run& run) { return Subtract(run, run.Source, true); }
 
 Step AddToTrait(Run& run) {
   const std::string_view trait = run.Argument(1);
-  if (HasTrait(run.Target, trait, "")) {
+  if (HasTrait(run.Target, trait)) {
     Change(run, run.Target, trait, run.Evaluated(2).Number());
   } else {
     ++run.SoftFailCount;
@@ -151,7 +153,7 @@ Step SetSourceOwnerTrait(Run& run) { return SetOnOwner(run, OwnerCard(run.Source
 
 Step RemoveFrom(Run& run, Card& card) {
   const std::string_view trait = run.Argument(1);
-  if (HasTrait(card, trait, "")) {
+  if (HasTrait(card, trait)) {
     RemoveTrait(card, trait);
     ++run.AppliedCount;
   } else {

@@ -207,7 +207,7 @@ void EnterPlay(Card& card) {
   if (card.InPlay == 1) return;
   card.InPlay = 1;
   FireTrigger(session.RulesCard, "OTHERENTERSPLAY", card.Slot);
-  if (HasTrait(card, "PLAYER", "") && session.Players.Holds(card.Owner)) {
+  if (HasTrait(card, "PLAYER") && session.Players.Holds(card.Owner)) {
     session.Players[card.Owner].PlayerCard = card.Slot;
   }
   FireHit(kOtherEntersPlay, card.Slot);

@@ -45,7 +45,7 @@ bool TakeOwnerWord(Evaluation& evaluation, std::string_view field) {
 
 bool CountsCard(const Card& card, int owner, std::string_view required) {
   if (owner > 0 && card.Owner != owner) return false;
-  return required.empty() || HasTrait(card, required, "");
+  return required.empty() || HasTrait(card, required);
 }
 
 /// Number of cards with a trait, or the total of its values, where a word or 0 counts as 1.

@@ -76,7 +76,7 @@ std::string PlayerTable(const PlayerState& player) {
   int column = 0;
   for (int slot = 1; slot <= table.UpperBound(); ++slot) {
     Card& card = table[slot];
-    if (IsFree(card) || card.Owner != player.PlayerNo || HasTrait(card, "INVISIBLE", "")) continue;
+    if (IsFree(card) || card.Owner != player.PlayerNo || HasTrait(card, "INVISIBLE")) continue;
     if (column % kCardsPerRow == 0) html += "<tr>";
     html += CardCell(card, shade);
     if (++column % kCardsPerRow == 0) html += "</tr>";

@@ -142,7 +142,7 @@ bool CardSearch::TakeCondition(std::string_view& text) {
 }
 
 bool CardSearch::Fulfils(const Card& card, const Condition& condition) {
-  if (!HasTrait(card, condition.Trait, "")) return false;
+  if (!HasTrait(card, condition.Trait)) return false;
   if (condition.Holds == nullptr) {
     return FoldEquals(GetTrait(card, condition.Trait).Print(), condition.Wanted);
   }

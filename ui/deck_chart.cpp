@@ -33,7 +33,7 @@ DeckValues ValuesOf(const Pile& deck, const std::vector<std::string_view>& trait
     bool has = false;
     double value = 0;
     for (const std::string_view trait : traits) {
-      if (!HasTrait(card, trait, "")) continue;
+      if (!HasTrait(card, trait)) continue;
       has = true;
       value = std::clamp(value + TraitNumber(card, trait), -kLargest, kLargest);
     }

@@ -39,7 +39,7 @@ std::string AskCardFile(const FileDialogRequest& request) {
 /// The name of the deck's player card, "" when it has none.
 std::string PlayerCardName(const Pile& deck) {
   for (const Card& card : deck) {
-    if (!IsFree(card) && HasTrait(card, "PLAYER", "")) return card.Name.Str();
+    if (!IsFree(card) && HasTrait(card, "PLAYER")) return card.Name.Str();
   }
   return "";
 }

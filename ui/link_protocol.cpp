@@ -83,7 +83,7 @@ void CardClicked(int slot) {
 
 bool IsStore(const Card& card) {
   const auto sells = [](const CardEffect& effect) { return effect.MenuState == kMenuAction; };
-  return card.Owner == 0 && card.InPlay == 1 && HasTrait(card, "STORE", "") &&
+  return card.Owner == 0 && card.InPlay == 1 && HasTrait(card, "STORE") &&
          std::any_of(card.Effects.begin(), card.Effects.end(), sells);
 }
 

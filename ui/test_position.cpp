@@ -46,7 +46,7 @@ void ReadRules(const std::string& path) {
 void ClearTable() {
   Pile& table = State().CardTable;
   for (Card& card : table) {
-    if (!IsFree(card) && !HasTrait(card, "PLAYER", "")) FreeCard(card);
+    if (!IsFree(card) && !HasTrait(card, "PLAYER")) FreeCard(card);
   }
   for (int slot = 1; slot <= table.UpperBound(); ++slot) KillCard(table[slot]);
 }
@@ -71,7 +71,7 @@ void BringIntoPlay(const Pile& cards, int side) {
     Card entering = card;
     entering.Owner = static_cast<std::uint8_t>(side);
     const int slot = AddToTable(entering);
-    if (slot == 0 || !HasTrait(entering, "PLAYER", "")) continue;
+    if (slot == 0 || !HasTrait(entering, "PLAYER")) continue;
     State().Players[side].Color = State().CardTable[slot].NameColor;
   }
 }

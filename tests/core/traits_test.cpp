@@ -59,8 +59,8 @@ TEST_F(TraitsTest, ReadsValuesBonusesAndBareTraits) {
 
 TEST_F(TraitsTest, HasTraitSeesItemsAndTheScriptsOwnTraits) {
   const Card card = MakeCard("Goblin", 1, {"FLYING:0", "HP:5"});
-  for (const char* name : {"flying", "HP"}) EXPECT_TRUE(HasTrait(card, name, "")) << name;
-  for (const char* name : {"FLY", "FLYINGS"}) EXPECT_FALSE(HasTrait(card, name, "")) << name;
+  for (const char* name : {"flying", "HP"}) EXPECT_TRUE(HasTrait(card, name)) << name;
+  for (const char* name : {"FLY", "FLYINGS"}) EXPECT_FALSE(HasTrait(card, name)) << name;
   const std::pair<const char*, bool> cases[] = {
       {"TRAIT:BITE:1:DESTROY", true},   {"TRAIT:bite:1:DESTROY", false},
       {"REQALLY:TRAIT:BITE:1", true},   {"ADDEFFECT:TRAIT:BITE:1", false},

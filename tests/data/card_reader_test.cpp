@@ -154,7 +154,7 @@ TEST_F(CardReaderTest, LocationsSendCardsToTheirPiles) {
         {"actions", &s.TraitActions}};
     std::string found;
     const auto look = [&found](std::string_view name, const Card& card) {
-      if (card.Name == "Troll" && HasTrait(card, "HP", ""))
+      if (card.Name == "Troll" && HasTrait(card, "HP"))
         found += Joined(name, " ", int{card.Owner}, int{card.InPlay});
     };
     for (const auto& [name, pile] : piles) look(name, (*pile)[pile->UpperBound()]);
@@ -252,8 +252,8 @@ TEST_F(CardReaderTest, BadInputIsSkippedWithAProblem) {
     EXPECT_EQ(Problems(), problem);
     const bool open = problem.find("never closed") != std::string::npos;
     ASSERT_EQ(CardsOf(Deck()), open ? "2 A, " : "2 A, 3 Z, ");
-    EXPECT_FALSE(HasTrait(Deck()[2], "K", "")) << "a left-out card's lines go with it";
-    EXPECT_TRUE(open || HasTrait(Deck()[3], "HP", ""));
+    EXPECT_FALSE(HasTrait(Deck()[2], "K")) << "a left-out card's lines go with it";
+    EXPECT_TRUE(open || HasTrait(Deck()[3], "HP"));
     for (const DeckRec& deck : State().Decks) EXPECT_EQ(CardsOf(deck.Cards), "");
   }
   desktop_->ExpectedMessages = {

@@ -68,10 +68,10 @@ TEST_F(CardPlayTest, RulesAndCardsChangePrices) {
   EXPECT_EQ(PayCost(card, 1), 0) << "cards change prices of both sides, in play or not";
   EXPECT_EQ(PayCost(card, 0), 0);
   EXPECT_EQ(Mana(), 3);
-  EXPECT_FALSE(HasTrait(tax, "TAXED", "")) << "a copy of the card acts";
+  EXPECT_FALSE(HasTrait(tax, "TAXED")) << "a copy of the card acts";
   FreeCard(tax);
   EXPECT_EQ(PayCost(card, 1), -1);
-  EXPECT_FALSE(HasTrait(card, "PRICE", ""));
+  EXPECT_FALSE(HasTrait(card, "PRICE"));
 }
 
 TEST_F(CardPlayTest, OnlyAPaymentSaysWhatItTook) {

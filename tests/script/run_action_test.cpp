@@ -27,7 +27,7 @@ TEST_F(RunActionTest, RefusedRunsDoNothing) {
       Card target = bob;
       prepare(source, target);
       EXPECT_EQ(RunOn(source, target, "SETTRAIT:SEEN:1", form), expected) << name;
-      EXPECT_EQ(HasTrait(target, "SEEN", ""), expected == 2) << name;
+      EXPECT_EQ(HasTrait(target, "SEEN"), expected == 2) << name;
       State().RunDepth = 0;
       State().GameOver = 0;
     }

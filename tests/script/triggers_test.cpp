@@ -47,7 +47,7 @@ TEST_F(TriggersTest, AStoredTargetOutsideThePilesIsNone) {
     marker.Effects.Edit(1).ChosenTarget = chosen;
     marker.Effects.Edit(1).PickedPile = pile;
     FireTrigger(marker, "PHASE1");
-    EXPECT_FALSE(HasTrait(stored, "HIT", "") || HasTrait(packed, "HIT", "")) << chosen;
+    EXPECT_FALSE(HasTrait(stored, "HIT") || HasTrait(packed, "HIT")) << chosen;
   }
 }
 

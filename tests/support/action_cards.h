@@ -32,7 +32,7 @@ inline int GiveAction(Card& card, std::string_view trigger, std::string_view tar
 inline std::string NamesWith(std::string_view trait) {
   std::string names;
   for (const Card& card : State().CardTable) {
-    if (IsFree(card) || !HasTrait(card, trait, "")) continue;
+    if (IsFree(card) || !HasTrait(card, trait)) continue;
     names += (names.empty() ? "" : " ") + card.Name.Str();
   }
   return names;

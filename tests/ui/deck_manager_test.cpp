@@ -190,7 +190,7 @@ TEST_F(DeckManagerTest, ThePreviewShowsTheCardAsItWillEnterPlay) {
   const std::string& page = desktop_->Pages["WB"];
   EXPECT_NE(page.find("<img src=\"/game/elf.jpg\"></img><br><p><font"), std::string::npos) << page;
   EXPECT_NE(page.find("An elf."), std::string::npos);
-  EXPECT_FALSE(HasTrait(State().Collection[1], "AGE", ""));
+  EXPECT_FALSE(HasTrait(State().Collection[1], "AGE"));
   EXPECT_EQ(State().PhaseBanner, "said before");
   const std::size_t shown = desktop_->Navigations.size();
   form_.CollectPic[0]->MouseMove();
