@@ -48,7 +48,9 @@ void AppendPage(std::string_view text) {
 
 void WritePage(std::string_view file, std::string_view /*color*/) {
   std::string& page = State().PageText;
-  page = WithBreaks(CutAtBound(page, limits::kPageBytes));
+  if (page.size() > limits::kPageBytes || page.find("\r\n") != std::string::npos) {
+    page = WithBreaks(CutAtBound(page, limits::kPageBytes));
+  }
   const std::string bytes =
       Joined("<HTML>\r\n", kBodyLine, "\r\n", page, "\r\n", "</body></HTML>\r\n");
   const std::string problem = Desktop().Files().Write(InProgramFolder(file), bytes);

@@ -23,15 +23,14 @@ std::string InFolder(std::string_view folder, std::string_view name) {
   return folder.ends_with('/') ? Joined(folder, name) : Joined(folder, "/", name);
 }
 
-std::string ParentFolder(std::string_view folder) {
+std::string_view ParentFolder(std::string_view folder) {
   const std::size_t separator = folder.rfind('/');
-  return separator == std::string_view::npos || separator == 0
-             ? "/"
-             : std::string(folder.substr(0, separator));
+  return separator == std::string_view::npos || separator == 0 ? "/" : folder.substr(0, separator);
 }
 
 /// True when the folder holds the file, whose path is filled in in any case.
 bool Holds(std::string_view folder, std::string_view name, std::string& path) {
+  path.reserve(folder.size() + 1 + name.size());
   path.assign(folder);
   if (!folder.ends_with('/')) path += '/';
   path += name;
@@ -52,11 +51,10 @@ std::string FindInAnyCase(const std::vector<std::string>& folders, std::string_v
 /// Searches the program's folder, its parent and then its subfolders.
 std::string FindFile(std::string_view name) {
   const std::string& program = State().ProgramFolder;
-  std::vector<std::string> folders = {program, ParentFolder(program)};
+  const std::string_view parent = ParentFolder(program);
   std::string path;
-  for (const std::string& folder : folders) {
-    if (Holds(folder, name, path)) return path;
-  }
+  if (Holds(program, name, path) || Holds(parent, name, path)) return path;
+  std::vector<std::string> folders = {program, std::string(parent)};
   for (const std::string& subfolder : Desktop().Files().ListFolders(program)) {
     folders.push_back(InFolder(program, subfolder));
     if (Holds(folders.back(), name, path)) return path;
@@ -67,6 +65,7 @@ std::string FindFile(std::string_view name) {
 }  // namespace
 
 std::string& FileNameOnly(std::string& path) {
+  if (path.find_first_of("/\\") == std::string::npos) return path;
   const std::string walked = WithForwardSlashes(path);
   FieldWalker components(walked, '/');
   std::string_view last = components.Next();

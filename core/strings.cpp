@@ -31,6 +31,7 @@ std::string LongDelimiterField(std::string_view text, int n, std::string_view de
 std::string ReplacedInOnePass(std::string_view text, std::string_view search,
                               std::string_view replacement, std::size_t longest) {
   std::string out;
+  out.reserve(text.size() + replacement.size());
   std::size_t position = 0;
   while (true) {
     const std::size_t found = text.find(search, position);
@@ -43,6 +44,14 @@ std::string ReplacedInOnePass(std::string_view text, std::string_view search,
     position = found + search.size();
   }
   return out.append(text.substr(position));
+}
+
+/// True when no replacement can be part of another place that holds the search text, so that one
+/// pass does what starting again does.
+bool NeverMeetsAgain(std::string_view search, std::string_view replacement) {
+  if (search.size() == 1) return replacement.find(search.front()) == std::string_view::npos;
+  return !replacement.empty() && search.find(replacement.front()) == std::string_view::npos &&
+         replacement.find(search.front()) == std::string_view::npos;
 }
 
 /// Replaces as if the search began anew after each replacement. Characters pass one by one into the
@@ -147,6 +156,11 @@ std::string_view FieldWalker::Next() noexcept {
 std::string& ReplaceAll(std::string& text, std::string_view search, std::string_view replacement) {
   if (search.empty() || text.find(search) == std::string::npos) return text;
   const std::size_t longest = std::max<std::size_t>(limits::kTextBytes, text.size() * 4);
+  const std::size_t mostReplacements = text.size() / search.size();
+  if (mostReplacements < limits::kReplacements && NeverMeetsAgain(search, replacement) &&
+      text.size() + mostReplacements * replacement.size() <= longest) {
+    return text = ReplacedInOnePass(text, search, replacement, longest);
+  }
   text = replacement.find(search) == std::string_view::npos
              ? ReplacedWithRescan(text, search, replacement, longest)
              : ReplacedInOnePass(text, search, replacement, longest);

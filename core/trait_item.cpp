@@ -25,6 +25,10 @@ std::string_view TraitItem::Name() const noexcept { return View().substr(0, View
 std::string_view TraitItem::Value() const noexcept { return FieldAt(View(), 2, ':'); }
 
 bool TraitItem::FoldsLike(std::string_view item, std::string_view name) noexcept {
+  if (item.starts_with(name)) {
+    const bool whole = item.size() == name.size() || item[name.size()] == ':';
+    return whole && name.find(':') == std::string_view::npos;
+  }
   for (std::size_t index = 0; index < name.size(); ++index) {
     if (index == item.size() || name[index] == ':') return false;
     if (!IsAscii(item[index]) || !IsAscii(name[index])) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -60,15 +61,27 @@ const CustomStringRec* FindCustomString(std::string_view key) {
 }
 
 void ExpandCustomStrings(std::string& text) {
+  const Table<CustomStringRec>& entries = State().CustomStrings;
   for (int pass = 1; pass <= kCustomStringPasses; ++pass) {
-    SpendWorkOnSearch(static_cast<std::size_t>(State().CustomStrings.UpperBound()));
-    for (const CustomStringRec& entry : State().CustomStrings) {
+    SpendWorkOnSearch(static_cast<std::size_t>(entries.UpperBound()));
+    for (const CustomStringRec& entry : entries) {
       if (WorkIsSpent()) return;
       SpendWorkOnText(text.size());
       if (entry.Key.empty() || text.find(entry.Key) == std::string::npos) continue;
       Fill(text, entry.Key, CustomStringPick(entry.Key));
     }
   }
+}
+
+/// The characters that follow a "$" in a text, as bits 0 to 31 of their codes: what says that a mark
+/// is not there says so for sure.
+std::uint32_t LettersOfMarks(std::string_view text) {
+  std::uint32_t letters = 0;
+  for (std::size_t at = text.find('$'); at < text.size() - 1 && at != std::string_view::npos;
+       at = text.find('$', at + 1)) {
+    letters |= 1U << (static_cast<unsigned char>(text[at + 1]) % 32U);
+  }
+  return letters;
 }
 
 // Fields between two "#".
@@ -267,9 +280,14 @@ void ExpandMessage(Card& source, Card& target, std::string& text, std::string_vi
   if (text.find_first_of("$#&") == std::string::npos) return;
   ExpandHashFields(source, target, text);
   const MessageCards cards{source, target, sourcePicture, targetPicture};
+  std::uint32_t letters = LettersOfMarks(text);
   for (const Placeholder& row : kPlaceholders) {
-    if (text.find(row.Mark) == std::string::npos) continue;
-    if (const Replacement replacement = row.Make(cards)) Fill(text, row.Mark, *replacement);
+    const bool mayBe = row.Mark.front() != '$' || (letters >> (row.Mark[1] % 32U) & 1U) != 0;
+    if (!mayBe || text.find(row.Mark) == std::string::npos) continue;
+    if (const Replacement replacement = row.Make(cards)) {
+      Fill(text, row.Mark, *replacement);
+      letters = LettersOfMarks(text);
+    }
   }
 }
 

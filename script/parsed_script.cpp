@@ -41,6 +41,8 @@ ParsedScript::ParsedScript(std::string_view script) : script_(script) {
     // The value is walked as a word, too: it may be another TRAIT.
     declared_.emplace_back(name, FieldWalker(fields).Next());
   }
+  bringer_ = DeclaredTrait("TRAITEFFECT");
+  declaresNoCounters_ = DeclaredTrait("NOCOUNTERS") != "NONE";
 }
 
 std::string_view ParsedScript::DeclaredTrait(std::string_view name) const noexcept {

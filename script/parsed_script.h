@@ -42,8 +42,10 @@ class ParsedScript final : public TextAttachment {
   bool DeclaresFolded(std::string_view name) const noexcept;
   /// True when a field of the script, before the first empty one, is exactly this text.
   bool HasField(std::string_view text) const noexcept;
+  /// The value of the declared trait "TRAITEFFECT": the trait that brought the action, or "NONE".
+  std::string_view Bringer() const noexcept { return bringer_; }
   /// True when the script lends its run the trait "NOCOUNTERS".
-  bool DeclaresNoCounters() const noexcept { return DeclaredTrait("NOCOUNTERS") != "NONE"; }
+  bool DeclaresNoCounters() const noexcept { return declaresNoCounters_; }
   /// True when one of the commands may show the run's card pictures.
   bool WantsPictures() const noexcept { return wantsPictures_; }
 
@@ -54,6 +56,8 @@ class ParsedScript final : public TextAttachment {
   std::string_view script_;
   std::vector<FieldRow> fields_;
   bool wantsPictures_ = false;
+  bool declaresNoCounters_ = false;
+  std::string_view bringer_ = "NONE";
   std::vector<std::pair<std::string_view, std::string_view>> declared_;  ///< name and value
   mutable std::vector<std::pair<int, Text>> tails_;
 };

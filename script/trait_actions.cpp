@@ -14,7 +14,7 @@ constexpr std::string_view kNone = "NONE";
 constexpr std::string_view kEveryCard = "#ALL#";
 
 std::string_view BringerOf(const CardEffect& effect) {
-  return ParsedScript::Of(effect.Script).DeclaredTrait("TRAITEFFECT");
+  return ParsedScript::Of(effect.Script).Bringer();
 }
 
 bool AlreadyMerged(const Card& card, const Card& giver) {
