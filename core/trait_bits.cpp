@@ -1,24 +1,25 @@
 // The bits of trait names.
 #include "core/limits.h"
 #include "core/state.h"
-#include "core/strings.h"
 #include "core/traits.h"
 
 namespace brindlemoor {
 
 TraitBit TraitBitFor(std::string_view name) {
-  name = FieldAt(name, 1, ':');
-  if (name.empty()) return {};
+  return TraitBitOf(name.substr(0, name.find(':')));
+}
+
+TraitBit TraitBitOf(const TraitName& name) {
+  if (name.View().empty()) return {};
   auto& names = State().TraitBitNames;
-  const std::uint32_t key = TraitKey(name);
   int position = 1;
   for (const TraitBitName& known : names) {
-    if (known.Name.empty() || (known.Key == key && known.Name == name)) break;
+    if (known.Name.empty() || (known.Key == name.Key() && known.Name == name.View())) break;
     ++position;
   }
   if (position > limits::kTraitBitNames) return {};
   if (!names.Holds(position)) names.Resize(position);
-  if (names[position].Name.empty()) names.Edit(position) = {name, key};
+  if (names[position].Name.empty()) names.Edit(position) = {name.View(), name.Key()};
   // Words count by 32 and bits by 31, so two names may share a bit: a pre-filter can live with it.
   const int remainder = position % 31;
   const auto bit = static_cast<std::size_t>(remainder == 0 ? 31 : remainder);

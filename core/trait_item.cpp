@@ -10,9 +10,11 @@ namespace brindlemoor {
 
 TraitItem::TraitItem(Text text) : text_(std::move(text)) {
   if (text_.empty()) return;
+  nameSize_ = static_cast<std::uint32_t>(std::min(View().find(':'), View().size()));
   const std::string_view name = Name();
-  const std::string_view value = Value();
-  if (!value.empty()) number_ = NumericPrefix(value);
+  const std::string_view rest = View().substr(std::min(name.size() + 1, View().size()));
+  // The number ends before the ":" of a further field by itself.
+  if (!rest.empty() && rest.front() != ':') number_ = NumericPrefix(rest);
   key_ = TraitKey(name);
   const int bonus = FoldPrefixLength(name, "BONUS");
   if (bonus <= 0) return;
@@ -20,23 +22,6 @@ TraitItem::TraitItem(Text text) : text_(std::move(text)) {
   bonusKey_ = TraitKey(name.substr(bonusSize_));
 }
 
-std::string_view TraitItem::Name() const noexcept { return View().substr(0, View().find(':')); }
-
 std::string_view TraitItem::Value() const noexcept { return FieldAt(View(), 2, ':'); }
-
-bool TraitItem::FoldsLike(std::string_view item, std::string_view name) noexcept {
-  if (item.starts_with(name)) {
-    const bool whole = item.size() == name.size() || item[name.size()] == ':';
-    return whole && name.find(':') == std::string_view::npos;
-  }
-  for (std::size_t index = 0; index < name.size(); ++index) {
-    if (index == item.size() || name[index] == ':') return false;
-    if (!IsAscii(item[index]) || !IsAscii(name[index])) {
-      return FoldEquals(item.substr(0, item.find(':')), name);
-    }
-    if (AsciiUpper(item[index]) != AsciiUpper(name[index])) return false;
-  }
-  return item.size() == name.size() || item[name.size()] == ':';
-}
 
 }  // namespace brindlemoor

@@ -101,22 +101,33 @@ void AddBonusBase(Card& card, std::string_view name, int keepActions) {
   if (!base.empty() && !HasTrait(card, base)) SetTrait(card, base, kBonus, keepActions);
 }
 
-/// True for the trigger of a reaction to changes of the trait.
-bool AnswersChange(std::string_view trigger, std::string_view name) {
-  const int prefix = RareFoldPrefix(trigger, kBeforeChange);
-  return prefix > 0 && FoldEquals(trigger.substr(static_cast<std::size_t>(prefix)), name);
+/// The number of the first action from there on that reacts to changes of the trait, 0 for none.
+int ReactionFrom(int first, const Card& card, std::string_view name) {
+  int number = first - 1;
+  for (const CardEffect* effect = card.Effects.begin() + number; effect != card.Effects.end();
+       ++effect) {
+    ++number;
+    if (effect->Trigger.size() <= kBeforeChange.size()) continue;  // folding never adds bytes
+    const std::string_view trigger = effect->Trigger;
+    const int prefix = RareFoldPrefix(trigger, kBeforeChange);
+    if (prefix < 0) continue;
+    if (FoldEquals(trigger.substr(static_cast<std::size_t>(prefix)), name)) return number;
+  }
+  return 0;
 }
 
 /// Lets the BEFORETRAITCHANGE reactions see a change. False when one of them cancelled it.
 bool OfferChange(Card& card, std::string_view name, double& amount, Card& other, int testRun,
                  const Text& script) {
-  SpendWorkOnSearch(static_cast<std::size_t>(card.Effects.UpperBound()));
+  State().Work.SpendOnSearch(static_cast<std::size_t>(card.Effects.UpperBound()));
+  int index = ReactionFrom(1, card, name);
+  if (index == 0) return true;
   RunOptions options;
   options.TestRun = testRun;
   options.Amount = &amount;
   options.IncomingScript = script;
-  for (int index = 1; index <= card.Effects.UpperBound(); ++index) {
-    if (!AnswersChange(card.Effects[index].Trigger, name)) continue;
+  for (; index != 0;
+       index = index < card.Effects.UpperBound() ? ReactionFrom(index + 1, card, name) : 0) {
     RunAction(card, other, index, options);
     if (State().CancelState != 0) return false;
   }
@@ -182,32 +193,33 @@ int TraitSlot(const Card& card, const TraitName& name) {
 }
 
 void SetTrait(Card& card, std::string_view name, const Value& value, int keepActions) {
-  if (name == "HP") State().HpReport = 1;
-  SpendWorkOnSearch(static_cast<std::size_t>(card.Traits.UpperBound()));
+  Session& state = State();
+  if (name == "HP") state.HpReport = 1;
+  state.Work.SpendOnSearch(static_cast<std::size_t>(card.Traits.UpperBound()));
   const int item = ItemToWrite(card, name);
   if (item == 0) return;
   const std::string full(name);  // the caller's name may lie in a text that is replaced here
   const std::string printed = value.Str();
-  const std::string_view present = card.Traits[item].View();
-  if (present.starts_with(full)) {
-    const std::string_view rest = present.substr(full.size());
-    if (rest.empty() ? printed.empty() : rest.front() == ':' && rest.substr(1) == printed) return;
-  }
-  card.Traits.Edit(item) = printed.empty() ? Text(full) : Text::Of(full, ":", printed);
+  TraitItem changed(printed.empty() ? Text(full) : Text::Of(full, ":", printed));
+  const Text& present = card.Traits[item];
+  const bool sameWithColon = printed.empty() && present == Joined(full, ":");
+  if (present == changed.View() || sameWithColon) return;
+  const std::size_t nameSize = changed.Name().size();
+  card.Traits.Edit(item) = std::move(changed);
   if (card.ChangedTraits.size() + full.size() < limits::kChangedTraitBytes) {
-    SpendWorkOnText(card.ChangedTraits.size());
+    state.Work.SpendOnText(card.ChangedTraits.size());
     card.ChangedTraits = Text::Of(card.ChangedTraits, full, ":");
   } else {
     limits::ReportLimit("Too many changed traits of a card wait: one is not told of.");
   }
 
   // Files write a trait with its value as the name; from here on the name alone counts.
-  const std::string_view bare = FieldAt(full, 1, ':');
-  const TraitBit bit = TraitBitFor(bare);
+  const std::string_view bare = std::string_view(full).substr(0, nameSize);
+  const TraitBit bit = TraitBitOf(bare);
   if (bit.Word != -1) card.TraitBits[bit.Word] |= bit.BitValue;
   AddBonusBase(card, bare, keepActions);
   card.TraitActionsApplied = 0;
-  if (keepActions == 0 && State().TraitActionsPaused == 0) ApplyTraitActions(card, bare);
+  if (keepActions == 0 && state.TraitActionsPaused == 0) ApplyTraitActions(card, bare);
 }
 
 void ModTrait(Card& card, std::string_view name, double& amount, Card& other, int testRun,
@@ -229,7 +241,7 @@ void RemoveTrait(Card& card, std::string_view name) {
     if (card.TraitCaptions.Holds(item)) card.TraitCaptions.Edit(item) = Text();
   }
   const std::string_view bare = FieldAt(own, 1, ':');
-  const TraitBit bit = TraitBitFor(bare);
+  const TraitBit bit = TraitBitOf(bare);
   if (bit.Word != -1) card.TraitBits[bit.Word] &= ~bit.BitValue;
   RemoveTraitEffects(card, bare);
   card.TraitActionsApplied = 0;

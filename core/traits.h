@@ -43,5 +43,7 @@ struct TraitBit {
 };
 /// The bit of a trait name (cut at its first ":"), allocated when the name is first met.
 TraitBit TraitBitFor(std::string_view name);
+/// The same for a name without a ":".
+TraitBit TraitBitOf(const TraitName& name);
 
 }  // namespace brindlemoor

@@ -9,14 +9,6 @@
 
 namespace brindlemoor {
 
-namespace {
-
-// What takes about as long as a command does.
-constexpr std::size_t kBytesOfStep = 256;
-constexpr std::size_t kItemsOfStep = 16;
-
-}  // namespace
-
 WorkAccount::WorkAccount() {
   WorkBudget& work = State().Work;
   if (work.Accounts++ > 0) return;
@@ -37,13 +29,9 @@ WorkAccount::~WorkAccount() {
 
 void SpendWork(std::int64_t steps) noexcept { State().Work.Spend(steps); }
 
-void SpendWorkOnText(std::size_t bytes) noexcept {
-  SpendWork(static_cast<std::int64_t>(bytes / kBytesOfStep));
-}
+void SpendWorkOnText(std::size_t bytes) noexcept { State().Work.SpendOnText(bytes); }
 
-void SpendWorkOnSearch(std::size_t items) noexcept {
-  SpendWork(static_cast<std::int64_t>(items / kItemsOfStep));
-}
+void SpendWorkOnSearch(std::size_t items) noexcept { State().Work.SpendOnSearch(items); }
 
 bool WorkIsSpent() noexcept { return State().Work.IsSpent(); }
 

@@ -26,6 +26,16 @@ struct WorkBudget {
     Done += steps;
     Total += steps;
   }
+  /// For work on a text of so many bytes; what takes about as long as a command is a step.
+  void SpendOnText(std::size_t bytes) noexcept {
+    constexpr std::size_t kBytesOfStep = 256;
+    Spend(static_cast<std::int64_t>(bytes / kBytesOfStep));
+  }
+  /// For a look through so many items of a list.
+  void SpendOnSearch(std::size_t items) noexcept {
+    constexpr std::size_t kItemsOfStep = 16;
+    Spend(static_cast<std::int64_t>(items / kItemsOfStep));
+  }
   bool IsSpent() const noexcept {
     return Accounts > 0 && Done >= (Limit > 0 ? Limit : limits::kStepsOfTurn);
   }

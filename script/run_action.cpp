@@ -140,8 +140,6 @@ bool Walk(Run& run) {
 
 int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& options) {
   Session& session = State();
-  std::optional<WorkAccount> account;
-  if (session.Work.Accounts == 0) account.emplace();
   session.Work.Spend(1);
   double freshAmount = 0;
   double& amount = options.Amount != nullptr ? *options.Amount : freshAmount;
@@ -152,6 +150,7 @@ int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& opt
     return kRunFailed;
   }
 
+  const WorkAccount account;
   ++session.RunDepth;
   const Text script =
       options.ScriptOverride.empty() ? source.Effects[effectIndex].Script : options.ScriptOverride;

@@ -20,7 +20,7 @@ enum ExitCodes : int {
   kWrongUsage = 2,  ///< of the command line, or what was named could not be read
 };
 
-struct Command {
+struct ToolCommand {
   std::string_view Name;
   std::string_view Usage;
   std::string_view Summary;

@@ -9,7 +9,7 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::array<Command, 7> kCommands = {{
+constexpr std::array<ToolCommand, 7> kCommands = {{
     {"check", "check FOLDER|FILE... [--json] [--codes]",
      "Says what is wrong in card files, and where. --codes lists the kinds of findings.", RunCheck},
     {"scenario", "scenario FILE|FOLDER... [--words]",
@@ -36,7 +36,7 @@ constexpr std::array<Command, 7> kCommands = {{
 
 void PrintHelp() {
   std::cout << "brindle plays and checks card games on the terminal.\n\n";
-  for (const Command& command : kCommands) {
+  for (const ToolCommand& command : kCommands) {
     std::cout << "  brindle " << command.Usage << "\n      " << command.Summary << '\n';
   }
   std::cout << "  brindle --help\n      Shows this.\n";
@@ -51,7 +51,7 @@ int Run(Arguments arguments) {
     PrintHelp();
     return kSuccess;
   }
-  for (const Command& command : kCommands) {
+  for (const ToolCommand& command : kCommands) {
     if (command.Name == arguments[0]) return command.Run(arguments.subspan(1));
   }
   return WrongUsage("unknown command ", arguments[0]);

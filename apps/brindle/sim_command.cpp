@@ -5,7 +5,7 @@
 #include "apps/brindle/commands.h"
 #include "apps/brindle/jobs.h"
 #include "apps/brindle/output_file.h"
-#include "apps/brindle/progress_bar.h"
+#include "apps/brindle/progress_line.h"
 #include "apps/brindle/report_output.h"
 #include "core/state.h"
 #include "journal/journal_writer.h"
@@ -99,7 +99,7 @@ int CheckOptions(const SimOptions& options, const std::vector<std::string>& fold
 /// Every job plays its part of the matches and answers with its sums.
 std::string PlayAll(const SimulationSetup& setup, int jobs, Stage& stage, Totals& totals,
                     MatchObserver* observer) {
-  ProgressBar bar(setup.OwnMatches(), "matches");
+  ProgressLine bar(setup.OwnMatches(), "matches");
   const JobWork work = [&](int job, const std::function<void()>& played) -> JobAnswer {
     TotalsFile part{setup, {}};
     std::string problem = PlayMatches(setup, {job, jobs}, stage, part.Sums, played, observer);

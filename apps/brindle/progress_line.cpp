@@ -1,5 +1,5 @@
 // A progress bar with an estimate, on terminals only.
-#include "apps/brindle/progress_bar.h"
+#include "apps/brindle/progress_line.h"
 
 #include <cmath>
 #include <iostream>
@@ -24,14 +24,14 @@ std::string TimeText(double seconds) {
 
 }  // namespace
 
-ProgressBar::ProgressBar(std::int64_t all, std::string_view what)
+ProgressLine::ProgressLine(std::int64_t all, std::string_view what)
     : all_(all), what_(what), shows_(::isatty(STDERR_FILENO) == 1) {}
 
-ProgressBar::~ProgressBar() {
+ProgressLine::~ProgressLine() {
   if (shows_) std::cerr << "\r\x1b[K" << std::flush;
 }
 
-void ProgressBar::Add(std::int64_t more) {
+void ProgressLine::Add(std::int64_t more) {
   done_ += more;
   if (!shows_) return;
   const Clock::time_point now = Clock::now();
@@ -40,7 +40,7 @@ void ProgressBar::Add(std::int64_t more) {
   Draw(std::chrono::duration<double>(now - start_).count());
 }
 
-void ProgressBar::Draw(double seconds) const {
+void ProgressLine::Draw(double seconds) const {
   const double part = all_ > 0 ? static_cast<double>(done_) / static_cast<double>(all_) : 0;
   const auto filled = static_cast<std::size_t>(part * kCells);
   std::string line =

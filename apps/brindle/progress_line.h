@@ -8,12 +8,12 @@
 namespace brindlemoor {
 
 /// Drawn on the standard error output while that is a terminal; gone at the end of its scope.
-class ProgressBar {
+class ProgressLine {
  public:
-  ProgressBar(std::int64_t all, std::string_view what);
-  ProgressBar(const ProgressBar&) = delete;
-  ProgressBar& operator=(const ProgressBar&) = delete;
-  ~ProgressBar();
+  ProgressLine(std::int64_t all, std::string_view what);
+  ProgressLine(const ProgressLine&) = delete;
+  ProgressLine& operator=(const ProgressLine&) = delete;
+  ~ProgressLine();
 
   void Add(std::int64_t more);
 
