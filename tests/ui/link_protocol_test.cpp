@@ -85,6 +85,10 @@ TEST_F(LinkProtocolTest, ALinkThatTheProgramDoesNotShowIsNoCommand) {
                   " ", int{goblin_->Effects[1].MenuState}, " ", desktop_->Navigations.size());
   };
   TheMainWindow().Links = {.Cards = {222}, .DescribedCard = 222};
+  State().Games.Reset(1);
+  State().Games[1].OpponentFiles.Reset(1);
+  State().Games[1].OpponentFiles[1] = "opponent.txt";
+  desktop_->AcceptMessages = true;  // of a match that would begin
   const std::string before = state();
   for (const char* url : {"CARD111", "file:///game/CARD111", "GAME:1:1", "game:1:1"}) {
     EXPECT_TRUE(WB_BeforeNavigate(url)) << url;
@@ -108,6 +112,13 @@ TEST_F(LinkProtocolTest, OnlyMenuActionsCanBeArmed) {
   }
   EXPECT_EQ(int{goblin_->Effects[ordinary].MenuState}, int{kOrdinaryAction});
   EXPECT_EQ(int{goblin_->Effects[1].MenuState}, int{kMenuAction});
+
+  while (goblin_->Effects.UpperBound() < 257) {
+    GiveAction(*goblin_, "MENU:PHASE1:Heal", "TARGETCARD", "MODTRAIT:HP:1");
+  }
+  CardDescWB_BeforeNavigate("MENUACTION:111:257");
+  WB_BeforeNavigate("CARD222");
+  EXPECT_EQ(int{goblin_->Effects[1].MenuState}, int{kMenuAction}) << "257 is not taken for 1";
 }
 
 /// The texts on such a page may imitate what the page before it offered.
@@ -154,6 +165,9 @@ TEST_F(LinkProtocolTest, WhatTheProgramShowsCanBeClicked) {
   EXPECT_EQ(int{goblin_->Effects[1].MenuState}, int{kArmedMenuAction});
   ShowCardDescription(*ogre_, 1);
   EXPECT_EQ(links.DescribedCard, 0) << "the enemy's menu is not shown";
+  SetTrait(*goblin_, "INVISIBLE", "", 0);
+  TakeTurn(1);
+  EXPECT_TRUE(links.Cards.empty()) << "what the report before showed is no longer there";
   ShowGameList();
   EXPECT_TRUE(links.Games);
   EXPECT_TRUE(links.Cards.empty());
