@@ -1,6 +1,7 @@
 // Composing, writing and showing page files.
 #include "core/pages.h"
 
+#include "core/fold.h"
 #include "core/limits.h"
 #include "core/paths.h"
 #include "core/state.h"
@@ -38,6 +39,28 @@ std::string WithBreaks(std::string_view text) {
   }
 }
 
+/// A base tag in the text of a card would lead the program's own links on the page elsewhere. With
+/// a mark behind its name it is a tag that no browser knows; everything else stays as it is.
+std::string WithoutBaseTags(std::string_view text) {
+  constexpr std::string_view kName = "base";
+  constexpr std::string_view kNameEnds = " \t\n\f\r/>";
+  std::string out;
+  out.reserve(text.size());
+  for (std::size_t tag = text.find('<'); tag != std::string_view::npos; tag = text.find('<')) {
+    out += text.substr(0, tag + 1);
+    text.remove_prefix(tag + 1);
+    if (text.size() <= kName.size() || !FoldEquals(text.substr(0, kName.size()), kName) ||
+        kNameEnds.find(text[kName.size()]) == std::string_view::npos) {
+      continue;
+    }
+    out += text.substr(0, kName.size());
+    out += '-';
+    text.remove_prefix(kName.size());
+  }
+  out += text;
+  return out;
+}
+
 }  // namespace
 
 void AppendPage(std::string_view text) {
@@ -51,6 +74,7 @@ void WritePage(std::string_view file, std::string_view /*color*/) {
   if (page.size() > limits::kPageBytes || page.find("\r\n") != std::string::npos) {
     page = WithBreaks(CutAtBound(page, limits::kPageBytes));
   }
+  page = WithoutBaseTags(std::move(page));
   const std::string bytes =
       Joined("<HTML>\r\n", kBodyLine, "\r\n", page, "\r\n", "</body></HTML>\r\n");
   const std::string problem = Desktop().Files().Write(InProgramFolder(file), bytes);

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <string>
+
 #include "core/limits.h"
 #include "core/state.h"
 
@@ -48,6 +51,33 @@ TEST(ReplaceAllTest, SearchesItsOwnResultAgain) {
   for (const auto& [text, search, replacement, result] : cases) {
     EXPECT_EQ(ReplacedCopy(text, search, replacement), result) << text << ": " << search;
   }
+}
+
+TEST(ReplaceAllTest, DoesWhatStartingAgainDoes) {
+  std::mt19937 random(1);
+  const auto text = [&random](std::size_t longest) {
+    std::string made(random() % (longest + 1), 'a');
+    for (char& character : made) character = "ab$<"[random() % 4];
+    return made;
+  };
+  int compared = 0;
+  for (int round = 0; round < 20000; ++round) {
+    const std::string original = text(14);
+    const std::string search = text(3);
+    const std::string replacement = text(3);
+    if (search.empty() || replacement.find(search) != std::string::npos) continue;
+    std::string expected = original;
+    int steps = 0;
+    for (auto at = expected.find(search); at != std::string::npos && steps < 200; ++steps) {
+      expected.replace(at, search.size(), replacement);
+      at = expected.find(search);
+    }
+    if (steps == 200) continue;  // it has no end
+    ++compared;
+    ASSERT_EQ(ReplacedCopy(original, search, replacement), expected)
+        << original << ": " << search << " by " << replacement;
+  }
+  EXPECT_GT(compared, 10000);
 }
 
 TEST(ReplaceAllTest, StopsAtItsBoundsAndSaysSo) {

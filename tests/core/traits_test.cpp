@@ -3,6 +3,7 @@
 
 #include "core/limits.h"
 #include "core/strings.h"
+#include "script/parsed_script.h"
 #include "tests/support/session_test.h"
 
 namespace brindlemoor {
@@ -70,11 +71,26 @@ TEST_F(TraitsTest, HasTraitSeesItemsAndTheScriptsOwnTraits) {
     EXPECT_EQ(HasTrait(card, "BITE", script), has) << script;
     EXPECT_EQ(HasTrait(card, "bite", script), has) << script;
   }
-  const std::string_view script = "REQALLY:TRAIT:TRAITEFFECT:Fear:TRAIT:X:TRAIT:Y:2:DESTROY";
-  EXPECT_EQ(ScriptTraitValue(script, "TRAITEFFECT"), "Fear");
-  EXPECT_EQ(ScriptTraitValue(script, "traiteffect"), "NONE");
-  EXPECT_FALSE(ScriptHasField(script, "destroy"));
-  EXPECT_FALSE(ScriptHasField("A::DESTROY", "DESTROY")) << "the walk ends at an empty field";
+  const ParsedScript script("REQALLY:TRAIT:TRAITEFFECT:Fear:TRAIT:X:TRAIT:Y:2:DESTROY");
+  EXPECT_EQ(script.DeclaredTrait("TRAITEFFECT"), "Fear");
+  EXPECT_EQ(script.DeclaredTrait("traiteffect"), "NONE");
+  EXPECT_FALSE(script.HasField("destroy"));
+  EXPECT_TRUE(script.HasField("DESTROY"));
+  EXPECT_FALSE(ParsedScript("A::DESTROY").HasField("DESTROY")) << "walks end at an empty field";
+}
+
+TEST_F(TraitsTest, NamesAreFoundHoweverTheyAreWritten) {
+  const std::string longName(200, 'x');
+  const std::string longer = longName + std::string(128, 'x');
+  const Card card = MakeCard("Goblin", 1, {"HASTE:1", "Haven", "STRASSE:2", "maß:3", "BONUSmaß:4",
+                                           longName + ":5", "K:6", "[a:7"});
+  const std::pair<std::string, int> slots[] = {
+      {"haste", 1}, {"HASTA", 0}, {"HAVEN", 2}, {"HAVEN:1", 0}, {"HASTE:1", 0},
+      {"MAß", 4},   {"MASS", 0},  {longName, 6}, {longer, 0},   {"K", 0},
+      {"k", 7},     {"{A", 0},    {"[A", 8},     {"ſtrasse", 3}};
+  for (const auto& [name, slot] : slots) EXPECT_EQ(TraitSlot(card, name), slot) << name;
+  EXPECT_EQ(TraitNumber(card, "MAß"), 7) << "a bonus for a name that is not ASCII counts, too";
+  EXPECT_EQ(TraitNumber(card, "haven"), 1) << "a trait without a value";
 }
 
 TEST_F(TraitsTest, WritingFillsFreeItemsAndMarksTheChange) {

@@ -65,6 +65,7 @@ class EditorOpeningTest : public CardEditTest {
 };
 
 TEST_F(EditorOpeningTest, TheGameGoesOnWhereItWasWhenTheEditorIsLeft) {
+  main_.Links.Cards = {77};  // what its report links to
   EnterWithCards();
   EXPECT_TRUE(form_.Shown && !main_.Shown);
   EXPECT_EQ(Names(State().Collection), "Imp Ogre ");
@@ -102,6 +103,7 @@ TEST_F(EditorOpeningTest, TheGameGoesOnWhereItWasWhenTheEditorIsLeft) {
                    int{State().TestFromEditor}, main_.Command1.Caption.Get()),
             "77000Take Turn");
   EXPECT_EQ(desktop_->Pages["WB"], report_);
+  EXPECT_EQ(main_.Links.Cards, (std::set<std::int32_t>{77})) << "its cards can be clicked again";
   main_.saveplrmen.Click();
   EXPECT_NE(ReadFile("Ann_Goblins.plr").find("Decked"), std::string::npos);
 }

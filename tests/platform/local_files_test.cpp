@@ -2,6 +2,7 @@
 // are killed or the disk is full.
 #include <csignal>
 #include <filesystem>
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/ptrace.h>
 #include <sys/resource.h>
@@ -57,11 +58,6 @@ TEST_F(LocalFilesTest, AFailedWriteSaysWhyAndLeavesEverythingAsItWas) {
     EXPECT_NE(files_.Write(path, "new"), "") << path;
   }
   EXPECT_TRUE(fs::is_fifo(In("pipe"))) << "a file does not take its place";
-  for (const mode_t rights : {0444U, 0222U}) {  // the super user may write all the same
-    ::chmod(In("file").c_str(), rights);
-    EXPECT_TRUE(::geteuid() == 0 || !files_.Write(In("file"), "new").empty());
-  }
-  ::chmod(In("file").c_str(), 0644);
   struct rlimit before {};
   ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
   const struct rlimit small { 1000, before.rlim_max };
@@ -72,6 +68,44 @@ TEST_F(LocalFilesTest, AFailedWriteSaysWhyAndLeavesEverythingAsItWas) {
   std::signal(SIGXFSZ, handler);
   EXPECT_EQ(files_.Read(In("file")), "old");
   EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 4);
+}
+
+constexpr uid_t kNobody = 65534;
+
+/// Saves in a child that is no super user; true when the save was made.
+bool SaveWithoutPrivileges(const std::string& path, const std::string& bytes) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    if (::geteuid() == 0 &&
+        (::setgroups(0, nullptr) != 0 || ::setresgid(kNobody, kNobody, kNobody) != 0 ||
+         ::setresuid(kNobody, kNobody, kNobody) != 0)) {
+      ::_exit(2);
+    }
+    LocalFileSystem files;
+    ::_exit(files.Write(path, bytes).empty() ? 0 : 1);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) != 2) << "the child kept its privileges";
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+TEST_F(LocalFilesTest, AFileWithoutTheRightToReadOrWriteItIsNotReplaced) {
+  if (::geteuid() == 0) {  // the super user may do everything; the child is the owner
+    ASSERT_EQ(::chown(folder_.c_str(), kNobody, kNobody), 0);
+    ASSERT_EQ(::chown(In("file").c_str(), kNobody, kNobody), 0);
+  }
+  const struct {
+    mode_t rights;
+    bool saved;
+  } rows[] = {{0444, false}, {0222, false}, {0000, false}, {0600, true}};
+  for (const auto& [rights, saved] : rows) {
+    ASSERT_EQ(::chmod(In("file").c_str(), rights), 0);
+    EXPECT_EQ(SaveWithoutPrivileges(In("file"), "new"), saved) << std::oct << rights;
+    ASSERT_EQ(::chmod(In("file").c_str(), 0644), 0);
+    EXPECT_EQ(files_.Read(In("file")), saved ? "new" : "old") << std::oct << rights;
+  }
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 1) << "nothing is left beside it";
 }
 
 TEST_F(LocalFilesTest, ARemovedFileIsGoneAndOneThatIsNotThereIsNoError) {

@@ -7,6 +7,7 @@
 #include "tests/support/session_test.h"
 #include "ui/card_pages.h"
 #include "ui/forms.h"
+#include "ui/hint_page.h"
 
 namespace brindlemoor {
 namespace {
@@ -84,16 +85,71 @@ TEST_F(LinkProtocolTest, ALinkThatTheProgramDoesNotShowIsNoCommand) {
                   " ", int{goblin_->Effects[1].MenuState}, " ", desktop_->Navigations.size());
   };
   TheMainWindow().Links = {.Cards = {222}, .DescribedCard = 222};
+  State().Games.Reset(1);
+  State().Games[1].OpponentFiles.Reset(1);
+  State().Games[1].OpponentFiles[1] = "opponent.txt";
+  desktop_->AcceptMessages = true;  // of a match that would begin
   const std::string before = state();
   for (const char* url : {"CARD111", "file:///game/CARD111", "GAME:1:1", "game:1:1"}) {
     EXPECT_TRUE(WB_BeforeNavigate(url)) << url;
     InPlayWB_BeforeNavigate(url);
   }
   EXPECT_TRUE(CardDescWB_BeforeNavigate("MENUACTION:111:1")) << "another card's page is shown";
+  TheMainWindow().Links.DescribedCard = 0;
+  for (const char* url : {"MENUACTION:0:1", "MENUACTION::1", "MENUACTION:111:1"}) {
+    EXPECT_TRUE(CardDescWB_BeforeNavigate(url)) << url << " while no card is shown";
+  }
   State().AwaitingPlayTarget = 1;
   WB_BeforeNavigate("CARD111");
   EXPECT_EQ(State().AwaitingPlayTarget, 1) << "nor is it a target";
   EXPECT_EQ(state(), before);
+}
+
+TEST_F(LinkProtocolTest, OnlyMenuActionsCanBeArmed) {
+  const int ordinary = GiveAction(*goblin_, "PHASE1", "SELF", "MODTRAIT:HP:1");
+  for (const int effect : {ordinary, 0, -1, 77, 257, 32768, 65537}) {
+    EXPECT_TRUE(CardDescWB_BeforeNavigate(Joined("MENUACTION:111:", effect))) << effect;
+  }
+  EXPECT_EQ(int{goblin_->Effects[ordinary].MenuState}, int{kOrdinaryAction});
+  EXPECT_EQ(int{goblin_->Effects[1].MenuState}, int{kMenuAction});
+
+  while (goblin_->Effects.UpperBound() < 257) {
+    GiveAction(*goblin_, "MENU:PHASE1:Heal", "TARGETCARD", "MODTRAIT:HP:1");
+  }
+  CardDescWB_BeforeNavigate("MENUACTION:111:257");
+  WB_BeforeNavigate("CARD222");
+  EXPECT_EQ(int{goblin_->Effects[1].MenuState}, int{kMenuAction}) << "257 is not taken for 1";
+}
+
+/// The texts on such a page may imitate what the page before it offered.
+TEST_F(LinkProtocolTest, APageWithoutCommandsTakesThoseOfThePageBeforeBack) {
+  const ShownLinks& links = TheMainWindow().Links;
+  State().CurrentGame = 1;
+  ShowCardDescription(*goblin_, 1);
+  EXPECT_EQ(links.DescribedCard, 111);
+  ShowHint();
+  EXPECT_EQ(links.DescribedCard, 0) << "a hint shows texts of cards and no menu";
+  ShowCardDescription(*goblin_, 1);
+  BlankSideViews();
+  EXPECT_EQ(links.DescribedCard, 0);
+  Card hand = *goblin_;
+  hand.InPlay = 0;
+  TheMainWindow().Links.DescribedCard = 111;
+  ShowCardDescription(hand, 1);
+  EXPECT_EQ(links.DescribedCard, 0) << "a card of the hand has no menu yet";
+
+  ShowGameList();
+  State().Games.Reset(1);
+  State().Games[1].OpponentFiles.Reset(1);
+  State().Games[1].OpponentFiles[1] = "opponent.txt";
+  bool offered = true;
+  desktop_->OnPump = [&] {
+    offered = links.Games;
+    State().Games.Reset(1);  // so that the match does not begin
+  };
+  WB_BeforeNavigate("game:1:1");
+  desktop_->OnPump = nullptr;
+  EXPECT_FALSE(offered) << "the list is gone while the match is read";
 }
 
 TEST_F(LinkProtocolTest, WhatTheProgramShowsCanBeClicked) {
@@ -109,6 +165,9 @@ TEST_F(LinkProtocolTest, WhatTheProgramShowsCanBeClicked) {
   EXPECT_EQ(int{goblin_->Effects[1].MenuState}, int{kArmedMenuAction});
   ShowCardDescription(*ogre_, 1);
   EXPECT_EQ(links.DescribedCard, 0) << "the enemy's menu is not shown";
+  SetTrait(*goblin_, "INVISIBLE", "", 0);
+  TakeTurn(1);
+  EXPECT_TRUE(links.Cards.empty()) << "what the report before showed is no longer there";
   ShowGameList();
   EXPECT_TRUE(links.Games);
   EXPECT_TRUE(links.Cards.empty());

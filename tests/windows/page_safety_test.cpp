@@ -70,6 +70,7 @@ constexpr const char* kHostileTexts[] = {
     "<audio src=http://127.0.0.1:$PORT/audio autoplay></audio>",
     "<img src=\"data:image/svg+xml,<svg xmlns='http://www.w3.org/2000/svg'><image "
     "href='http://127.0.0.1:$PORT/data'/></svg>\"><body background=http://127.0.0.1:$PORT/body>",
+    "<base href=http://127.0.0.1:$PORT/base/ target=_top><img src=relative.png>",
     "<a ping=http://127.0.0.1:$PORT/ping href=\"javascript:document.documentElement.setAttribute("
     "'ran','link')\">x</a><a href=GAME:1:2 target=_top>x</a>",
 };
@@ -232,11 +233,12 @@ TEST_F(PageSafetyTest, ALinkInATextThatImitatesACommandDoesNothing) {
   SetTrait(shop, "INVISIBLE", "", 1);
   AddEffect(shop, "MODTOKENS:-100", kTargetSelf, "MENU:PHASE1:Pay", 0, "SELF");
   Card& hidden = State().CardTable[AddToTable(shop)];
-  const std::string links =
-      Joined("<a href=GAME:1:2>x</a> <a href=MENUACTION:", hidden.GlobalID, ":1>x</a> <a href=CARD",
-             hidden.GlobalID, ">x</a> <a href=\"javascript:1\">x</a> <a href=\"file://",
-             folder_.path().toStdString(),
-             "/outside.png\">x</a> <a href=http://127.0.0.1:", server_.serverPort(), "/>x</a> ");
+  const std::string links = Joined(
+      "<base href=http://127.0.0.1:", server_.serverPort(),
+      "/><a href=GAME:1:2>x</a> <a href=MENUACTION:", hidden.GlobalID, ":1>x</a> <a href=CARD",
+      hidden.GlobalID, ">x</a> <a href=\"javascript:1\">x</a> <a href=\"file://",
+      folder_.path().toStdString(),
+      "/outside.png\">x</a> <a href=http://127.0.0.1:", server_.serverPort(), "/>x</a> ");
   Card evil = HostileCard(links, 1);
   evil.Thumb = Text();
   evil.NameColor = "#FFFFFF";
@@ -275,6 +277,10 @@ TEST_F(PageSafetyTest, ALinkInATextThatImitatesACommandDoesNothing) {
   EXPECT_EQ(std::count(asked_.begin(), asked_.end(), "game:1:2"), 3) << "every view was clicked";
   EXPECT_EQ(std::count(asked_.begin(), asked_.end(), Joined("menuaction:", hidden.GlobalID, ":1")),
             3);
+  EXPECT_EQ(std::count(asked_.begin(), asked_.end(),
+                       Joined("file://", folder_.path().toStdString(), "/CARD", hidden.GlobalID)),
+            3)
+      << "a base tag leads no link of the page elsewhere";
   ExpectHarmless("links");
 }
 
