@@ -58,7 +58,7 @@ struct Run {
   /// Appends to RunText, within the bound of a page.
   void Show(std::string_view html);
   /// Argument number n (1-based) of the command being walked, "" when it is missing.
-  std::string_view Argument(int n) const { return Fields.Field(Position + n); }
+  auto Argument(int n) const { return Fields.Field(Position + n); }
   /// The argument evaluated with the run's cards.
   Value Evaluated(int n) const;
   /// Everything from argument n on, as a script of its own.

@@ -12,6 +12,7 @@
 #include "script/reactions.h"
 #include "script/run.h"
 #include "script/run_epilogue.h"
+#include "script/run_pictures.h"
 #include "script/values.h"
 #include "ui/card_pages.h"
 
@@ -65,14 +66,6 @@ bool FilterRefuses(Session& session, const Card& source, const Card& target, int
   const bool refused = !effect.Script.empty() && MasksRefuse(effect, source, target);
   ++(refused ? session.StatMasked : session.StatNotMasked);
   return refused;
-}
-
-/// Only the outermost run shows pictures; those of a test are never seen.
-void DrawPictures(Run& run) {
-  if (State().RunDepth > 1 || run.Testing() || !run.Fields.WantsPictures()) return;
-  run.SourcePicture = CardPictureHtml(run.Source, -1, 1);
-  if (run.Source.GlobalID == run.Target.GlobalID) return;
-  run.TargetPicture = CardPictureHtml(run.Target, -1, run.Source.Owner == run.Target.Owner ? 2 : 1);
 }
 
 void ReportUnknownWord(Run& run, std::string_view word) {
