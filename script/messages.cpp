@@ -1,10 +1,9 @@
-// Message expansion: custom strings, "#...#" fields and placeholders, in their fixed order.
+// What messages are filled in with: custom strings, "#...#" fields and placeholders.
 #include "script/messages.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
 #include <vector>
 
 #include "core/cards.h"
@@ -13,13 +12,12 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "core/traits.h"
+#include "script/placeholders.h"
 #include "script/values.h"
 #include "ui/card_pages.h"
 
 namespace brindlemoor {
 namespace {
-
-constexpr int kCustomStringPasses = 2;
 
 std::size_t Occurrences(std::string_view text, std::string_view search) {
   std::size_t count = 0;
@@ -28,20 +26,6 @@ std::size_t Occurrences(std::string_view text, std::string_view search) {
     ++count;
   }
   return count;
-}
-
-/// ReplaceAll, unless the text is too long or would become so: then it stays as it is.
-bool Fill(std::string& text, std::string_view search, std::string_view replacement) {
-  std::size_t grown = text.size();
-  if (replacement.size() > search.size()) {
-    grown += Occurrences(text, search) * (replacement.size() - search.size());
-  }
-  if (grown > limits::kTextBytes) {
-    limits::ReportLimit("A message grew too long and was not filled in further.");
-    return false;
-  }
-  ReplaceAll(text, search, replacement);
-  return true;
 }
 
 Card* CardOfIdentity(double globalId) {
@@ -57,18 +41,6 @@ const CustomStringRec* FindCustomString(std::string_view key) {
     if (!entry.Key.empty() && entry.Key == key) return &entry;
   }
   return nullptr;
-}
-
-void ExpandCustomStrings(std::string& text) {
-  for (int pass = 1; pass <= kCustomStringPasses; ++pass) {
-    SpendWorkOnSearch(static_cast<std::size_t>(State().CustomStrings.UpperBound()));
-    for (const CustomStringRec& entry : State().CustomStrings) {
-      if (WorkIsSpent()) return;
-      SpendWorkOnText(text.size());
-      if (entry.Key.empty() || text.find(entry.Key) == std::string::npos) continue;
-      Fill(text, entry.Key, CustomStringPick(entry.Key));
-    }
-  }
 }
 
 // Fields between two "#".
@@ -181,15 +153,6 @@ bool FillField(std::string& text, const std::string& field, std::string_view rep
 
 // Placeholders.
 
-struct MessageCards {
-  Card& Source;
-  Card& Target;
-  std::string_view SourcePicture;
-  std::string_view TargetPicture;
-};
-
-using Replacement = std::optional<std::string>;
-
 Replacement NameOf(Card* card) {
   return card != nullptr ? Replacement(ColoredName(*card)) : std::nullopt;
 }
@@ -201,12 +164,6 @@ Replacement TargetOwnerName(const MessageCards& cards) {
 }
 
 std::string LastAmount() { return NumberText(std::fabs(State().LastValue)); }
-
-struct Placeholder {
-  std::string_view Mark;
-  std::string_view Meaning;                        ///< one line for authors
-  Replacement (*Make)(const MessageCards& cards);  ///< nothing: the mark stays in the text
-};
 
 // In the order of replacing, since one replacement can bring in a later mark.
 constexpr std::array kPlaceholders{
@@ -259,18 +216,19 @@ constexpr auto kMarks = [] {
 
 std::span<const MessageMark> MessageMarks() { return kMarks; }
 
-void ExpandMessage(Card& source, Card& target, std::string& text, std::string_view sourcePicture,
-                   std::string_view targetPicture) {
-  const WorkAccount account;
-  SpendWorkOnText(text.size());
-  ExpandCustomStrings(text);
-  if (text.find_first_of("$#&") == std::string::npos) return;
-  ExpandHashFields(source, target, text);
-  const MessageCards cards{source, target, sourcePicture, targetPicture};
-  for (const Placeholder& row : kPlaceholders) {
-    if (text.find(row.Mark) == std::string::npos) continue;
-    if (const Replacement replacement = row.Make(cards)) Fill(text, row.Mark, *replacement);
+std::span<const Placeholder> Placeholders() { return kPlaceholders; }
+
+bool Fill(std::string& text, std::string_view search, std::string_view replacement) {
+  std::size_t grown = text.size();
+  if (replacement.size() > search.size()) {
+    grown += Occurrences(text, search) * (replacement.size() - search.size());
   }
+  if (grown > limits::kTextBytes) {
+    limits::ReportLimit("A message grew too long and was not filled in further.");
+    return false;
+  }
+  ReplaceAll(text, search, replacement);
+  return true;
 }
 
 void ExpandHashFields(Card& source, Card& target, std::string& text) {

@@ -31,8 +31,9 @@ struct Run {
   double& Amount;
   int NoCounters;
 
-  int Position = 1;       ///< field number of the command being walked
-  bool AiMarked = false;  ///< the word had the "AI" prefix
+  int Position = 1;                 ///< field number of the command being walked
+  const Command* Walked = nullptr;  ///< its row
+  bool AiMarked = false;            ///< the word had the "AI" prefix
   int AppliedCount = 0;
   int FailCount = 0;
   int SoftFailCount = 0;
@@ -54,7 +55,7 @@ struct Run {
 
   bool Testing() const { return Options.TestRun != 0; }
   /// The row of the command being walked.
-  const Command& Row() const { return *Fields.RowAt(Position).Row; }
+  const Command& Row() const { return *Walked; }
   /// Appends to RunText, within the bound of a page.
   void Show(std::string_view html);
   /// Argument number n (1-based) of the command being walked, "" when it is missing.

@@ -91,6 +91,7 @@ Step StepOfTest(InTest test) {
 Step CarryOut(Run& run, const ParsedScript::FieldRow& field) {
   SpendWork(1);
   run.AiMarked = field.AiMarked;
+  run.Walked = field.Row;
   if (field.Row == nullptr) {
     ReportUnknownWord(run, field.AiMarked ? field.Text.substr(2) : field.Text);
     return Step::kOneOn;

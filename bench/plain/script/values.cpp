@@ -68,7 +68,7 @@ double CountAll(const std::string& word, int owner, const std::string& required,
   const Pile& table = State().CardTable;
   double total = 0;
   SpendWorkOnSearch(static_cast<std::size_t>(table.UpperBound()));
-  for (int slot = 1; slot <= table.UpperBound(); ++slot) {
+  for (int slot = 1; slot <= table.UpperBound() && !WorkIsSpent(); ++slot) {
     const Card& card = table[slot];
     if (IsFree(card) || (owner > 0 && card.Owner != owner)) continue;
     if (!required.empty() && !HasTrait(card, required, "")) continue;
