@@ -1,92 +1,12 @@
-// Delimited strings, replacing, numbers and colours in texts.
+// Numbers, colours and blanks in texts.
 #include "core/strings.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cmath>
-
-#include "core/limits.h"
 
 namespace brindlemoor {
 
 namespace {
-
-/// A field of a text whose delimiter has several characters. The walk moves one character behind
-/// the start of each delimiter, so the rest of the delimiter is taken out of the field afterwards.
-std::string LongDelimiterField(std::string_view text, int n, std::string_view delimiter) {
-  const std::string closed = std::string(text) + std::string(delimiter);
-  std::size_t position = 0;
-  for (int count = 1; count < n; ++count) {
-    const std::size_t found = closed.find(delimiter, position);
-    if (found == std::string::npos) return "";
-    position = found + 1;
-  }
-  const std::size_t end = closed.find(delimiter, position);
-  std::string field = closed.substr(position, end == std::string::npos ? end : end - position);
-  ReplaceAll(field, delimiter.substr(1), "");
-  return field;
-}
-
-/// Replaces from left to right; what was written is not searched again.
-std::string ReplacedInOnePass(std::string_view text, std::string_view search,
-                              std::string_view replacement, std::size_t longest) {
-  std::string out;
-  out.reserve(text.size() + replacement.size());
-  std::size_t position = 0;
-  while (true) {
-    const std::size_t found = text.find(search, position);
-    if (found == std::string_view::npos) break;
-    if (out.size() + (found - position) + replacement.size() > longest) {
-      limits::ReportLimit("A text grew too long and was not replaced further.");
-      break;
-    }
-    out.append(text.substr(position, found - position)).append(replacement);
-    position = found + search.size();
-  }
-  return out.append(text.substr(position));
-}
-
-/// True when no replacement can be part of another place that holds the search text, so that one
-/// pass does what starting again does.
-bool NeverMeetsAgain(std::string_view search, std::string_view replacement) {
-  if (search.size() == 1) return replacement.find(search.front()) == std::string_view::npos;
-  return !replacement.empty() && search.find(replacement.front()) == std::string_view::npos &&
-         replacement.find(search.front()) == std::string_view::npos;
-}
-
-/// Replaces as if the search began anew after each replacement. Characters pass one by one into the
-/// result; when its end is the search text, the replacement goes back in front of what is left.
-std::string ReplacedWithRescan(std::string_view text, std::string_view search,
-                               std::string_view replacement, std::size_t longest) {
-  const std::size_t mostReplacements = limits::kReplacements + text.size() / search.size();
-  std::size_t replacements = 0;
-  std::string out(text.substr(0, text.find(search)));
-  std::string_view rest = text.substr(out.size());
-  std::string again;  // what stands before rest, last character first
-  while (!again.empty() || !rest.empty()) {
-    // The search text can only end where its last character stands.
-    if (again.empty()) {
-      const std::size_t passed = std::min(rest.find(search.back()), rest.size() - 1) + 1;
-      out += rest.substr(0, passed);
-      rest.remove_prefix(passed);
-    } else {
-      auto passed = std::find(again.rbegin(), again.rend(), search.back());
-      if (passed != again.rend()) ++passed;
-      out.append(again.rbegin(), passed);
-      again.erase(passed.base(), again.end());
-    }
-    if (out.back() != search.back() || !out.ends_with(search)) continue;
-    out.resize(out.size() - search.size());
-    again.append(replacement.rbegin(), replacement.rend());
-    if (++replacements < mostReplacements && out.size() + again.size() + rest.size() <= longest) {
-      continue;
-    }
-    limits::ReportLimit("A replacement in a text had no end and was stopped.");
-    out.append(again.rbegin(), again.rend());
-    return out.append(ReplacedInOnePass(rest, search, replacement, longest));
-  }
-  return out;
-}
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
@@ -109,69 +29,6 @@ bool ReadWholeNumber(std::string_view text, double& number) {
 }
 
 }  // namespace
-
-std::string GetDS(std::string_view text, int n, std::string_view delimiter) {
-  if (n < 1) return "";
-  if (delimiter.size() == 1) return std::string(FieldAt(text, n, delimiter.front()));
-  if (delimiter.empty() || text.find(delimiter) == std::string_view::npos) {
-    return n == 1 ? std::string(text) : std::string();
-  }
-  return LongDelimiterField(text, n, delimiter);
-}
-
-std::string RestDS(std::string_view text, int n, std::string_view delimiter) {
-  if (n < 1) return "";
-  std::size_t position = 0;
-  for (int count = 1; count < n; ++count) {
-    const std::size_t found =
-        delimiter.empty() ? std::string_view::npos : text.find(delimiter, position);
-    if (found == std::string_view::npos) return "";
-    position = found + 1;
-  }
-  return std::string(text.substr(position));
-}
-
-std::string_view FieldAt(std::string_view text, int n, char delimiter) noexcept {
-  if (n < 1) return {};
-  for (int count = 1; count < n; ++count) {
-    const std::size_t found = text.find(delimiter);
-    if (found == std::string_view::npos) return {};
-    text.remove_prefix(found + 1);
-  }
-  return text.substr(0, text.find(delimiter));
-}
-
-std::string_view FieldWalker::Next() noexcept {
-  if (!more_) return {};
-  const std::size_t found = rest_.find(delimiter_);
-  const std::string_view field = rest_.substr(0, found);
-  if (found == std::string_view::npos) {
-    more_ = false;
-  } else {
-    rest_.remove_prefix(found + 1);
-  }
-  return field;
-}
-
-std::string& ReplaceAll(std::string& text, std::string_view search, std::string_view replacement) {
-  if (search.empty() || text.find(search) == std::string::npos) return text;
-  const std::size_t longest = std::max<std::size_t>(limits::kTextBytes, text.size() * 4);
-  const std::size_t mostReplacements = text.size() / search.size();
-  if (mostReplacements < limits::kReplacements && NeverMeetsAgain(search, replacement) &&
-      text.size() + mostReplacements * replacement.size() <= longest) {
-    return text = ReplacedInOnePass(text, search, replacement, longest);
-  }
-  text = replacement.find(search) == std::string_view::npos
-             ? ReplacedWithRescan(text, search, replacement, longest)
-             : ReplacedInOnePass(text, search, replacement, longest);
-  return text;
-}
-
-std::string ReplacedCopy(std::string_view text, std::string_view search,
-                         std::string_view replacement) {
-  std::string copy(text);
-  return ReplaceAll(copy, search, replacement);
-}
 
 double NumericPrefix(std::string_view text) noexcept {
   while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);

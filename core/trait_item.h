@@ -1,5 +1,5 @@
-// A trait as a card keeps it, and a trait's name as a card is searched for it: both with a short key,
-// so that most items are passed over by comparing two numbers.
+// A trait as a card keeps it, and a trait's name as a card is searched for it: both with a short
+// key, so that most items are passed over by comparing two numbers.
 #pragma once
 
 #include <concepts>
@@ -12,8 +12,8 @@
 namespace brindlemoor {
 
 /// What two trait names that fold alike have in common: their size and their first letters. Names
-/// with the same key may still differ. A name that is not all ASCII has the key 0, which says nothing.
-/// One with a ":" has a key of its own, since no item has such a name.
+/// with the same key may still differ. A name that is not all ASCII has the key 0, which says
+/// nothing. One with a ":" has a key of its own, since no item has such a name.
 constexpr std::uint32_t TraitKey(std::string_view name) noexcept {
   constexpr std::size_t kLetters = 3;
   constexpr unsigned kCaseBit = 0x20;
@@ -34,7 +34,8 @@ constexpr std::uint32_t TraitKey(std::string_view name) noexcept {
 class TraitName {
  public:
   template <class Name>
-  requires(std::convertible_to<const Name&, std::string_view>) TraitName(const Name& name) noexcept
+  requires(std::convertible_to<const Name&, std::string_view>) TraitName(const Name& name)
+  noexcept
       : TraitName(std::string_view(name), TraitKey(std::string_view(name))) {}  // NOLINT: converts
   TraitName(std::string_view text, std::uint32_t key) noexcept : text_(text), key_(key) {}
 
@@ -51,11 +52,23 @@ class TraitItem {
  public:
   TraitItem() noexcept = default;
   TraitItem(Text text);  // NOLINT: meant to convert
+  template <class Written>
+  requires(std::convertible_to<const Written&, std::string_view>)
+      TraitItem(const Written& text)  // NOLINT: meant to convert
+      : TraitItem(Text(text)) {}
 
   bool empty() const noexcept { return text_.empty(); }
   std::string_view View() const noexcept { return text_; }
-  operator const Text&() const noexcept { return text_; }  // NOLINT: meant to convert
+  const Text& AsText() const noexcept { return text_; }
+  operator const Text&() const noexcept { return text_; }       // NOLINT: meant to convert
+  operator std::string_view() const noexcept { return text_; }  // NOLINT: meant to convert
   bool operator==(const TraitItem& other) const noexcept { return text_ == other.text_; }
+  template <class Written>
+  requires(std::convertible_to<const Written&, std::string_view> &&
+           !std::same_as<Written, TraitItem>) bool
+  operator==(const Written& text) const noexcept {
+    return text_ == std::string_view(text);
+  }
 
   /// Up to the first ":".
   std::string_view Name() const noexcept { return View().substr(0, nameSize_); }
@@ -65,9 +78,7 @@ class TraitItem {
   double Number() const noexcept { return number_; }
 
   /// True when the name folds like this one.
-  bool HasName(const TraitName& name) const noexcept {
-    return FoldsLike(key_, name, Name());
-  }
+  bool HasName(const TraitName& name) const noexcept { return FoldsLike(key_, name, Name()); }
   /// True when the item is a bonus for the trait of this name: "BONUS" and the name.
   bool IsBonusFor(const TraitName& name) const noexcept {
     return bonusSize_ != 0 && FoldsLike(bonusKey_, name, Name().substr(bonusSize_));

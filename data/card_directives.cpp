@@ -43,7 +43,7 @@ void DropBonusBase(Card& card, std::string_view text) {
   const int last = card.Traits.UpperBound();
   card.TraitCaptions.Resize(last);
   for (int item = base; item < last; ++item) {
-    card.Traits.Edit(item) = TraitItem(card.Traits[item + 1]);
+    card.Traits.Edit(item) = TraitItem(card.Traits[item + 1].AsText());
     card.TraitCaptions.Edit(item) = Text(card.TraitCaptions[item + 1]);
   }
   card.Traits.Edit(last) = Text();

@@ -236,7 +236,7 @@ void CardEdit::BuildTraits(Card& result) const {
     const bool unchanged = trait == TraitRowOf(edited.Traits[row]);
     const std::string item =
         trait.Value.empty() ? trait.Name : Joined(trait.Name, ":", trait.Value);
-    itemOfRow[row] = AddTrait(result, unchanged ? Text(edited.Traits[row]) : Text(item), "");
+    itemOfRow[row] = AddTrait(result, unchanged ? edited.Traits[row].AsText() : Text(item), "");
   }
   for (int item = kRows + 1; item <= edited.Traits.UpperBound(); ++item) {
     if (edited.Traits[item].empty()) continue;

@@ -1,4 +1,4 @@
-// Paying for cards by tests that leave no trace, the enemy's menu actions and the end of bonuses.
+// The enemy's menu actions and the end of bonuses.
 #include "game/card_play.h"
 
 #include "core/cards.h"
@@ -7,36 +7,10 @@
 #include "core/strings.h"
 #include "core/traits.h"
 #include "script/parsed_script.h"
-#include "script/run_action.h"
 #include "script/triggers.h"
 
 namespace brindlemoor {
 namespace {
-
-/// Runs the actions of one card that change the price of work. The card is the acting record.
-void RunCostModifiers(Card& card, Card& work, int mode) {
-  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
-    if (card.Effects[effect].Trigger != "COSTMOD") continue;
-    RunAction(card, work, effect, RunOptions{.CostMode = 1, .TestRun = mode});
-  }
-}
-
-bool ModifiesCosts(const Card& card) {
-  for (const CardEffect& effect : card.Effects) {
-    if (effect.Trigger == "COSTMOD") return true;
-  }
-  return false;
-}
-
-void ModifyCost(Card& work, int mode) {
-  Session& session = State();
-  RunCostModifiers(session.RulesCard, work, mode);
-  for (int slot = 1; slot <= session.CardTable.UpperBound(); ++slot) {
-    if (IsFree(session.CardTable[slot]) || !ModifiesCosts(session.CardTable[slot])) continue;
-    Card copy = session.CardTable[slot];
-    RunCostModifiers(copy, work, mode);
-  }
-}
 
 bool IsBonusTrait(const TraitItem& item) {
   return item.Value() == "BONUS" || FoldStartsWith(item.View(), "BONUS");
@@ -70,31 +44,6 @@ void PlanMenuAction(Card& card, int effect) {
 }
 
 }  // namespace
-
-int PayCost(const Card& card, int mode) {
-  Session& session = State();
-  session.CostCard.InPlay = 1;
-  if (session.DebugMode == 1) return -1;
-  SpendWork(session.CardTable.UpperBound());
-  if (WorkIsSpent()) return 0;  // scripts that do not run can ask for no price
-  const Pile table = session.CardTable;
-  const auto hits = session.HitTable;  // a trait that a test gives can bring actions with it
-  const std::string page = session.PageText;
-  const std::string banner = session.PhaseBanner;
-  Card work = card;
-
-  ModifyCost(work, mode);
-  const int failures = FireTrigger(work, "COST", -1, 0, 1);
-  session.CardTable = table;
-  session.HitTable = hits;
-  session.PageText = page;
-  if (failures > 0 || WorkIsSpent()) {
-    session.PhaseBanner = banner;
-    return 0;
-  }
-  if (mode == 0) FireTrigger(work, "COST");
-  return -1;
-}
 
 void PlanEnemyMenuActions() {
   Pile& table = State().CardTable;

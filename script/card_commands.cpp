@@ -84,7 +84,7 @@ Step DuplicateMe(Run& run) {
 }
 
 Step CreateCard(Run& run) {
-  const std::string_view file = run.Argument(3);
+  const auto file = run.Argument(3);
   const std::string path = ResolvePath(file, 0);
   if (path.empty()) {
     run.Show(Joined("<br>File not found:", file, "<br>"));

@@ -1,11 +1,9 @@
-// Message expansion: custom strings, "#...#" fields and placeholders, in their fixed order.
+// What messages are filled in with: custom strings, "#...#" fields and placeholders.
 #include "script/messages.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
-#include <optional>
 #include <vector>
 
 #include "core/cards.h"
@@ -14,13 +12,12 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "core/traits.h"
+#include "script/placeholders.h"
 #include "script/values.h"
 #include "ui/card_pages.h"
 
 namespace brindlemoor {
 namespace {
-
-constexpr int kCustomStringPasses = 2;
 
 std::size_t Occurrences(std::string_view text, std::string_view search) {
   std::size_t count = 0;
@@ -29,20 +26,6 @@ std::size_t Occurrences(std::string_view text, std::string_view search) {
     ++count;
   }
   return count;
-}
-
-/// ReplaceAll, unless the text is too long or would become so: then it stays as it is.
-bool Fill(std::string& text, std::string_view search, std::string_view replacement) {
-  std::size_t grown = text.size();
-  if (replacement.size() > search.size()) {
-    grown += Occurrences(text, search) * (replacement.size() - search.size());
-  }
-  if (grown > limits::kTextBytes) {
-    limits::ReportLimit("A message grew too long and was not filled in further.");
-    return false;
-  }
-  ReplaceAll(text, search, replacement);
-  return true;
 }
 
 Card* CardOfIdentity(double globalId) {
@@ -58,30 +41,6 @@ const CustomStringRec* FindCustomString(std::string_view key) {
     if (!entry.Key.empty() && entry.Key == key) return &entry;
   }
   return nullptr;
-}
-
-void ExpandCustomStrings(std::string& text) {
-  const Table<CustomStringRec>& entries = State().CustomStrings;
-  for (int pass = 1; pass <= kCustomStringPasses; ++pass) {
-    SpendWorkOnSearch(static_cast<std::size_t>(entries.UpperBound()));
-    for (const CustomStringRec& entry : entries) {
-      if (WorkIsSpent()) return;
-      SpendWorkOnText(text.size());
-      if (entry.Key.empty() || text.find(entry.Key) == std::string::npos) continue;
-      Fill(text, entry.Key, CustomStringPick(entry.Key));
-    }
-  }
-}
-
-/// The characters that follow a "$" in a text, as bits 0 to 31 of their codes: what says that a mark
-/// is not there says so for sure.
-std::uint32_t LettersOfMarks(std::string_view text) {
-  std::uint32_t letters = 0;
-  for (std::size_t at = text.find('$'); at < text.size() - 1 && at != std::string_view::npos;
-       at = text.find('$', at + 1)) {
-    letters |= 1U << (static_cast<unsigned char>(text[at + 1]) % 32U);
-  }
-  return letters;
 }
 
 // Fields between two "#".
@@ -194,15 +153,6 @@ bool FillField(std::string& text, const std::string& field, std::string_view rep
 
 // Placeholders.
 
-struct MessageCards {
-  Card& Source;
-  Card& Target;
-  std::string_view SourcePicture;
-  std::string_view TargetPicture;
-};
-
-using Replacement = std::optional<std::string>;
-
 Replacement NameOf(Card* card) {
   return card != nullptr ? Replacement(ColoredName(*card)) : std::nullopt;
 }
@@ -214,12 +164,6 @@ Replacement TargetOwnerName(const MessageCards& cards) {
 }
 
 std::string LastAmount() { return NumberText(std::fabs(State().LastValue)); }
-
-struct Placeholder {
-  std::string_view Mark;
-  std::string_view Meaning;                        ///< one line for authors
-  Replacement (*Make)(const MessageCards& cards);  ///< nothing: the mark stays in the text
-};
 
 // In the order of replacing, since one replacement can bring in a later mark.
 constexpr std::array kPlaceholders{
@@ -272,23 +216,19 @@ constexpr auto kMarks = [] {
 
 std::span<const MessageMark> MessageMarks() { return kMarks; }
 
-void ExpandMessage(Card& source, Card& target, std::string& text, std::string_view sourcePicture,
-                   std::string_view targetPicture) {
-  const WorkAccount account;
-  SpendWorkOnText(text.size());
-  ExpandCustomStrings(text);
-  if (text.find_first_of("$#&") == std::string::npos) return;
-  ExpandHashFields(source, target, text);
-  const MessageCards cards{source, target, sourcePicture, targetPicture};
-  std::uint32_t letters = LettersOfMarks(text);
-  for (const Placeholder& row : kPlaceholders) {
-    const bool mayBe = row.Mark.front() != '$' || (letters >> (row.Mark[1] % 32U) & 1U) != 0;
-    if (!mayBe || text.find(row.Mark) == std::string::npos) continue;
-    if (const Replacement replacement = row.Make(cards)) {
-      Fill(text, row.Mark, *replacement);
-      letters = LettersOfMarks(text);
-    }
+std::span<const Placeholder> Placeholders() { return kPlaceholders; }
+
+bool Fill(std::string& text, std::string_view search, std::string_view replacement) {
+  std::size_t grown = text.size();
+  if (replacement.size() > search.size()) {
+    grown += Occurrences(text, search) * (replacement.size() - search.size());
   }
+  if (grown > limits::kTextBytes) {
+    limits::ReportLimit("A message grew too long and was not filled in further.");
+    return false;
+  }
+  ReplaceAll(text, search, replacement);
+  return true;
 }
 
 void ExpandHashFields(Card& source, Card& target, std::string& text) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/text.h"
+#include "core/trait_item.h"
 
 namespace brindlemoor {
 
@@ -28,6 +29,8 @@ class ParsedScript final : public TextAttachment {
   /// Field n (1-based), "" beyond the end.
   std::string_view Field(int n) const noexcept { return RowAt(n).Text; }
   const FieldRow& RowAt(int n) const noexcept;
+  /// Field n as the name of a trait.
+  TraitName NameAt(int n) const noexcept { return {RowAt(n).Text, RowAt(n).Key}; }
   int FieldCount() const noexcept { return static_cast<int>(fields_.size()); }
   /// Field n and everything behind it, as a script of its own. The first few that are asked for are
   /// kept, so that their parsed form serves every run.

@@ -99,8 +99,8 @@ bool IsPlainText(Run& run, const Card& card) {
 // Names.
 
 bool IsNamed(Run& run, const Card& card) {
-  const std::string_view name = run.Argument(1);
-  return card.Name == (name == "$MYNAME" ? run.Source.Name.View() : name);
+  const auto name = run.Argument(1);
+  return card.Name == (name == "$MYNAME" ? run.Source.Name.View() : std::string_view(name));
 }
 bool IsNotNamed(Run& run, const Card& card) { return card.Name != run.Argument(1); }
 
@@ -265,9 +265,10 @@ const Card* CardAbout(const Run& run, Subject subject) {
 }
 
 /// An argument as a reason names it: $MYNAME of the name requirements is the name that it means.
-std::string_view NamedArgument(const Run& run, const RequirementRow& row, char letter) {
-  const std::string_view argument = run.Argument(letter == 'A' ? 1 : 2);
-  return row.Holds == IsNamed && argument == "$MYNAME" ? run.Source.Name.View() : argument;
+auto NamedArgument(const Run& run, const RequirementRow& row, char letter) {
+  auto argument = run.Argument(letter == 'A' ? 1 : 2);
+  if (row.Holds == IsNamed && argument == "$MYNAME") argument = run.Source.Name;
+  return argument;
 }
 
 void GiveReason(const Run& run, const RequirementRow& row) {

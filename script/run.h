@@ -32,8 +32,9 @@ struct Run {
   double& Amount;
   int NoCounters;
 
-  int Position = 1;       ///< field number of the command being walked
-  bool AiMarked = false;  ///< the word had the "AI" prefix
+  int Position = 1;                 ///< field number of the command being walked
+  const Command* Walked = nullptr;  ///< its row
+  bool AiMarked = false;            ///< the word had the "AI" prefix
   int AppliedCount = 0;
   int FailCount = 0;
   int SoftFailCount = 0;
@@ -55,16 +56,13 @@ struct Run {
 
   bool Testing() const { return Options.TestRun != 0; }
   /// The row of the command being walked.
-  const Command& Row() const { return *Fields.RowAt(Position).Row; }
+  const Command& Row() const { return *Walked; }
   /// Appends to RunText, within the bound of a page.
   void Show(std::string_view html);
   /// Argument number n (1-based) of the command being walked, "" when it is missing.
-  std::string_view Argument(int n) const { return Fields.Field(Position + n); }
+  auto Argument(int n) const { return Fields.Field(Position + n); }
   /// The argument as the name of a trait.
-  TraitName TraitArgument(int n) const {
-    const ParsedScript::FieldRow& field = Fields.RowAt(Position + n);
-    return {field.Text, field.Key};
-  }
+  auto TraitArgument(int n) const { return Fields.NameAt(Position + n); }
   /// The argument evaluated with the run's cards.
   Value Evaluated(int n) const;
   /// Everything from argument n on, as a script of its own.

@@ -12,6 +12,7 @@
 #include "script/reactions.h"
 #include "script/run.h"
 #include "script/run_epilogue.h"
+#include "script/run_pictures.h"
 #include "script/values.h"
 #include "ui/card_pages.h"
 
@@ -68,14 +69,6 @@ bool FilterRefuses(Session& session, const Card& source, const Card& target, int
   return refused;
 }
 
-/// Only the outermost run shows pictures; those of a test are never seen.
-void DrawPictures(Run& run) {
-  if (State().RunDepth > 1 || run.Testing() || !run.Fields.WantsPictures()) return;
-  run.SourcePicture = CardPictureHtml(run.Source, -1, 1);
-  if (run.Source.GlobalID == run.Target.GlobalID) return;
-  run.TargetPicture = CardPictureHtml(run.Target, -1, run.Source.Owner == run.Target.Owner ? 2 : 1);
-}
-
 void ReportUnknownWord(Run& run, std::string_view word) {
   // A long script full of unknown words would be told of again and again.
   if (run.Testing() || run.RunText.size() + run.Script.size() > limits::kPageBytes) return;
@@ -98,6 +91,7 @@ Step StepOfTest(InTest test) {
 /// Carries out the field at the position.
 Step CarryOut(Run& run, const ParsedScript::FieldRow& field) {
   run.AiMarked = field.AiMarked;
+  run.Walked = field.Row;
   if (field.Row == nullptr) {
     ReportUnknownWord(run, field.AiMarked ? field.Text.substr(2) : field.Text);
     return Step::kOneOn;

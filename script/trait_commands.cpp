@@ -52,13 +52,13 @@ Step AfterChange(Run& run, std::string_view trait) {
 }
 
 Step ModTargetTrait(Run& run) {
-  const std::string_view trait = run.Argument(1);
+  const auto trait = run.Argument(1);
   Change(run, run.Target, trait, run.Evaluated(2).Number());
   return AfterChange(run, trait);
 }
 
 Step ModSourceTrait(Run& run) {
-  const std::string_view trait = run.Argument(1);
+  const auto trait = run.Argument(1);
   Change(run, run.Source, trait, run.Evaluated(2).Number());
   TurnHpReportToSource(trait);
   return AfterChange(run, trait);
@@ -68,7 +68,7 @@ Step ModSourceTrait(Run& run) {
 /// that other card for what is left. This is meant.
 Step ModOwner(Run& run, Card* changed, Card* readAgainst) {
   if (changed == nullptr) return Step::kNext;
-  const std::string_view trait = run.Argument(1);
+  const auto trait = run.Argument(1);
   const Card& against = readAgainst != nullptr ? *readAgainst : run.Target;
   Change(run, *changed, trait, EvalNumber(run.Source, against, run.Argument(2)));
   ++run.AppliedCount;
@@ -87,17 +87,17 @@ Step ModSourceOwnerTrait(Run& run) {
 }
 
 Step Subtract(Run& run, Card& card, bool gainsToo) {
-  const TraitName trait = run.TraitArgument(1);
+  const auto trait = run.TraitArgument(1);
   double value = run.Evaluated(2).Number();
   if (PaysCost(run) && value > TraitNumber(card, trait)) {
-    return LeaveInsufficient(run, trait.View());
+    return LeaveInsufficient(run, run.Argument(1));
   }
   if (value < 0 && !gainsToo) value = 0;
   if (value != 0 && !HasTrait(card, trait)) {
     ++run.SoftFailCount;
     return Step::kNext;
   }
-  Change(run, card, trait.View(), 0 - value);
+  Change(run, card, run.Argument(1), 0 - value);
   ++run.AppliedCount;
   return Step::kNext;
 }
@@ -106,7 +106,7 @@ Step SubTargetTrait(Run& run) { return Subtract(run, run.Target, false); }
 Step SubSourceTrait(Run& run) { return Subtract(run, run.Source, true); }
 
 Step AddToTrait(Run& run) {
-  const std::string_view trait = run.Argument(1);
+  const auto trait = run.Argument(1);
   if (HasTrait(run.Target, trait)) {
     Change(run, run.Target, trait, run.Evaluated(2).Number());
   } else {
@@ -120,7 +120,7 @@ Step AddToTrait(Run& run) {
 Step SetTargetTrait(Run& run) {
   bool computed = false;
   const Value value = EvalValue(run.Source, run.Target, run.Argument(2), computed);
-  SetTrait(run.Target, run.Argument(1), computed ? value : Value(run.Argument(2)), 0);
+  SetTrait(run.Target, run.Argument(1), computed ? value : Value(Text(run.Argument(2))), 0);
   ++run.AppliedCount;
   return Step::kNext;
 }
@@ -128,7 +128,7 @@ Step SetTargetTrait(Run& run) {
 Step SetOn(Run& run, Card* card) {
   if (card == nullptr) return Step::kNext;
   const Value value = run.Evaluated(2);
-  SetTrait(*card, run.Argument(1), value.Number() > 0 ? value : Value(run.Argument(2)), 0);
+  SetTrait(*card, run.Argument(1), value.Number() > 0 ? value : Value(Text(run.Argument(2))), 0);
   ++run.AppliedCount;
   return Step::kNext;
 }
@@ -152,7 +152,7 @@ Step SetSourceOwnerTrait(Run& run) { return SetOnOwner(run, OwnerCard(run.Source
 // Removal.
 
 Step RemoveFrom(Run& run, Card& card) {
-  const std::string_view trait = run.Argument(1);
+  const auto trait = run.Argument(1);
   if (HasTrait(card, trait)) {
     RemoveTrait(card, trait);
     ++run.AppliedCount;

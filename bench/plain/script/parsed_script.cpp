@@ -1,17 +1,15 @@
 // Splitting a script for each field, and looking words up from the first row of the tables on.
 #include "script/parsed_script.h"
 
-#include <algorithm>
-
+#include "core/fold.h"
 #include "core/strings.h"
-#include "core/traits.h"
 #include "script/command_table.h"
 
 namespace brindlemoor {
 
 namespace {
 
-const Command* LookUp(std::string_view word) {
+const Command* LookUp(const std::string& word) {
   for (const std::span<const Command> family : CommandFamilies()) {
     for (const Command& row : family) {
       if (row.Word == word) return &row;
@@ -22,42 +20,46 @@ const Command* LookUp(std::string_view word) {
 
 }  // namespace
 
-std::string_view ParsedScript::Field(int n) const noexcept { return FieldAt(script_, n, ':'); }
+std::string ParsedScript::Field(int n) const { return GetDS(script_, n, ":"); }
 
 ParsedScript::FieldRow ParsedScript::RowAt(int n) const {
-  if (n < 1 || n > FieldCount()) return {};
   FieldRow row;
   row.Text = Field(n);
-  row.AiMarked = row.Text.starts_with("AI");
+  if (row.Text.empty()) return row;
+  row.AiMarked = row.Text.substr(0, 2) == "AI";
   row.Row = LookUp(row.AiMarked ? row.Text.substr(2) : row.Text);
   return row;
 }
 
-int ParsedScript::FieldCount() const noexcept {
-  if (script_.empty()) return 0;
-  return static_cast<int>(std::count(script_.begin(), script_.end(), ':')) + 1;
-}
+Text ParsedScript::Tail(int n) const { return RestDS(script_, n, ":"); }
 
-Text ParsedScript::Tail(int n) const {
-  if (n < 1 || n > FieldCount()) return Text();
-  return script_.substr(static_cast<std::size_t>(Field(n).data() - script_.data()));
-}
-
-std::size_t ParsedScript::TailSize(int n) const noexcept {
-  if (n < 1 || n > FieldCount()) return 0;
-  return script_.size() - static_cast<std::size_t>(Field(n).data() - script_.data());
+std::size_t ParsedScript::TailSize(int n) const {
+  const std::string_view field = FieldAt(script_, n, ':');
+  if (field.data() == nullptr) return 0;
+  return script_.size() - static_cast<std::size_t>(field.data() - script_.data());
 }
 
 std::string_view ParsedScript::DeclaredTrait(std::string_view name) const {
-  return ScriptTraitValue(script_, name);
+  for (int field = 1;; ++field) {
+    const std::string word = Field(field);
+    if (word.empty() || word == "ADDEFFECT") return "NONE";
+    if (word != "TRAIT") continue;
+    ++field;
+    // The answer is a part of the script, as the callers want it.
+    if (Field(field) == name) return FieldAt(script_, field + 1, ':');
+  }
 }
 
-bool ParsedScript::WantsPictures() const {
-  for (int n = 1; n <= FieldCount(); ++n) {
-    const FieldRow row = RowAt(n);
-    if (row.Row != nullptr && row.Row->Pictures) return true;
+bool ParsedScript::DeclaresFolded(std::string_view name) const {
+  return DeclaredTrait(FoldUpper(name)) != "NONE";
+}
+
+bool ParsedScript::HasField(std::string_view text) const {
+  for (int field = 1;; ++field) {
+    const std::string word = Field(field);
+    if (word.empty()) return false;
+    if (word == text) return true;
   }
-  return false;
 }
 
 }  // namespace brindlemoor

@@ -1,6 +1,7 @@
 // ParsedScript for the plain engine: the script as it is, split again for every field.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "core/text.h"
@@ -13,21 +14,23 @@ struct Command;
 class ParsedScript {
  public:
   struct FieldRow {
-    std::string_view Text;
+    std::string Text;
     const Command* Row = nullptr;
     bool AiMarked = false;
   };
 
   explicit ParsedScript(std::string_view script) : script_(script) {}
 
-  std::string_view Field(int n) const noexcept;
+  std::string Field(int n) const;
   FieldRow RowAt(int n) const;
-  int FieldCount() const noexcept;
   Text Tail(int n) const;
-  std::size_t TailSize(int n) const noexcept;
+  std::size_t TailSize(int n) const;
+  std::string NameAt(int n) const { return Field(n); }
   std::string_view DeclaredTrait(std::string_view name) const;
+  bool DeclaresFolded(std::string_view name) const;
+  bool HasField(std::string_view text) const;
+  std::string_view Bringer() const { return DeclaredTrait("TRAITEFFECT"); }
   bool DeclaresNoCounters() const { return DeclaredTrait("NOCOUNTERS") != "NONE"; }
-  bool WantsPictures() const;
 
   static ParsedScript Of(const Text& script) { return ParsedScript(script.View()); }
 

@@ -1,0 +1,51 @@
+// Paying for cards in the plain engine: the whole table is copied before the test and put back
+// after it, and every card that could change the price is copied once more.
+#include "core/cards.h"
+#include "core/state.h"
+#include "game/card_play.h"
+#include "script/run_action.h"
+#include "script/triggers.h"
+
+namespace brindlemoor {
+namespace {
+
+void RunCostModifiers(Card& card, Card& work, int mode) {
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    if (card.Effects[effect].Trigger != "COSTMOD") continue;
+    RunAction(card, work, effect, RunOptions{.CostMode = 1, .TestRun = mode});
+  }
+}
+
+}  // namespace
+
+int PayCost(const Card& card, int mode) {
+  Session& session = State();
+  session.CostCard.InPlay = 1;
+  if (session.DebugMode == 1) return -1;
+  SpendWork(session.CardTable.UpperBound());
+  if (WorkIsSpent()) return 0;
+  const Pile table = session.CardTable;
+  const auto hits = session.HitTable;
+  const std::string page = session.PageText;
+  const std::string banner = session.PhaseBanner;
+  Card work = card;
+
+  RunCostModifiers(session.RulesCard, work, mode);
+  for (int slot = 1; slot <= session.CardTable.UpperBound(); ++slot) {
+    if (IsFree(session.CardTable[slot])) continue;
+    Card copy = session.CardTable[slot];
+    RunCostModifiers(copy, work, mode);
+  }
+  const int failures = FireTrigger(work, "COST", -1, 0, 1);
+  session.CardTable = table;
+  session.HitTable = hits;
+  session.PageText = page;
+  if (failures > 0 || WorkIsSpent()) {
+    session.PhaseBanner = banner;
+    return 0;
+  }
+  if (mode == 0) FireTrigger(work, "COST");
+  return -1;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,70 @@
+// The search for a target: the action is tried on copies of every card that its masks let through.
+#include "script/target_search.h"
+
+#include <vector>
+
+#include "core/cards.h"
+#include "core/limits.h"
+#include "core/random.h"
+#include "core/state.h"
+#include "script/effect_masks.h"
+#include "script/run_action.h"
+#include "script/triggers.h"
+
+namespace brindlemoor {
+namespace {
+
+/// What a run that its masks refuse would have done, without the copies that a run needs. False
+/// when the run has to be made.
+bool RefusedByMasks(const CardEffect& effect, const Card& source, const Card& candidate) {
+  Session& session = State();
+  if (session.RunDepth >= limits::kNestedRuns || session.GameOver != 0 || IsFree(source)) {
+    return false;
+  }
+  if (effect.Script.empty() || !MasksRefuse(effect, source, candidate)) return false;
+  session.FailReason.clear();
+  session.RedirectTarget = 0;
+  session.RedirectScript = Text();
+  session.CancelState = 0;
+  session.HpReport = 0;
+  ++session.StatMasked;
+  return true;
+}
+
+int OneOf(const std::vector<int>& slots) {
+  return slots[static_cast<std::size_t>(RollDie(static_cast<double>(slots.size()))) - 1];
+}
+
+}  // namespace
+
+int SearchTarget(const Card& source, int effectIndex, int targetType, const Text& script,
+                 int& quality) {
+  Session& session = State();
+  const Pile& table = session.CardTable;
+  const CardEffect effect = source.Effects[effectIndex];
+  const RunOptions options{.TestRun = 1, .Nested = 1, .ScriptOverride = script};
+  std::vector<int> clean;
+  std::vector<int> partial;
+  for (int slot = 1; slot <= table.UpperBound(); ++slot) {
+    if (StopsForWork(source)) return 0;
+    const Card& candidate = table[slot];
+    if (IsFree(candidate) || candidate.InPlay == 0) continue;
+    SpendWork(1);
+    if (IsOnWrongSide(targetType, source, candidate)) continue;
+    if (script.empty() && RefusedByMasks(effect, source, candidate)) continue;
+    Card actor = source;
+    Card target = candidate;
+    const int result = RunAction(actor, target, effectIndex, options);
+    if (session.CancelState != 0) {
+      session.CancelState = 0;
+      return 0;
+    }
+    if (result == kRunClean) clean.push_back(slot);
+    if (result == kRunMixed) partial.push_back(slot);
+  }
+  if (clean.empty() && partial.empty()) return 0;
+  quality = clean.empty() ? kPartialTarget : kCleanTarget;
+  return OneOf(clean.empty() ? partial : clean);
+}
+
+}  // namespace brindlemoor
