@@ -30,6 +30,7 @@ class Supply {
   void Take(Card card, int side) {
     if (IsFree(card) || !HasTrait(card, "HP", "") || HasTrait(card, "PLAYER", "")) return;
     card.Owner = static_cast<std::uint8_t>(side);
+    card.ActivateOn = Text();  // it is in play at once
     cards_.push_back(std::move(card));
   }
   std::vector<Card> cards_;

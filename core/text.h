@@ -16,7 +16,8 @@
 namespace brindlemoor {
 
 /// Something that is worked out once from a text and kept with it. There is one such form, the
-/// parsed form of a script (script/parsed_script.h), and it takes for granted that it is the only one.
+/// parsed form of a script (script/parsed_script.h), and it takes for granted that it is the only
+/// one.
 class TextAttachment {
  public:
   virtual ~TextAttachment() = default;

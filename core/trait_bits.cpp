@@ -5,9 +5,7 @@
 
 namespace brindlemoor {
 
-TraitBit TraitBitFor(std::string_view name) {
-  return TraitBitOf(name.substr(0, name.find(':')));
-}
+TraitBit TraitBitFor(std::string_view name) { return TraitBitOf(name.substr(0, name.find(':'))); }
 
 TraitBit TraitBitOf(const TraitName& name) {
   if (name.View().empty()) return {};

@@ -36,8 +36,7 @@ std::uint8_t ByteOf(std::string_view text) {
 void DropBonusBase(Card& card, std::string_view text) {
   const std::string_view name = FieldAt(text, 1, ':');
   const int base = TraitSlot(card, name);
-  if (base == 0 || card.Traits[base].Value() != "BONUS" ||
-      !HasTrait(card, Joined("BONUS", name))) {
+  if (base == 0 || card.Traits[base].Value() != "BONUS" || !HasTrait(card, Joined("BONUS", name))) {
     return;
   }
   const int last = card.Traits.UpperBound();

@@ -22,8 +22,8 @@ void ExpandCustomStrings(std::string& text) {
   }
 }
 
-/// The characters that follow a "$" in a text, as bits 0 to 31 of their codes: what says that a mark
-/// is not there says so for sure.
+/// The characters that follow a "$" in a text, as bits 0 to 31 of their codes: what says that a
+/// mark is not there says so for sure.
 std::uint32_t LettersOfMarks(std::string_view text) {
   std::uint32_t letters = 0;
   for (std::size_t at = text.find('$'); at != std::string_view::npos && at + 1 < text.size();

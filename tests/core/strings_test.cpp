@@ -2,7 +2,6 @@
 #include "core/strings.h"
 
 #include <gtest/gtest.h>
-
 #include <random>
 #include <string>
 

@@ -82,11 +82,12 @@ TEST_F(TraitsTest, HasTraitSeesItemsAndTheScriptsOwnTraits) {
 TEST_F(TraitsTest, NamesAreFoundHoweverTheyAreWritten) {
   const std::string longName(200, 'x');
   const std::string longer = longName + std::string(128, 'x');
-  const Card card = MakeCard("Goblin", 1, {"HASTE:1", "Haven", "STRASSE:2", "maß:3", "BONUSmaß:4",
-                                           longName + ":5", "K:6", "[a:7"});
+  const Card card = MakeCard(
+      "Goblin", 1,
+      {"HASTE:1", "Haven", "STRASSE:2", "maß:3", "BONUSmaß:4", longName + ":5", "K:6", "[a:7"});
   const std::pair<std::string, int> slots[] = {
-      {"haste", 1}, {"HASTA", 0}, {"HAVEN", 2}, {"HAVEN:1", 0}, {"HASTE:1", 0},
-      {"MAß", 4},   {"MASS", 0},  {longName, 6}, {longer, 0},   {"K", 0},
+      {"haste", 1}, {"HASTA", 0}, {"HAVEN", 2},  {"HAVEN:1", 0}, {"HASTE:1", 0},
+      {"MAß", 4},   {"MASS", 0},  {longName, 6}, {longer, 0},    {"K", 0},
       {"k", 7},     {"{A", 0},    {"[A", 8},     {"ſtrasse", 3}};
   for (const auto& [name, slot] : slots) EXPECT_EQ(TraitSlot(card, name), slot) << name;
   EXPECT_EQ(TraitNumber(card, "MAß"), 7) << "a bonus for a name that is not ASCII counts, too";

@@ -29,6 +29,7 @@ class SharedArray {
     return UpperBound();
   }
   void Resize(int count) { elements_.resize(static_cast<std::size_t>(count)); }
+  void Reset(int count) { *this = SharedArray(count); }
 
   const T* begin() const noexcept { return elements_.data(); }
   const T* end() const noexcept { return elements_.data() + elements_.size(); }

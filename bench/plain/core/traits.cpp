@@ -19,7 +19,6 @@ namespace brindlemoor {
 namespace {
 
 std::string Name(std::string_view item) { return GetDS(item, 1, ":"); }
-std::string Name(const TraitItem& item) { return Name(item.View()); }
 
 /// The value of a bonus item, 0 beyond the bounds of limits.h.
 double BonusValue(const Card& card, const std::string& expression) {
