@@ -39,26 +39,34 @@ std::string WithBreaks(std::string_view text) {
   }
 }
 
+/// Where the next base tag of a page opens, npos when there is none.
+std::size_t FindBaseTag(std::string_view page, std::size_t from) {
+  constexpr std::string_view kTag = "<base";
+  constexpr std::string_view kNameEnds = " \t\n\f\r/>";
+  for (std::size_t at = page.find('<', from); at != std::string_view::npos;
+       at = page.find('<', at + 1)) {
+    const std::string_view rest = page.substr(at);
+    if (rest.size() <= kTag.size() || AsciiUpper(rest[1]) != 'B') continue;
+    const bool ends = kNameEnds.find(rest[kTag.size()]) != std::string_view::npos;
+    if (ends && FoldEquals(rest.substr(0, kTag.size()), kTag)) return at;
+  }
+  return std::string_view::npos;
+}
+
 /// A base tag in the text of a card would lead the program's own links on the page elsewhere. With
 /// a mark behind its name it is a tag that no browser knows; everything else stays as it is.
-std::string WithoutBaseTags(std::string_view text) {
-  constexpr std::string_view kName = "base";
-  constexpr std::string_view kNameEnds = " \t\n\f\r/>";
+std::string WithoutBaseTags(std::string page) {
+  std::size_t tag = FindBaseTag(page, 0);
+  if (tag == std::string::npos) return page;
   std::string out;
-  out.reserve(text.size());
-  for (std::size_t tag = text.find('<'); tag != std::string_view::npos; tag = text.find('<')) {
-    out += text.substr(0, tag + 1);
-    text.remove_prefix(tag + 1);
-    if (text.size() <= kName.size() || !FoldEquals(text.substr(0, kName.size()), kName) ||
-        kNameEnds.find(text[kName.size()]) == std::string_view::npos) {
-      continue;
-    }
-    out += text.substr(0, kName.size());
-    out += '-';
-    text.remove_prefix(kName.size());
+  out.reserve(page.size());
+  std::size_t passed = 0;
+  for (; tag != std::string::npos; tag = FindBaseTag(page, passed)) {
+    const std::size_t nameEnd = page.find_first_of("eE", tag) + 1;
+    out.append(page, passed, nameEnd - passed) += '-';
+    passed = nameEnd;
   }
-  out += text;
-  return out;
+  return out.append(page, passed);
 }
 
 }  // namespace
