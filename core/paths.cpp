@@ -37,35 +37,36 @@ bool Holds(std::string_view folder, std::string_view name, std::string& path) {
   return Desktop().Files().Exists(path);
 }
 
-/// The path of a file whose name folds like this one, "" when there is none.
-std::string FindInAnyCase(const std::vector<std::string>& folders, std::string_view name) {
-  std::string path;
-  for (const std::string& folder : folders) {
-    for (const std::string& present : Desktop().Files().ListFiles(folder)) {
-      if (FoldEquals(present, name) && Holds(folder, present, path)) return path;
-    }
+/// True when the folder holds a file whose name folds like this one; its path is filled in then.
+bool HoldsInAnyCase(std::string_view folder, std::string_view name, std::string& path) {
+  for (const std::string& present : Desktop().Files().ListFiles(std::string(folder))) {
+    if (FoldEquals(present, name) && Holds(folder, present, path)) return true;
   }
-  return "";
+  return false;
 }
 
-/// Searches the program's folder, its parent and then its subfolders.
+/// Searches the program's folder, its parent and then its subfolders, first for the very name.
 std::string FindFile(std::string_view name) {
   const std::string& program = State().ProgramFolder;
   const std::string_view parent = ParentFolder(program);
   std::string path;
   if (Holds(program, name, path) || Holds(parent, name, path)) return path;
-  std::vector<std::string> folders = {program, std::string(parent)};
-  for (const std::string& subfolder : Desktop().Files().ListFolders(program)) {
-    folders.push_back(InFolder(program, subfolder));
-    if (Holds(folders.back(), name, path)) return path;
-  }
-  return FindInAnyCase(folders, name);
+  const std::vector<std::string> subfolders = Desktop().Files().ListFolders(program);
+  const auto search = [&](auto holds) {
+    return std::any_of(subfolders.begin(), subfolders.end(), [&](const std::string& subfolder) {
+      return holds(InFolder(program, subfolder), name, path);
+    });
+  };
+  if (search(Holds)) return path;
+  const bool found = HoldsInAnyCase(program, name, path) || HoldsInAnyCase(parent, name, path) ||
+                     search(HoldsInAnyCase);
+  return found ? path : "";
 }
 
 }  // namespace
 
 std::string& FileNameOnly(std::string& path) {
-  if (path.find_first_of("/\\") == std::string::npos) return path;
+  if (path.find('/') == std::string::npos && path.find('\\') == std::string::npos) return path;
   const std::string walked = WithForwardSlashes(path);
   FieldWalker components(walked, '/');
   std::string_view last = components.Next();

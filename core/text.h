@@ -1,4 +1,4 @@
-// Text: an immutable, shared piece of UTF-8 text; copying one costs a pointer and a counter.
+// Text: a shared piece of UTF-8 text; copying one costs a pointer and a counter.
 #pragma once
 
 #include <algorithm>
@@ -23,7 +23,8 @@ class TextAttachment {
   virtual ~TextAttachment() = default;
 };
 
-/// Immutable UTF-8 text with shared storage. The counter is not atomic: the engine has one thread.
+/// UTF-8 text with shared storage; what is shared never changes. The counter is not atomic: the
+/// engine has one thread.
 /// An empty Text owns nothing. Converts to std::string_view wherever one is wanted.
 class Text {
  public:
@@ -55,6 +56,13 @@ class Text {
   template <class... Pieces>
   static Text Of(const Pieces&... pieces) {
     return Text(JoinedPieces{}, std::string_view(pieces)...);
+  }
+
+  /// Puts the pieces behind the text. Storage that nobody shares grows in place, half again at a
+  /// time, so that a text that is put together bit by bit is not copied for each.
+  template <class... Pieces>
+  void Append(const Pieces&... pieces) {
+    AppendPieces(std::string_view(pieces)...);
   }
 
   bool empty() const noexcept { return rep_ == nullptr; }
@@ -91,6 +99,7 @@ class Text {
   /// The head of the storage; the characters follow it in the same piece of memory.
   struct Rep {
     std::uint32_t references = 1;
+    std::uint32_t room = 0;  ///< bytes behind the characters
     std::size_t size = 0;
     std::unique_ptr<TextAttachment> attachment{};
     char* Characters() noexcept { return reinterpret_cast<char*>(this + 1); }
@@ -101,9 +110,34 @@ class Text {
   explicit Text(JoinedPieces, Pieces... pieces) {
     const std::size_t size = (pieces.size() + ...);
     if (size == 0) return;
-    rep_ = new (::operator new(sizeof(Rep) + size)) Rep{.size = size};
-    char* end = rep_->Characters();
-    ((end = std::copy(pieces.begin(), pieces.end(), end)), ...);
+    rep_ = New(size, 0);
+    Copy(rep_->Characters(), pieces...);
+  }
+  template <class... Pieces>
+  void AppendPieces(Pieces... pieces) {
+    const std::size_t added = (pieces.size() + ...);
+    if (added == 0) return;
+    if (rep_ == nullptr || rep_->references > 1 || rep_->room < added) {
+      const std::size_t size = this->size();
+      Text grown;
+      grown.rep_ = New(size, static_cast<std::uint32_t>(added + (size + added) / 2));
+      Copy(grown.rep_->Characters(), View());
+      // The pieces may lie in the text itself.
+      Copy(grown.rep_->Characters() + size, pieces...);
+      std::swap(rep_, grown.rep_);
+    } else {
+      Copy(rep_->Characters() + rep_->size, pieces...);
+      rep_->attachment.reset();
+    }
+    rep_->size += added;
+    rep_->room -= static_cast<std::uint32_t>(added);
+  }
+  template <class... Pieces>
+  static void Copy(char* to, Pieces... pieces) {
+    ((to = std::copy(pieces.begin(), pieces.end(), to)), ...);
+  }
+  static Rep* New(std::size_t size, std::uint32_t room) {
+    return new (::operator new(sizeof(Rep) + size + room)) Rep{.room = room, .size = size};
   }
   static void Delete(Rep* rep) noexcept {
     rep->~Rep();

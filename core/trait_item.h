@@ -11,24 +11,14 @@
 
 namespace brindlemoor {
 
-/// What two trait names that fold alike have in common: their size and their first letters. Names
-/// with the same key may still differ. A name that is not all ASCII has the key 0, which says
-/// nothing. One with a ":" has a key of its own, since no item has such a name.
-constexpr std::uint32_t TraitKey(std::string_view name) noexcept {
-  constexpr std::size_t kLetters = 3;
-  constexpr unsigned kCaseBit = 0x20;
-  std::uint32_t key = static_cast<std::uint8_t>(name.size()) | 0x80U;
-  unsigned everyByte = 0;
-  bool wholeName = true;
-  for (std::size_t index = 0; index < name.size(); ++index) {
-    const unsigned byte = static_cast<unsigned char>(name[index]);
-    everyByte |= byte;
-    wholeName = wholeName && name[index] != ':';
-    if (index < kLetters) key |= (byte & ~kCaseBit) << (8 * (index + 1));
-  }
-  if (everyByte >= 0x80) return 0;
-  return wholeName ? key : 0xFFFFFFFF;
-}
+/// The key of texts with a ":", which no item has as its name.
+constexpr std::uint32_t kNoTraitKey = 0;
+/// The key of the empty name, which free items have.
+constexpr std::uint32_t kEmptyTraitKey = 0x80;
+
+/// What two trait names that fold alike have in common: the size and the first letters of what
+/// they fold to. Names with the same key may still differ.
+std::uint32_t TraitKey(std::string_view name) noexcept;
 
 /// The name of a trait that is looked for.
 class TraitName {
@@ -51,6 +41,8 @@ class TraitName {
 class TraitItem {
  public:
   TraitItem() noexcept = default;
+  /// "NAME:VALUE", or the name alone for the empty value.
+  TraitItem(const TraitName& name, std::string_view value);
   TraitItem(Text text);  // NOLINT: meant to convert
   template <class Written>
   requires(std::convertible_to<const Written&, std::string_view>)
@@ -78,31 +70,33 @@ class TraitItem {
   double Number() const noexcept { return number_; }
 
   /// True when the name folds like this one.
-  bool HasName(const TraitName& name) const noexcept { return FoldsLike(key_, name, Name()); }
+  bool HasName(const TraitName& name) const noexcept {
+    return key_ == name.Key() && FoldsLike(Name(), name.View());
+  }
   /// True when the item is a bonus for the trait of this name: "BONUS" and the name.
   bool IsBonusFor(const TraitName& name) const noexcept {
-    return bonusSize_ != 0 && FoldsLike(bonusKey_, name, Name().substr(bonusSize_));
+    return bonusKey_ == name.Key() && bonusSize_ != 0 &&
+           FoldsLike(Name().substr(bonusSize_), name.View());
   }
+  /// True when the item reads "NAME:VALUE"; for the empty value also without the ":".
+  bool IsWritten(std::string_view name, std::string_view value) const noexcept;
 
  private:
-  static bool FoldsLike(std::uint32_t key, const TraitName& name, std::string_view own) noexcept {
-    if (key != 0 && name.Key() != 0) return key == name.Key() && AsciiFoldsLike(own, name.View());
-    return FoldEquals(own, name.View());
-  }
-  /// For names of nothing but ASCII.
-  static bool AsciiFoldsLike(std::string_view a, std::string_view b) noexcept {
-    if (a.size() != b.size()) return false;
+  /// For names with the same key: mostly they have the same size and are alike.
+  static bool FoldsLike(std::string_view a, std::string_view b) noexcept {
+    if (a.size() != b.size()) return FoldEquals(a, b);
     for (std::size_t index = 0; index < a.size(); ++index) {
-      if (AsciiUpper(a[index]) != AsciiUpper(b[index])) return false;
+      if (AsciiUpper(a[index]) != AsciiUpper(b[index])) return FoldEquals(a, b);
     }
     return true;
   }
+  void TakeApart(std::size_t nameSize, std::uint32_t key);
 
   Text text_;
   double number_ = 1;
   std::uint32_t nameSize_ = 0;
-  std::uint32_t key_ = TraitKey("");
-  std::uint32_t bonusKey_ = 0;
+  std::uint32_t key_ = kEmptyTraitKey;
+  std::uint32_t bonusKey_ = kNoTraitKey;
   std::uint32_t bonusSize_ = 0;  ///< bytes of the prefix "BONUS", 0 for an ordinary trait
 };
 

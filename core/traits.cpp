@@ -192,42 +192,43 @@ int TraitSlot(const Card& card, const TraitName& name) {
   return 0;
 }
 
-void SetTrait(Card& card, std::string_view name, const Value& value, int keepActions) {
+void SetTrait(Card& card, const TraitName& name, const Value& value, int keepActions) {
   Session& state = State();
-  if (name == "HP") state.HpReport = 1;
+  if (name.View() == "HP") state.HpReport = 1;
   state.Work.SpendOnSearch(static_cast<std::size_t>(card.Traits.UpperBound()));
   const int item = ItemToWrite(card, name);
   if (item == 0) return;
-  const std::string full(name);  // the caller's name may lie in a text that is replaced here
   const std::string printed = value.Str();
-  TraitItem changed(printed.empty() ? Text(full) : Text::Of(full, ":", printed));
-  const Text& present = card.Traits[item];
-  const bool sameWithColon = printed.empty() && present == Joined(full, ":");
-  if (present == changed.View() || sameWithColon) return;
+  if (card.Traits[item].IsWritten(name.View(), printed)) return;
+  const std::string full(name.View());  // the caller's name may lie in a text that is replaced here
+  const TraitName own(full, name.Key());
+  TraitItem changed(own, printed);
   const std::size_t nameSize = changed.Name().size();
   card.Traits.Edit(item) = std::move(changed);
   if (card.ChangedTraits.size() + full.size() < limits::kChangedTraitBytes) {
     state.Work.SpendOnText(card.ChangedTraits.size());
-    card.ChangedTraits = Text::Of(card.ChangedTraits, full, ":");
+    card.ChangedTraits.Append(full, ":");
   } else {
     limits::ReportLimit("Too many changed traits of a card wait: one is not told of.");
   }
 
   // Files write a trait with its value as the name; from here on the name alone counts.
-  const std::string_view bare = std::string_view(full).substr(0, nameSize);
+  const TraitName bare = nameSize == full.size() ? own : TraitName(own.View().substr(0, nameSize));
   const TraitBit bit = TraitBitOf(bare);
   if (bit.Word != -1) card.TraitBits[bit.Word] |= bit.BitValue;
-  AddBonusBase(card, bare, keepActions);
+  AddBonusBase(card, bare.View(), keepActions);
   card.TraitActionsApplied = 0;
-  if (keepActions == 0 && state.TraitActionsPaused == 0) ApplyTraitActions(card, bare);
+  if (keepActions == 0 && state.TraitActionsPaused == 0) ApplyTraitActions(card, bare.View());
 }
 
-void ModTrait(Card& card, std::string_view name, double& amount, Card& other, int testRun,
+void ModTrait(Card& card, const TraitName& name, double& amount, Card& other, int testRun,
               const Text& script) {
   Session& state = State();
-  const std::string own(name);  // reactions may replace the text that the caller's name lies in
+  // Reactions may replace the text that the caller's name lies in.
+  const std::string kept(name.View());
+  const TraitName own(kept, name.Key());
   state.RedirectTraitName = Text();
-  if (!OfferChange(card, own, amount, other, testRun, script)) return;
+  if (!OfferChange(card, kept, amount, other, testRun, script)) return;
   state.LastValue = std::fabs(amount);
   if (RedirectLoss(card, amount, other, testRun, script)) return;
   SetTrait(card, own, amount + TraitNumber(card, own), 0);

@@ -26,11 +26,11 @@ int TraitSlot(const Card& card, const TraitName& name);
 
 /// Writes a trait; with keepActions 0 the trait's actions come with it. Writing the value that is
 /// there does nothing at all.
-void SetTrait(Card& card, std::string_view name, const Value& value, int keepActions);
+void SetTrait(Card& card, const TraitName& name, const Value& value, int keepActions);
 
 /// Changes a trait by amount, after BEFORETRAITCHANGE reactions, which may alter the amount, cancel
 /// the change or name another trait for it. other is the card that causes the change.
-void ModTrait(Card& card, std::string_view name, double& amount, Card& other, int testRun,
+void ModTrait(Card& card, const TraitName& name, double& amount, Card& other, int testRun,
               const Text& script);
 
 /// Removes every item of exactly this name, its captions and the actions that it brought.

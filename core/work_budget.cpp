@@ -35,11 +35,6 @@ void SpendWorkOnSearch(std::size_t items) noexcept { State().Work.SpendOnSearch(
 
 bool WorkIsSpent() noexcept { return State().Work.IsSpent(); }
 
-bool StopsForWork(const Card& acting) {
-  if (!WorkIsSpent()) return false;
-  std::string& stopped = State().Work.StoppedCard;
-  if (stopped.empty()) stopped = acting.Name;
-  return true;
-}
+bool StopsForWork(const Card& acting) { return State().Work.Stops(acting.Name); }
 
 }  // namespace brindlemoor

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "core/limits.h"
 
@@ -38,6 +39,12 @@ struct WorkBudget {
   }
   bool IsSpent() const noexcept {
     return Accounts > 0 && Done >= (Limit > 0 ? Limit : limits::kStepsOfTurn);
+  }
+  /// The same for a script of a card that would go on or begin.
+  bool Stops(std::string_view acting) {
+    if (!IsSpent()) return false;
+    if (StoppedCard.empty()) StoppedCard = acting;
+    return true;
   }
 };
 

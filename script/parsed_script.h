@@ -19,9 +19,9 @@ class ParsedScript final : public TextAttachment {
  public:
   struct FieldRow {
     std::string_view Text;
-    const Command* Row = nullptr;  ///< nullptr for a word that is no command
-    std::uint32_t Key = 0;         ///< of the text as a trait's name (core/trait_item.h)
-    bool AiMarked = false;         ///< the word without its "AI" prefix is looked up
+    const Command* Row = nullptr;        ///< nullptr for a word that is no command
+    std::uint32_t Key = kEmptyTraitKey;  ///< of the text as a trait's name (core/trait_item.h)
+    bool AiMarked = false;               ///< the word without its "AI" prefix is looked up
   };
 
   explicit ParsedScript(std::string_view script);

@@ -36,6 +36,8 @@ void Run::Show(std::string_view html) {
 
 namespace {
 
+const TraitName kNoCounters("NOCOUNTERS");
+
 /// What every run that is asked for does to the shared state, refused or not.
 void ClearSharedState(Session& session, double amount) {
   if (amount != 0) session.LastValue = amount;
@@ -46,12 +48,12 @@ void ClearSharedState(Session& session, double amount) {
 }
 
 /// The result of a run that does not begin.
-std::optional<int> Refusal(const Session& session, const Card& source, const Card& target,
+std::optional<int> Refusal(Session& session, const Card& source, const Card& target,
                            const RunOptions& options) {
   if (session.RunDepth >= limits::kNestedRuns) return kRunNothing;
   if (target.Name.empty()) return kRunFailed;
   if (session.GameOver != 0) return kRunNothing;
-  if (session.Work.IsSpent() && StopsForWork(source)) return kRunNothing;
+  if (session.Work.Stops(source.Name)) return kRunNothing;
   const bool mustBeInPlay = options.CostMode == -1 && options.TestRun == 0;
   if (mustBeInPlay && (target.InPlay == 0 || source.InPlay == 0)) return kRunFailed;
   return std::nullopt;
@@ -106,7 +108,7 @@ bool Walk(Run& run) {
   while (true) {
     const ParsedScript::FieldRow& field = run.Fields.RowAt(run.Position);
     if (field.Text.empty()) return true;
-    if (session.Work.IsSpent() && StopsForWork(run.Source)) return true;
+    if (session.Work.Stops(run.Source.Name)) return true;
     if (session.CancelState == 1) {
       if (run.NoCounters != 1) {
         ++run.FailCount;
@@ -149,8 +151,8 @@ int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& opt
   const Text script =
       options.ScriptOverride.empty() ? source.Effects[effectIndex].Script : options.ScriptOverride;
   const ParsedScript& fields = ParsedScript::Of(script);
-  const bool unanswered = options.NoCounters == 1 || fields.DeclaresNoCounters() ||
-                          TraitSlot(source, "NOCOUNTERS") != 0;
+  const bool unanswered =
+      options.NoCounters == 1 || fields.DeclaresNoCounters() || HasTrait(source, kNoCounters);
   Run run{source, target, effectIndex, options,
           script, fields, amount,      unanswered ? 1 : options.NoCounters};
   if (!OfferAction(run)) {

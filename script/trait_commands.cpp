@@ -30,7 +30,7 @@ Step LeaveInsufficient(Run& run, std::string_view trait) {
   return Step::kLeave;
 }
 
-void Change(Run& run, Card& card, std::string_view trait, double amount) {
+void Change(Run& run, Card& card, const TraitName& trait, double amount) {
   ModTrait(card, trait, amount, run.Source, run.Options.TestRun, run.Script);
 }
 
@@ -43,24 +43,24 @@ void TurnHpReportToSource(std::string_view trait) {
 
 /// The change is made already when it turns out to cost more than there is. It is always the
 /// source's trait that is looked at, also when the target's was changed.
-Step AfterChange(Run& run, std::string_view trait) {
+Step AfterChange(Run& run, const TraitName& trait) {
   ++run.AppliedCount;
   if (!PaysCost(run) || TraitNumber(run.Source, trait) >= 0) return Step::kNext;
-  SayInsufficient(trait);
+  SayInsufficient(trait.View());
   ++run.SoftFailCount;
   return run.AiMarked ? Step::kNext : Step::kEnd;
 }
 
 Step ModTargetTrait(Run& run) {
-  const auto trait = run.Argument(1);
+  const auto trait = run.TraitArgument(1);
   Change(run, run.Target, trait, run.Evaluated(2).Number());
   return AfterChange(run, trait);
 }
 
 Step ModSourceTrait(Run& run) {
-  const auto trait = run.Argument(1);
+  const auto trait = run.TraitArgument(1);
   Change(run, run.Source, trait, run.Evaluated(2).Number());
-  TurnHpReportToSource(trait);
+  TurnHpReportToSource(run.Argument(1));
   return AfterChange(run, trait);
 }
 
@@ -68,12 +68,12 @@ Step ModSourceTrait(Run& run) {
 /// that other card for what is left. This is meant.
 Step ModOwner(Run& run, Card* changed, Card* readAgainst) {
   if (changed == nullptr) return Step::kNext;
-  const auto trait = run.Argument(1);
+  const auto trait = run.TraitArgument(1);
   const Card& against = readAgainst != nullptr ? *readAgainst : run.Target;
   Change(run, *changed, trait, EvalNumber(run.Source, against, run.Argument(2)));
   ++run.AppliedCount;
   if (PaysCost(run) && readAgainst != nullptr && TraitNumber(*readAgainst, trait) < 0) {
-    return LeaveInsufficient(run, trait);
+    return LeaveInsufficient(run, run.Argument(1));
   }
   return Step::kNext;
 }
@@ -97,7 +97,7 @@ Step Subtract(Run& run, Card& card, bool gainsToo) {
     ++run.SoftFailCount;
     return Step::kNext;
   }
-  Change(run, card, run.Argument(1), 0 - value);
+  Change(run, card, trait, 0 - value);
   ++run.AppliedCount;
   return Step::kNext;
 }
@@ -106,7 +106,7 @@ Step SubTargetTrait(Run& run) { return Subtract(run, run.Target, false); }
 Step SubSourceTrait(Run& run) { return Subtract(run, run.Source, true); }
 
 Step AddToTrait(Run& run) {
-  const auto trait = run.Argument(1);
+  const auto trait = run.TraitArgument(1);
   if (HasTrait(run.Target, trait)) {
     Change(run, run.Target, trait, run.Evaluated(2).Number());
   } else {
@@ -120,7 +120,7 @@ Step AddToTrait(Run& run) {
 Step SetTargetTrait(Run& run) {
   bool computed = false;
   const Value value = EvalValue(run.Source, run.Target, run.Argument(2), computed);
-  SetTrait(run.Target, run.Argument(1), computed ? value : Value(Text(run.Argument(2))), 0);
+  SetTrait(run.Target, run.TraitArgument(1), computed ? value : Value(Text(run.Argument(2))), 0);
   ++run.AppliedCount;
   return Step::kNext;
 }
@@ -128,7 +128,8 @@ Step SetTargetTrait(Run& run) {
 Step SetOn(Run& run, Card* card) {
   if (card == nullptr) return Step::kNext;
   const Value value = run.Evaluated(2);
-  SetTrait(*card, run.Argument(1), value.Number() > 0 ? value : Value(Text(run.Argument(2))), 0);
+  SetTrait(*card, run.TraitArgument(1), value.Number() > 0 ? value : Value(Text(run.Argument(2))),
+           0);
   ++run.AppliedCount;
   return Step::kNext;
 }

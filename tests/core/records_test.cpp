@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include "core/joined.h"
+#include "script/parsed_script.h"
+
 namespace brindlemoor {
 namespace {
 
@@ -20,6 +23,31 @@ TEST(SharedArrayTest, EachWayOfWritingLeavesTheCopyAlone) {
   EXPECT_EQ(kept[1], "one");
   EXPECT_EQ(kept[0], "");
   EXPECT_EQ(kept[3], "") << "outside the array reads as empty";
+}
+
+TEST(TextTest, AppendingLeavesCopiesAloneAndForgetsTheParsedForm) {
+  Text text;
+  text.Append("", "");
+  EXPECT_TRUE(text.empty());
+  text.Append("HP", ":");
+  const Text copy = text;
+  text.Append("ARMOR:");
+  EXPECT_EQ(text, "HP:ARMOR:");
+  EXPECT_EQ(copy, "HP:") << "storage that is shared";
+
+  std::string expected = text.Str();
+  bool stayed = false;
+  for (int word = 1; word <= 12; ++word) {
+    EXPECT_FALSE(ParsedScript::Of(text).HasField(Joined(word))) << "the form of the text so far";
+    const char* before = text.View().data();
+    text.Append(Joined(word), ":");
+    stayed = stayed || text.View().data() == before;
+    EXPECT_TRUE(ParsedScript::Of(text).HasField(Joined(word))) << "the form of the longer text";
+    expected += Joined(word, ":");
+  }
+  EXPECT_TRUE(stayed) << "storage that is not shared grows in place";
+  text.Append("and ", text);
+  EXPECT_EQ(text, Joined(expected, "and ", expected));
 }
 
 TEST(TableTest, ElementsKeepTheirAddressWhileTheTableGrowsAndIsAssigned) {

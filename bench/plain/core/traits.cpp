@@ -142,10 +142,10 @@ int TraitSlot(const Card& card, const TraitName& name) {
   return 0;
 }
 
-void SetTrait(Card& card, std::string_view name, const Value& value, int keepActions) {
-  if (name == "HP") State().HpReport = 1;
+void SetTrait(Card& card, const TraitName& name, const Value& value, int keepActions) {
+  if (name.View() == "HP") State().HpReport = 1;
   SpendWorkOnSearch(static_cast<std::size_t>(card.Traits.UpperBound()));
-  const std::string full(name);
+  const std::string full(name.View());
   const int item = ItemToWrite(card, full);
   if (item == 0) return;
   const std::string printed = value.Str();
@@ -167,10 +167,10 @@ void SetTrait(Card& card, std::string_view name, const Value& value, int keepAct
   if (keepActions == 0 && State().TraitActionsPaused == 0) ApplyTraitActions(card, bare);
 }
 
-void ModTrait(Card& card, std::string_view name, double& amount, Card& other, int testRun,
+void ModTrait(Card& card, const TraitName& name, double& amount, Card& other, int testRun,
               const Text& script) {
   Session& state = State();
-  const std::string own(name);
+  const std::string own(name.View());
   state.RedirectTraitName = Text();
   if (!OfferChange(card, own, amount, other, testRun, script)) return;
   state.LastValue = std::fabs(amount);
