@@ -23,7 +23,7 @@ void SavePlayer() {
   auto files = std::make_unique<MemoryFileSystem>();
   StartBenchSession(std::move(files), "/game");
   Session& session = State();
-  session.TraitBitNames.Reset(1);
+  ForgetTraitBits();
   session.TraitActions.Reset(1);
   session.CardTable.Reset(1);
   session.Sideboard.Reset(1);

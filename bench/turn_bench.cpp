@@ -29,7 +29,7 @@ class Supply {
  private:
   void Take(Card card, int side) {
     if (IsFree(card) || !HasTrait(card, "HP", "") || HasTrait(card, "PLAYER", "")) return;
-    card.Owner = static_cast<std::uint8_t>(side);
+    SetOwner(card, side);
     card.ActivateOn = Text();  // it is in play at once
     cards_.push_back(std::move(card));
   }

@@ -52,8 +52,6 @@ int FindById(const Pile& pile, double globalId) {
   return 0;
 }
 
-}  // namespace
-
 std::int32_t OwnerBitFor(int owner, std::int32_t present) {
   switch (owner) {
     case 0:
@@ -67,16 +65,24 @@ std::int32_t OwnerBitFor(int owner, std::int32_t present) {
   }
 }
 
+}  // namespace
+
+void SetOwner(Card& card, int owner) {
+  card.OwnerBit = OwnerBitFor(owner, card.OwnerBit);
+  if (card.Owner == owner) return;
+  card.Owner = static_cast<std::uint8_t>(owner);
+  BuildEffectMasks(card, 0);
+}
+
 void InitCard(Card& card, int owner, int inPlay) {
   card.Slot = 0;
   card.Effects = SharedArray<CardEffect>(1);
   card.Traits.Reset(1);
   card.TraitCaptions = SharedArray<Text>(1);
   card.Initialised = 1;
-  card.Owner = static_cast<std::uint8_t>(owner);
+  SetOwner(card, owner);
   card.GlobalID = RollDie(100000000);
   card.TraitBits = TraitWords();
-  card.OwnerBit = OwnerBitFor(owner, card.OwnerBit);
   card.NameColor = "#FFFFFF";
   card.InPlay = static_cast<std::uint8_t>(inPlay);
 }
@@ -99,7 +105,7 @@ int AddToTable(const Card& card) {
   State().LastEntered = slot;
   entering.Slot = static_cast<std::int16_t>(slot);
   if (entering.GlobalID == 0) entering.GlobalID = RollDie(10000000);
-  entering.OwnerBit = OwnerBitFor(entering.Owner, entering.OwnerBit);
+  SetOwner(entering, entering.Owner);
 
   const std::int32_t globalId = entering.GlobalID;
   RunEntryScripts(entering);
@@ -151,6 +157,7 @@ void AddEffect(Card& card, const Text& script, int targetType, const Text& trigg
     return;
   }
   if (!card.Effects.Holds(index)) card.Effects.Resize(index);
+  effect.AddedAt = ++State().ActionsAdded;
   card.Effects.Edit(index) = std::move(effect);
   BuildEffectMasks(card, index);
 }
@@ -192,6 +199,13 @@ void ShuffleCards(Pile& pile) {
     const int other = RollDie(pile.UpperBound());
     if (other != position) std::swap(pile[position], pile[other]);
   }
+}
+
+void PutFreeElementFirst(Pile& pile) {
+  int free = 1;
+  while (pile.Holds(free) && !IsFree(pile[free])) ++free;
+  if (!pile.Holds(free)) pile.Append(Card());
+  if (free != 1) std::swap(pile[1], pile[free]);
 }
 
 int SellValue(const Card& card) { return card.Rarity / 10 + 1; }

@@ -47,6 +47,10 @@ bool HoldsCards(const Pile& pile);
 /// Exchanges every record of a pile with a random one of the whole pile.
 void ShuffleCards(Pile& pile);
 
+/// Brings a free element of a draw pile to position 1, which is never drawn; where there is none,
+/// one is made.
+void PutFreeElementFirst(Pile& pile);
+
 /// What the store pays for a card: Rarity / 10, rounded down, plus 1.
 int SellValue(const Card& card);
 
@@ -57,7 +61,8 @@ Card* OwnerCard(const Card& card);
 inline void FreeCard(Card& card) { card.Name = Text(); }
 inline bool IsFree(const Card& card) { return card.Name.empty(); }
 
-/// Value that OwnerBit takes for an owner; owners other than 0, 1 and 2 keep the present value.
-std::int32_t OwnerBitFor(int owner, std::int32_t present);
+/// Gives a card to a side: its owner and what follows from it, OwnerBit and the OwnerMask of its
+/// actions. Owner 0 has the bit 4, 1 and 2 their number; others keep the bit that is there.
+void SetOwner(Card& card, int owner);
 
 }  // namespace brindlemoor

@@ -24,6 +24,7 @@ inline constexpr int kPageBytes = 32 << 20;        ///< the page and its banner
 inline constexpr int kDice = 1000000;              ///< dice of one roll
 inline constexpr int kDiceOfTurn = 20000000;       ///< dice of all such rolls of a turn
 inline constexpr int kChangedTraitBytes = 65536;   ///< pending TRAITCHANGE names of a card
+inline constexpr int kTraitChanges = 100;          ///< TRAITCHANGE firings after one run
 inline constexpr int kRepeats = 1000;              ///< repeats of one run
 inline constexpr int kNewCards = 1000;             ///< cards that one command makes
 inline constexpr int kBoosterCards = 1000;         ///< cards of one booster

@@ -13,4 +13,10 @@ std::string JsonText(std::string_view text);
 /// but line feeds are left out.
 std::string HtmlText(std::string_view text);
 
+/// True for HTML that begins with the "<" of a tag.
+bool BeginsTag(std::string_view html);
+
+/// A piece of HTML without its tags; all else stays as it is. A "<" that opens none stays, too.
+std::string WithoutTags(std::string_view html);
+
 }  // namespace brindlemoor

@@ -49,6 +49,7 @@ struct CardEffect {
   TraitWords ForbidMyBits;        ///< trait bits the acting card must not have
   std::int32_t OwnerMask = 0;     ///< ANDed with a target's OwnerBit; 255 any owner
   std::uint8_t PickedPile = 0;    ///< deck that ChosenTarget indexes for COLLECTION; 0 = Collection
+  std::uint32_t AddedAt = 0;      ///< number that Session::ActionsAdded gave it
 };
 
 /// One card, wherever it lies. Copies are independent; a record with an empty Name is free.

@@ -9,6 +9,7 @@
 #include "core/limits.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "script/firing.h"
 #include "script/parsed_script.h"
 #include "script/run_action.h"
 #include "script/trait_actions.h"
@@ -116,26 +117,37 @@ int ReactionFrom(int first, const Card& card, std::string_view name) {
   return 0;
 }
 
+/// What causes a change.
+struct Cause {
+  Card& Other;
+  int TestRun;
+  const Text& Script;
+  bool Paying;
+};
+
 /// Lets the BEFORETRAITCHANGE reactions see a change. False when one of them cancelled it.
-bool OfferChange(Card& card, std::string_view name, double& amount, Card& other, int testRun,
-                 const Text& script) {
+bool OfferChange(Card& card, std::string_view name, double& amount, const Cause& cause) {
   State().Work.SpendOnSearch(static_cast<std::size_t>(card.Effects.UpperBound()));
   int index = ReactionFrom(1, card, name);
   if (index == 0) return true;
   RunOptions options;
-  options.TestRun = testRun;
+  options.CostMode = cause.Paying ? 1 : -1;
+  options.Paying = cause.Paying;
+  options.TestRun = cause.TestRun;
   options.Amount = &amount;
-  options.IncomingScript = script;
+  options.IncomingScript = cause.Script;
   for (; index != 0;
        index = index < card.Effects.UpperBound() ? ReactionFrom(index + 1, card, name) : 0) {
-    RunAction(card, other, index, options);
+    const OwnFiring reaction;
+    BeginFiring();
+    RunAction(card, cause.Other, index, options);
     if (State().CancelState != 0) return false;
   }
   return true;
 }
 
 /// Lets the trait that a reaction named take a loss. True when nothing of it is left.
-bool RedirectLoss(Card& card, double& amount, Card& other, int testRun, const Text& script) {
+bool RedirectLoss(Card& card, double& amount, const Cause& cause) {
   Session& state = State();
   const Text redirect = state.RedirectTraitName;
   if (amount >= 0 || redirect.empty()) return false;
@@ -151,7 +163,7 @@ bool RedirectLoss(Card& card, double& amount, Card& other, int testRun, const Te
     return false;
   }
   ++state.TraitRedirectDepth;
-  ModTrait(card, redirect, amount, other, testRun, script);
+  ModTrait(card, redirect, amount, cause.Other, cause.TestRun, cause.Script, cause.Paying);
   --state.TraitRedirectDepth;
   return true;
 }
@@ -222,15 +234,16 @@ void SetTrait(Card& card, const TraitName& name, const Value& value, int keepAct
 }
 
 void ModTrait(Card& card, const TraitName& name, double& amount, Card& other, int testRun,
-              const Text& script) {
+              const Text& script, bool paying) {
   Session& state = State();
   // Reactions may replace the text that the caller's name lies in.
   const std::string kept(name.View());
   const TraitName own(kept, name.Key());
   state.RedirectTraitName = Text();
-  if (!OfferChange(card, kept, amount, other, testRun, script)) return;
+  const Cause cause{other, testRun, script, paying};
+  if (!OfferChange(card, kept, amount, cause)) return;
   state.LastValue = std::fabs(amount);
-  if (RedirectLoss(card, amount, other, testRun, script)) return;
+  if (RedirectLoss(card, amount, cause)) return;
   SetTrait(card, own, amount + TraitNumber(card, own), 0);
 }
 
@@ -242,8 +255,12 @@ void RemoveTrait(Card& card, std::string_view name) {
     if (card.TraitCaptions.Holds(item)) card.TraitCaptions.Edit(item) = Text();
   }
   const std::string_view bare = FieldAt(own, 1, ':');
-  const TraitBit bit = TraitBitOf(bare);
+  const TraitName removed(bare);
+  const TraitBit bit = TraitBitOf(removed);
   if (bit.Word != -1) card.TraitBits[bit.Word] &= ~bit.BitValue;
+  // A bonus that stays behind is read as the trait's value all the same.
+  const auto raises = [&removed](const TraitItem& item) { return item.IsBonusFor(removed); };
+  if (std::any_of(card.Traits.begin(), card.Traits.end(), raises)) DoubtTraitBit(removed);
   RemoveTraitEffects(card, bare);
   card.TraitActionsApplied = 0;
 }

@@ -29,9 +29,10 @@ int TraitSlot(const Card& card, const TraitName& name);
 void SetTrait(Card& card, const TraitName& name, const Value& value, int keepActions);
 
 /// Changes a trait by amount, after BEFORETRAITCHANGE reactions, which may alter the amount, cancel
-/// the change or name another trait for it. other is the card that causes the change.
+/// the change or name another trait for it. other is the card that causes the change. With paying
+/// the change is part of a price: reactions run though the card that is paid for is not in play.
 void ModTrait(Card& card, const TraitName& name, double& amount, Card& other, int testRun,
-              const Text& script);
+              const Text& script, bool paying = false);
 
 /// Removes every item of exactly this name, its captions and the actions that it brought.
 void RemoveTrait(Card& card, std::string_view name);
@@ -41,9 +42,15 @@ struct TraitBit {
   int Word = -1;
   std::uint32_t BitValue = 0;
 };
-/// The bit of a trait name (cut at its first ":"), allocated when the name is first met.
+/// The bit of a trait name (cut at its first ":"), allocated when the name is first met. A bit that
+/// two names share, or that belongs to one of several names that fold alike, becomes unsure
+/// (Session::UnsureTraitBits): it does not tell whether a card has the trait.
 TraitBit TraitBitFor(std::string_view name);
 /// The same for a name without a ":".
 TraitBit TraitBitOf(const TraitName& name);
+/// From here on the bit of a name is unsure.
+void DoubtTraitBit(const TraitName& name);
+/// The names are numbered from the beginning. Records that live on need RenumberTraitBits.
+void ForgetTraitBits();
 
 }  // namespace brindlemoor

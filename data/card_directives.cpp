@@ -131,9 +131,7 @@ void CardReader::FullCard(const DirectiveRow&) {
 }
 
 void CardReader::StoreCard(const LocationRow& location, Card record) {
-  record.Owner =
-      static_cast<std::uint8_t>(location.Owner == kReadingSide ? player_.PlayerNo : location.Owner);
-  record.OwnerBit = OwnerBitFor(record.Owner, record.OwnerBit);
+  SetOwner(record, location.Owner == kReadingSide ? player_.PlayerNo : location.Owner);
   record.InPlay = static_cast<std::uint8_t>(location.InPlay);
   const bool isPlayer = location.Pile == kPlayerCardPile;
   Card* place = location.Pile == kCostPile ? &State().CostCard
@@ -167,8 +165,7 @@ void CardReader::StoreReference(PileCode pile, std::string_view name, std::strin
   if (IsFree(found)) {
     Problem(Joined("no card \"", name, "\" is found in \"", file, "\"; its place stays free"));
   } else {
-    found.Owner = player_.PlayerNo;
-    found.OwnerBit = OwnerBitFor(found.Owner, found.OwnerBit);
+    SetOwner(found, player_.PlayerNo);
   }
   *place = std::move(found);
 }

@@ -144,8 +144,7 @@ Card* CardReader::NewPreparedCard(PileCode pile, bool neutral) {
   pile_ = card == nullptr ? kNoPile : pile;
   if (card == nullptr) return nullptr;
   InitCard(*card, 1, 0);
-  card->Owner = neutral ? 0 : player_.PlayerNo;
-  card->OwnerBit = OwnerBitFor(card->Owner, card->OwnerBit);
+  SetOwner(*card, neutral ? 0 : player_.PlayerNo);
   return card;
 }
 

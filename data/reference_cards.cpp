@@ -9,6 +9,7 @@
 #include "core/traits.h"
 #include "data/card_reader.h"
 #include "data/card_reading.h"
+#include "data/read_mark.h"
 #include "platform/platform.h"
 #include "script/effect_masks.h"
 
@@ -46,19 +47,12 @@ PlayerState* CachedFile(const std::string& path) {
   InitPlayer(entry, kTemporaryState);
   // Named before it is read, so that a file that refers to itself finds what it has so far.
   entry.FileName = path;
-  if (ReadCardFile(path, entry, 1, "", 0)) return &entry;
+  const ReadMark before;  // a reference takes cards out of the file, and nothing else
+  const bool isRead = ReadCardFile(path, entry, 1, "", 0);
+  before.PutBack();
+  if (isRead) return &entry;
   cache.Resize(last - 1);
   return nullptr;
-}
-
-/// Trait bits are numbered anew for each game, and the cache outlives games.
-void RenumberTraitBits(Card& card) {
-  card.TraitBits = TraitWords();
-  for (const Text& item : card.Traits) {
-    const TraitBit bit = TraitBitFor(FieldAt(item, 1, ':'));
-    if (bit.Word != -1) card.TraitBits[bit.Word] |= bit.BitValue;
-  }
-  BuildEffectMasks(card, 0);
 }
 
 }  // namespace
@@ -71,7 +65,7 @@ Card GetRefCard(std::string_view name, std::string_view file) {
   for (const Card& card : entry->Deck) {
     if (card.Name != name) continue;
     Card copy = card;
-    RenumberTraitBits(copy);
+    RenumberTraitBits(copy);  // the cache outlives games, which number trait names anew
     return copy;
   }
   return {};
@@ -86,6 +80,7 @@ bool AddCustomString(std::string_view key, std::string_view value) {
   }
   if (slot > limits::kCustomStrings) return false;
   if (slot > strings.UpperBound()) strings.Resize(slot);
+  NoteCustomString(value);
   CustomStringRec& record = strings[slot];
   if (record.Key.empty()) {
     record.Key = key;

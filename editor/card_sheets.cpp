@@ -8,6 +8,7 @@
 
 #include "core/encoding.h"
 #include "core/fold.h"
+#include "core/quoting.h"
 
 namespace brindlemoor {
 
@@ -101,12 +102,6 @@ bool BreaksLine(std::string_view tag) {
   return std::ranges::any_of(kBreaks, [&](auto known) { return FoldEquals(known, name); });
 }
 
-bool BeginsTag(std::string_view rest) {
-  if (rest.size() < 2) return false;
-  const char next = rest[1];
-  return next == '/' || next == '!' || (next >= 'a' && next <= 'z') || (next >= 'A' && next <= 'Z');
-}
-
 /// Text as a browser would space it: runs of blanks are one, lines have none at their ends.
 class PlainLines {
  public:
@@ -174,7 +169,7 @@ std::string WithoutMarkup(std::string_view html) {
   bool closed = true;  // there may be another ">"
   while (!html.empty()) {
     std::size_t taken = std::min(html.find_first_of("<&", 1), html.size());
-    if (html[0] == '<' && closed && BeginsTag(html)) {
+    if (closed && BeginsTag(html)) {
       const std::size_t end = html.find('>');
       closed = end != std::string_view::npos;
       if (closed) {

@@ -9,7 +9,8 @@ namespace brindlemoor {
 void CalculateCost(Card& card) {
   Card& costCard = State().CostCard;
   // Neither card is in play: only a test run takes them, and the card itself is changed by it.
-  const RunOptions options{.CostMode = -1, .TestRun = 1, .NoCounters = 1, .Nested = 1};
+  const RunOptions options{
+      .CostMode = -1, .TestRun = 1, .NoCounters = 1, .Nested = 1, .KeepsActions = true};
   for (int effect = 1; effect <= costCard.Effects.UpperBound(); ++effect) {
     RunAction(costCard, card, effect, options);
   }

@@ -12,6 +12,7 @@
 #include "editor/suspended_game.h"
 #include "game/game_list.h"
 #include "platform/platform.h"
+#include "script/effect_masks.h"
 #include "ui/forms.h"
 #include "ui/link_protocol.h"
 
@@ -46,6 +47,7 @@ void PutSessionBack(Session before) {
   before.GameFileName = session.GameFileName;
   before.Random = session.Random;
   session = std::move(before);
+  RenumberAllTraitBits();  // the editor's names are not those of the match
 }
 
 /// The main window after a test game has used it, or the editor may have made what it lists.

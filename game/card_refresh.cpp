@@ -10,6 +10,7 @@
 #include "core/state.h"
 #include "core/traits.h"
 #include "data/card_reader.h"
+#include "data/read_mark.h"
 #include "script/trait_actions.h"
 
 namespace brindlemoor {
@@ -24,41 +25,6 @@ constexpr int kTemporaryState = 5;
 constexpr int kProbesPerElement = 2;
 
 using Piles = std::vector<Pile*>;
-
-/// A source file may hold lines that do more than define cards. A refresh takes only definitions
-/// from it: what the player owns and the game in progress stay as they are.
-struct ReaderTables {
-  Pile Collection = State().Collection;
-  FixedTable<DeckRec, 3> Decks = State().Decks;
-  Table<Template> Templates = State().Templates;
-  Card RulesCard = State().RulesCard;
-  Card CostCard = State().CostCard;
-  Table<TraitGraphic> TraitGraphics = State().TraitGraphics;
-  Table<CustomStringRec> CustomStrings = State().CustomStrings;
-  Text DeckRules = State().DeckRules;
-  Text GameFileName = State().GameFileName;
-  std::uint8_t StarterDeckFlag = State().StarterDeckFlag;
-  int CardTable = State().CardTable.UpperBound();
-  int TraitActions = State().TraitActions.UpperBound();
-  int Sideboard = State().Sideboard.UpperBound();
-
-  void PutBack() const {
-    Session& session = State();
-    session.Collection = Collection;
-    session.Decks = Decks;
-    session.Templates = Templates;
-    session.RulesCard = RulesCard;
-    session.CostCard = CostCard;
-    session.TraitGraphics = TraitGraphics;
-    session.CustomStrings = CustomStrings;
-    session.DeckRules = DeckRules;
-    session.GameFileName = GameFileName;
-    session.StarterDeckFlag = StarterDeckFlag;
-    session.CardTable.Resize(CardTable);
-    session.TraitActions.Resize(TraitActions);
-    session.Sideboard.Resize(Sideboard);
-  }
-};
 
 std::vector<Text> SourceFilesOf(const Piles& piles) {
   std::vector<Text> files;
@@ -107,11 +73,20 @@ void TakeDefinition(Card& card, const Card& master) {
   fresh.Name = card.Name;
   fresh.Picture = card.Picture;
   fresh.Thumb = card.Thumb;
-  fresh.Owner = card.Owner;
   fresh.OwnerBit = card.OwnerBit;
+  SetOwner(fresh, card.Owner);
   fresh.GlobalID = card.GlobalID;
   fresh.NameColor = card.NameColor;
   fresh.TraitActionsApplied = 0;
+  card = std::move(fresh);
+  ApplyTraitActions(card, "");
+}
+
+/// A card without a unique ID takes over everything but whose it is and which one it is.
+void BecomeMaster(Card& card, const Card& master) {
+  Card fresh = master;
+  SetOwner(fresh, card.Owner);
+  fresh.GlobalID = card.GlobalID;
   card = std::move(fresh);
   ApplyTraitActions(card, "");
 }
@@ -125,15 +100,14 @@ void RefreshCard(Card& card) {
       master.SourceFile == card.SourceFile && !HasTrait(card, "NOMRP")) {
     TakeDefinition(card, master);
   }
-  // A card without a unique ID takes over everything, the owner too.
-  if (card.UniqueID.empty() && card.Name == master.Name) card = master;
+  if (card.UniqueID.empty() && card.Name == master.Name) BecomeMaster(card, master);
 }
 
 void Refresh(const Piles& piles, int capacity) {
   {
-    const ReaderTables tables;
+    const ReadMark before;
     FillMasterCards(SourceFilesOf(piles), capacity);
-    tables.PutBack();
+    before.PutBack();
   }
   for (Pile* pile : piles) {
     for (Card& card : *pile) {

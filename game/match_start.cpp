@@ -11,6 +11,7 @@
 #include "core/traits.h"
 #include "data/card_reader.h"
 #include "data/player_files.h"
+#include "data/read_mark.h"
 #include "game/card_refresh.h"
 #include "game/game_list.h"
 #include "game/program_start.h"
@@ -31,26 +32,24 @@ void BackToList() {
   ShowGameList();
 }
 
-/// Where the tables ended before the files of a match were read.
-struct TableEnds {
-  int CardTable = State().CardTable.UpperBound();
-  int TraitActions = State().TraitActions.UpperBound();
-  int Sideboard = State().Sideboard.UpperBound();
-  std::int32_t PlayerCard = State().Players[2].PlayerCard;
+/// What was there before the files of a match were read.
+struct BeforeMatch {
+  ReadMark Tables;
+  FixedTable<PlayerState, 3> Players = State().Players;
+  PlayerState GameDeck = State().GameDeck;
   std::int16_t CurrentGame = State().CurrentGame;
-  Text RulesFile = State().Profile.RulesFile;
+  std::uint8_t CurrentDeck = State().CurrentDeck;
+  ProfileRec Profile = State().Profile;
 
   /// Takes out what the files brought, so that another opponent can be chosen.
   void PutBack() const {
     Session& session = State();
-    session.CardTable.Resize(CardTable);
-    session.TraitActions.Resize(TraitActions);
-    session.Sideboard.Resize(Sideboard);
-    InitPlayer(session.Players[2], 2);
-    session.Players[2].PlayerCard = PlayerCard;
+    Tables.PutBack();
+    session.Players = Players;
+    session.GameDeck = GameDeck;
     session.CurrentGame = CurrentGame;
-    session.Profile.RulesFile = RulesFile;
-    InitPlayer(session.GameDeck, 4);
+    session.CurrentDeck = CurrentDeck;
+    session.Profile = Profile;
   }
 };
 
@@ -170,6 +169,7 @@ void BringInStartingCards() {
   const WorkAccount account;
   for (int side = 1; side <= 2; ++side) {
     PlayerState& player = State().Players[side];
+    PutFreeElementFirst(player.Deck);
     // Cards that come into the pile meanwhile stay there.
     const int last = player.Deck.UpperBound();
     for (int position = 1; position <= last && player.Deck.Holds(position); ++position) {
@@ -210,14 +210,14 @@ void StartMatch(int gameIndex, int opponentIndex) {
   ShowMain("Display.html");
   // What ran while the page was shown may have changed the list.
   if (Desktop().Ending() || !HasOpponent(gameIndex, opponentIndex)) return;
-  const TableEnds ends;
+  const BeforeMatch before;
   if (!ReadMatchFiles(gameIndex, opponentIndex)) {
     BackToList();
     return;
   }
   if (session.StarterDeckFlag == 0 && !ChooseDeck()) {
     if (Desktop().Ending()) return;
-    ends.PutBack();
+    before.PutBack();
     BackToList();
     return;
   }
@@ -226,7 +226,7 @@ void StartMatch(int gameIndex, int opponentIndex) {
     OwnNothing();
     session.Players[1].Tokens = kFirstTokens;
   } else if (!ReadOwnFile()) {
-    ends.PutBack();
+    before.PutBack();
     BackToList();
     return;
   }

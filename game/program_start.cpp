@@ -7,6 +7,7 @@
 #include "core/paths.h"
 #include "core/random.h"
 #include "core/state.h"
+#include "core/traits.h"
 #include "data/card_reader.h"
 #include "data/player_files.h"
 #include "game/game_list.h"
@@ -32,7 +33,7 @@ void ResetTables() {
   session.CardTable.Reset(1);
   session.Sideboard.Reset(1);
   session.Games.Reset(1);
-  session.TraitBitNames.Reset(1);
+  ForgetTraitBits();
   session.WaitingSlots.Reset(1);
   for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) {
     DeckRec& record = session.Decks[deck];
@@ -87,6 +88,7 @@ void ResetSides() {
   for (Card& card : hand) InitCard(card, 1, 0);
   session.Collection.Resize(1);
   session.SelectedSlot = 0;
+  RenumberAllTraitBits();
 }
 
 /// The name of a file of the profile, "" when it is gone. Folders in the name lead nowhere.
@@ -105,6 +107,7 @@ void ForgetRules() {
   session.TraitActions.Reset(1);
   session.TraitGraphics.Reset(1);
   session.CustomStrings.Reset(0);
+  session.StringsCanVanish = false;
   session.DeckRules = Text();
 }
 

@@ -94,8 +94,7 @@ Card MadeCard(Scene& scene, const CardLine& line) {
       scene.Stop(
           Joined("There is no card ", ShownText(line.Name), " in ", ShownText(line.File), "."));
     }
-    card.Owner = static_cast<std::uint8_t>(line.Owner);
-    card.OwnerBit = OwnerBitFor(line.Owner, card.OwnerBit);
+    SetOwner(card, line.Owner);
     card.InPlay = 0;
   }
   card.GlobalID = line.GlobalID != 0 ? line.GlobalID

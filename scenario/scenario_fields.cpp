@@ -43,8 +43,9 @@ bool WriteName(Card& card, const std::string& text) {
 }
 
 bool WriteOwner(Card& card, const std::string& text) {
-  if (!Write<&Card::Owner>(card, text)) return false;
-  card.OwnerBit = OwnerBitFor(card.Owner, card.OwnerBit);
+  Card read;
+  if (!Write<&Card::Owner>(read, text)) return false;
+  SetOwner(card, read.Owner);
   return true;
 }
 

@@ -26,16 +26,6 @@ void AddLiving(std::vector<Card>& cards, const Pile& pile) {
   }
 }
 
-/// Trait bits are numbered anew in each session.
-void RenumberTraitBits(Card& card) {
-  card.TraitBits = TraitWords();
-  for (const Text& item : card.Traits) {
-    const TraitBit bit = TraitBitFor(FieldAt(item, 1, ':'));
-    if (bit.Word != -1) card.TraitBits[bit.Word] |= bit.BitValue;
-  }
-  BuildEffectMasks(card, 0);
-}
-
 /// Every card of a file, read in a session aside. Draw pile first: there cards are defined.
 std::vector<Card> CardsOfFile(const std::string& path) {
   Session outer = std::move(State());
@@ -84,7 +74,7 @@ Card ScenarioLibrary::Definition(const Scene& scene, const std::string& path,
   for (const Card& card : entry->second) {
     if (card.Name != name && card.UniqueID != name) continue;
     found = card;
-    RenumberTraitBits(found);
+    RenumberTraitBits(found);  // each scenario numbers trait names anew
     break;
   }
   if (scene.OwnFiles) definitions_.erase(path);
@@ -124,7 +114,7 @@ void PrepareTables() {
                      &session.PendingCards, &session.Collection}) {
     pile->Reset(1);
   }
-  session.TraitBitNames.Reset(1);
+  ForgetTraitBits();
   session.TraitGraphics.Reset(1);
   session.WaitingSlots.Reset(1);
   for (int side = 1; side <= 3; ++side) InitPlayer(session.Players[side], side);

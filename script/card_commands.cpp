@@ -2,10 +2,12 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 #include "core/cards.h"
 #include "core/limits.h"
 #include "core/paths.h"
+#include "core/quoting.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "core/traits.h"
@@ -55,7 +57,9 @@ Step ReturnMe(Run& run) {
 
 // Copying and creating cards.
 
-Step QueueCopies(Run& run, const Card& copy) {
+/// Queues copies, each of which becomes a card of its own when it enters the table.
+Step QueueCopies(Run& run, Card copy) {
+  copy.GlobalID = 0;
   const double count = run.Evaluated(1).Number();
   const bool paid = run.Evaluated(2).Number() == 1;
   for (int made = 0; made + 1 <= count; ++made) {
@@ -74,14 +78,12 @@ Step QueueCopies(Run& run, const Card& copy) {
 
 Step Duplicate(Run& run) {
   Card copy = run.Target;
-  copy.Owner = run.Source.Owner;
-  return QueueCopies(run, copy);
+  if (copy.Owner != run.Source.Owner) ResetMenuState(copy);
+  SetOwner(copy, run.Source.Owner);
+  return QueueCopies(run, std::move(copy));
 }
 
-Step DuplicateMe(Run& run) {
-  const Card copy = run.Source;
-  return QueueCopies(run, copy);
-}
+Step DuplicateMe(Run& run) { return QueueCopies(run, run.Source); }
 
 Step CreateCard(Run& run) {
   const auto file = run.Argument(3);
@@ -124,9 +126,27 @@ Step AddMod(Run& run) {
   return Step::kNext;
 }
 
+/// What a card is only while it lies in a table: its place and side there, aims and armed actions.
+void LeaveTableState(Card& card, int owner) {
+  card.Slot = 0;
+  card.InPlay = 0;
+  card.TargetSlot = 0;
+  card.StoredTarget = 0;
+  SetOwner(card, owner);
+  ResetMenuState(card);
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    if (card.Effects[effect].ChosenTarget == 0) continue;
+    card.Effects.Edit(effect).ChosenTarget = 0;
+    card.Effects.Edit(effect).PickedPile = 0;
+  }
+}
+
 Step SaveCard(Run& run) {
   const OwnedCard owned = FindOwnedCard(run.Target.GlobalID);
-  if (owned.Record != nullptr) *owned.Record = run.Target;
+  if (owned.Record == nullptr) return Step::kNext;
+  Card saved = run.Target;
+  LeaveTableState(saved, owned.Record->Owner);
+  *owned.Record = std::move(saved);
   return Step::kNext;
 }
 
@@ -138,15 +158,17 @@ Text ExpandedArgument(Run& run) {
   return text;
 }
 
-Step ChangeName(Run& run) {
-  run.Target.Name = ExpandedArgument(run);
+/// Placeholders bring the colours of names along, but a name has none. One that is nothing but
+/// markup changes nothing: a card without a name is none.
+Step Rename(Run& run, Card& card) {
+  const Text expanded = ExpandedArgument(run);
+  Text name = WithoutTags(expanded);
+  if (!name.empty() || expanded.empty()) card.Name = std::move(name);
   return Step::kNext;
 }
 
-Step ChangeMyName(Run& run) {
-  run.Source.Name = ExpandedArgument(run);
-  return Step::kNext;
-}
+Step ChangeName(Run& run) { return Rename(run, run.Target); }
+Step ChangeMyName(Run& run) { return Rename(run, run.Source); }
 
 Step ChangeImg(Run& run) {
   run.Source.Picture = ExpandedArgument(run);
@@ -158,12 +180,12 @@ Step ChangeThumb(Run& run) {
   return Step::kNext;
 }
 
-// Changing sides. OwnerBit keeps the side on which the card entered the table.
+// Changing sides.
 
 Step MindControl(Run& run) {
   if (run.Target.Owner == run.Source.Owner) return Step::kNext;
   ResetMenuState(run.Target);
-  run.Target.Owner = run.Source.Owner;
+  SetOwner(run.Target, run.Source.Owner);
   ++run.AppliedCount;
   return Step::kNext;
 }
@@ -171,14 +193,14 @@ Step MindControl(Run& run) {
 Step MindControlMe(Run& run) {
   if (run.Target.Owner == run.Source.Owner) return Step::kNext;
   ResetMenuState(run.Target);
-  run.Source.Owner = run.Target.Owner;
+  SetOwner(run.Source, run.Target.Owner);
   ++run.AppliedCount;
   return Step::kNext;
 }
 
 void ChangeSides(Card& card) {
   ResetMenuState(card);
-  card.Owner = card.Owner == 1 ? 2 : 1;
+  SetOwner(card, card.Owner == 1 ? 2 : 1);
 }
 
 Step Defect(Run& run) {
@@ -201,7 +223,7 @@ std::uint8_t OwnerArgument(const Run& run) {
 Step JoinSide(Run& run, Card& card) {
   const std::uint8_t owner = OwnerArgument(run);
   if (owner != card.Owner) ResetMenuState(run.Target);  // meant: the target's, for MEJOIN as well
-  card.Owner = owner;
+  SetOwner(card, owner);
   ++run.AppliedCount;
   return Step::kNext;
 }
@@ -211,12 +233,19 @@ Step MeJoin(Run& run) { return JoinSide(run, run.Source); }
 
 // Actions, the end of the game, repeats.
 
+/// A stored card gets its action at once. One in the table gets it after the run, since the action
+/// that is running may be its own.
 Step AddEffectCommand(Run& run) {
-  if (!run.Testing()) {
-    State().PendingEffectText = run.Rest(1);
-    State().PendingEffectCard = run.Target.GlobalID;
-  }
   ++run.AppliedCount;
+  Card& card = run.Target;
+  const bool stored = run.Options.KeepsActions || (!run.Testing() && !IsTableRecord(card) &&
+                                                   FindOwnedCard(card.GlobalID).Record == &card);
+  if (stored) {
+    AddActionOfText(card, run.Rest(1));
+  } else if (!run.Testing()) {
+    State().PendingEffectText = run.Rest(1);
+    State().PendingEffectCard = card.GlobalID;
+  }
   return Step::kEnd;
 }
 

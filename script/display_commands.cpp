@@ -49,8 +49,12 @@ std::string HpSentence(Run& run) {
   return {};
 }
 
+/// PERMANENT runs its script on the stored card without a word: the card in play tells it.
+bool IsSilent(const Run& run) { return run.Options.Nested == 1 && run.Options.EchoOverride == " "; }
+
 template <const Message& kind>
 Step ShowMessage(Run& run) {
+  if (IsSilent(run)) return Step::kNext;
   Session& session = State();
   run.EchoFailText.clear();
   if (kind.Once) {
@@ -74,6 +78,7 @@ Step ShowMessage(Run& run) {
 }
 
 Step EchoFail(Run& run) {
+  if (IsSilent(run)) return Step::kNext;
   run.EchoFailText = run.Argument(1);
   ExpandMessage(run.Source, run.Target, run.EchoFailText, "", "");
   run.EchoFailText += "<br><br>";

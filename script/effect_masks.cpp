@@ -2,34 +2,76 @@
 #include "script/effect_masks.h"
 
 #include <array>
+#include <charconv>
+#include <cmath>
+#include <optional>
 
+#include "core/every_card.h"
+#include "core/fold.h"
+#include "core/state.h"
 #include "core/strings.h"
 #include "core/traits.h"
+#include "script/command_table.h"
+#include "script/value_keywords.h"
 
 namespace brindlemoor {
 
 namespace {
+
+/// The number that a value is, whatever the cards are; nothing for one that has to be worked out.
+std::optional<double> ConstantNumber(std::string_view value) {
+  double number = 0;
+  const auto [end, failure] = std::from_chars(value.data(), value.data() + value.size(), number);
+  if (failure != std::errc() || end != value.data() + value.size()) return std::nullopt;
+  return std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
+// Whether a value is a constant that a card without the trait does not meet: its trait counts 0, as
+// a text it is "" or, on a dead card, "NONE".
+
+bool IsAboveNone(std::string_view value) {
+  const auto number = ConstantNumber(value);
+  return number && *number > 0;
+}
+
+bool DiffersFromNone(std::string_view value) {
+  const auto number = ConstantNumber(value);
+  return number && *number != 0;
+}
+
+bool IsOtherText(std::string_view value) {
+  if (value.starts_with(' ')) value.remove_prefix(1);
+  if (value.empty() || FoldEquals(value, "NONE")) return false;
+  const bool isDie = value.size() > 1 && value[0] == 'R' && value[1] >= '1' && value[1] <= '9';
+  return value.find('/') == std::string_view::npos && !isDie && FindValueKeyword(value) == nullptr;
+}
+
+bool IsOtherExpandedText(std::string_view value) {
+  return IsOtherText(value) && value.find_first_of("$#") == std::string_view::npos &&
+         !State().StringsCanVanish;
+}
 
 /// A requirement word whose trait goes into a mask.
 struct MaskRow {
   std::string_view Word;
   bool OnActor;
   bool Forbid;
-  int Arguments;  ///< the trait, and a value for some
+  /// For words with a value behind the trait: true when only a card with the trait can meet it.
+  bool (*NeedsTrait)(std::string_view value) = nullptr;
 };
 
 constexpr std::array<MaskRow, 11> kMaskRows = {{
-    {"REQTRAIT", false, false, 1},
-    {"REQTRAITIS", false, false, 2},
-    {"REQTRAITMORE", false, false, 2},
-    {"REQTRAITEQUALS", false, false, 2},
-    {"REQNOTTRAIT", false, true, 1},
-    {"REQNOTRAIT", false, true, 1},
-    {"REQMYTRAIT", true, false, 1},
-    {"REQMYNOTRAIT", true, true, 1},
-    {"REQMYTRAITMORE", true, false, 2},
-    {"REQMYTRAITEQUALS", true, false, 2},
-    {"REQMYTRAITIS", true, false, 2},
+    {"REQTRAIT", false, false},
+    {"REQTRAITIS", false, false, IsOtherExpandedText},
+    {"REQTRAITMORE", false, false, IsAboveNone},
+    {"REQTRAITEQUALS", false, false, DiffersFromNone},
+    {"REQNOTTRAIT", false, true},
+    {"REQNOTRAIT", false, true},
+    {"REQMYTRAIT", true, false},
+    {"REQMYNOTRAIT", true, true},
+    {"REQMYTRAITMORE", true, false, IsAboveNone},
+    {"REQMYTRAITEQUALS", true, false, DiffersFromNone},
+    {"REQMYTRAITIS", true, false, IsOtherText},
 }};
 
 const MaskRow* FindMaskRow(std::string_view word) {
@@ -44,20 +86,32 @@ std::int32_t SideMask(int owner, bool enemy) {
   return enemy ? 3 - owner : owner;
 }
 
+/// True for a requirement without arguments, or a word that no command has: what stands behind it
+/// is walked as a command.
+bool StandsAlone(std::string_view word) {
+  const Command* command = FindCommand(word);
+  return command == nullptr || command->Arguments == 0;
+}
+
+void TakeRow(CardEffect& effect, const MaskRow& row, FieldWalker& fields) {
+  const std::string_view trait = fields.Next();
+  const bool needed = row.NeedsTrait == nullptr || row.NeedsTrait(fields.Next());
+  if (needed && trait != "#ANY#") SetEffectBit(effect, trait, row.OnActor, row.Forbid);
+}
+
 void BuildOne(CardEffect& effect, int owner) {
   if (effect.Trigger == "COUNTER") return;
   effect.OwnerMask = 255;
   FieldWalker fields(effect.Script, ':');
   for (auto word = fields.Next(); !word.empty(); word = fields.Next()) {
     if (const MaskRow* row = FindMaskRow(word); row != nullptr) {
-      SetEffectBit(effect, fields.Next(), row->OnActor, row->Forbid);
-      if (row->Arguments == 2) fields.Next();
+      TakeRow(effect, *row, fields);
     } else if (word == "TRAIT") {
       fields.Next();
       fields.Next();
     } else if (word == "REQALLY" || word == "REQENEMY") {
       effect.OwnerMask = SideMask(owner, word == "REQENEMY");
-    } else if (!word.starts_with("REQ")) {
+    } else if (!word.starts_with("REQ") || !StandsAlone(word)) {
       return;
     }
   }
@@ -84,6 +138,27 @@ void BuildEffectMasks(Card& card, int effectIndex) {
     effect.ForbidTargetBits = effect.ForbidMyBits = TraitWords();
     BuildOne(effect, card.Owner);
   }
+}
+
+void RenumberTraitBits(Card& card) {
+  card.TraitBits = TraitWords();
+  for (const TraitItem& item : card.Traits) {
+    const TraitBit bit = TraitBitFor(item.Name());
+    if (bit.Word != -1) card.TraitBits[bit.Word] |= bit.BitValue;
+  }
+  BuildEffectMasks(card, 0);
+}
+
+void RenumberAllTraitBits() {
+  ForEveryCard(State(), [](Card& card) { RenumberTraitBits(card); });
+}
+
+void NoteCustomString(std::string_view value) {
+  const bool canVanish = value.find_first_of("$#") != std::string_view::npos ||
+                         value.find_first_not_of(' ') == std::string_view::npos;
+  if (!canVanish || State().StringsCanVanish) return;
+  State().StringsCanVanish = true;
+  RenumberAllTraitBits();
 }
 
 }  // namespace brindlemoor

@@ -15,15 +15,35 @@ void BuildEffectMasks(Card& card, int effectIndex);
 /// forbidden. A name without a bit sets nothing.
 void SetEffectBit(CardEffect& effect, std::string_view traitName, bool onActor, bool forbid);
 
-/// True when the masks refuse this pair of cards: the script's own requirements would fail.
-inline bool MasksRefuse(const CardEffect& effect, const Card& source, const Card& target) {
-  if ((target.OwnerBit & effect.OwnerMask) == 0) return true;
+/// Gives a card's traits and masks the bits of the names as they are numbered now.
+void RenumberTraitBits(Card& card);
+/// RenumberTraitBits for every record of the session, but for those that are renumbered when they
+/// are looked up (the cache of referenced files) or read afresh (master definitions).
+void RenumberAllTraitBits();
+
+/// To be told of each value of a custom string. One that comes to nothing can make any text of a
+/// REQTRAITIS empty, which a card without the trait meets: masks ask for no trait there any more.
+void NoteCustomString(std::string_view value);
+
+/// True when the script of the action would fail on the target's side. Cards of neither side pass:
+/// an enemy is any other owner.
+inline bool SideRefuses(const CardEffect& effect, const Card& target) {
+  const bool ofSide = target.Owner == 1 || target.Owner == 2;
+  return (target.OwnerBit & effect.OwnerMask) == 0 && ofSide && effect.OwnerMask != 0;
+}
+
+/// True when the masks refuse this pair of cards: the script's own requirements would fail. Bits
+/// that are unsure refuse nobody.
+inline bool MasksRefuse(const CardEffect& effect, const Card& source, const Card& target,
+                        const TraitWords& unsure) {
+  if (SideRefuses(effect, target)) return true;
   std::uint32_t missing = 0;
   for (int word = 1; word <= TraitWords::kWords; ++word) {
-    missing |= effect.NeedMyBits[word] & ~source.TraitBits[word];
-    missing |= effect.NeedTargetBits[word] & ~target.TraitBits[word];
-    missing |= effect.ForbidTargetBits[word] & target.TraitBits[word];
-    missing |= effect.ForbidMyBits[word] & source.TraitBits[word];
+    const std::uint32_t failed = (effect.NeedMyBits[word] & ~source.TraitBits[word]) |
+                                 (effect.NeedTargetBits[word] & ~target.TraitBits[word]) |
+                                 (effect.ForbidTargetBits[word] & target.TraitBits[word]) |
+                                 (effect.ForbidMyBits[word] & source.TraitBits[word]);
+    missing |= failed & ~unsure[word];
   }
   return missing != 0;
 }

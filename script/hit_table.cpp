@@ -37,9 +37,15 @@ void FireHits(int code, std::string_view trigger, int value) {
   if (WorkIsSpent()) return;  // cards that wait enter with their scripts, in another turn
   FlushWaiting(trigger);
   const Pile& table = State().CardTable;
-  for (std::size_t index = 0; index < HitsOf(code).size() && !WorkIsSpent(); ++index) {
+  // What is added while the list is walked, at its end or in an entry that is free, waits for the
+  // next time that the trigger is fired.
+  const std::uint32_t added = State().ActionsAdded;
+  const std::size_t end = HitsOf(code).size();
+  for (std::size_t index = 0; index < end && !WorkIsSpent(); ++index) {
+    if (index >= HitsOf(code).size()) return;  // a price test has put an older list back
     const Hit hit = HitsOf(code)[index];
     if (hit.Effect == 0 || !table.Holds(hit.Slot)) continue;
+    if (table[hit.Slot].Effects[hit.Effect].AddedAt > added) continue;
     // The card that enters is no other card, also when a trait has put it into the list by now.
     if (code == kOtherEntersPlay && hit.Slot == value) continue;
     SpendWork(1);

@@ -23,7 +23,7 @@ Step Cancel(Run& run) {
   Session& session = State();
   if (run.NoCounters != 0) return Step::kNext;
   session.CancelState = 2;
-  run.Cancels = true;
+  run.Reply.Cancels = true;
   if (session.DebugMode == 1) {
     AddToBanner(Joined("<br>", ColoredName(run.Source), " has cancelled the action \"",
                        run.Options.IncomingScript, "\" with the effect \"", run.Script, "\""));
@@ -76,14 +76,20 @@ Step Redirect(Run& run) {
   const int slot = PickTarget(run.Target, 1, kTargetRandom, ScriptOf(list), quality);
   ++session.RunDepth;
   session.RedirectTarget = slot;
-  if (slot > 0) session.RedirectScript = ScriptOf(script);
+  if (slot > 0) {
+    session.RedirectScript = ScriptOf(script);
+    run.Reply.RedirectsTo = slot;
+    run.Reply.RedirectScript = session.RedirectScript;
+  }
   return Step::kLeave;
 }
 
 Step RedirectByGid(Run& run) {
   if (HasTrait(run.Source, "NOREDIRECT", run.Script)) return Step::kNext;
-  run.RedirectsTo = FindSlot(run.Evaluated(1).Number());
-  State().RedirectTarget = run.RedirectsTo;
+  const int slot = FindSlot(run.Evaluated(1).Number());
+  State().RedirectTarget = slot;
+  run.Reply.RedirectsTo = slot;
+  run.Reply.RedirectScript = Text();
   return Step::kNext;
 }
 
@@ -99,7 +105,10 @@ void SendRest(Run& run, Card& target, int costMode) {
                        .EchoOverride = run.Options.EchoOverride,
                        .NoCounters = run.NoCounters,
                        .Nested = run.Options.Nested,
-                       .ScriptOverride = rest});
+                       .ScriptOverride = rest,
+                       .Paying = run.Options.Paying,
+                       .KeepsActions = run.Options.KeepsActions,
+                       .AnswerTo = &run.Reply});
 }
 
 /// An "AI" word goes on at the field behind it, so that the rest is walked on the first target too.

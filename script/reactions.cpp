@@ -6,7 +6,9 @@
 
 #include "core/limits.h"
 #include "core/state.h"
+#include "script/firing.h"
 #include "script/run.h"
+#include "script/run_epilogue.h"
 #include "script/target_types.h"
 #include "script/triggers.h"
 
@@ -20,24 +22,19 @@ bool Answers(const CardEffect& effect, std::string_view trigger) {
   return effect.Trigger == trigger && effect.MenuState != kMenuAction && !effect.Script.empty();
 }
 
-/// The firing must not take the shared roll and the once-only message from the action it answers.
-void FireOnAll(Card& actor, std::string_view trigger, int effect) {
-  Session& session = State();
-  const int roll = session.SharedChanceRoll;
-  const auto echoed = session.EchoedOnce;
-  FireTrigger(actor, trigger, -1, effect);
-  session.SharedChanceRoll = roll;
-  session.EchoedOnce = echoed;
-}
-
 /// Runs one reaction of the actor to the action.
 void React(const Run& action, Card& actor, std::string_view trigger, int effect) {
+  const OwnFiring reaction;
+  Answer answer;
   const int targetType = actor.Effects[effect].TargetType;
   if (targetType == kTargetAll) {
-    FireOnAll(actor, trigger, effect);
+    FireTrigger(actor, trigger, -1, effect, 0, &answer);
+    KeepAnswer(answer);
     return;
   }
-  const RunOptions options{.NoCounters = action.NoCounters, .IncomingScript = action.Script};
+  BeginFiring();
+  const RunOptions options{
+      .NoCounters = action.NoCounters, .IncomingScript = action.Script, .AnswerTo = &answer};
   if (targetType == kTargetTriggeringCard) {
     RunAction(actor, action.Source, effect, options);
   } else {
@@ -88,7 +85,8 @@ bool RunOnNewTarget(Run& action) {
                        .Nested = action.Options.Nested,
                        .ScriptOverride = session.RedirectScript,
                        .Amount = &action.Amount,
-                       .Redirected = true});
+                       .Redirected = true,
+                       .Paying = action.Options.Paying});
   ++session.RunDepth;
   --session.RedirectDepth;
   return true;

@@ -30,6 +30,7 @@ struct Run {
   const Text Script;           ///< the script as run
   const ParsedScript& Fields;  ///< its fields; lives as long as Script
   double& Amount;
+  Answer& Reply;  ///< to the action that this run reacts to
   int NoCounters;
 
   int Position = 1;                 ///< field number of the command being walked
@@ -50,8 +51,6 @@ struct Run {
   bool DestroySource = false;
   bool DestroyTarget = false;
   int Winner = 0;
-  bool Cancels = false;  ///< CANCEL was carried out: it outlives the runs that this one starts
-  int RedirectsTo = 0;   ///< the same for the slot of REDIRECTBYGID
   int LeaveResult = -1;
 
   bool Testing() const { return Options.TestRun != 0; }

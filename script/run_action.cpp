@@ -66,7 +66,8 @@ bool FilterRefuses(Session& session, const Card& source, const Card& target, int
     return false;
   }
   const CardEffect& effect = source.Effects[effectIndex];
-  const bool refused = !effect.Script.empty() && MasksRefuse(effect, source, target);
+  const bool refused =
+      !effect.Script.empty() && MasksRefuse(effect, source, target, session.UnsureTraitBits);
   ++(refused ? session.StatMasked : session.StatNotMasked);
   return refused;
 }
@@ -153,8 +154,11 @@ int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& opt
   const ParsedScript& fields = ParsedScript::Of(script);
   const bool unanswered =
       options.NoCounters == 1 || fields.DeclaresNoCounters() || HasTrait(source, kNoCounters);
-  Run run{source, target, effectIndex, options,
-          script, fields, amount,      unanswered ? 1 : options.NoCounters};
+  Answer ownAnswer;
+  Answer& answer = options.AnswerTo != nullptr ? *options.AnswerTo : ownAnswer;
+  Run run{source,  target, effectIndex,
+          options, script, fields,
+          amount,  answer, unanswered ? 1 : options.NoCounters};
   if (!OfferAction(run)) {
     --session.RunDepth;
     return kRunNothing;

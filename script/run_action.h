@@ -15,6 +15,14 @@ enum RunResults : int {
   kRunClean = 2,    ///< no failure
 };
 
+/// What a reaction answers to the action. Runs that it starts clear the shared state, so the answer
+/// is kept here; those that it sends its script to share it.
+struct Answer {
+  bool Cancels = false;      ///< CANCEL was carried out
+  int RedirectsTo = 0;       ///< slot of REDIRECT or REDIRECTBYGID, 0 none
+  Text RedirectScript = {};  ///< what is run there; "" the action's own script
+};
+
 /// Parameters of a run beside the two cards and the action's index.
 struct RunOptions {
   int CostMode = -1;  ///< 1 paying a cost or acting on a card not in play; -1 ordinary
@@ -23,9 +31,12 @@ struct RunOptions {
   int NoCounters = 0;                  ///< 1 no reactions, and CANCEL is inert
   int Nested = 0;                      ///< 1 started by another run or by PickTarget
   Text ScriptOverride = {};            ///< run instead of the action's script when not empty
-  double* Amount = nullptr;  ///< the incoming value, shared with the caller; nullptr is a fresh 0
-  Text IncomingScript = {};  ///< the script that a reaction answers
-  bool Redirected = false;   ///< the re-run of a redirected action
+  double* Amount = nullptr;    ///< the incoming value, shared with the caller; nullptr is a fresh 0
+  Text IncomingScript = {};    ///< the script that a reaction answers
+  bool Redirected = false;     ///< the re-run of a redirected action
+  bool Paying = false;         ///< part of a card's price: reactions to its changes are, too
+  bool KeepsActions = false;   ///< ADDEFFECT adds to the target at once, also in a test
+  Answer* AnswerTo = nullptr;  ///< where a reaction's answer is kept; nullptr is its own
 };
 
 /// Runs action effectIndex of source on target and returns a RunResults code. Both cards may be the

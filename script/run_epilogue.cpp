@@ -3,11 +3,14 @@
 
 #include <algorithm>
 
+#include "core/cards.h"
+#include "core/fold.h"
 #include "core/limits.h"
 #include "core/match_log.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "data/player_files.h"
+#include "script/firing.h"
 #include "script/run.h"
 #include "script/triggers.h"
 #include "ui/card_pages.h"
@@ -52,17 +55,55 @@ std::string FramedText(const Run& run, const Frame& frame) {
   return html;
 }
 
-/// Changes that the triggered runs make to this card do not fire again: they go with the list.
+/// Takes the first of a card's changed traits off the list.
+Text TakeChange(Card& card) {
+  const Text changed = card.ChangedTraits;
+  const std::size_t end = std::min(changed.View().find(':'), changed.size());
+  card.ChangedTraits = changed.View().substr(std::min(end + 1, changed.size()));
+  return changed.View().substr(0, end);
+}
+
+/// Takes a trait's changes from a position of the list on off it; true when there were any.
+bool TakeOwnChanges(Card& card, std::string_view trait, std::size_t from) {
+  const Text changed = card.ChangedTraits;
+  if (changed.size() <= from) return false;
+  std::string others(changed.View().substr(0, from));
+  FieldWalker names(changed.View().substr(from), ':');
+  for (std::string_view name = names.Next(); !name.empty(); name = names.Next()) {
+    if (!FoldEquals(name, trait)) others += Joined(name, ":");
+  }
+  if (others.size() == changed.size()) return false;
+  card.ChangedTraits = others;
+  return true;
+}
+
+/// Fires the changes of a card's traits in order, those too that come while another trait's fires:
+/// what takes the last hit point and what dies without hit points work together. A trait that its
+/// own firing changes waits for the card's next run, and so does what is beyond the bound.
 void FireTraitChanges(const Card& source, Card& target) {
   Session& session = State();
+  const OwnFiring outer;
   session.TraitChangeBusy = 1;
   const int slot = source.Slot;
-  const Text changed = target.ChangedTraits;
-  FieldWalker names(changed, ':');
-  for (std::string_view name = names.Next(); !name.empty(); name = names.Next()) {
+  const std::int32_t globalId = target.GlobalID;
+  const auto isThere = [&] { return !IsFree(target) && target.GlobalID == globalId; };
+  std::string waiting;
+  int fired = 0;
+  while (isThere() && !target.ChangedTraits.empty()) {
+    if (fired++ == limits::kTraitChanges) {
+      limits::ReportLimit("Traits of a card change one another without an end; the rest waits.");
+      break;
+    }
+    const Text name = TakeChange(target);
+    const std::size_t pending = target.ChangedTraits.size();
     FireTrigger(target, Joined("TRAITCHANGE:", name), slot);
+    if (isThere() && TakeOwnChanges(target, name, pending)) waiting += Joined(name, ":");
   }
-  target.ChangedTraits = Text();
+  if (isThere()) {
+    target.ChangedTraits = waiting + target.ChangedTraits.Str();
+  } else if (IsFree(target)) {
+    target.ChangedTraits = Text();
+  }
   session.TraitChangeBusy = 0;
 }
 
@@ -76,6 +117,7 @@ void Repeat(Run& run) {
   options.Nested = 1;
   options.ScriptOverride = Text();
   options.Amount = nullptr;
+  options.AnswerTo = &run.Reply;
   for (; count > 0 && State().GameOver == 0; --count) {
     int quality = kNoTarget;
     const int slot = PickTarget(run.Source, run.EffectIndex, run.RepeatTargetType, Text(), quality);
@@ -85,18 +127,16 @@ void Repeat(Run& run) {
   }
 }
 
-/// A reaction's answer reaches the action even when deaths, changed traits or repeats have started
-/// runs since, each of which cleared it.
-void KeepAnswer(const Run& run) {
+}  // namespace
+
+void KeepAnswer(const Answer& answer) {
   Session& session = State();
-  if (run.Cancels) session.CancelState = 1;
-  if (run.RedirectsTo > 0) {
-    session.RedirectTarget = run.RedirectsTo;
-    session.RedirectScript = Text();
+  if (answer.Cancels) session.CancelState = 1;
+  if (answer.RedirectsTo > 0) {
+    session.RedirectTarget = answer.RedirectsTo;
+    session.RedirectScript = answer.RedirectScript;
   }
 }
-
-}  // namespace
 
 void AddToBanner(std::string_view html) {
   std::string& banner = State().PhaseBanner;
@@ -143,7 +183,7 @@ void AfterRun(Run& run) {
     run.Source.Effects.Edit(run.EffectIndex).Script = Text();
   }
   if (real && run.RepeatCount > 0 && run.Options.Nested == 0) Repeat(run);
-  KeepAnswer(run);
+  KeepAnswer(run.Reply);
 }
 
 }  // namespace brindlemoor

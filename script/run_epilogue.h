@@ -5,6 +5,7 @@
 
 namespace brindlemoor {
 
+struct Answer;
 struct Run;
 
 /// What still belongs to the run: EndGame, deaths, its text on the page. Returns the result code.
@@ -13,6 +14,10 @@ int CloseRun(Run& run);
 /// What comes when the run's depth has been given back: TRAITCHANGE triggers, a cancel that reaches
 /// the run behind, the action that deletes itself, repeats.
 void AfterRun(Run& run);
+
+/// A reaction's answer reaches the action even when deaths, changed traits or repeats have started
+/// runs since, each of which cleared it.
+void KeepAnswer(const Answer& answer);
 
 /// Adds to the report, within the bound of a page.
 void AddToBanner(std::string_view html);

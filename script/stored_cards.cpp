@@ -6,7 +6,9 @@
 #include "core/match_log.h"
 #include "core/state.h"
 #include "data/card_reader.h"
+#include "data/read_mark.h"
 #include "script/run_epilogue.h"
+#include "script/trait_actions.h"
 
 namespace brindlemoor {
 namespace {
@@ -91,14 +93,20 @@ void AddToDeck(const Card& card, int deckNo) {
 void CreateCards(std::string_view name, std::string_view path, int owner, double count) {
   Session& session = State();
   InitPlayer(session.GameDeck, 4);
-  ReadCards(path, session.GameDeck, 1, "INDECK", 1);
+  {
+    const ReadMark before;  // the card is taken out of the file, and nothing else
+    ReadCards(path, session.GameDeck, 1, "INDECK", 1);
+    before.PutBack();
+  }
   const int index = FindModel(session.GameDeck.Deck, name);
   if (index == 0) {
     AddToBanner(Joined("<br>Card \"", name, "\" not found in \"", path, "\".<br>"));
     return;
   }
   Card model = session.GameDeck.Deck[index];
-  model.Owner = static_cast<std::uint8_t>(owner);
+  SetOwner(model, owner);
+  model.GlobalID = 0;  // each becomes a card of its own when it enters the table
+  ApplyTraitActions(model, "");
   for (int made = 0; made + 1 <= count; ++made) {
     if (made == limits::kNewCards) {
       limits::ReportLimit("A command made too many cards: the rest was left out.");

@@ -21,7 +21,9 @@ bool RefusedByMasks(const CardEffect& effect, const Card& source, const Card& ca
   if (session.RunDepth >= limits::kNestedRuns || session.GameOver != 0 || IsFree(source)) {
     return false;
   }
-  if (effect.Script.empty() || !MasksRefuse(effect, source, candidate)) return false;
+  if (effect.Script.empty() || !MasksRefuse(effect, source, candidate, session.UnsureTraitBits)) {
+    return false;
+  }
   session.FailReason.clear();
   session.RedirectTarget = 0;
   session.RedirectScript = Text();

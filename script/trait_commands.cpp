@@ -31,7 +31,7 @@ Step LeaveInsufficient(Run& run, std::string_view trait) {
 }
 
 void Change(Run& run, Card& card, const TraitName& trait, double amount) {
-  ModTrait(card, trait, amount, run.Source, run.Options.TestRun, run.Script);
+  ModTrait(card, trait, amount, run.Source, run.Options.TestRun, run.Script, run.Options.Paying);
 }
 
 /// The sentence about hit points is to speak of the source.

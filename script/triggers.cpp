@@ -1,6 +1,7 @@
 // Firing a trigger on a card: which of its actions run, and on whom; entering and leaving play.
 #include "script/triggers.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -9,6 +10,7 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "core/traits.h"
+#include "script/firing.h"
 #include "script/run_action.h"
 #include "script/target_types.h"
 #include "script/values.h"
@@ -156,11 +158,7 @@ bool Listens(const Card& card, std::string_view trigger) {
 
 /// What is done before an action, whether it answers or not.
 void BeginEffect(Card& card) {
-  Session& session = State();
-  if (session.TraitChangeBusy != 1) {
-    session.SharedChanceRoll = 0;
-    session.EchoedOnce = 0;
-  }
+  BeginFiring();
   if (card.StoredTarget > 0) card.TargetSlot = card.StoredTarget;
 }
 
@@ -178,10 +176,14 @@ void FireEffect(Firing& firing, std::string_view trigger, int effect) {
 
 }  // namespace
 
-int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect, int testRun) {
+int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect, int testRun,
+                Answer* answer) {
   if (trigger == "ENTERSPLAY") trigger = "ENTERPLAY";
   if (IsFree(card) || StopsForWork(card)) return 0;
-  const int costMode = trigger == "COST" ? 1 : -1;
+  std::optional<OwnFiring> nested;
+  if (State().RunDepth > 0) nested.emplace();
+  const bool paying = trigger == "COST";
+  const int costMode = paying ? 1 : -1;
   if (costMode == -1 && card.InPlay == 0) {
     if (!FoldEquals(card.ActivateOn, trigger)) return 0;
     EnterPlay(card);
@@ -190,7 +192,9 @@ int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect,
     if (card.Effects.UpperBound() > 0) BeginEffect(card);
     return 0;
   }
-  Firing firing{card, value, RunOptions{.CostMode = costMode, .TestRun = testRun}};
+  Firing firing{
+      card, value,
+      RunOptions{.CostMode = costMode, .TestRun = testRun, .Paying = paying, .AnswerTo = answer}};
   if (onlyEffect > 0) {
     if (card.Effects.Holds(onlyEffect)) FireEffect(firing, trigger, onlyEffect);
     return firing.Failures;
@@ -230,6 +234,17 @@ void KillCard(Card& card) {
   card.InPlay = 0;
 }
 
+void AddActionOfText(Card& card, std::string_view text) {
+  FieldWalker fields(text, ':');
+  std::string trigger(fields.Next());
+  for (int more = FieldsOfTrigger(trigger); more > 0; --more) {
+    trigger += Joined(":", fields.Next());
+  }
+  std::string target(fields.Next());
+  if (target == "GIDCARD") target += Joined(":", fields.Next());
+  AddEffect(card, InternText(fields.Rest()), TargetTypeCode(target), trigger, 0, target);
+}
+
 void FlushPendingEffect() {
   Session& session = State();
   if (session.PendingEffectText.empty()) return;
@@ -237,17 +252,8 @@ void FlushPendingEffect() {
   const int globalId = std::exchange(session.PendingEffectCard, 0);
   const int slot = FindSlot(static_cast<double>(globalId));
   if (!session.CardTable.Holds(slot) || IsFree(session.CardTable[slot])) return;
-
-  FieldWalker fields(pending, ':');
-  std::string trigger(fields.Next());
-  for (int more = FieldsOfTrigger(trigger); more > 0; --more) {
-    trigger += Joined(":", fields.Next());
-  }
-  std::string target(fields.Next());
-  if (target == "GIDCARD") target += Joined(":", fields.Next());
-
   Card& card = session.CardTable[slot];
-  AddEffect(card, InternText(fields.Rest()), TargetTypeCode(target), trigger, 0, target);
+  AddActionOfText(card, pending);
   RegisterAllHits(card);
 }
 

@@ -7,11 +7,13 @@
 
 namespace brindlemoor {
 
+struct Answer;
+
 /// Runs a card's actions of one trigger, resolving their targets. value is the slot of the
-/// triggering card, below 1 for none; onlyEffect above 0 restricts the firing to that action.
-/// Returns how many actions failed (result -1).
+/// triggering card, below 1 for none; onlyEffect above 0 restricts the firing to that action; the
+/// runs of a reaction keep what they answer in answer. Returns how many actions failed (result -1).
 int FireTrigger(Card& card, std::string_view trigger, int value = -1, int onlyEffect = 0,
-                int testRun = 0);
+                int testRun = 0, Answer* answer = nullptr);
 
 /// Code of the trigger that tells every other card of one that enters play.
 inline constexpr int kOtherEntersPlay = 15;
@@ -45,6 +47,9 @@ void RebuildHitTable();
 
 /// Adds the action that an ADDEFFECT left waiting.
 void FlushPendingEffect();
+/// Adds an action that is written as ADDEFFECT has it: trigger, target and script, with ":"
+/// between.
+void AddActionOfText(Card& card, std::string_view text);
 /// Armed menu actions go back to waiting.
 void ResetMenuState(Card& card);
 

@@ -222,7 +222,8 @@ std::string MenuActionLine(Card& card, const CardEffect& effect) {
   }
   if (State().CardTable.Holds(effect.ChosenTarget)) {
     return Joined(name, " uses special action \"", effect.MenuCaption, "\" on \"",
-                  State().CardTable[effect.ChosenTarget].Name, "\".<br>");
+                  // The quote is not closed, which is meant.
+                  State().CardTable[effect.ChosenTarget].Name, ".<br>");
   }
   return Joined(name, " uses special action \"", effect.MenuCaption, "\".");
 }

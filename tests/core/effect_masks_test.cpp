@@ -23,6 +23,9 @@ class EffectMasksTest : public SessionTest {
     return Joined(Names(e.NeedTargetBits), "|", Names(e.ForbidTargetBits), "|", Names(e.NeedMyBits),
                   "|", Names(e.ForbidMyBits), "|", e.OwnerMask);
   }
+  static bool Refuses(const CardEffect& effect, const Card& source, const Card& target) {
+    return MasksRefuse(effect, source, target, State().UnsureTraitBits);
+  }
   static CardEffect Built(std::string_view script, int owner = 1, const char* trigger = "PHASE1") {
     Card card = MakeCard("Goblin", owner);
     AddEffect(card, script, 2, trigger, 0, "ALL");
@@ -34,9 +37,19 @@ TEST_F(EffectMasksTest, LeadingRequirementsGoIntoTheirMasks) {
   const std::pair<const char*, const char*> cases[] = {
       {"REQTRAIT:X:REQMYTRAIT:Y:DESTROYME", "X||Y||255"},
       {"TRAIT:V:1:REQTRAIT:X", "X||||255"},
-      {"REQTRAITMORE:X:V:REQTRAITEQUALS:Y:V:REQTRAIT:Z", "XYZ||||255"},
+      {"REQTRAITMORE:X:1:REQTRAITEQUALS:Y:-2:REQTRAIT:Z", "XYZ||||255"},
       {"REQNOTTRAIT:X:REQNOTRAIT:Y:REQMYNOTRAIT:Z", "|XY||Z|255"},
-      {"REQMYTRAITMORE:X:V:REQMYTRAITEQUALS:Y:V:REQMYTRAITIS:Z:V", "||XYZ||255"},
+      {"REQMYTRAITMORE:X:2:REQMYTRAITEQUALS:Y:1:REQMYTRAITIS:Z:V", "||XYZ||255"},
+      {"REQTRAITIS:X:red:REQTRAITIS:Y:5:REQTRAITIS:Z:not now", "XYZ||||255"},
+      // A card without the trait can meet these.
+      {"REQTRAITMORE:X:0:REQTRAITMORE:Y:-1:REQTRAITEQUALS:Z:0", "||||255"},
+      {"REQTRAITMORE:X:SRCTRAIT/Y:REQTRAITEQUALS:Y:R1Die6:REQTRAITEQUALS:Z:word", "||||255"},
+      {"REQTRAITIS:X::REQTRAITIS:Y: :REQTRAITIS:Z:none", "||||255"},
+      {"REQTRAITIS:X:$MYNAME:REQTRAITIS:Y:TOKENS:REQMYTRAITIS:Z:SRCTRAIT/X", "||||255"},
+      {"REQTRAITMORE:#ANY#:1:REQTRAIT:X", "X||||255"},
+      // What looks like a requirement is the name that another one asks for.
+      {"REQNAME:REQENEMY:REQTRAIT:X", "||||255"},
+      {"REQNOTME:REQISPLAYER:REQTRAIT:X", "X||||255"},
       {"REQENEMY:REQTRAIT:X", "X||||2"},
       {"REQCHANCE:50:REQTRAIT:X", "||||255"},  // its value ends the scan
       {"REQINPLAY:REQTRAIT:X", "X||||255"},
@@ -59,9 +72,51 @@ TEST_F(EffectMasksTest, RebuiltMasksFollowTheScriptAndRefuseWhoLacksATrait) {
   card.Effects.Edit(1).Script = "REQENEMY:REQMYTRAIT:X";
   BuildEffectMasks(card, 0);
   EXPECT_EQ(Masks(card.Effects[1]), "||X||2");
-  EXPECT_FALSE(MasksRefuse(card.Effects[1], card, MakeCard("Orc", 2)));
-  EXPECT_TRUE(MasksRefuse(card.Effects[1], card, card));
-  EXPECT_TRUE(MasksRefuse(before.Effects[1], card, card)) << "a copy keeps its masks";
+  EXPECT_FALSE(Refuses(card.Effects[1], card, MakeCard("Orc", 2)));
+  EXPECT_TRUE(Refuses(card.Effects[1], card, card));
+  EXPECT_TRUE(Refuses(before.Effects[1], card, card)) << "a copy keeps its masks";
+}
+
+TEST_F(EffectMasksTest, BitsThatDoNotTellWhatACardHasRefuseNobody) {
+  std::vector<TraitBit> bits(1);
+  for (int name = 1; name <= 250; ++name) bits.push_back(TraitBitFor(Joined("N", name)));
+  EXPECT_EQ(bits[63].Word, bits[32].Word);
+  EXPECT_EQ(bits[63].BitValue, bits[32].BitValue);
+  EXPECT_EQ(bits[241].Word, -1);
+  Card actor = MakeCard("Actor", 1);
+  for (const char* script : {"REQTRAIT:N32", "REQNOTRAIT:N63", "REQTRAIT:n5", "REQNOTRAIT:n7",
+                             "REQTRAIT:N40", "REQNOTRAIT:N41", "REQTRAIT:n245"}) {
+    AddEffect(actor, script, 2, "PHASE1", 0, "ALL");
+  }
+  Card target = MakeCard("Target", 2, {"N32", "N63", "N5", "N245"});
+  RemoveTrait(target, "N63");  // takes the bit that N32 has, too
+  EXPECT_FALSE(Refuses(actor.Effects[1], actor, target));
+  EXPECT_FALSE(Refuses(actor.Effects[2], actor, target));
+  EXPECT_FALSE(Refuses(actor.Effects[3], actor, target)) << "the case does not matter";
+  EXPECT_FALSE(Refuses(actor.Effects[4], actor, MakeCard("Other", 2, {"N7"})))
+      << "the script refuses it, the filter can't tell";
+  EXPECT_TRUE(Refuses(actor.Effects[5], actor, target));
+  EXPECT_TRUE(Refuses(actor.Effects[6], actor, MakeCard("Other", 2, {"N41"})));
+  EXPECT_FALSE(Refuses(actor.Effects[7], actor, target)) << "a name without a bit";
+}
+
+TEST_F(EffectMasksTest, NamesThatAreNumberedAnewReachEveryRecordThatLivesOn) {
+  TraitBitFor("FIRST");
+  Session& session = State();
+  session.CostCard = MakeCard("CostCard", 1);
+  AddEffect(session.CostCard, "REQTRAIT:X:REQMYTRAIT:Y", 2, "PHASE1", 0, "ALL");
+  session.Collection[1] = MakeCard("Owned", 1, {"X"});
+  session.Templates.Resize(1);
+  session.Templates[1].Card = MakeCard("Template", 1, {"Y"});
+  const Card before = session.CostCard;
+  ForgetTraitBits();
+  TraitBitFor("OTHER");
+  TraitBitFor("Z");
+  RenumberAllTraitBits();
+  EXPECT_NE(session.CostCard.Effects[1].NeedTargetBits, before.Effects[1].NeedTargetBits);
+  EXPECT_EQ(Masks(session.CostCard.Effects[1]), "X||Y||255");
+  EXPECT_EQ(Names(session.Collection[1].TraitBits), "X");
+  EXPECT_EQ(Names(session.Templates[1].Card.TraitBits), "Y");
 }
 
 TEST(TargetTypesTest, WordsAndCodesMatch) {

@@ -226,6 +226,13 @@ TEST_F(CardEditTest, TheCostCardsActionsRunOnTheChosenCard) {
   EXPECT_EQ(Stored(2).Traits[1], "PRICE:9");
   EXPECT_EQ(Stored(2).Traits.UpperBound(), 1);
   EXPECT_EQ(Stored(1).Traits[1], "PRICE:1");
+  AddEffect(cost, "ADDEFFECT:COST:OWNER:SUBTRAIT:MANA:1", kTargetAll, "TURNSTART", 0, "ALL");
+  form_.CostButton.Click();
+  EXPECT_EQ(form_.EffText[0].Text.Get(), "SUBTRAIT:MANA:1");
+  EXPECT_EQ(Joined(Stored(2).Effects[1].Trigger, "|", Stored(2).Effects[1].TargetText),
+            "COST|OWNER");
+  EXPECT_EQ(Stored(1).Effects[1].Script, "");
+  EXPECT_EQ(State().PendingEffectText, "");
   // A file with a cost card of its own replaces it, however often it is loaded.
   WriteFile("own.txt", "#COSTCARD\r\n#EFFECT, SELF, COST, \"MODTRAIT:PRICE:1\"\r\n");
   Load("own.txt");

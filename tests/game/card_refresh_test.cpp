@@ -62,8 +62,20 @@ TEST_F(CardRefreshTest, WithoutAMatchingDefinitionACardStaysAsStored) {
         << stored.UniqueID.View() << " " << stored.SourceFile.View();
   }
   Refreshed(Stored("id1"));  // brings the file in
-  EXPECT_EQ(Refreshed(MakeCard("Plain", 2)).Description, "From the file")
-      << "without an identity it is the card of its name";
+}
+
+TEST_F(CardRefreshTest, WithoutAnIdentityItIsTheCardOfItsNameOnItsOwnSide) {
+  WriteFile("src.txt",
+            "#CARDINDECK, Plain, , , , , From the file\n#TRAIT, FLYING\n"
+            "#EFFECT, ALL, PHASE1, REQENEMY\n");
+  Refreshed(Stored("id1"));  // brings the file in
+  Card plain = MakeCard("Plain", 2);
+  plain.GlobalID = 4712;
+  const Card card = Refreshed(plain);
+  EXPECT_EQ(card.Description, "From the file");
+  EXPECT_EQ(Joined(int{card.Owner}, "|", card.OwnerBit, "|", card.GlobalID), "2|2|4712");
+  EXPECT_EQ(card.Effects[1].OwnerMask, 1) << "its enemies are those of its side";
+  EXPECT_EQ(card.Effects[2].Script, "TRAIT:TRAITEFFECT:FLYING:ECHO:fly");
 }
 
 TEST_F(CardRefreshTest, TheGameInProgressStaysAsItIs) {

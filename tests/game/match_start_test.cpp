@@ -107,13 +107,60 @@ TEST_F(MatchStartTest, OneGameTakesNothingFromAnother) {
   State().Decks[2].Cards[1] = MakeCard("Goblin of the other game", 1);
   desktop_->ExpectedMessages = {
       "You do not have a deck for this game!\nPlease choose a starter deck or a card store."};
+  State().DeckRules = "TRAITLIMIT:#ANY#:5";
+  AddCustomString("SEA", "wet");
+  State().Players[1].Tokens = 30;
+  SetTrait(State().RulesCard, "ROUND", 3, 1);
+  WriteFile("Ann_Elves.plr", "#TOKENS, 7\n#CARD, COLLECTION, Elf, , , , , , \n");
+  WriteFile("goblins.txt",
+            ReadFile("goblins.txt") + "#DECKRULES, none\n#CUSTOMSTRING, SKY, blue\n");
   ChooseGame(2, 2);
   EXPECT_EQ(State().CurrentGame, 1) << "a save after the refusal is not one of that game";
   EXPECT_EQ(State().Profile.RulesFile, "other.txt");
+  EXPECT_EQ(State().DeckRules, "TRAITLIMIT:#ANY#:5");
+  EXPECT_EQ(State().CustomStrings[1].Key, "SEA");
+  EXPECT_EQ(State().CustomStrings.UpperBound(), 1);
+  EXPECT_EQ(State().Collection[1].Name, "Goblin of the other game");
+  EXPECT_EQ(State().Decks[2].Cards[1].Name, "Goblin of the other game");
+  EXPECT_EQ(State().Players[1].Tokens, 30);
+  EXPECT_EQ(TraitNumber(State().RulesCard, "ROUND"), 3);
+  EXPECT_EQ(State().RulesCard.Effects[1].Script, "");
+  files_->Contents.erase("/game/Ann_Elves.plr");
 
   ChooseGame(2, 3);
   EXPECT_TRUE(IsFree(State().Collection[1]));
   EXPECT_TRUE(IsFree(State().Decks[2].Cards[1]));
+}
+
+TEST_F(MatchStartTest, EveryCardOfADeckCanBeDrawn) {
+  std::string enemy;
+  std::string own = "#PLAYERDECK\n";
+  for (int card = 1; card <= 6; ++card) {
+    enemy += Joined("#CARDINDECK, Enemy ", card, ", , , , ,\n");
+    own += Joined("#CARD, INPLAYERDECK:1, Own ", card, ", , , , , , \n");
+  }
+  WriteFile("Goblins/king_Enemy.txt", enemy);
+  WriteFile("Ann_Goblins.plr", own);
+  for (int match = 0; match < 20; ++match) {
+    desktop_->ModalForms.emplace_back([](Form&) { TheDeckManager().Command2_Click(); });
+    InitPlayer(State().Players[2], 2);
+    ChooseGame(1, 2);
+    for (int side = 1; side <= 2; ++side) {
+      const Pile& deck = State().Players[side].Deck;
+      EXPECT_TRUE(IsFree(deck[1])) << "match " << match << ", side " << side;
+      EXPECT_EQ(deck.UpperBound(), 7);
+    }
+  }
+}
+
+TEST(DrawPileTest, APileWithoutAFreeElementGetsOneInFront) {
+  State() = Session{};
+  Pile pile(3);
+  for (int card = 1; card <= 3; ++card) pile[card].Name = Joined("Card ", card);
+  PutFreeElementFirst(pile);
+  EXPECT_EQ(Joined(pile.UpperBound(), "|", pile[1].Name, "|", pile[2].Name, "|", pile[3].Name, "|",
+                   pile[4].Name),
+            "4||Card 2|Card 3|Card 1");
 }
 
 TEST_F(MatchStartTest, APlayerFileWithoutCardsIsNoDeck) {

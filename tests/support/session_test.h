@@ -41,7 +41,7 @@ class SessionTest : public ::testing::Test {
       State().BitValues[static_cast<std::size_t>(bit)] = std::uint64_t{1} << (bit - 1);
     }
     State().CardTable.Reset(1);
-    State().TraitBitNames.Reset(1);
+    ForgetTraitBits();
     State().TraitGraphics.Reset(1);
     State().TraitActions.Reset(1);
     State().Sideboard.Reset(1);

@@ -250,7 +250,7 @@ TEST_F(LinkProtocolTest, PlayMenuListsThePlan) {
             "Play <font color=\"#FFFFFF\">C2</font> on <font color=\"#FFFFFF\">Ogre</font><br>"
             "Discard <font color=\"#FFFFFF\">C3</font><br>"
             "<font color=\"#FFFFFF\">Goblin</font> uses special action \"Heal\"."
-            "<font color=\"#FFFFFF\">Goblin</font> uses special action \"Heal\" on \"Ogre\".<br>"
+            "<font color=\"#FFFFFF\">Goblin</font> uses special action \"Heal\" on \"Ogre.<br>"
             "<font color=\"#FFFFFF\">Goblin</font> uses special action \"Heal\" on one of the "
             "cards in their collection.\r\n</body></HTML>\r\n");
   EXPECT_EQ(State().PageText, "");
