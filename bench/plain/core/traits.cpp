@@ -10,6 +10,7 @@
 #include "core/limits.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "script/firing.h"
 #include "script/parsed_script.h"
 #include "script/run_action.h"
 #include "script/trait_actions.h"
@@ -67,22 +68,35 @@ void NoteChange(Card& card, const std::string& name) {
   card.ChangedTraits = card.ChangedTraits.Str() + name + ":";
 }
 
+/// What causes a change.
+struct Cause {
+  Card& Other;
+  int TestRun;
+  const Text& Script;
+  bool Paying;
+};
+
 /// False when a reaction cancelled the change.
-bool OfferChange(Card& card, const std::string& name, double& amount, Card& other, int testRun,
-                 const Text& script) {
+bool OfferChange(Card& card, const std::string& name, double& amount, const Cause& cause) {
   SpendWorkOnSearch(static_cast<std::size_t>(card.Effects.UpperBound()));
   const std::string trigger = FoldUpper("BEFORETRAITCHANGE:" + name);
   for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
     if (FoldUpper(card.Effects[effect].Trigger) != trigger) continue;
-    RunAction(card, other, effect,
-              RunOptions{.TestRun = testRun, .Amount = &amount, .IncomingScript = script});
+    const OwnFiring reaction;
+    BeginFiring();
+    RunAction(card, cause.Other, effect,
+              RunOptions{.CostMode = cause.Paying ? 1 : -1,
+                         .TestRun = cause.TestRun,
+                         .Amount = &amount,
+                         .IncomingScript = cause.Script,
+                         .Paying = cause.Paying});
     if (State().CancelState != 0) return false;
   }
   return true;
 }
 
 /// True when the trait that a reaction named has taken the whole loss.
-bool RedirectLoss(Card& card, double& amount, Card& other, int testRun, const Text& script) {
+bool RedirectLoss(Card& card, double& amount, const Cause& cause) {
   Session& state = State();
   const Text redirect = state.RedirectTraitName;
   if (amount >= 0 || redirect.empty()) return false;
@@ -98,7 +112,7 @@ bool RedirectLoss(Card& card, double& amount, Card& other, int testRun, const Te
     return false;
   }
   ++state.TraitRedirectDepth;
-  ModTrait(card, redirect, amount, other, testRun, script);
+  ModTrait(card, redirect, amount, cause.Other, cause.TestRun, cause.Script, cause.Paying);
   --state.TraitRedirectDepth;
   return true;
 }
@@ -168,13 +182,14 @@ void SetTrait(Card& card, const TraitName& name, const Value& value, int keepAct
 }
 
 void ModTrait(Card& card, const TraitName& name, double& amount, Card& other, int testRun,
-              const Text& script) {
+              const Text& script, bool paying) {
   Session& state = State();
   const std::string own(name.View());
   state.RedirectTraitName = Text();
-  if (!OfferChange(card, own, amount, other, testRun, script)) return;
+  const Cause cause{other, testRun, script, paying};
+  if (!OfferChange(card, own, amount, cause)) return;
   state.LastValue = std::fabs(amount);
-  if (RedirectLoss(card, amount, other, testRun, script)) return;
+  if (RedirectLoss(card, amount, cause)) return;
   SetTrait(card, own, amount + TraitNumber(card, own), 0);
 }
 
@@ -188,6 +203,9 @@ void RemoveTrait(Card& card, std::string_view name) {
   const std::string bare = Name(own);
   const TraitBit bit = TraitBitFor(bare);
   if (bit.Word != -1) card.TraitBits[bit.Word] &= ~bit.BitValue;
+  for (const TraitItem& item : card.Traits) {
+    if (FoldUpper(Name(item)) == "BONUS" + FoldUpper(bare)) DoubtTraitBit(bare);
+  }
   RemoveTraitEffects(card, bare);
   card.TraitActionsApplied = 0;
 }

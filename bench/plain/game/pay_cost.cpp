@@ -12,7 +12,7 @@ namespace {
 void RunCostModifiers(Card& card, Card& work, int mode) {
   for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
     if (card.Effects[effect].Trigger != "COSTMOD") continue;
-    RunAction(card, work, effect, RunOptions{.CostMode = 1, .TestRun = mode});
+    RunAction(card, work, effect, RunOptions{.CostMode = 1, .TestRun = mode, .Paying = true});
   }
 }
 
@@ -28,6 +28,7 @@ int PayCost(const Card& card, int mode) {
   const auto hits = session.HitTable;
   const std::string page = session.PageText;
   const std::string banner = session.PhaseBanner;
+  const auto cancel = session.CancelState;
   Card work = card;
 
   RunCostModifiers(session.RulesCard, work, mode);
@@ -36,15 +37,18 @@ int PayCost(const Card& card, int mode) {
     Card copy = session.CardTable[slot];
     RunCostModifiers(copy, work, mode);
   }
-  const int failures = FireTrigger(work, "COST", -1, 0, 1);
+  Card tested = work;
+  const int failures = FireTrigger(tested, "COST", -1, 0, 1);
   session.CardTable = table;
   session.HitTable = hits;
   session.PageText = page;
+  session.CancelState = cancel;
   if (failures > 0 || WorkIsSpent()) {
     session.PhaseBanner = banner;
     return 0;
   }
   if (mode == 0) FireTrigger(work, "COST");
+  session.CancelState = cancel;
   return -1;
 }
 
