@@ -66,7 +66,7 @@ constexpr std::string_view kScriptsIntro =
 )";
 
 constexpr std::string_view kValuesIntro =
-    R"(<p>Where a command takes a VALUE, write a number or an expression: fields with a slash between them, worked out from left to right. A plain number is added. The examples can stand in any script, as in <code>SUBTRAIT:HP:SRCTRAIT/HUM</code>.</p>
+    R"(<p>Where a command takes a VALUE, write a number or an expression: fields with a slash between them, worked out from left to right. A plain number is added. A trait that is named is remembered, and a value that comes to exactly 0 is the trait named last. The examples can stand in any script, as in <code>SUBTRAIT:HP:SRCTRAIT/HUM</code>.</p>
 )";
 
 constexpr std::string_view kMessagesIntro =
