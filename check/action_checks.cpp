@@ -5,6 +5,7 @@
 #include "core/fold.h"
 #include "core/strings.h"
 #include "core/text.h"
+#include "script/reaction_check.h"
 #include "script/script_arguments.h"
 #include "script/target_types.h"
 #include "script/triggers.h"
@@ -49,6 +50,10 @@ void FileCheck::Target(const CheckedField& field) {
 void FileCheck::Trigger(const CheckedField& field) {
   NoteAll(field.Offset, CheckTrigger(field.Text));
   const std::string_view text = field.Text;
+  if (isRules_ && text == "PHASE10") {
+    Note(field, FindingCode::kUnknownTrigger,
+         "PHASE10 is for cards only; the action of the rules never runs.", "PHASE9");
+  }
   for (const std::string_view word : {"TRAITCHANGE:", "BEFORETRAITCHANGE:"}) {
     if (text.starts_with(word)) Reads(text.substr(word.size()), field.Offset + word.size());
   }
@@ -56,6 +61,7 @@ void FileCheck::Trigger(const CheckedField& field) {
 
 void FileCheck::Script(const CheckedField& field) {
   NoteAll(field.Offset, CheckScript(field.Text));
+  NoteAll(field.Offset, CheckReaction(FieldOf(1).Text, FieldOf(2).Text, field.Text));
   Gather(field.Text, field.Offset);
 }
 
@@ -65,6 +71,7 @@ void FileCheck::EntryScripts(const CheckedField& field) {
     const std::size_t end = std::min(text.find(kBetweenScripts, start), text.size());
     const std::string_view script = text.substr(start, end - start);
     NoteAll(field.Offset + start, CheckScript(script));
+    NoteAll(field.Offset + start, CheckReaction("", "", script));
     Gather(script, field.Offset + start);
     start = end + kBetweenScripts.size();
   }

@@ -140,6 +140,7 @@ void FileCheck::Reference(const CheckedField& field) {
   FindCard(name.Text, field.Text, name.Offset, CardUse::kReference);
   hasCard_ = true;
   hasPlaceForCaption_ = false;
+  isRules_ = false;
 }
 
 void FileCheck::Number(const CheckedField& field) {

@@ -28,6 +28,7 @@ constexpr auto kScriptCodes = std::to_array<CodeRow>({
     {FindingKind::kUnknownPlaceholder, FindingCode::kUnknownPlaceholder},
     {FindingKind::kQuoteInText, FindingCode::kQuote},
     {FindingKind::kRequirementBehindEffect, FindingCode::kLateRequirement},
+    {FindingKind::kRequirementCancels, FindingCode::kCancellingRequirement},
 });
 
 struct FieldRow {

@@ -43,6 +43,7 @@ constexpr std::array<FindingRow, static_cast<std::size_t>(C::kCount)> kRows = {{
     {"unknown-placeholder", C::kUnknownPlaceholder, kWarning, "a placeholder that stays in the text"},
     {"quote", C::kQuote, kWarning, "a double quote that files hold in another form"},
     {"late-requirement", C::kLateRequirement, kWarning, "a requirement behind the effects that it should guard"},
+    {"cancelling-requirement", C::kCancellingRequirement, kWarning, "a requirement of a reaction that calls the answered action off"},
     {"trait-never-given", C::kTraitNeverGiven, kWarning, "a trait that is asked for and that no card ever has"},
     {"unknown-deck-rule", C::kUnknownDeckRule, kError, "a word of the deck rules that is none"},
     {"deck-rule", C::kDeckRule, kWarning, "a deck that breaks the rules of its game"},

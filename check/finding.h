@@ -40,6 +40,7 @@ enum class FindingCode : std::uint8_t {
   kUnknownPlaceholder,
   kQuote,
   kLateRequirement,
+  kCancellingRequirement,
   kTraitNeverGiven,
   kUnknownDeckRule,
   kDeckRule,

@@ -6,6 +6,7 @@
 #include "core/strings.h"
 #include "data/field_text.h"
 #include "editor/card_edit.h"
+#include "script/reaction_check.h"
 #include "script/script_check.h"
 
 namespace brindlemoor {
@@ -59,7 +60,10 @@ std::string HintForAction(const EffectRow& row) {
                   "The target is missing; the card chosen for the action is taken.", ""}});
     }
   }
-  if (acts) Take(all, CheckScript(OwnScript(row.Script)));
+  if (acts) {
+    Take(all, CheckScript(OwnScript(row.Script)));
+    Take(all, CheckReaction(row.Target, row.Trigger, OwnScript(row.Script)));
+  }
   for (const ScriptFinding& finding : all) {
     if (!IsRemark(finding.Kind)) return Worded(finding);
   }

@@ -7,10 +7,12 @@
 #include "core/paths.h"
 #include "core/quoting.h"
 #include "core/state.h"
+#include "core/strings.h"
 #include "core/text.h"
 #include "data/directives.h"
 #include "platform/platform.h"
 #include "reference/examples.h"
+#include "reference/notes.h"
 #include "script/command_table.h"
 #include "script/messages.h"
 #include "script/target_types.h"
@@ -54,7 +56,7 @@ constexpr std::string_view kTargetsIntro =
 )";
 
 constexpr std::string_view kTriggersIntro =
-    R"(<p>The second field of an action says when it acts. A turn goes like this: both sides play their cards, then TURNSTART, PHASE1 to PHASE10, TURNEND.</p>
+    R"(<p>The second field of an action says when it acts. A turn goes like this: both sides play their cards, then TURNSTART, PHASE1 to PHASE10, TURNEND. The rules card gets all of these but PHASE10.</p>
 )";
 
 constexpr std::string_view kScriptsIntro =
@@ -64,7 +66,7 @@ constexpr std::string_view kScriptsIntro =
 )";
 
 constexpr std::string_view kValuesIntro =
-    R"(<p>Where a command takes a VALUE, write a number or an expression: fields with a slash between them, worked out from left to right. A plain number is added. The examples can stand in any script, as in <code>SUBTRAIT:HP:SRCTRAIT/HUM</code>.</p>
+    R"(<p>Where a command takes a VALUE, write a number or an expression: fields with a slash between them, worked out from left to right. A plain number is added. A trait that is named is remembered, and a value that comes to exactly 0 is the trait named last. The examples can stand in any script, as in <code>SUBTRAIT:HP:SRCTRAIT/HUM</code>.</p>
 )";
 
 constexpr std::string_view kMessagesIntro =
@@ -103,10 +105,34 @@ std::string ExampleText(const TextExample* example) {
   return example == nullptr ? "" : std::string(example->Text);
 }
 
+/// HTML of a note: what stands in "`" is code.
+std::string NoteText(std::string_view text) {
+  std::string html;
+  bool inCode = false;
+  for (FieldWalker parts(text, '`'); !parts.AtEnd(); inCode = !inCode) {
+    const std::string part = HtmlText(parts.Next());
+    html += inCode ? Joined("<code>", part, "</code>") : part;
+  }
+  return Joined("<p>", html, "</p>\n");
+}
+
+/// The notes of the word with this anchor.
+std::string NotesOf(std::string_view anchor) {
+  std::string html;
+  for (const ReferenceNote& note : ReferenceNotes()) {
+    for (FieldWalker anchors(note.Anchors, ' '); !anchors.AtEnd();) {
+      if (anchors.Next() == anchor) html += NoteText(note.Text);
+    }
+  }
+  const std::string inReactions = ReactionNote(anchor);
+  return inReactions.empty() ? html : html + NoteText(inReactions);
+}
+
 std::string Entry(std::string_view word, std::string_view form, std::string_view meaning,
                   std::string_view example) {
   return Joined("<dt id=\"", HtmlText(word), "\"><code>", HtmlText(form), "</code></dt>\n<dd>",
-                HtmlText(meaning), "\n<pre>", HtmlText(example), "</pre></dd>\n");
+                HtmlText(meaning), "\n<pre>", HtmlText(example), "</pre>\n", NotesOf(word),
+                "</dd>\n");
 }
 
 std::string DirectiveForm(std::string_view word, std::string_view fields) {

@@ -57,12 +57,18 @@ void VisitArguments(std::string_view script,
 
 void VisitValueTraits(std::string_view expression,
                       const std::function<void(std::string_view trait)>& visit) {
+  bool isWorkedOut = false;
   for (FieldWalker fields(expression, '/'); !fields.AtEnd();) {
     const std::string_view word = fields.Next();
     if (word.empty()) return;
     const ValueKeywordRow* row = FindValueKeyword(word);
-    if (row == nullptr || row->Takes == KeywordFields::kNone) continue;
-    visit(fields.Next());
+    if (row == nullptr) continue;
+    isWorkedOut = isWorkedOut || row->IsOperator();
+    if (row->Takes == KeywordFields::kNone) continue;
+    const std::string_view trait = fields.Next();
+    const bool standsForZero =
+        isWorkedOut && row->Takes == KeywordFields::kTrait && fields.Rest().empty();
+    if (!standsForZero) visit(trait);
     if (row->Takes == KeywordFields::kTrait) continue;
     // The needed trait may be missing, and an owner word stands in its place then.
     const std::string_view needed = fields.Next();

@@ -22,7 +22,8 @@ struct ScriptArgument {
 void VisitArguments(std::string_view script,
                     const std::function<void(const ScriptArgument&)>& visit);
 
-/// Visits the names of traits that a value expression reads.
+/// Visits the names of traits that a value expression reads. A trait behind all operators is only
+/// what a value of 0 comes to, and no card needs to have it.
 void VisitValueTraits(std::string_view expression,
                       const std::function<void(std::string_view trait)>& visit);
 

@@ -22,10 +22,13 @@ enum class FindingKind : std::uint8_t {
   kQuoteInText,              ///< a double quote where its form in files has another meaning
   kRequirementBehindEffect,  ///< understood, but it comes too late to keep the effect from
                              ///< happening
+  kRequirementCancels,       ///< understood, but it calls the answered action off
 };
 
 /// True for a finding that the engine understands all the same.
-constexpr bool IsRemark(FindingKind kind) { return kind == FindingKind::kRequirementBehindEffect; }
+constexpr bool IsRemark(FindingKind kind) {
+  return kind == FindingKind::kRequirementBehindEffect || kind == FindingKind::kRequirementCancels;
+}
 
 struct ScriptFinding {
   FindingKind Kind;

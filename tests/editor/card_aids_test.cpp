@@ -30,6 +30,9 @@ TEST(ScriptHintsTest, NamesTheFirstProblemOfAnAction) {
       {{"COST", "ALL", "TRAIT:TRAITEFFECT:FLYING:MODTRIAT:HP:1"}, "MODTRIAT"},
       {{"COST", "SELF", "MODTRAIT:HP:1:REQENEMY:ECHO:x"}, "REQENEMY"},
       {{"COST", "SELF", "MODTRAIT:HP:1:REQENEMY:MODTRIAT:HP:1"}, "MODTRIAT"},
+      {{"TARGETED", "SELF", "TRAIT:TRAITEFFECT:SHY:REQMYTRAITMORE:HP:3:CANCEL"},
+       "REQISMORE:SRCTRAIT/HP:2"},
+      {{"TARGETED", "SELF", "REQMYTRAITMORE:HP:3:MODTRIAT:HP:1"}, "MODTRIAT"},
   };
   for (const Case& entry : cases) {
     const std::string hint = HintForAction(entry.Row);

@@ -9,6 +9,7 @@
 #include "core/strings.h"
 #include "data/card_reader.h"
 #include "script/command_table.h"
+#include "script/reaction_check.h"
 #include "script/target_types.h"
 #include "script/word_distance.h"
 #include "tests/script/run_test.h"
@@ -70,6 +71,8 @@ class ShippedScriptsTest : public ShippedGamesTest {
           << card.Name.View() << ": " << effect.Script.View();
       EXPECT_EQ(Told(CheckTrigger(trigger)), "") << card.Name.View() << ": " << trigger;
       EXPECT_EQ(Told(CheckTarget(effect.TargetText)), "") << card.Name.View();
+      EXPECT_EQ(Told(CheckReaction(effect.TargetText, trigger, effect.Script)), "")
+          << card.Name.View() << ": " << effect.Script.View();
     }
     EXPECT_EQ(Told(CheckScript(card.EntryScripts)), "") << card.Name.View();
   }
@@ -301,12 +304,15 @@ TEST_F(ScriptCheckTest, NearWordsAreFoundWithinTwoSteps) {
   EXPECT_EQ(NearestWord(std::string(5000, 'A'), known), "");
 }
 
+Findings CheckAnswer(std::string_view script) { return CheckReaction("SELF", "TARGETED", script); }
+
 TEST_F(ScriptCheckTest, RandomDamageIsSurvivedAndUnrecognizedWordsAreFound) {
   const std::vector<std::string> seeds = {
       "REQTRAIT:UNDEAD:AIREQENEMY:SUBTRAIT:HP:SRCTRAIT/STING/R2Die6/TRAITPLUS1:ECHO:$MYNAME "
       "stings $TARGETNAME&col #TRANSVAL/TRAITCOUNT/HP/ANY# brine.:CHANCE:40:DESTROY",
       "PERMANENT:ADDMOD:SETTRAIT:X:NAMECOUNT/Crab//SRCALLY:RETARGET:ALL:MODTRAIT:HP:1",
-      "ADDEFFECT:MENU:PHASE3:Heal:GIDCARD:MYGID:MODTRAIT:HP:1"};
+      "ADDEFFECT:MENU:PHASE3:Heal:GIDCARD:MYGID:MODTRAIT:HP:1",
+      "REQMYTRAITLESS:HP:3:ADDEFFECT:TARGETED:GIDCARD:MYGID:REQMYTRAITMORE:HP:SRCTRAIT/X"};
   const std::string alphabet = "::::////##$$\"<>AIERTDie019 \xC3\xA4";
   SetTrait(bob, "UNDEAD", 1, 1);
   std::mt19937 random(20261125);
@@ -324,7 +330,7 @@ TEST_F(ScriptCheckTest, RandomDamageIsSurvivedAndUnrecognizedWordsAreFound) {
       }
     }
     for (Findings (*check)(std::string_view) :
-         {CheckScript, CheckTrigger, CheckTarget, CheckValue, CheckMessage}) {
+         {CheckScript, CheckTrigger, CheckTarget, CheckValue, CheckMessage, CheckAnswer}) {
       std::size_t before = 0;
       for (const ScriptFinding& finding : check(text)) {
         ASSERT_LE(finding.Offset, text.size()) << text;
