@@ -6,6 +6,7 @@
 #include "core/state.h"
 #include "core/traits.h"
 #include "data/card_reader.h"
+#include "game/plans.h"
 #include "game/program_start.h"
 #include "game/turn.h"
 #include "platform/platform.h"
@@ -49,6 +50,7 @@ void ClearTable() {
     if (!IsFree(card) && !HasTrait(card, "PLAYER")) FreeCard(card);
   }
   for (int slot = 1; slot <= table.UpperBound(); ++slot) KillCard(table[slot]);
+  ForgetWaitingCards();
 }
 
 void DealHand(PlayerState& player, const Pile& cards) {
@@ -84,7 +86,10 @@ void BeginTurns() {
   Desktop().ShowForm(TheMainWindow(), false);
   // Before events run: a second click must not find the form.
   Desktop().HideForm(TheDeckManager());
+  state.TurnRunning = 1;  // nor may a turn begin before the first one
+  BlankSideViews();
   TakeTurn(1);
+  state.TurnRunning = 0;
 }
 
 }  // namespace
@@ -95,6 +100,7 @@ void StartTestPosition() {
   Session& state = State();
   state.DeckManagerMode = 0;
   state.DebugMode = 1;
+  ForgetPlans();
   ClearTable();
   ReadRules(rules);
   DealHand(state.Players[1], state.Decks[1].Cards);
