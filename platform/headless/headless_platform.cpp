@@ -103,9 +103,9 @@ std::optional<std::int32_t> HeadlessPlatform::AskColor(std::int32_t) {
 void HeadlessPlatform::Navigate(BrowserView& view, const std::string& url) {
   Navigations.push_back(view.Name + " " + url);
   view.Url = url;
-  constexpr std::string_view kScheme = "file://";
-  if (!url.starts_with(kScheme)) return;
-  auto bytes = Files().Read(url.substr(kScheme.size()));
+  const std::string path = PathOfUrl(url);
+  if (path.empty()) return;
+  auto bytes = Files().Read(path);
   Pages[view.Name] = bytes.value_or("");
 }
 
