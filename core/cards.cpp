@@ -104,7 +104,7 @@ int AddToTable(const Card& card) {
   entering = card;
   State().LastEntered = slot;
   entering.Slot = static_cast<std::int16_t>(slot);
-  if (entering.GlobalID == 0) entering.GlobalID = RollDie(10000000);
+  if (entering.GlobalID == 0) entering.GlobalID = RollDie(kDuplicateId);
   SetOwner(entering, entering.Owner);
 
   const std::int32_t globalId = entering.GlobalID;

@@ -2,6 +2,7 @@
 #include "core/paths.h"
 
 #include <algorithm>
+#include <charconv>
 #include <vector>
 
 #include "core/fold.h"
@@ -26,6 +27,23 @@ std::string InFolder(std::string_view folder, std::string_view name) {
 std::string_view ParentFolder(std::string_view folder) {
   const std::size_t separator = folder.rfind('/');
   return separator == std::string_view::npos || separator == 0 ? "/" : folder.substr(0, separator);
+}
+
+constexpr std::string_view kFileScheme = "file://";
+
+std::string Escaped(char character) {
+  constexpr std::string_view kHex = "0123456789ABCDEF";
+  const auto byte = static_cast<unsigned char>(character);
+  return Joined('%', kHex[byte >> 4U], kHex[byte & 0xFU]);
+}
+
+/// True when a browser takes the first character as it stands, in quotes and whatever encoding it
+/// reads the page in.
+bool IsPlainOnPage(std::string_view text) {
+  constexpr std::string_view kSpecial = "%#?\"\\";
+  const char letter = text.size() > 1 ? AsciiUpper(text[1]) : ' ';
+  if (text[0] == '&' && letter >= 'A' && letter <= 'Z') return false;  // "&copy" is one character
+  return text[0] >= ' ' && text[0] < '\x7F' && kSpecial.find(text[0]) == std::string_view::npos;
 }
 
 /// True when the folder holds the file, whose path is filled in in any case.
@@ -87,7 +105,7 @@ std::string ResolvePath(std::string_view file, int asUrl) {
       name.empty() || name == "." || name == ".." || name.find('\0') != std::string::npos;
   if (impossible) return "";
   const std::string path = FindFile(name);
-  return asUrl == 1 && !path.empty() ? "file://" + path : path;
+  return asUrl == 1 && !path.empty() ? Joined(kFileScheme, PageAddress(path)) : path;
 }
 
 void EnterProgramFolder() { State().CurrentFolder = State().ProgramFolder; }
@@ -104,17 +122,44 @@ std::string InProgramFolder(std::string_view file) {
 std::string FileUrl(std::string_view path) {
   constexpr std::string_view kPlain =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/!$&'()*+,;=:@";
-  constexpr std::string_view kHex = "0123456789ABCDEF";
-  std::string url = "file://";
+  std::string url(kFileScheme);
   for (const char character : path) {
     if (kPlain.find(character) != std::string_view::npos) {
       url += character;
-      continue;
+    } else {
+      url += Escaped(character);
     }
-    const auto byte = static_cast<unsigned char>(character);
-    url += Joined('%', kHex[byte >> 4U], kHex[byte & 0xFU]);
   }
   return url;
+}
+
+std::string PathOfUrl(std::string_view url) {
+  if (!url.starts_with(kFileScheme)) return "";
+  std::string path;
+  for (url.remove_prefix(kFileScheme.size()); !url.empty();) path += TakeUrlCharacter(url);
+  return path;
+}
+
+char TakeUrlCharacter(std::string_view& url) {
+  unsigned byte = 0;
+  const char* const end = url.data() + std::min<std::size_t>(url.size(), 3);
+  const bool escaped =
+      url.size() >= 3 && url[0] == '%' && std::from_chars(url.data() + 1, end, byte, 16).ptr == end;
+  const char character = escaped ? static_cast<char>(byte) : url[0];
+  url.remove_prefix(escaped ? 3 : 1);
+  return character;
+}
+
+std::string PageAddress(std::string_view path) {
+  std::string address;
+  for (; !path.empty(); path.remove_prefix(1)) {
+    if (IsPlainOnPage(path)) {
+      address += path[0];
+    } else {
+      address += Escaped(path[0]);
+    }
+  }
+  return address;
 }
 
 }  // namespace brindlemoor

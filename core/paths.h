@@ -14,7 +14,7 @@ std::string FileNameOf(std::string_view path);
 /// Full path of a file reference, or "". Folders in the reference are dropped; the program's
 /// folder is searched, then its parent, then its direct subfolders in name order. Where no folder
 /// has the exact name, one that differs in case only is taken. With asUrl 1 the answer is a
-/// "file://" URL.
+/// "file://" URL as pages hold it.
 std::string ResolvePath(std::string_view file, int asUrl);
 
 /// Makes the program's folder the current one.
@@ -28,5 +28,15 @@ std::string InProgramFolder(std::string_view file);
 
 /// The file URL of an absolute path, special characters escaped.
 std::string FileUrl(std::string_view path);
+
+/// The path that a file URL leads to, "" for other addresses.
+std::string PathOfUrl(std::string_view url);
+
+/// Takes the next character off an address, be it escaped or not. The address is not empty.
+char TakeUrlCharacter(std::string_view& url);
+
+/// A path as the quoted address of a picture on a page: only what a browser would
+/// read as something else is escaped.
+std::string PageAddress(std::string_view path);
 
 }  // namespace brindlemoor

@@ -23,4 +23,7 @@ void SeedFromText(std::string_view text, double salt);
 /// Seeds from the platform's clock (or from the sequence that a fixed seed gives).
 void SeedFromClock();
 
+/// The GlobalID of a copied card is a roll of a die with as many sides.
+inline constexpr int kDuplicateId = 10000000;
+
 }  // namespace brindlemoor

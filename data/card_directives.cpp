@@ -22,7 +22,6 @@ namespace {
 constexpr int kByte = 255;
 constexpr int kLeast = std::numeric_limits<std::int32_t>::min();
 constexpr int kMost = std::numeric_limits<std::int32_t>::max();
-constexpr int kDuplicateId = 10000000;
 /// A broken file shows no more message boxes than these; the problems tell of all.
 constexpr int kMessagesPerFile = 20;
 
@@ -166,6 +165,7 @@ void CardReader::StoreReference(PileCode pile, std::string_view name, std::strin
     Problem(Joined("no card \"", name, "\" is found in \"", file, "\"; its place stays free"));
   } else {
     SetOwner(found, player_.PlayerNo);
+    found.GlobalID = RollDie(kDuplicateId);
   }
   *place = std::move(found);
 }

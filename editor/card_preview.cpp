@@ -31,7 +31,7 @@ std::string PreviewHtml(Card& card) {
   TheMainWindow().Picture1.Picture = painted;
   const std::string picture = ResolvePath(card.Picture, 0);
   if (picture.empty()) return summary;
-  return Joined(kSmallPicture, picture, "\"></img><br>", summary);
+  return Joined(kSmallPicture, PageAddress(picture), "\"></img><br>", summary);
 }
 
 }  // namespace

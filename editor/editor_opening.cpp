@@ -46,6 +46,7 @@ void PutSessionBack(Session before) {
   before.EditCard = session.EditCard;
   before.GameFileName = session.GameFileName;
   before.Random = session.Random;
+  before.ActionsAdded = session.ActionsAdded;  // the records that stay have numbers of it
   session = std::move(before);
   RenumberAllTraitBits();  // the editor's names are not those of the match
 }

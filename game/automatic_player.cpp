@@ -4,6 +4,7 @@
 #include "core/cards.h"
 #include "core/state.h"
 #include "game/hints.h"
+#include "game/plans.h"
 #include "script/target_types.h"
 #include "script/triggers.h"
 
@@ -13,8 +14,7 @@ namespace {
 
 void QueueWorthyCards() {
   Session& session = State();
-  session.PlayQueue = {};
-  session.PlayTarget = {};
+  ForgetQueuedPlays();
   int queued = 0;
   for (const HandValue& play : HandValues()) {
     if (queued == session.PlayQueue.UpperBound()) return;

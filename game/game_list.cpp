@@ -161,7 +161,8 @@ void ComposeOpponent(std::string& html, const GameRec& game, int gameIndex, int 
   const std::string link = Joined("<a href=\"GAME:", gameIndex, ":", opponentIndex, "\">");
   html += Joined("<td bgcolor=", game.Color, "><center><font color=#FFFFFF>");
   if (!opponent.Thumb.empty()) {
-    html += Joined(link, "<img src=\"", ResolvePath(opponent.Thumb, 0), "\"></img><br></a>");
+    html += Joined(link, "<img src=\"", PageAddress(ResolvePath(opponent.Thumb, 0)),
+                   "\"></img><br></a>");
   }
   html += Joined(link, opponent.Name, "</a></font></td>");
   if (opponentIndex % kOpponentsPerRow == 0) html += "</tr><tr>";
@@ -170,7 +171,7 @@ void ComposeOpponent(std::string& html, const GameRec& game, int gameIndex, int 
 void ComposeGame(std::string& html, const GameRec& game, int gameIndex) {
   html += Joined("<table><tr><td colspan=80 bgcolor=", game.Color, "><center><font color=#FFFFFF>");
   if (!game.Banner.empty()) {
-    html += Joined("<img src=\"", ResolvePath(game.Banner, 0), "\"></img><br>");
+    html += Joined("<img src=\"", PageAddress(ResolvePath(game.Banner, 0)), "\"></img><br>");
   }
   html += Joined(game.Name,
                  "</font><font size=-2 color=FFFFFF><br>(Select an opponent from the portraits "

@@ -11,6 +11,7 @@
 #include "data/card_reader.h"
 #include "data/player_files.h"
 #include "game/game_list.h"
+#include "game/plans.h"
 #include "images/image_bridge.h"
 #include "platform/platform.h"
 #include "script/effect_masks.h"
@@ -30,31 +31,25 @@ void BuildBitValues() {
 void ResetTables() {
   Session& session = State();
   ForgetRules();
+  ForgetWaitingCards();
   session.CardTable.Reset(1);
   session.Sideboard.Reset(1);
   session.Games.Reset(1);
   ForgetTraitBits();
-  session.WaitingSlots.Reset(1);
   for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) {
     DeckRec& record = session.Decks[deck];
     if (record.DeckName.empty()) record.DeckName = Joined("Deck #", deck);
     record.Cards.Reset(1);
   }
-  for (auto& hits : session.HitTable) hits.clear();
 }
 
 /// What a game leaves behind that another game of the folder must not see.
 void ForgetLastGame() {
   Session& session = State();
-  session.PendingCards.Reset(1);
-  session.PendingCount = 0;
+  ForgetPlans();
   session.Problems.clear();
   session.CurrentGame = 0;
   session.StarterDeckFlag = 0;
-  session.PlayQueue = {};
-  session.PlayTarget = {};
-  session.AwaitingPlayTarget = 0;
-  session.AwaitingMenuTarget = 0;
 }
 
 struct DefaultPlayer {
@@ -87,7 +82,6 @@ void ResetSides() {
   hand.Reset(10);
   for (Card& card : hand) InitCard(card, 1, 0);
   session.Collection.Resize(1);
-  session.SelectedSlot = 0;
   RenumberAllTraitBits();
 }
 
@@ -109,6 +103,14 @@ void ForgetRules() {
   session.CustomStrings.Reset(0);
   session.StringsCanVanish = false;
   session.DeckRules = Text();
+}
+
+void ForgetWaitingCards() {
+  Session& session = State();
+  session.PendingCards.Reset(1);
+  session.PendingCount = 0;
+  session.WaitingSlots.Reset(1);
+  for (auto& hits : session.HitTable) hits.clear();
 }
 
 void StartProgram() {

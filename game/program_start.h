@@ -14,4 +14,8 @@ void NewGame();
 /// Empties what a rules file fills, so that the rules of one game never stay on in another.
 void ForgetRules();
 
+/// Forgets the cards that wait for the table or for a trigger, and the actions that triggers run on
+/// the cards of the table: for a table that has been emptied.
+void ForgetWaitingCards();
+
 }  // namespace brindlemoor

@@ -10,6 +10,7 @@
 #include "core/state.h"
 #include "game/card_play.h"
 #include "game/opponent.h"
+#include "game/plans.h"
 #include "platform/platform.h"
 #include "script/target_types.h"
 #include "script/triggers.h"
@@ -61,8 +62,7 @@ std::string PlayQueuedCards() {
     session.PlayQueue[position] = 0;
     session.PlayTarget[position] = 0;
   }
-  session.PlayQueue = {};
-  session.PlayTarget = {};
+  ForgetQueuedPlays();
   return cells.Html();
 }
 

@@ -209,7 +209,7 @@ constexpr std::array<ScenarioWord, 12> kWords = {{
     {"string", WordKind::kSetUp, CustomString, "string KEY TEXT...", "a custom string and its values"},
     {"set", WordKind::kSetUp, Set, "set [CARD] WORD VALUE", "sets a field of a card, or a value of the session"},
     {"answer", WordKind::kSetUp, Answer, "answer yes | no | text TEXT | notext | file PATH | nofile | message TEXT | pick CARD | deck | close",
-     "what the user answers when a dialog comes: a question, an input box, a file dialog, a message box with this text, the choice of an owned card, the deck manager (\"deck\" plays, \"close\" shuts it)"},
+     "what the user answers when a dialog comes: a question, an input box, a file dialog, a message box with this text (a blank may stand for a line end), the choice of an owned card, the deck manager (\"deck\" plays, \"close\" shuts it)"},
     {"end", WordKind::kSetUp, [](Scene& scene, WordReader&) { scene.Stop("\"end\" ends no file."); }, "end", "ends the lines of a file"},
 }};
 // clang-format on

@@ -83,6 +83,7 @@ void OpenScene(Scene& scene, const std::string& folder) {
   auto files = std::make_unique<ScenarioFiles>(scene.Library.Machine());
   scene.Files = files.get();
   scene.Desktop = std::make_shared<HeadlessPlatform>(std::move(files));
+  scene.Desktop->BlanksForLineEnds = true;
   State().Desktop = scene.Desktop;
   State().ProgramFolder = folder;
   State().CurrentFolder = folder;

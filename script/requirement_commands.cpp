@@ -288,7 +288,10 @@ Step Fail(Run& run, const RequirementRow& row) {
   ++run.FailCount;
   if (row.Kind == Stop::kQuiet || row.Kind == Stop::kFinal) return Step::kEnd;
   if (!row.Reason.empty()) GiveReason(run, row);
-  if (row.Kind == Stop::kCancel) State().CancelState = 1;
+  if (row.Kind == Stop::kCancel) {
+    State().CancelState = 1;
+    run.Reply.SourceFails = true;
+  }
   return run.AiMarked ? Step::kNext : Step::kEnd;
 }
 

@@ -20,6 +20,7 @@ enum RunResults : int {
 struct Answer {
   bool Cancels = false;      ///< CANCEL was carried out
   int RedirectsTo = 0;       ///< slot of REDIRECT or REDIRECTBYGID, 0 none
+  bool SourceFails = false;  ///< a requirement failed that no other target could meet
   Text RedirectScript = {};  ///< what is run there; "" the action's own script
 };
 

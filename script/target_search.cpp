@@ -44,7 +44,9 @@ int SearchTarget(const Card& source, int effectIndex, int targetType, const Text
   Session& session = State();
   const Pile& table = session.CardTable;
   const CardEffect effect = source.Effects[effectIndex];
-  const RunOptions options{.TestRun = 1, .Nested = 1, .ScriptOverride = script};
+  Answer answer;
+  const RunOptions options{
+      .TestRun = 1, .Nested = 1, .ScriptOverride = script, .AnswerTo = &answer};
   std::vector<int> clean;
   std::vector<int> partial;
   for (int slot = 1; slot <= table.UpperBound(); ++slot) {
@@ -57,10 +59,8 @@ int SearchTarget(const Card& source, int effectIndex, int targetType, const Text
     Card actor = source;
     Card target = candidate;
     const int result = RunAction(actor, target, effectIndex, options);
-    if (session.CancelState != 0) {
-      session.CancelState = 0;
-      return 0;
-    }
+    session.CancelState = 0;  // a reaction of the candidate may have left it
+    if (answer.SourceFails) return 0;
     if (result == kRunClean) clean.push_back(slot);
     if (result == kRunMixed) partial.push_back(slot);
   }

@@ -116,7 +116,7 @@ std::string TraitBadge(Card& card, std::string_view traitName, int mode) {
       return Joined("<font size=+1 color=", graphic.FontColor, ">", label, "</font>");
     }
     return Joined("<font size=+3 color=", graphic.FontColor, "><img src=\"",
-                  ResolvePath(graphic.Picture, 0), "\"></img>", label, "</font>");
+                  PageAddress(ResolvePath(graphic.Picture, 0)), "\"></img>", label, "</font>");
   }
   return "";
 }

@@ -133,10 +133,11 @@ std::string CardSummary(Card& card, int withBadges) {
 std::string CardPanelHtml(Card& card, int side) {
   if (IsFree(card)) return "Non-existant card referenced.<br>";  // spelled so on every page
   const std::string_view alignment = side == 1 ? Alignment(card, 1) : " align = left ";
-  const std::string path = ReplacedCopy(ResolvePath(card.Picture, 0), "\\", "/");
-  std::string html = Joined("<table width=100%><tr><td bgcolor=#0>",
-                            ImageLink(card, alignment, kLargeImage, Joined("file://", path)), "<p>",
-                            ColoredName(card), "</p><p>", "</p><p>", TraitBadges(card, 0), "</p>");
+  const std::string address = PageAddress(ResolvePath(card.Picture, 0));
+  std::string html =
+      Joined("<table width=100%><tr><td bgcolor=#0>",
+             ImageLink(card, alignment, kLargeImage, Joined("file://", address)), "<p>",
+             ColoredName(card), "</p><p>", "</p><p>", TraitBadges(card, 0), "</p>");
   std::string description = card.Description.Str();
   ExpandMessage(card, card, description, "", "");
   html += Joined("<p>", description, "</p></td></tr></table><br>");

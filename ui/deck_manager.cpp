@@ -393,8 +393,8 @@ bool PickOwnedCard() {
   state.PickedCard = 0;
   const OwnedTargets targets;  // of other actions: the form may sort
   OpenDeckManager();
-  targets.PutBack();
   state.PickingCard = 0;
+  targets.PutBack();
   return state.PickedCard != 0;
 }
 
@@ -405,8 +405,8 @@ void ShowDeckManagerInGame() {
   state.PickingCard = 0;
   const OwnedTargets targets;
   OpenDeckManager();
-  targets.PutBack();
   state.DeckManagerInGame = 0;
+  targets.PutBack();
 }
 
 }  // namespace brindlemoor

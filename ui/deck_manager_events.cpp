@@ -55,7 +55,8 @@ void DeckManager::Preview(const Card& card) {
     RunEntryScripts(entering);
     state.PhaseBanner = banner;
     const std::string summary = CardSummary(entering, 1);
-    AppendPage(Joined("<img src=\"", ResolvePath(entering.Picture, 0), "\"></img><br>", summary));
+    AppendPage(Joined("<img src=\"", PageAddress(ResolvePath(entering.Picture, 0)), "\"></img><br>",
+                      summary));
   }
   ShowPage();
 }

@@ -7,6 +7,7 @@
 #include "core/cards.h"
 #include "core/fold.h"
 #include "core/pages.h"
+#include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "core/traits.h"
@@ -22,12 +23,29 @@ namespace {
 
 constexpr std::string_view kCardLink = "CARD";
 
+/// What follows a folder whose characters may be escaped; the whole address where it lies
+/// elsewhere.
+std::string_view BehindEscaped(std::string_view folder, std::string_view address) {
+  std::string_view rest = address;
+  for (const char character : folder) {
+    if (rest.empty() || TakeUrlCharacter(rest) != character) return address;
+  }
+  return rest;
+}
+
 /// The body of a link: the address without the scheme and the folder that a relative link gets.
 std::string CleanUrl(std::string url, bool decodeBlanks) {
-  if (decodeBlanks) ReplaceAll(url, "%20", " ");
   constexpr std::string_view kScheme = "file://";
   if (url.starts_with(kScheme)) url.erase(0, kScheme.size());
-  ReplaceAll(url, State().ProgramFolder + "/", "");
+  // The folder goes before anything is decoded: its name may look like an escape.
+  const std::string folder = State().ProgramFolder + "/";
+  if (url.starts_with(folder)) {
+    url.erase(0, folder.size());
+  } else {
+    url = std::string(BehindEscaped(folder, url));
+  }
+  if (decodeBlanks) ReplaceAll(url, "%20", " ");
+  ReplaceAll(url, folder, "");
   return url;
 }
 

@@ -9,6 +9,7 @@
 #include "core/strings.h"
 #include "data/player_files.h"
 #include "editor/editor_opening.h"
+#include "game/plans.h"
 #include "game/program_start.h"
 #include "game/turn.h"
 #include "platform/arrangement.h"
@@ -140,8 +141,7 @@ void MainWindow::Command1_Click() {
   if (state.CurrentGame == 0 && state.TestFromEditor == 0) return;
   TakeTurn(0);
   UpdateHand();
-  state.SelectedSlot = 0;
-  state.AwaitingMenuTarget = 0;
+  ForgetSelection();
   ShowPlayMenu();
 }
 
@@ -155,8 +155,10 @@ void MainWindow::Picture2_MouseMove(int position) {
   const std::int16_t selected = state.SelectedSlot;
   Desktop().PumpEvents();
   Pile& hand = state.Players[1].Hand;
-  if (position != LastHovered && hand.Holds(position) && !IsFree(hand[position])) {
-    LastHovered = position;
+  if (!hand.Holds(position) || IsFree(hand[position])) return;
+  const HandCard hovered{position, hand[position].GlobalID};
+  if (hovered != LastHovered) {
+    LastHovered = hovered;
     ShowCardDescription(hand[position], 1);
     Desktop().PumpEvents();
     state.SelectedSlot = selected;
@@ -168,13 +170,13 @@ void MainWindow::Picture2_MouseUp(int position, MouseButton button) {
   Pile& hand = state.Players[1].Hand;
   if (!hand.Holds(position) || IsFree(hand[position])) return;
   const bool discard = button == MouseButton::kRight;
+  // The card whose menu action still waits for a target is not what the play is aimed at.
+  if (state.AwaitingMenuTarget != 0) state.SelectedSlot = 0;
   if (discard) state.SelectedSlot = -1;
   QueuePlay(position, state.SelectedSlot);
   hand[position].TargetSlot = state.SelectedSlot;
-  // A discard waits for no target: the next click on a card must not turn it into a play.
-  if (discard) state.AwaitingPlayTarget = 0;
-  state.SelectedSlot = 0;
-  state.AwaitingMenuTarget = 0;
+  if (discard) state.AwaitingPlayTarget = 0;  // also when it took the card out
+  ForgetSelection();
   ShowPlayMenu();
   Desktop().PumpEvents();
 }
@@ -249,6 +251,7 @@ void UpdateHand() {
 
 void BlankSideViews() {
   TheMainWindow().Links.DescribedCard = 0;
+  TheMainWindow().LastHovered = {};
   for (BrowserView* view : {&TheMainWindow().InPlayWB, &TheMainWindow().CardDescWB}) {
     if (!view->Url.Get().ends_with("/blank.htm")) ShowInView(*view, "blank.htm");
   }
@@ -288,7 +291,8 @@ void QueuePlay(int position, int target) {
     state.PlayTarget[free] = static_cast<std::int16_t>(target);
     Card& card = state.Players[1].Hand[position];
     card.TargetSlot = card.StoredTarget = static_cast<std::int16_t>(target);
-    state.AwaitingPlayTarget = static_cast<std::uint8_t>(free);
+    // The next click on a card aims a play that has no target; otherwise it only shows the card.
+    state.AwaitingPlayTarget = static_cast<std::uint8_t>(target == 0 ? free : 0);
   }
 }
 

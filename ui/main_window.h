@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -35,7 +36,13 @@ struct MainWindow : Form {
   MenuItem helppagesmen{"helppagesmen", "Help Pages"};
   MenuItem hintmen{"hintmen", "Hint"};
 
-  int LastHovered = 0;  ///< hand position hovered last
+  /// A place of the hand and the card that lies there.
+  struct HandCard {
+    int Position = 0;
+    std::int32_t GlobalID = 0;
+    bool operator==(const HandCard&) const = default;
+  };
+  HandCard LastHovered;  ///< what the pointer showed last
   ShownLinks Links;
 
   void Form_Load();
@@ -61,7 +68,8 @@ void UpdateHand();
 void HideHand();
 /// Takes plan, card page and picture of the last game from the sides.
 void BlankSideViews();
-/// Queues a hand position with a target (0 none yet, -1 discard), or takes it out of the queue.
+/// Queues a hand position with a target (0 none yet: it awaits one; -1 discard), or takes it out of
+/// the queue.
 void QueuePlay(int position, int target);
 /// Moves queue entries up over free ones.
 void CompactQueue();

@@ -5,6 +5,7 @@
 #include "core/state.h"
 #include "script/stored_cards.h"
 #include "script/target_types.h"
+#include "ui/link_protocol.h"
 
 namespace brindlemoor {
 
@@ -38,14 +39,18 @@ OwnedTargets::OwnedTargets() {
 
 void OwnedTargets::PutBack() const {
   Pile& table = State().CardTable;
+  bool lost = false;
   for (const Aim& aim : aims_) {
     if (!table.Holds(aim.Slot) || !table[aim.Slot].Effects.Holds(aim.Effect)) continue;
     CardEffect& effect = table[aim.Slot].Effects.Edit(aim.Effect);
     const OwnedCard found = FindOwnedCard(aim.Target);
     effect.ChosenTarget = found.Index;
     effect.PickedPile = static_cast<std::uint8_t>(found.Pile > 0 ? found.Pile : 0);
-    if (found.Record == nullptr) effect.MenuState = kMenuAction;
+    if (found.Record != nullptr) continue;
+    effect.MenuState = kMenuAction;
+    lost = true;
   }
+  if (lost) ShowPlayMenu();
 }
 
 }  // namespace brindlemoor

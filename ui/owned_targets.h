@@ -8,7 +8,7 @@ namespace brindlemoor {
 
 /// Notes the cards of the collection and the decks that armed menu actions aim at. Sorting and
 /// moving change their positions; PutBack aims the actions anew, and lets those wait again whose
-/// card has gone.
+/// card has gone, which the plan page shows.
 class OwnedTargets {
  public:
   OwnedTargets();

@@ -3,9 +3,11 @@
 
 #include "core/cards.h"
 #include "core/paths.h"
+#include "core/random.h"
 #include "core/state.h"
 #include "core/traits.h"
 #include "data/card_reader.h"
+#include "game/plans.h"
 #include "game/program_start.h"
 #include "game/turn.h"
 #include "platform/platform.h"
@@ -49,18 +51,22 @@ void ClearTable() {
     if (!IsFree(card) && !HasTrait(card, "PLAYER")) FreeCard(card);
   }
   for (int slot = 1; slot <= table.UpperBound(); ++slot) KillCard(table[slot]);
+  ForgetWaitingCards();
 }
 
+/// A card may be chosen more than once: each is a card of its own.
 void DealHand(PlayerState& player, const Pile& cards) {
   player.Hand.Reset(kHandPositions);
   player.Deck.Reset(1);
   for (int position = 1; position <= cards.UpperBound(); ++position) {
     if (IsFree(cards[position])) continue;
+    Card card = cards[position];
+    card.GlobalID = RollDie(kDuplicateId);
     if (position < kHandPositions) {
-      player.Hand[position] = cards[position];
-      ApplyTraitActions(player.Hand[position], "");
+      ApplyTraitActions(card, "");
+      player.Hand[position] = std::move(card);
     } else {
-      player.Deck.Append(cards[position]);
+      player.Deck.Append(std::move(card));
     }
   }
 }
@@ -69,7 +75,8 @@ void BringIntoPlay(const Pile& cards, int side) {
   for (const Card& card : cards) {
     if (IsFree(card)) continue;
     Card entering = card;
-    entering.Owner = static_cast<std::uint8_t>(side);
+    entering.GlobalID = 0;
+    SetOwner(entering, side);
     const int slot = AddToTable(entering);
     if (slot == 0 || !HasTrait(entering, "PLAYER")) continue;
     State().Players[side].Color = State().CardTable[slot].NameColor;
@@ -84,7 +91,10 @@ void BeginTurns() {
   Desktop().ShowForm(TheMainWindow(), false);
   // Before events run: a second click must not find the form.
   Desktop().HideForm(TheDeckManager());
+  state.TurnRunning = 1;  // nor may a turn begin before the first one
+  BlankSideViews();
   TakeTurn(1);
+  state.TurnRunning = 0;
 }
 
 }  // namespace
@@ -95,9 +105,11 @@ void StartTestPosition() {
   Session& state = State();
   state.DeckManagerMode = 0;
   state.DebugMode = 1;
+  ForgetPlans();
   ClearTable();
   ReadRules(rules);
   DealHand(state.Players[1], state.Decks[1].Cards);
+  for (int side = 1; side <= 2; ++side) state.Players[side].PlayerCard = 0;
   InitPlayer(state.Players[2], 2);  // the hand of an earlier match is no part of this one
   BringIntoPlay(state.Decks[2].Cards, 1);
   BringIntoPlay(state.Decks[3].Cards, 2);

@@ -1,6 +1,9 @@
 // The desktop without a display.
 #include "platform/headless/headless_platform.h"
 
+#include <algorithm>
+
+#include "core/paths.h"
 #include "core/text.h"
 #include "platform/controls.h"
 
@@ -42,9 +45,17 @@ void HeadlessPlatform::HideForm(Form& form) { form.Shown = false; }
 
 void HeadlessPlatform::RaiseForm(Form&) { ++Raised; }
 
+bool HeadlessPlatform::Expects(std::string_view message) const {
+  if (ExpectedMessages.empty()) return false;
+  return std::ranges::equal(ExpectedMessages.front(), message, [this](char expected, char found) {
+    const bool lineEnd = found == '\n' || found == '\r';
+    return expected == found || (BlanksForLineEnds && expected == ' ' && lineEnd);
+  });
+}
+
 void HeadlessPlatform::MessageBox(std::string_view text) {
   Messages.emplace_back(text);
-  if (!ExpectedMessages.empty() && ExpectedMessages.front() == text) {
+  if (Expects(text)) {
     ExpectedMessages.pop_front();
   } else if (!AcceptMessages) {
     UnexpectedDialogs.push_back(Joined("message box: ", text));
@@ -92,9 +103,9 @@ std::optional<std::int32_t> HeadlessPlatform::AskColor(std::int32_t) {
 void HeadlessPlatform::Navigate(BrowserView& view, const std::string& url) {
   Navigations.push_back(view.Name + " " + url);
   view.Url = url;
-  constexpr std::string_view kScheme = "file://";
-  if (!url.starts_with(kScheme)) return;
-  auto bytes = Files().Read(url.substr(kScheme.size()));
+  const std::string path = PathOfUrl(url);
+  if (path.empty()) return;
+  auto bytes = Files().Read(path);
   Pages[view.Name] = bytes.value_or("");
 }
 

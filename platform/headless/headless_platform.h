@@ -30,6 +30,7 @@ class HeadlessPlatform : public Platform {
   std::deque<std::function<void(Form&)>> ModalForms;  ///< plays the user of each modal form
   std::function<void()> OnPump;                       ///< events that wait
   bool AcceptMessages = false;                        ///< message boxes need not be expected
+  bool BlanksForLineEnds = false;  ///< a blank of an expected message may stand for a line end
 
   // What the caller finds.
   std::vector<std::string> Messages;   ///< every message box
@@ -61,6 +62,8 @@ class HeadlessPlatform : public Platform {
   std::uint64_t ClockSeed() override { return seed_++; }
 
  private:
+  /// True when the next expected message is this one.
+  bool Expects(std::string_view message) const;
   template <class Answer>
   Answer TakeAnswer(std::deque<Answer>& answers, std::string_view dialog, std::string_view text);
 

@@ -36,6 +36,26 @@ TEST_F(PathsTest, LooksInTheFolderItsParentAndItsSubfoldersInOrder) {
   EXPECT_EQ(FoundWith("/home/x/1.jpg", "1.jpg", 1), "file:///home/x/1.jpg");
 }
 
+TEST_F(PathsTest, APageReachesPicturesInFoldersOfAnyName) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"/home/x/My Orc & co's (1)+;,=@!~.jpg", "/home/x/My Orc & co's (1)+;,=@!~.jpg"},
+      {"/a b%20#c?d/x.jpg", "/a b%2520%23c%3Fd/x.jpg"},
+      {"/M\xC3\xBChle/x.jpg", "/M%C3%BChle/x.jpg"},
+      {"/\"\\\t\n\x7F/x.jpg", "/%22%5C%09%0A%7F/x.jpg"},
+      {"/R&amp;D/&copy.jpg", "/R%26amp;D/%26copy.jpg"},
+      {"", ""},
+  };
+  for (const auto& [path, address] : rows) EXPECT_EQ(PageAddress(path), address);
+  State().ProgramFolder = "/50%/#1";
+  EXPECT_EQ(FoundWith("/50%/#1/1.jpg", "1.jpg", 0), "/50%/#1/1.jpg");
+  EXPECT_EQ(FoundWith("/50%/#1/1.jpg", "1.jpg", 1), "file:///50%25/%231/1.jpg");
+  EXPECT_EQ(FoundWith("/50%/#1/1.jpg", "2.jpg", 1), "");
+  for (const char* path : {"/a b/50%#?\"<\xC3\xA9", "/%20%2", "/x%zz"}) {
+    EXPECT_EQ(PathOfUrl(FileUrl(path)), path);
+  }
+  EXPECT_EQ(PathOfUrl("help:x"), "");
+}
+
 TEST_F(PathsTest, NoReferenceLeadsOutOfTheFolders) {
   using namespace std::string_view_literals;
   files_->Contents["/home/x/a.jpg"] = "";

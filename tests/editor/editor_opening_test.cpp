@@ -5,6 +5,7 @@
 #include "game/match_start.h"
 #include "game/program_start.h"
 #include "game/turn.h"
+#include "script/target_types.h"
 #include "tests/editor/card_edit_test.h"
 #include "tests/support/played_pictures.h"
 #include "ui/forms.h"
@@ -106,6 +107,40 @@ TEST_F(EditorOpeningTest, TheGameGoesOnWhereItWasWhenTheEditorIsLeft) {
   EXPECT_EQ(main_.Links.Cards, (std::set<std::int32_t>{77})) << "its cards can be clicked again";
   main_.saveplrmen.Click();
   EXPECT_NE(ReadFile("Ann_Goblins.plr").find("Decked"), std::string::npos);
+}
+
+TEST_F(EditorOpeningTest, AMatchKeepsItsPlansBehindTestGames) {
+  const auto plans = [] {
+    const Session& state = State();
+    return Joined(int{state.PlayQueue[1]}, " at ", state.PlayTarget[1], ", ",
+                  int{state.PlayQueue[2]}, " at ", state.PlayTarget[2], ", ",
+                  int{state.AwaitingPlayTarget}, " ", state.SelectedSlot, " ",
+                  int{state.CardTable[1].Effects[1].MenuState});
+  };
+  AddEffect(State().CardTable[1], "MODTRAIT:HP:1", kTargetSelf, "MENU:PHASE1:Heal", 0, "SELF");
+  State().CardTable[1].Effects.Edit(1).MenuState = kArmedMenuAction;
+  for (const int position : {3, 4}) State().Players[1].Hand[position] = MakeCard("Planned", 1);
+  QueuePlay(3, 2);
+  QueuePlay(4, 0);
+  ShowPlayMenu();
+  const std::string planned = plans();
+  const std::string page = desktop_->Pages["InPlayWB"];
+  EXPECT_EQ(planned, "3 at 2, 4 at 0, 2 0 2");
+  EnterWithCards();
+  for (int game = 0; game < 2; ++game) {
+    BeginTest();
+    State().Decks[1].Cards[1] = MakeCard("Held", 1);
+    decks_.Command2.Click();
+    EXPECT_EQ(desktop_->Pages["InPlayWB"].find("Planned"), std::string::npos);
+    main_.Picture2[1]->MouseUp(MouseButton::kLeft);  // a plan of the test game
+    EXPECT_EQ(State().PlayQueue[1], 1);
+    EXPECT_EQ(State().PlayQueue[2], 0) << game;
+    main_.EditMen.Click();
+    main_.Shown = true;
+  }
+  LeaveEditor();
+  EXPECT_EQ(plans(), planned);
+  EXPECT_EQ(desktop_->Pages["InPlayWB"], page);
 }
 
 TEST_F(EditorOpeningTest, WhatIsNotSavedYetSurvivesATestGame) {

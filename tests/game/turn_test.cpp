@@ -106,6 +106,15 @@ TEST_F(TurnTest, QueueRunsInOrderAndRowsHoldFivePlays) {
   EXPECT_EQ(State().PlayQueue, (FixedTable<std::uint8_t, 10>{}));
 }
 
+TEST_F(TurnTest, NoPlayWaitsForATargetWhenTheQueueHasBeenPlayed) {
+  Queue(1, 1);
+  State().AwaitingPlayTarget = 1;
+  TakeTurn(1);
+  EXPECT_EQ(State().AwaitingPlayTarget, 1) << "the first turn leaves the queue alone";
+  TakeTurn(0);
+  EXPECT_EQ(State().AwaitingPlayTarget, 0);
+}
+
 TEST_F(TurnTest, UnpaidCardStaysAndDiscardLeavesNoLine) {
   Queue(1, 1);
   Queue(2, 2, -1);

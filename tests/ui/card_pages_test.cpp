@@ -1,7 +1,10 @@
 // A card as HTML: links, description page, panel and the player header.
 #include "ui/card_pages.h"
 
+#include "game/game_list.h"
+#include "script/messages.h"
 #include "tests/support/session_test.h"
+#include "ui/battlefield.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
@@ -38,6 +41,45 @@ class CardPagesTest : public SessionTest {
   const std::string badges_ = "<p><font size=+1 color=#0000FF>flies</font></p>";
   const std::string back_ = Joined("<p>", name_, " bites ", name_, ".</p>");
 };
+
+/// What a browser would take for an escape, a query or a mark is escaped in every picture's
+/// address.
+TEST_F(CardPagesTest, PicturesAreFoundInAFolderOfAnyName) {
+  const std::string folder = "/a b%20#c?d";
+  State().ProgramFolder = folder;
+  for (const char* file : {"t.bmp", "p.jpg", "magiccost.jpg"}) {
+    files_->Contents[Joined(folder, "/", file)] = "";
+  }
+  State().TraitGraphics[1].Picture = "t.bmp";
+  State().FullSizeImages = 1;
+  State().Games.Reset(1);
+  GameRec& game = State().Games[1];
+  game.Name = "Goblins";
+  game.Banner = "t.bmp";
+  game.Opponents.Reset(0);
+  game.Opponents.Append(Goblin(2));
+  Card goblin = Goblin(1);
+  PutPlayerCard(1, {"MANA:3"});
+  State().Collection[1] = goblin;
+  TheDeckManager().Form_Load();
+  TheDeckManager().CollectPic[0]->MouseMove();
+  std::string seen = "#IMG/p.jpg#";
+  ExpandMessage(goblin, goblin, seen, "", "");
+  const std::pair<const char*, std::string> pages[] = {
+      {"list", ComposeGameList()},
+      {"large picture", CardPictureHtml(goblin, 1, 0)},
+      {"thumbnail", CardPictureHtml(goblin, 0, 0)},
+      {"panel", CardPanelHtml(goblin, 1)},
+      {"header", PlayerHeader(State().Players[1])},
+      {"badge", TraitBadges(goblin, 1)},
+      {"preview", files_->Contents[folder + "/Display.html"]},
+      {"message", seen},
+  };
+  for (const auto& [what, html] : pages) {
+    EXPECT_NE(html.find("/a b%2520%23c%3Fd/"), std::string::npos) << what << ": " << html;
+    EXPECT_EQ(html.find(folder), std::string::npos) << what;
+  }
+}
 
 TEST_F(CardPagesTest, PictureLinks) {
   const std::string thumb = " border = \"0\" src=\"file:///game/t.bmp\"></img></a>";

@@ -4,9 +4,12 @@
 #include "data/card_reader.h"
 #include "game/game_list.h"
 #include "game/match_start.h"
+#include "game/turn.h"
 #include "script/target_types.h"
+#include "script/triggers.h"
 #include "tests/support/session_test.h"
 #include "ui/forms.h"
+#include "ui/link_protocol.h"
 
 namespace brindlemoor {
 namespace {
@@ -399,6 +402,47 @@ TEST_F(DeckManagerTest, ATestPositionIsLaidOutAndPlayed) {
   EXPECT_NE(desktop_->Pages["WB"].find("the sun rises"), std::string::npos);
 }
 
+/// Else plans of an earlier game would play and discard the author's cards.
+TEST_F(DeckManagerTest, ATestPositionBeginsWithoutThePlansOfTheGameBefore) {
+  WriteFile("rules.txt", "#RULESCARD\n");
+  State().GameFileName = "rules.txt";
+  Session& state = State();
+  Card& king = PutPlayerCard(1);
+  AddEffect(king, "ECHO:armed in another game", kTargetSelf, "MENU:ONDEATH:Curse", 0, "SELF");
+  king.Effects.Edit(1).MenuState = kArmedMenuAction;
+  Card& goblin = PutInPlay(MakeCard("Goblin", 1));
+  AddEffect(goblin, "MODTRAIT:HP:1", kTargetSelf, "PHASE1", 0, "SELF");
+  RegisterAllHits(goblin);
+  Card waiting = MakeCard("Sleeper", 1);
+  waiting.ActivateOn = "PHASE3";
+  AddToTable(waiting);
+  QueuePending(MakeCard("Pending", 1));
+  for (int position = 1; position <= 2; ++position) {
+    state.Players[1].Hand[position] = MakeCard("Old", 1);
+    QueuePlay(position, position == 1 ? 0 : -1);
+  }
+  state.AwaitingPlayTarget = state.AwaitingMenuTarget = 1;
+  state.SelectedSlot = 2;
+  ShowPlayMenu();
+  state.Decks[1].Cards.Reset(0);
+  for (const char* name : {"New1", "New2"}) state.Decks[1].Cards.Append(MakeCard(name, 1));
+  state.Decks[2].Cards[1] = MakeCard("Ogre", 1);
+  Open(kTestPosition);
+  form_.Command2.Click();
+
+  EXPECT_EQ(
+      Joined(int{state.PlayQueue[1]}, int{state.PlayQueue[2]}, state.PlayTarget[2],
+             int{state.AwaitingPlayTarget}, int{state.AwaitingMenuTarget}, state.SelectedSlot),
+      "000000");
+  EXPECT_EQ(desktop_->Pages["InPlayWB"].find("Old"), std::string::npos);
+  EXPECT_EQ(desktop_->Pages["WB"].find("armed in another game"), std::string::npos);
+  EXPECT_EQ(Names(state.CardTable), "Ogre - - ") << "nothing comes that waited before";
+  for (const auto& hits : state.HitTable) EXPECT_TRUE(hits.empty());
+  EXPECT_EQ(state.WaitingSlots[1], 0);
+  TakeTurn(0);
+  EXPECT_EQ(Names(state.Players[1].Hand), "New1 New2 - - - - - - - - ");
+}
+
 TEST_F(DeckManagerTest, InMidGameArmedActionsKeepTheirCards) {
   Own({"Elf", "Orc"});
   Card& actor = PutInPlay(MakeCard("Mage", 1));
@@ -416,7 +460,15 @@ TEST_F(DeckManagerTest, InMidGameArmedActionsKeepTheirCards) {
     ClickCollection(0);  // Elf is sold
     EXPECT_FALSE(form_.QueryClose());
   });
+  const auto planned = [this] {
+    const std::string& plan = desktop_->Pages["InPlayWB"];
+    const auto first = plan.find("in their collection.");
+    return (first != plan.npos) + (plan.find("in their collection.", first + 1) != plan.npos);
+  };
+  ShowPlayMenu();
+  EXPECT_EQ(planned(), 2);
   TheMainWindow().deckmanagermen.Click();
+  EXPECT_EQ(planned(), 1) << "the plan page says what is planned";
   EXPECT_EQ(actor.Effects[1].MenuState, kMenuAction) << "its card has gone";
   EXPECT_EQ(Joined(actor.Effects[2].MenuState, actor.Effects[2].ChosenTarget,
                    int{actor.Effects[2].PickedPile}),

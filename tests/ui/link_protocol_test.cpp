@@ -1,6 +1,7 @@
 // Clicks on links: the three views, the click state and the play menu.
 #include "ui/link_protocol.h"
 
+#include "core/paths.h"
 #include "game/game_list.h"
 #include "game/turn.h"
 #include "tests/support/action_cards.h"
@@ -76,6 +77,25 @@ TEST_F(LinkProtocolTest, ACardClickShowsOrCompletesTheQueuedPlay) {
   WB_BeforeNavigate("CARD222");
   EXPECT_EQ(State().AwaitingPlayTarget, 0);
   EXPECT_EQ(State().PlayTarget[2], 0);
+}
+
+/// The name of a folder may look like an escape, or need one in an address.
+TEST_F(LinkProtocolTest, ClicksCountInFoldersOfAnyName) {
+  for (const char* folder : {"/my game", "/a b%20#c?d", "/M\xC3\xBChle/50%", "/100%25/x"}) {
+    State().ProgramFolder = folder;
+    for (const std::string& address : {Joined("file://", folder), FileUrl(folder)}) {
+      for (const auto handler : {WB_BeforeNavigate, InPlayWB_BeforeNavigate}) {
+        State().SelectedSlot = 0;
+        EXPECT_TRUE(handler(address + "/CARD222")) << address;
+        EXPECT_EQ(State().SelectedSlot, ogre_->Slot) << address;
+      }
+      EXPECT_FALSE(WB_BeforeNavigate(address + "x/CARD222")) << "another folder";
+      TheMainWindow().Links.DescribedCard = 111;
+      EXPECT_TRUE(CardDescWB_BeforeNavigate(address + "/menuaction:111:1")) << address;
+      EXPECT_EQ(int{goblin_->Effects[1].MenuState}, int{kArmedMenuAction}) << address;
+      CardDescWB_BeforeNavigate("menuaction:111:1");
+    }
+  }
 }
 
 /// Texts of cards are HTML and may hold links that look like commands.

@@ -7,6 +7,7 @@
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
 #include "ui/forms.h"
+#include "ui/link_protocol.h"
 
 namespace brindlemoor {
 namespace {
@@ -73,6 +74,57 @@ TEST_F(MainWindowTest, ClicksQueueAndTakeOut) {
   EXPECT_EQ(State().Players[1].Hand[3].TargetSlot, -1);
   EXPECT_EQ(State().AwaitingPlayTarget, 0);
   EXPECT_EQ(Click(3, MouseButton::kRight), (std::vector{2, 1, 5}));
+}
+
+/// What the first queued card is aimed at stays, whatever is only looked at later.
+TEST_F(MainWindowTest, OnlyAPlayWithoutATargetAwaitsOne) {
+  DealHand(2);
+  const Card& crab = PutInPlay(MakeCard("Crab", 2));
+  Card& lamp = PutInPlay(MakeCard("Lamp", 1));
+  GiveAction(lamp, "MENU:PHASE1:Burn", "TARGETCARD", "MODTRAIT:HP:-1");
+  const auto look = [this](const Card& card) {
+    window_.Links.Cards = {card.GlobalID};
+    WB_BeforeNavigate(Joined("CARD", card.GlobalID));
+  };
+  look(crab);
+  Click(1);
+  EXPECT_EQ(State().AwaitingPlayTarget, 0);
+  look(lamp);
+  EXPECT_EQ(State().PlayTarget[1], crab.Slot);
+  EXPECT_EQ(State().Players[1].Hand[1].TargetSlot, crab.Slot);
+  EXPECT_EQ(State().SelectedSlot, lamp.Slot) << "it is shown";
+
+  // The menu action waits for its target; a click on the hand ends that.
+  window_.Links.DescribedCard = lamp.GlobalID;
+  CardDescWB_BeforeNavigate(Joined("MENUACTION:", lamp.GlobalID, ":1"));
+  Click(2);
+  EXPECT_EQ(State().AwaitingMenuTarget, 0);
+  EXPECT_EQ(State().PlayTarget[2], 0) << "the card with the menu was not meant";
+  EXPECT_EQ(State().Players[1].Hand[2].TargetSlot, 0);
+  EXPECT_EQ(State().AwaitingPlayTarget, 2);
+  look(crab);
+  EXPECT_EQ(State().PlayTarget[2], crab.Slot);
+  EXPECT_EQ(int{lamp.Effects[1].MenuState}, int{kMenuAction});
+}
+
+TEST_F(MainWindowTest, ThePointerShowsTheCardThatLiesThereNow) {
+  DealHand(2);
+  const auto shownAt = [this](std::size_t position) {
+    desktop_->Pages.erase("CardDescWB");
+    State().SelectedSlot = 7;
+    window_.Picture2[position]->MouseMove();
+    EXPECT_EQ(State().SelectedSlot, 7);
+    const std::string& page = desktop_->Pages["CardDescWB"];
+    const auto name = page.find("Card ");
+    return name == page.npos ? "nothing new" : page.substr(name, 6);
+  };
+  EXPECT_EQ(shownAt(1), "Card 1");
+  EXPECT_EQ(shownAt(1), "nothing new");
+  State().Players[1].Hand[1] = MakeCard("Card 8", 1);
+  EXPECT_EQ(shownAt(1), "Card 8") << "drawn to the place of the one before";
+  EXPECT_EQ(shownAt(1), "nothing new");
+  BlankSideViews();
+  EXPECT_EQ(shownAt(1), "Card 8") << "the view had been blanked";
 }
 
 TEST_F(MainWindowTest, QueueNeverHoldsACardTwiceAndKeepsItsLastTwoPlaces) {

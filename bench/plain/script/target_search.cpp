@@ -24,12 +24,12 @@ int SearchTarget(const Card& source, int effectIndex, int targetType, const Text
     Card actor = source;
     Card target = session.CardTable[slot];
     if (IsOnWrongSide(targetType, actor, target)) continue;
-    const int result = RunAction(actor, target, effectIndex,
-                                 RunOptions{.TestRun = 1, .Nested = 1, .ScriptOverride = script});
-    if (session.CancelState != 0) {
-      session.CancelState = 0;
-      return 0;
-    }
+    Answer answer;
+    const int result = RunAction(
+        actor, target, effectIndex,
+        RunOptions{.TestRun = 1, .Nested = 1, .ScriptOverride = script, .AnswerTo = &answer});
+    session.CancelState = 0;
+    if (answer.SourceFails) return 0;
     if (result == kRunClean) clean.push_back(slot);
     if (result == kRunMixed) partial.push_back(slot);
   }
