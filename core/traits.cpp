@@ -5,11 +5,11 @@
 #include <cmath>
 #include <string>
 
+#include "core/firing.h"
 #include "core/fold.h"
 #include "core/limits.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "script/firing.h"
 #include "script/parsed_script.h"
 #include "script/run_action.h"
 #include "script/trait_actions.h"

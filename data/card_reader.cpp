@@ -10,6 +10,7 @@
 #include "core/paths.h"
 #include "core/state.h"
 #include "data/card_reading.h"
+#include "data/read_mark.h"
 #include "platform/platform.h"
 
 namespace brindlemoor {
@@ -93,6 +94,13 @@ bool ReadCardFile(std::string_view file, PlayerState& player, int noDuplicates,
 void ReadCards(std::string_view file, PlayerState& player, int noDuplicates,
                std::string_view forcedLocation, int keepExisting) {
   ReadCardFile(file, player, noDuplicates, forcedLocation, keepExisting);
+}
+
+bool TakeCardsOut(std::string_view file, PlayerState& player, std::string_view forcedLocation) {
+  const ReadMark before;
+  const bool isRead = ReadCardFile(file, player, 1, forcedLocation, 1);
+  before.PutBack();
+  return isRead;
 }
 
 void CopyDeck(PlayerState& player) { player.StartDeck = player.Deck; }

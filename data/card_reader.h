@@ -15,6 +15,10 @@ namespace brindlemoor {
 void ReadCards(std::string_view file, PlayerState& player, int noDuplicates,
                std::string_view forcedLocation, int keepExisting);
 
+/// Reads a file for the cards that it puts into a side's own piles, without duplicates: whatever
+/// else is written in it changes nothing. False when the file can't be read.
+bool TakeCardsOut(std::string_view file, PlayerState& player, std::string_view forcedLocation);
+
 /// The path under which ReadCards opens a file: in the current folder, where the exact name is
 /// missing one that differs in case only. "" when there is none.
 std::string FindCardFile(std::string_view file);

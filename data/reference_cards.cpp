@@ -9,7 +9,6 @@
 #include "core/traits.h"
 #include "data/card_reader.h"
 #include "data/card_reading.h"
-#include "data/read_mark.h"
 #include "platform/platform.h"
 #include "script/effect_masks.h"
 
@@ -47,10 +46,7 @@ PlayerState* CachedFile(const std::string& path) {
   InitPlayer(entry, kTemporaryState);
   // Named before it is read, so that a file that refers to itself finds what it has so far.
   entry.FileName = path;
-  const ReadMark before;  // a reference takes cards out of the file, and nothing else
-  const bool isRead = ReadCardFile(path, entry, 1, "", 0);
-  before.PutBack();
-  if (isRead) return &entry;
+  if (TakeCardsOut(path, entry, "")) return &entry;
   cache.Resize(last - 1);
   return nullptr;
 }

@@ -4,13 +4,13 @@
 #include <algorithm>
 
 #include "core/cards.h"
+#include "core/firing.h"
 #include "core/fold.h"
 #include "core/limits.h"
 #include "core/match_log.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "data/player_files.h"
-#include "script/firing.h"
 #include "script/run.h"
 #include "script/triggers.h"
 #include "ui/card_pages.h"

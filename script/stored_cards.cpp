@@ -6,7 +6,6 @@
 #include "core/match_log.h"
 #include "core/state.h"
 #include "data/card_reader.h"
-#include "data/read_mark.h"
 #include "script/run_epilogue.h"
 #include "script/trait_actions.h"
 
@@ -93,11 +92,7 @@ void AddToDeck(const Card& card, int deckNo) {
 void CreateCards(std::string_view name, std::string_view path, int owner, double count) {
   Session& session = State();
   InitPlayer(session.GameDeck, 4);
-  {
-    const ReadMark before;  // the card is taken out of the file, and nothing else
-    ReadCards(path, session.GameDeck, 1, "INDECK", 1);
-    before.PutBack();
-  }
+  TakeCardsOut(path, session.GameDeck, "INDECK");
   const int index = FindModel(session.GameDeck.Deck, name);
   if (index == 0) {
     AddToBanner(Joined("<br>Card \"", name, "\" not found in \"", path, "\".<br>"));

@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "core/cards.h"
+#include "core/firing.h"
 #include "core/fold.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "core/traits.h"
-#include "script/firing.h"
 #include "script/run_action.h"
 #include "script/target_types.h"
 #include "script/values.h"

@@ -219,7 +219,9 @@ TEST_F(CardReaderTest, ReferencesComeFromACacheAndLoseDuplicates) {
   files_->Contents["/secret/x.txt"] = "#CARDINDECK, Spy, , , , ,\n";
   const Card elf = GetRefCard("Elf", "some\\ref.txt");
   EXPECT_EQ(elf.Name, "Elf");
-  EXPECT_EQ(CardsOf(State().RefCache[1].Deck), "1 Elf, 2 Elf, ") << "and its own reference";
+  const Pile& cached = State().RefCache[1].Deck;
+  EXPECT_EQ(CardsOf(cached), "2 Elf, 3 Elf, ") << "and its own reference";
+  EXPECT_NE(cached[2].GlobalID, cached[3].GlobalID) << "each is a card of its own";
   WriteFile("sub/ref.txt", "");
   EXPECT_EQ(GetRefCard("Elf", "ref.txt").GlobalID, elf.GlobalID);
   for (const char* file : {"none.txt", "/secret/x.txt", "../secret/x.txt"}) {
