@@ -55,14 +55,6 @@ std::string FramedText(const Run& run, const Frame& frame) {
   return html;
 }
 
-/// Takes the first of a card's changed traits off the list.
-Text TakeChange(Card& card) {
-  const Text changed = card.ChangedTraits;
-  const std::size_t end = std::min(changed.View().find(':'), changed.size());
-  card.ChangedTraits = changed.View().substr(std::min(end + 1, changed.size()));
-  return changed.View().substr(0, end);
-}
-
 /// Takes a trait's changes from a position of the list on off it; true when there were any.
 bool TakeOwnChanges(Card& card, std::string_view trait, std::size_t from) {
   const Text changed = card.ChangedTraits;
@@ -77,6 +69,37 @@ bool TakeOwnChanges(Card& card, std::string_view trait, std::size_t from) {
   return true;
 }
 
+/// The walk over a card's changed traits.
+struct ChangeWalk {
+  Card& Target;
+  const std::int32_t GlobalId = Target.GlobalID;
+  std::size_t Position = 0;  ///< in the list: what lies before it has been fired
+  std::string Waiting{};     ///< names that wait for the card's next run
+
+  bool CardIsThere() const { return !IsFree(Target) && Target.GlobalID == GlobalId; }
+  bool AtEnd() const { return !CardIsThere() || Position >= Target.ChangedTraits.size(); }
+
+  /// Fires the name at the position. A change of the trait that this makes waits.
+  void FireNext(int slot) {
+    const Text list = Target.ChangedTraits;
+    const std::string_view name =
+        list.View().substr(Position, list.View().find(':', Position) - Position);
+    Position += name.size() + 1;
+    FireTrigger(Target, Joined("TRAITCHANGE:", name), slot);
+    if (CardIsThere() && TakeOwnChanges(Target, name, list.size())) Waiting += Joined(name, ":");
+  }
+
+  /// Leaves the list with what waits.
+  void Close() {
+    if (CardIsThere()) {
+      const std::string_view list = Target.ChangedTraits;
+      Target.ChangedTraits = Waiting + std::string(list.substr(std::min(Position, list.size())));
+    } else if (IsFree(Target)) {
+      Target.ChangedTraits = Text();
+    }
+  }
+};
+
 /// Fires the changes of a card's traits in order, those too that come while another trait's fires:
 /// what takes the last hit point and what dies without hit points work together. A trait that its
 /// own firing changes waits for the card's next run, and so does what is beyond the bound.
@@ -85,25 +108,15 @@ void FireTraitChanges(const Card& source, Card& target) {
   const OwnFiring outer;
   session.TraitChangeBusy = 1;
   const int slot = source.Slot;
-  const std::int32_t globalId = target.GlobalID;
-  const auto isThere = [&] { return !IsFree(target) && target.GlobalID == globalId; };
-  std::string waiting;
-  int fired = 0;
-  while (isThere() && !target.ChangedTraits.empty()) {
-    if (fired++ == limits::kTraitChanges) {
+  ChangeWalk walk{target};
+  for (int fired = 0; !walk.AtEnd(); ++fired) {
+    if (fired == limits::kTraitChanges) {
       limits::ReportLimit("Traits of a card change one another without an end; the rest waits.");
       break;
     }
-    const Text name = TakeChange(target);
-    const std::size_t pending = target.ChangedTraits.size();
-    FireTrigger(target, Joined("TRAITCHANGE:", name), slot);
-    if (isThere() && TakeOwnChanges(target, name, pending)) waiting += Joined(name, ":");
+    walk.FireNext(slot);
   }
-  if (isThere()) {
-    target.ChangedTraits = waiting + target.ChangedTraits.Str();
-  } else if (IsFree(target)) {
-    target.ChangedTraits = Text();
-  }
+  walk.Close();
   session.TraitChangeBusy = 0;
 }
 
