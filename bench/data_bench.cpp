@@ -23,7 +23,6 @@ void SavePlayer() {
   auto files = std::make_unique<MemoryFileSystem>();
   StartBenchSession(std::move(files), "/game");
   Session& session = State();
-  ForgetTraitBits();
   session.TraitActions.Reset(1);
   session.CardTable.Reset(1);
   session.Sideboard.Reset(1);

@@ -28,8 +28,8 @@ class Supply {
 
  private:
   void Take(Card card, int side) {
-    if (IsFree(card) || !HasTrait(card, "HP", "") || HasTrait(card, "PLAYER", "")) return;
-    SetOwner(card, side);
+    if (IsFree(card) || card.Owner != side) return;
+    if (!HasTrait(card, "HP", "") || HasTrait(card, "PLAYER", "")) return;
     card.ActivateOn = Text();  // it is in play at once
     cards_.push_back(std::move(card));
   }

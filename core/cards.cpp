@@ -162,6 +162,12 @@ void AddEffect(Card& card, const Text& script, int targetType, const Text& trigg
   BuildEffectMasks(card, index);
 }
 
+void CountActionsAsOld(Card& card) {
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    if (card.Effects[effect].AddedAt != 0) card.Effects.Edit(effect).AddedAt = 0;
+  }
+}
+
 void QueuePending(const Card& card) {
   Session& state = State();
   if (state.PendingCount >= limits::kTableCards) {

@@ -35,6 +35,9 @@ Card FindInStartDeck(const PlayerState& player, std::string_view name);
 void AddEffect(Card& card, const Text& script, int targetType, const Text& trigger, int keepTrigger,
                const Text& targetText);
 
+/// A card's actions were there before whatever runs now: its next trigger runs them.
+void CountActionsAsOld(Card& card);
+
 /// Lets a copy of the card wait for the next FlushPending.
 void QueuePending(const Card& card);
 

@@ -1,4 +1,5 @@
-// What belongs to one firing of an action: the roll of ONECHANCE and whether ECHOONCE has spoken.
+// What belongs to one firing of an action: the roll of ONECHANCE, whether ECHOONCE has spoken, and
+// what reactions have answered.
 #pragma once
 
 #include <cstdint>
@@ -17,20 +18,28 @@ inline void BeginFiring() {
 }
 
 /// A firing within another one (a death, an entry, a trait change, a reaction): when it ends, the
-/// outer one has its roll and its mark back.
+/// outer one has its roll and its mark back, and is neither cancelled nor turned to another card by
+/// what happened in it.
 class OwnFiring {
  public:
-  OwnFiring() : roll_(State().SharedChanceRoll), echoed_(State().EchoedOnce) {}
+  OwnFiring() = default;
   OwnFiring(const OwnFiring&) = delete;
   OwnFiring& operator=(const OwnFiring&) = delete;
   ~OwnFiring() {
-    State().SharedChanceRoll = roll_;
-    State().EchoedOnce = echoed_;
+    Session& session = State();
+    session.SharedChanceRoll = roll_;
+    session.EchoedOnce = echoed_;
+    session.CancelState = cancel_;
+    session.RedirectTarget = redirect_;
+    session.RedirectScript = script_;
   }
 
  private:
-  int roll_;
-  std::uint8_t echoed_;
+  int roll_ = State().SharedChanceRoll;
+  std::uint8_t echoed_ = State().EchoedOnce;
+  std::uint8_t cancel_ = State().CancelState;
+  std::int32_t redirect_ = State().RedirectTarget;
+  Text script_ = State().RedirectScript;
 };
 
 }  // namespace brindlemoor

@@ -138,10 +138,17 @@ bool OfferChange(Card& card, std::string_view name, double& amount, const Cause&
   options.IncomingScript = cause.Script;
   for (; index != 0;
        index = index < card.Effects.UpperBound() ? ReactionFrom(index + 1, card, name) : 0) {
-    const OwnFiring reaction;
-    BeginFiring();
-    RunAction(card, cause.Other, index, options);
-    if (State().CancelState != 0) return false;
+    Answer answer;
+    {
+      const OwnFiring reaction;
+      BeginFiring();
+      options.AnswerTo = &answer;
+      RunAction(card, cause.Other, index, options);
+    }
+    if (answer.Cancels) {
+      State().CancelState = 1;  // the run that makes the change stops at its next command
+      return false;
+    }
   }
   return true;
 }

@@ -264,7 +264,9 @@ void CardReader::MissingTrait(const Card& card) {
   const std::string message = Joined("Error in reading cards: ", card.Name, " references trait ",
                                      Field(0), " but does not have it.");
   Problem(message);
-  if (pile_ == kDeckPile && messages_++ < kMessagesPerFile) Desktop().MessageBox(message);
+  // A script that creates cards does not stop for a message.
+  const bool shown = pile_ == kDeckPile && State().RunDepth == 0;
+  if (shown && messages_++ < kMessagesPerFile) Desktop().MessageBox(message);
 }
 
 void CardReader::TraitActionDesc(const DirectiveRow& row) {

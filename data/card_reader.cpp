@@ -97,6 +97,8 @@ void ReadCards(std::string_view file, PlayerState& player, int noDuplicates,
 }
 
 bool TakeCardsOut(std::string_view file, PlayerState& player, std::string_view forcedLocation) {
+  const Session& session = State();
+  SpendWork(session.CardTable.UpperBound() + session.Collection.UpperBound());
   const ReadMark before;
   const bool isRead = ReadCardFile(file, player, 1, forcedLocation, 1);
   before.PutBack();

@@ -78,6 +78,7 @@ void TakeDefinition(Card& card, const Card& master) {
   fresh.GlobalID = card.GlobalID;
   fresh.NameColor = card.NameColor;
   fresh.TraitActionsApplied = 0;
+  if (!card.EntryScripts.empty()) fresh.EntryScripts = card.EntryScripts;  // what ADDMOD gave lasts
   card = std::move(fresh);
   ApplyTraitActions(card, "");
 }

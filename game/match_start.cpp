@@ -222,10 +222,12 @@ void StartMatch(int gameIndex, int opponentIndex) {
     return;
   }
   EnterProgramFolder();
+  // For a match the file has been read: read again, its cards would no longer be the stored twins
+  // of those in the deck.
   if (session.StarterDeckFlag == 1 && !HasPlayerFile()) {
     OwnNothing();
     session.Players[1].Tokens = kFirstTokens;
-  } else if (!ReadOwnFile()) {
+  } else if (session.StarterDeckFlag == 1 && !ReadOwnFile()) {
     before.PutBack();
     BackToList();
     return;

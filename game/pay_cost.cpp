@@ -1,5 +1,8 @@
 // Paying for cards by tests that leave no trace.
+#include <optional>
+
 #include "core/cards.h"
+#include "core/firing.h"
 #include "core/state.h"
 #include "game/card_play.h"
 #include "script/run_action.h"
@@ -12,6 +15,8 @@ namespace {
 void RunCostModifiers(Card& card, Card& work, int mode) {
   for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
     if (card.Effects[effect].Trigger != "COSTMOD") continue;
+    const OwnFiring modifier;
+    BeginFiring();
     RunAction(card, work, effect, RunOptions{.CostMode = 1, .TestRun = mode, .Paying = true});
   }
 }
@@ -19,6 +24,35 @@ void RunCostModifiers(Card& card, Card& work, int mode) {
 bool ModifiesCosts(const Card& card) {
   for (const CardEffect& effect : card.Effects) {
     if (effect.Trigger == "COSTMOD") return true;
+  }
+  return false;
+}
+
+/// What COSTMODs that are carried out for a payment may change beside the table: it comes back when
+/// the price can't be paid.
+struct Belongings {
+  Card RulesCard = State().RulesCard;
+  FixedTable<PlayerState, 3> Players = State().Players;
+  Pile Collection = State().Collection;
+  FixedTable<DeckRec, 3> Decks = State().Decks;
+  Pile PendingCards = State().PendingCards;
+  std::int16_t PendingCount = State().PendingCount;
+
+  void PutBack() const {
+    Session& session = State();
+    session.RulesCard = RulesCard;
+    session.Players = Players;
+    session.Collection = Collection;
+    session.Decks = Decks;
+    session.PendingCards = PendingCards;
+    session.PendingCount = PendingCount;
+  }
+};
+
+bool AnyModifiesCosts() {
+  if (ModifiesCosts(State().RulesCard)) return true;
+  for (const Card& card : State().CardTable) {
+    if (!IsFree(card) && ModifiesCosts(card)) return true;
   }
   return false;
 }
@@ -46,6 +80,8 @@ int PayCost(const Card& card, int mode) {
   const std::string page = session.PageText;
   const std::string banner = session.PhaseBanner;
   const auto cancel = session.CancelState;  // a script that asks for a price goes on behind it
+  std::optional<Belongings> belongings;
+  if (mode == 0 && AnyModifiesCosts()) belongings.emplace();
   Card work = card;
 
   ModifyCost(work, mode);
@@ -57,6 +93,7 @@ int PayCost(const Card& card, int mode) {
   session.CancelState = cancel;
   if (failures > 0 || WorkIsSpent()) {
     session.PhaseBanner = banner;
+    if (belongings) belongings->PutBack();
     return 0;
   }
   if (mode == 0) FireTrigger(work, "COST");

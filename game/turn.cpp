@@ -110,6 +110,7 @@ void RunStep(const TurnStep& step) {
         Joined("<table bgcolor=", step.BannerColor, "><tr><td><p><font color=000000>Starting ",
                step.Name, "</font><p></td></tr></table>");
   }
+  const std::uint32_t added = State().ActionsAdded;
   for (const StepCall call : step.Calls) {
     switch (call) {
       case kNone:
@@ -118,7 +119,7 @@ void RunStep(const TurnStep& step) {
         FireTrigger(State().RulesCard, step.Name);
         break;
       case kCards:
-        FireHit(TriggerCode(step.Name));
+        FireHit(TriggerCode(step.Name), -1, added);
         break;
       case kFlush:
         FlushPending();

@@ -18,13 +18,14 @@ constexpr auto kNotes = std::to_array<ReferenceNote>({
     {"trigger-TRAITCHANGE", "When an action with TRAITCHANGE changes another trait of the same card, the TRAITCHANGE of that trait runs in the same go, for at most 100 names. A change of the very trait that it answers waits for the next script on the card."},
     {"trigger-TRAITCHANGE", "Trait names are found in any case of letters, but here the case counts: `TRAITCHANGE:HP` hears `MODTRAIT:HP:1` and does not hear `MODTRAIT:hp:1`."},
     {"trigger-BEFORETRAITCHANGE", "The target of such an action is the card that makes the change, whatever target is written. Words of the acting card speak of the card whose trait changes."},
-    {"trigger-BEFORETRAITCHANGE", "It also answers the payment of a price, as `SUBTRAIT:MANA:2` of a COST action."},
+    {"trigger-BEFORETRAITCHANGE", "It also answers the payment of a price, as `SUBTRAIT:MANA:2` of a COST action. What `MODVAL` adds there is paid even when less is left: the trait goes below 0."},
     {"trigger-MYACTION trigger-TARGETED trigger-BEFORETRAITCHANGE", "This is a reaction. A requirement that is not met ends the reaction, and the action that it answers goes on. Five requirements on the acting card call that action off instead: `REQMYTRAITLESS`, `REQMYTRAITMORE`, `REQMYTRAITEQUALS`, `REQMYTRAITIS` and `REQNOMYNAME`. What to write there stands with each of them."},
     {"trigger-MYACTION trigger-TARGETED", "A target that is searched for, such as RANDOMENEMY, is none while such a requirement is not met: then the reaction does not run, and the action goes on."},
-    {"trigger-AIREQ", "In its turn the computer tries the actions of the cards in its hand on copies. An action that does all it says adds 2. One that does not takes 1. An AIREQ that is met adds 6. One that is not met takes 3, or 1 when it finds no target. The sum is divided by the number of actions that found a target and multiplied by 10. The trait `PRIORITY` is added. A card below 1 is not played."},
+    {"trigger-AIREQ", "In its turn the computer tries the actions of the cards in its hand on copies. An action that does all it says adds 2. One that does not takes 1. An AIREQ that is met adds 6. One that is not met takes 3, or 1 when it finds no target. The sum is divided by the number of actions that count (those that found a target, COSTMOD and OTHERENTERSPLAY) and multiplied by 10. The trait `PRIORITY` is added. A card below 1 is not played."},
     {"trigger-AIREQ", "So an AIREQ that is not met mostly keeps the card in the hand. With one other action, which works, the card is worth 40 when it is met and -5 when it is not."},
     {"trigger-AIREQ", "Actions with the target SELF are not tried, so an AIREQ needs another target, such as OWNER. COST, TARGETED, TRAITCHANGE, BEFORETRAITCHANGE and ONDEATH count nothing. COSTMOD and OTHERENTERSPLAY add 1 without being tried."},
     {"trigger-COST", "A price is tried out first, and then paid as it was tried."},
+    {"trigger-COST", "A COST action with a target that is searched for, such as TARGETCARD, asks nothing where no card fits: then the card is free. Let the player card pay (OWNER) where the price must be met."},
 
     // Requirements and chances.
     {"ONECHANCE", "The roll belongs to one firing of the action. What runs in between, such as a reaction or a TRAITCHANGE, rolls for itself."},
@@ -37,7 +38,9 @@ constexpr auto kNotes = std::to_array<ReferenceNote>({
     // Cards.
     {"DUPLICATE DUPLICATEME", "Each copy has a GlobalID of its own."},
     {"CREATECARD", "Each new card has a GlobalID of its own and the actions that its traits bring. Nothing but the card is taken from the file: its `#COLLECTION`, `#RULESCARD`, `#TOKENS` and custom strings change nothing."},
-    {"PERMANENT", "The script runs on the stored card, and what follows runs on the card in play as usual. A message is shown once."},
+    {"PERMANENT", "The script runs on the stored card, and what follows runs on the card in play as usual. A message is shown once; tokens are given or taken by both runs."},
+    {"PERMANENT", "Both cards get the trait `NOMRP`, which keeps the card's definition in its source file from taking the change back when the player is saved."},
+    {"target-COLLECTION SAVECARD ADDMOD", "A card with a unique ID and a source file takes its definition again when the player is saved and when a match begins. A change of the stored card lasts when its script gives it the trait `NOMRP`, as by `SETTRAIT:NOMRP:1`. What `ADDMOD` adds lasts without it."},
     {"CHANGENAME CHANGEMYNAME", "The name is kept as plain text, without markup."},
     {"MINDCONTROL MINDCONTROLME DEFECT DEFECTME JOIN MEJOIN", "From then on the card is judged by its new side: `REQALLY`, `REQENEMY` and targets such as RANDOMENEMY follow at once."},
     {"ADDEFFECT", "An action for the phase that is running waits for the next turn."},

@@ -26,13 +26,6 @@ void AddLiving(std::vector<Card>& cards, const Pile& pile) {
   }
 }
 
-/// The session that read the card counted its actions by itself: here none of them is new.
-void CountAsOld(Card& card) {
-  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
-    card.Effects.Edit(effect).AddedAt = 0;
-  }
-}
-
 /// Every card of a file, read in a session aside. Draw pile first: there cards are defined.
 std::vector<Card> CardsOfFile(const std::string& path) {
   Session outer = std::move(State());
@@ -82,7 +75,7 @@ Card ScenarioLibrary::Definition(const Scene& scene, const std::string& path,
     if (card.Name != name && card.UniqueID != name) continue;
     found = card;
     RenumberTraitBits(found);  // each scenario numbers trait names anew
-    CountAsOld(found);
+    CountActionsAsOld(found);  // the session that read it counted by itself
     break;
   }
   if (scene.OwnFiles) definitions_.erase(path);

@@ -60,6 +60,8 @@ Step ReturnMe(Run& run) {
 /// Queues copies, each of which becomes a card of its own when it enters the table.
 Step QueueCopies(Run& run, Card copy) {
   copy.GlobalID = 0;
+  copy.ChangedTraits = Text();
+  ResetMenuState(copy);
   const double count = run.Evaluated(1).Number();
   const bool paid = run.Evaluated(2).Number() == 1;
   for (int made = 0; made + 1 <= count; ++made) {
@@ -78,7 +80,6 @@ Step QueueCopies(Run& run, Card copy) {
 
 Step Duplicate(Run& run) {
   Card copy = run.Target;
-  if (copy.Owner != run.Source.Owner) ResetMenuState(copy);
   SetOwner(copy, run.Source.Owner);
   return QueueCopies(run, std::move(copy));
 }
@@ -110,7 +111,10 @@ Step Permanent(Run& run) {
                          .Nested = 1,
                          .ScriptOverride = rest});
   }
-  if (run.Argument(1) != "ADDMOD") SetTrait(run.Target, "NOMRP", "", 0);
+  if (run.Argument(1) == "ADDMOD") return Step::kNext;
+  SetTrait(run.Target, "NOMRP", "", 0);
+  // Its definition must not take the change back when the player is saved.
+  if (owned.Record != nullptr) SetTrait(*owned.Record, "NOMRP", "", 1);
   return Step::kNext;
 }
 
@@ -158,12 +162,11 @@ Text ExpandedArgument(Run& run) {
   return text;
 }
 
-/// Placeholders bring the colours of names along, but a name has none. One that is nothing but
-/// markup changes nothing: a card without a name is none.
+/// Placeholders bring the colours of names along, but a name has none. An empty one changes
+/// nothing: a card without a name is none.
 Step Rename(Run& run, Card& card) {
-  const Text expanded = ExpandedArgument(run);
-  Text name = WithoutTags(expanded);
-  if (!name.empty() || expanded.empty()) card.Name = std::move(name);
+  Text name = WithoutTags(ExpandedArgument(run));
+  if (!name.empty()) card.Name = std::move(name);
   return Step::kNext;
 }
 

@@ -2,6 +2,7 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "script/run_action.h"
+#include "script/triggers.h"
 
 namespace brindlemoor {
 
@@ -14,7 +15,17 @@ void RunEntryScript(Card& card, const std::string& script) {
   options.CostMode = 1;
   options.NoCounters = 1;
   options.ScriptOverride = InternText(script);
+  Session& session = State();
+  const Text waiting = session.PendingEffectText;
+  const std::int32_t waitingCard = session.PendingEffectCard;
   RunAction(card, card, 1, options);
+  if (IsTableRecord(card)) {
+    FlushPendingEffect();  // before the next modification may add another action
+  } else {
+    // A card that is only looked at leaves nothing behind.
+    session.PendingEffectText = waiting;
+    session.PendingEffectCard = waitingCard;
+  }
 }
 
 }  // namespace

@@ -31,7 +31,7 @@ void FlushWaiting(std::string_view trigger) {
   }
 }
 
-void FireHits(int code, std::string_view trigger, int value) {
+void FireHits(int code, std::string_view trigger, int value, std::uint32_t added) {
   if (!IsHitCode(code)) return;
   SpendWorkOnSearch(HitsOf(code).size());
   if (WorkIsSpent()) return;  // cards that wait enter with their scripts, in another turn
@@ -39,7 +39,6 @@ void FireHits(int code, std::string_view trigger, int value) {
   const Pile& table = State().CardTable;
   // What is added while the list is walked, at its end or in an entry that is free, waits for the
   // next time that the trigger is fired.
-  const std::uint32_t added = State().ActionsAdded;
   const std::size_t end = HitsOf(code).size();
   for (std::size_t index = 0; index < end && !WorkIsSpent(); ++index) {
     if (index >= HitsOf(code).size()) return;  // a price test has put an older list back
@@ -55,12 +54,16 @@ void FireHits(int code, std::string_view trigger, int value) {
 
 }  // namespace
 
-void FireHit(int code, int value) { FireHits(code, TriggerName(code), value); }
+void FireHit(int code, int value, std::uint32_t addedBefore) {
+  FireHits(code, TriggerName(code), value, addedBefore);
+}
+
+void FireHit(int code, int value) { FireHit(code, value, State().ActionsAdded); }
 
 void FireHit(std::string_view trigger, int value) {
   const double number = NumericPrefix(trigger);
   if (number == 0) {
-    FireHits(TriggerCode(trigger), trigger, value);
+    FireHits(TriggerCode(trigger), trigger, value, State().ActionsAdded);
   } else if (number >= 1 && number < static_cast<double>(State().HitTable.size())) {
     FireHit(static_cast<int>(number), value);
   }
@@ -98,6 +101,7 @@ void RegisterHit(int slot, int effect, bool remove) {
 
 void RegisterAllHits(const Card& card) {
   const int slot = card.Slot;
+  SpendWorkOnSearch(static_cast<std::size_t>(card.Effects.UpperBound()));
   for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
     RegisterHit(slot, effect, false);
   }

@@ -22,19 +22,15 @@ bool Answers(const CardEffect& effect, std::string_view trigger) {
   return effect.Trigger == trigger && effect.MenuState != kMenuAction && !effect.Script.empty();
 }
 
-/// Runs one reaction of the actor to the action.
-void React(const Run& action, Card& actor, std::string_view trigger, int effect) {
-  const OwnFiring reaction;
-  Answer answer;
+/// Runs a reaction on the target that it names.
+void RunReaction(const Run& action, Card& actor, std::string_view trigger, int effect,
+                 const RunOptions& options) {
   const int targetType = actor.Effects[effect].TargetType;
   if (targetType == kTargetAll) {
-    FireTrigger(actor, trigger, -1, effect, 0, &answer);
-    KeepAnswer(answer);
+    FireTrigger(actor, trigger, -1, effect, 0, &options);
     return;
   }
   BeginFiring();
-  const RunOptions options{
-      .NoCounters = action.NoCounters, .IncomingScript = action.Script, .AnswerTo = &answer};
   if (targetType == kTargetTriggeringCard) {
     RunAction(actor, action.Source, effect, options);
   } else {
@@ -48,6 +44,24 @@ void React(const Run& action, Card& actor, std::string_view trigger, int effect)
   }
 }
 
+/// Runs one reaction of the actor to the action. What it answers counts, and nothing that the runs
+/// which it set going have left: the shared state begins clear for each reaction.
+void React(const Run& action, Card& actor, std::string_view trigger, int effect) {
+  Answer answer;
+  {
+    const OwnFiring reaction;
+    RunReaction(
+        action, actor, trigger, effect,
+        RunOptions{
+            .NoCounters = action.NoCounters, .IncomingScript = action.Script, .AnswerTo = &answer});
+  }
+  Session& session = State();
+  session.CancelState = 0;
+  session.RedirectTarget = 0;
+  session.RedirectScript = Text();
+  KeepAnswer(answer);
+}
+
 bool TurnedAway(const Run& action) {
   const int slot = State().RedirectTarget;
   return slot > 0 && slot != action.Target.Slot;
@@ -56,6 +70,7 @@ bool TurnedAway(const Run& action) {
 /// Lets the card's reactions run in order. Those that they add answer from the next action on.
 void Scan(const Run& action, Card& actor, std::string_view trigger, bool untilTurnedAway) {
   const int last = actor.Effects.UpperBound();
+  SpendWorkOnSearch(static_cast<std::size_t>(last));
   for (int effect = 1; effect <= last; ++effect) {
     if (!Answers(actor.Effects[effect], trigger)) continue;
     React(action, actor, trigger, effect);

@@ -290,7 +290,7 @@ Step Fail(Run& run, const RequirementRow& row) {
   if (!row.Reason.empty()) GiveReason(run, row);
   if (row.Kind == Stop::kCancel) {
     State().CancelState = 1;
-    run.Reply.SourceFails = true;
+    run.Reply.SourceFails = run.Reply.Cancels = true;
   }
   return run.AiMarked ? Step::kNext : Step::kEnd;
 }

@@ -18,7 +18,7 @@ enum RunResults : int {
 /// What a reaction answers to the action. Runs that it starts clear the shared state, so the answer
 /// is kept here; those that it sends its script to share it.
 struct Answer {
-  bool Cancels = false;      ///< CANCEL was carried out
+  bool Cancels = false;      ///< CANCEL was carried out, or a requirement that cancels has failed
   int RedirectsTo = 0;       ///< slot of REDIRECT or REDIRECTBYGID, 0 none
   bool SourceFails = false;  ///< a requirement failed that no other target could meet
   Text RedirectScript = {};  ///< what is run there; "" the action's own script

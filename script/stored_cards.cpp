@@ -4,6 +4,7 @@
 #include "core/cards.h"
 #include "core/limits.h"
 #include "core/match_log.h"
+#include "core/random.h"
 #include "core/state.h"
 #include "data/card_reader.h"
 #include "script/run_epilogue.h"
@@ -83,7 +84,10 @@ void ReturnToHand(PlayerState& player, Card& card) {
   FreeCard(card);
 }
 
-void AddToCollection(const Card& card) { AddToPile(State().Collection, card); }
+void AddToCollection(Card card) {
+  card.GlobalID = RollDie(kDuplicateId);  // the store may give another copy of the same card
+  AddToPile(State().Collection, card);
+}
 
 void AddToDeck(const Card& card, int deckNo) {
   if (State().Decks.Holds(deckNo)) AddToPile(State().Decks[deckNo].Cards, card);
@@ -102,6 +106,7 @@ void CreateCards(std::string_view name, std::string_view path, int owner, double
   SetOwner(model, owner);
   model.GlobalID = 0;  // each becomes a card of its own when it enters the table
   ApplyTraitActions(model, "");
+  CountActionsAsOld(model);
   for (int made = 0; made + 1 <= count; ++made) {
     if (made == limits::kNewCards) {
       limits::ReportLimit("A command made too many cards: the rest was left out.");

@@ -21,7 +21,7 @@ void DrawCards(PlayerState& player, double count);
 void ReturnToHand(PlayerState& player, Card& card);
 
 /// Into the first free element of the collection, else a new one at the end.
-void AddToCollection(const Card& card);
+void AddToCollection(Card card);
 /// The same for one of the decks, 1 to 3.
 void AddToDeck(const Card& card, int deckNo);
 

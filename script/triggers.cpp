@@ -11,6 +11,7 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "core/traits.h"
+#include "script/parsed_script.h"
 #include "script/run_action.h"
 #include "script/target_types.h"
 #include "script/values.h"
@@ -143,6 +144,12 @@ void RunEffect(Firing& firing, int effect) {
   }
 }
 
+/// True for an action that an ADDEFFECT has added since then: it waits for the next firing. What a
+/// trait brings with it belongs to the card at once.
+bool IsAddedSince(const CardEffect& effect, std::uint32_t added) {
+  return effect.AddedAt > added && ParsedScript::Of(effect.Script).Bringer() == "NONE";
+}
+
 /// True for an action that answers the trigger: not free, and no menu action that waits.
 bool Answers(const CardEffect& effect, std::string_view trigger) {
   return effect.Trigger == trigger && effect.MenuState != kMenuAction && !effect.Script.empty();
@@ -177,7 +184,7 @@ void FireEffect(Firing& firing, std::string_view trigger, int effect) {
 }  // namespace
 
 int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect, int testRun,
-                Answer* answer) {
+                const RunOptions* reaction) {
   if (trigger == "ENTERSPLAY") trigger = "ENTERPLAY";
   if (IsFree(card) || StopsForWork(card)) return 0;
   std::optional<OwnFiring> nested;
@@ -192,16 +199,18 @@ int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect,
     if (card.Effects.UpperBound() > 0) BeginEffect(card);
     return 0;
   }
-  Firing firing{
-      card, value,
-      RunOptions{.CostMode = costMode, .TestRun = testRun, .Paying = paying, .AnswerTo = answer}};
+  Firing firing{card, value, reaction != nullptr ? *reaction : RunOptions{}};
+  firing.Options.CostMode = costMode;
+  firing.Options.TestRun = testRun;
+  firing.Options.Paying = paying;
   if (onlyEffect > 0) {
     if (card.Effects.Holds(onlyEffect)) FireEffect(firing, trigger, onlyEffect);
     return firing.Failures;
   }
   SpendWorkOnSearch(static_cast<std::size_t>(card.Effects.UpperBound()));
+  const std::uint32_t added = State().ActionsAdded;
   for (int effect = 1; effect <= card.Effects.UpperBound() && !WorkIsSpent(); ++effect) {
-    FireEffect(firing, trigger, effect);
+    if (!IsAddedSince(card.Effects[effect], added)) FireEffect(firing, trigger, effect);
   }
   return firing.Failures;
 }

@@ -1,24 +1,29 @@
 // Triggers and targets: when an action runs, on whom, and how cards enter and leave play.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "core/records.h"
 
 namespace brindlemoor {
 
-struct Answer;
+struct RunOptions;
 
 /// Runs a card's actions of one trigger, resolving their targets. value is the slot of the
-/// triggering card, below 1 for none; onlyEffect above 0 restricts the firing to that action; the
-/// runs of a reaction keep what they answer in answer. Returns how many actions failed (result -1).
+/// triggering card, below 1 for none; onlyEffect above 0 restricts the firing to that action;
+/// reaction says what its runs answer to, when they do. Returns how many actions failed (result
+/// -1).
 int FireTrigger(Card& card, std::string_view trigger, int value = -1, int onlyEffect = 0,
-                int testRun = 0, Answer* answer = nullptr);
+                int testRun = 0, const RunOptions* reaction = nullptr);
 
 /// Code of the trigger that tells every other card of one that enters play.
 inline constexpr int kOtherEntersPlay = 15;
 
-/// Fires a trigger, by code or by word, on every card that HitTable lists for it.
+/// Fires a trigger, by code or by word, on every card that HitTable lists for it. Actions that are
+/// added meanwhile wait for the next time; so do those added since the step of a turn began that
+/// has the number (of Session::ActionsAdded) addedBefore.
+void FireHit(int code, int value, std::uint32_t addedBefore);
 void FireHit(int code, int value = -1);
 void FireHit(std::string_view trigger, int value = -1);
 

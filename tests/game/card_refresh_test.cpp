@@ -41,7 +41,10 @@ class CardRefreshTest : public SessionTest {
 };
 
 TEST_F(CardRefreshTest, TakesTheDefinitionAndKeepsIdentityAndLooks) {
-  const Card card = Refreshed(Stored("id1"));
+  Card stored = Stored("id1");
+  stored.EntryScripts = "MODTRAIT:HP:1$|$";
+  const Card card = Refreshed(stored);
+  EXPECT_EQ(card.EntryScripts, "MODTRAIT:HP:1$|$") << "a modification lasts";
   EXPECT_EQ(Joined(card.Name, "|", card.Picture, "|", card.Thumb, "|", card.NameColor, "|",
                    int{card.Owner}, "|", card.OwnerBit, "|", card.GlobalID),
             "Old Name|old.jpg|oldt.jpg|#0000FF|2|2|4711");

@@ -79,6 +79,8 @@ TEST_F(MatchStartTest, AMatchBringsBothDecksAndTheStartingCards) {
   EXPECT_NE(In(session.Players[1].Deck, "Elf"), nullptr);
   EXPECT_EQ(In(session.Players[1].Deck, "Hero"), nullptr);
   EXPECT_NE(In(session.Decks[1].Cards, "Hero"), nullptr) << "the stored deck keeps its cards";
+  EXPECT_EQ(In(session.Decks[1].Cards, "Hero")->GlobalID, hero->GlobalID)
+      << "lasting changes find the stored twin";
   EXPECT_EQ(session.Collection[1].Name, "Spare");
   EXPECT_EQ(session.DeckRules, "");
   EXPECT_EQ(session.CustomStrings.UpperBound(), 0);

@@ -82,15 +82,22 @@ bool OfferChange(Card& card, const std::string& name, double& amount, const Caus
   const std::string trigger = FoldUpper("BEFORETRAITCHANGE:" + name);
   for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
     if (FoldUpper(card.Effects[effect].Trigger) != trigger) continue;
-    const OwnFiring reaction;
-    BeginFiring();
-    RunAction(card, cause.Other, effect,
-              RunOptions{.CostMode = cause.Paying ? 1 : -1,
-                         .TestRun = cause.TestRun,
-                         .Amount = &amount,
-                         .IncomingScript = cause.Script,
-                         .Paying = cause.Paying});
-    if (State().CancelState != 0) return false;
+    Answer answer;
+    {
+      const OwnFiring reaction;
+      BeginFiring();
+      RunAction(card, cause.Other, effect,
+                RunOptions{.CostMode = cause.Paying ? 1 : -1,
+                           .TestRun = cause.TestRun,
+                           .Amount = &amount,
+                           .IncomingScript = cause.Script,
+                           .Paying = cause.Paying,
+                           .AnswerTo = &answer});
+    }
+    if (answer.Cancels) {
+      State().CancelState = 1;
+      return false;
+    }
   }
   return true;
 }

@@ -1,6 +1,7 @@
 // Paying for cards in the plain engine: the whole table is copied before the test and put back
 // after it, and every card that could change the price is copied once more.
 #include "core/cards.h"
+#include "core/firing.h"
 #include "core/state.h"
 #include "game/card_play.h"
 #include "script/run_action.h"
@@ -12,6 +13,8 @@ namespace {
 void RunCostModifiers(Card& card, Card& work, int mode) {
   for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
     if (card.Effects[effect].Trigger != "COSTMOD") continue;
+    const OwnFiring modifier;
+    BeginFiring();
     RunAction(card, work, effect, RunOptions{.CostMode = 1, .TestRun = mode, .Paying = true});
   }
 }
@@ -29,6 +32,12 @@ int PayCost(const Card& card, int mode) {
   const std::string page = session.PageText;
   const std::string banner = session.PhaseBanner;
   const auto cancel = session.CancelState;
+  const Card rules = session.RulesCard;
+  const auto players = session.Players;
+  const Pile collection = session.Collection;
+  const auto decks = session.Decks;
+  const Pile pending = session.PendingCards;
+  const auto pendingCount = session.PendingCount;
   Card work = card;
 
   RunCostModifiers(session.RulesCard, work, mode);
@@ -45,6 +54,13 @@ int PayCost(const Card& card, int mode) {
   session.CancelState = cancel;
   if (failures > 0 || WorkIsSpent()) {
     session.PhaseBanner = banner;
+    if (mode != 0) return 0;
+    session.RulesCard = rules;
+    session.Players = players;
+    session.Collection = collection;
+    session.Decks = decks;
+    session.PendingCards = pending;
+    session.PendingCount = pendingCount;
     return 0;
   }
   if (mode == 0) FireTrigger(work, "COST");
