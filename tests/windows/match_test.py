@@ -63,7 +63,7 @@ class Match(shipped_game.ShippedGameTest):
         time.sleep(0.3)
         self.click_card("Oona Ebb")
         harness.wait_until("the lamp in the plan", lambda: "uses special action" in self.plan())
-        self.assertIn('on "Oona Ebb".<br>', self.plan())
+        self.assertIn('on "Oona Ebb.<br>', self.plan())
 
     def ask_for_a_hint(self):
         plan = self.plan()
