@@ -40,10 +40,15 @@ std::string Escaped(char character) {
 /// True when a browser takes the first character as it stands, in quotes and whatever encoding it
 /// reads the page in.
 bool IsPlainOnPage(std::string_view text) {
+  const char character = text[0];
+  if (character >= '\'' && character <= '>') return true;  // most characters
+  if (character >= 'A' && character <= 'Z') return true;
+  if (character >= 'a' && character <= 'z') return true;
   constexpr std::string_view kSpecial = "%#?\"\\";
   const char letter = text.size() > 1 ? AsciiUpper(text[1]) : ' ';
-  if (text[0] == '&' && letter >= 'A' && letter <= 'Z') return false;  // "&copy" is one character
-  return text[0] >= ' ' && text[0] < '\x7F' && kSpecial.find(text[0]) == std::string_view::npos;
+  if (character == '&' && letter >= 'A' && letter <= 'Z') return false;  // "&copy" is one character
+  return character >= ' ' && character < '\x7F' &&
+         kSpecial.find(character) == std::string_view::npos;
 }
 
 /// True when the folder holds the file, whose path is filled in in any case.
@@ -152,14 +157,18 @@ char TakeUrlCharacter(std::string_view& url) {
 
 std::string PageAddress(std::string_view path) {
   std::string address;
-  for (; !path.empty(); path.remove_prefix(1)) {
-    if (IsPlainOnPage(path)) {
-      address += path[0];
-    } else {
-      address += Escaped(path[0]);
+  std::size_t plain = 0;  // so many characters stand as they are
+  while (plain < path.size()) {
+    if (IsPlainOnPage(path.substr(plain))) {
+      ++plain;
+      continue;
     }
+    address += path.substr(0, plain);
+    address += Escaped(path[plain]);
+    path.remove_prefix(plain + 1);
+    plain = 0;
   }
-  return address;
+  return address += path;
 }
 
 }  // namespace brindlemoor
