@@ -2,6 +2,7 @@
 #include "game/plans.h"
 
 #include "core/state.h"
+#include "script/triggers.h"
 
 namespace brindlemoor {
 
@@ -21,12 +22,7 @@ void ForgetSelection() {
 void ForgetPlans() {
   ForgetQueuedPlays();
   ForgetSelection();
-  for (Card& card : State().CardTable) {
-    for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
-      if (card.Effects[effect].MenuState != kArmedMenuAction) continue;
-      card.Effects.Edit(effect).MenuState = kMenuAction;
-    }
-  }
+  for (Card& card : State().CardTable) ResetMenuState(card);
 }
 
 }  // namespace brindlemoor

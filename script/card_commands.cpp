@@ -103,7 +103,8 @@ Step CreateCard(Run& run) {
 Step Permanent(Run& run) {
   const Text rest = run.Rest(1);
   const OwnedCard owned = FindOwnedCard(run.Target.GlobalID);
-  if (owned.Record != nullptr && !rest.empty()) {
+  const bool changesTwin = owned.Record != nullptr && !rest.empty();
+  if (changesTwin) {
     RunAction(run.Source, *owned.Record, run.EffectIndex,
               RunOptions{.CostMode = 1,
                          .EchoOverride = " ",
@@ -114,7 +115,7 @@ Step Permanent(Run& run) {
   if (run.Argument(1) == "ADDMOD") return Step::kNext;
   SetTrait(run.Target, "NOMRP", "", 0);
   // Its definition must not take the change back when the player is saved.
-  if (owned.Record != nullptr) SetTrait(*owned.Record, "NOMRP", "", 1);
+  if (changesTwin) SetTrait(*owned.Record, "NOMRP", "", 1);
   return Step::kNext;
 }
 

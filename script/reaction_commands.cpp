@@ -107,7 +107,6 @@ void SendRest(Run& run, Card& target, int costMode) {
                        .Nested = run.Options.Nested,
                        .ScriptOverride = rest,
                        .Paying = run.Options.Paying,
-                       .KeepsActions = run.Options.KeepsActions,
                        .AnswerTo = &run.Reply});
 }
 
