@@ -2,7 +2,9 @@
 #include "core/paths.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <utility>
 #include <vector>
 
 #include "core/fold.h"
@@ -37,18 +39,25 @@ std::string Escaped(char character) {
   return Joined('%', kHex[byte >> 4U], kHex[byte & 0xFU]);
 }
 
-/// True when a browser takes the first character as it stands, in quotes and whatever encoding it
-/// reads the page in.
-bool IsPlainOnPage(std::string_view text) {
-  const char character = text[0];
-  if (character >= '\'' && character <= '>') return true;  // most characters
-  if (character >= 'A' && character <= 'Z') return true;
-  if (character >= 'a' && character <= 'z') return true;
-  constexpr std::string_view kSpecial = "%#?\"\\";
-  const char letter = text.size() > 1 ? AsciiUpper(text[1]) : ' ';
-  if (character == '&' && letter >= 'A' && letter <= 'Z') return false;  // "&copy" is one character
-  return character >= ' ' && character < '\x7F' &&
-         kSpecial.find(character) == std::string_view::npos;
+/// The characters that a browser takes as they stand, in quotes and whatever encoding it reads the
+/// page in. "&" is one where no letter follows: "&copy" is another character.
+constexpr auto kPlainOnPage = [] {
+  std::array<bool, 256> plain{};
+  for (unsigned byte = ' '; byte < 0x7F; ++byte) {
+    plain[byte] =
+        std::string_view("%#?\"\\&").find(static_cast<char>(byte)) == std::string_view::npos;
+  }
+  return plain;
+}();
+
+/// Position of the first character from there on that does not stand as it is; the end if all do.
+std::size_t EndOfPlain(std::string_view text, std::size_t from) {
+  for (; from < text.size(); ++from) {
+    if (kPlainOnPage[static_cast<unsigned char>(text[from])]) continue;
+    const char letter = from + 1 < text.size() ? AsciiUpper(text[from + 1]) : ' ';
+    if (text[from] != '&' || (letter >= 'A' && letter <= 'Z')) break;
+  }
+  return from;
 }
 
 /// True when the folder holds the file, whose path is filled in in any case.
@@ -109,8 +118,9 @@ std::string ResolvePath(std::string_view file, int asUrl) {
   const bool impossible =
       name.empty() || name == "." || name == ".." || name.find('\0') != std::string::npos;
   if (impossible) return "";
-  const std::string path = FindFile(name);
-  return asUrl == 1 && !path.empty() ? Joined(kFileScheme, PageAddress(path)) : path;
+  std::string path = FindFile(name);
+  if (asUrl != 1 || path.empty()) return path;
+  return Joined(kFileScheme, PageAddress(std::move(path)));
 }
 
 void EnterProgramFolder() { State().CurrentFolder = State().ProgramFolder; }
@@ -155,20 +165,17 @@ char TakeUrlCharacter(std::string_view& url) {
   return character;
 }
 
-std::string PageAddress(std::string_view path) {
+std::string PageAddress(std::string path) {
+  std::size_t end = EndOfPlain(path, 0);
+  if (end == path.size()) return path;
   std::string address;
-  std::size_t plain = 0;  // so many characters stand as they are
-  while (plain < path.size()) {
-    if (IsPlainOnPage(path.substr(plain))) {
-      ++plain;
-      continue;
-    }
-    address += path.substr(0, plain);
-    address += Escaped(path[plain]);
-    path.remove_prefix(plain + 1);
-    plain = 0;
+  std::size_t start = 0;
+  for (; end < path.size(); end = EndOfPlain(path, start)) {
+    address += path.substr(start, end - start);
+    address += Escaped(path[end]);
+    start = end + 1;
   }
-  return address += path;
+  return address += path.substr(start);
 }
 
 }  // namespace brindlemoor

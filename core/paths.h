@@ -37,6 +37,6 @@ char TakeUrlCharacter(std::string_view& url);
 
 /// A path as the quoted address of a picture on a page: only what a browser would
 /// read as something else is escaped.
-std::string PageAddress(std::string_view path);
+std::string PageAddress(std::string path);
 
 }  // namespace brindlemoor

@@ -67,14 +67,22 @@ void FillMasterCards(const std::vector<Text>& files, int capacity) {
   }
 }
 
-/// The master's definition under the identity and looks of the stored card.
-void TakeDefinition(Card& card, const Card& master) {
+/// A copy of the master for the side of the card. The master changes sides before, so that the
+/// actions of all copies for that side stay shared.
+Card CopyFor(const Card& card, Card& master) {
+  SetOwner(master, card.Owner);
   Card fresh = master;
+  fresh.OwnerBit = card.OwnerBit;
+  SetOwner(fresh, card.Owner);
+  return fresh;
+}
+
+/// The master's definition under the identity and looks of the stored card.
+void TakeDefinition(Card& card, Card& master) {
+  Card fresh = CopyFor(card, master);
   fresh.Name = card.Name;
   fresh.Picture = card.Picture;
   fresh.Thumb = card.Thumb;
-  fresh.OwnerBit = card.OwnerBit;
-  SetOwner(fresh, card.Owner);
   fresh.GlobalID = card.GlobalID;
   fresh.NameColor = card.NameColor;
   fresh.TraitActionsApplied = 0;
@@ -84,9 +92,8 @@ void TakeDefinition(Card& card, const Card& master) {
 }
 
 /// A card without a unique ID takes over everything but whose it is and which one it is.
-void BecomeMaster(Card& card, const Card& master) {
-  Card fresh = master;
-  SetOwner(fresh, card.Owner);
+void BecomeMaster(Card& card, Card& master) {
+  Card fresh = CopyFor(card, master);
   fresh.GlobalID = card.GlobalID;
   card = std::move(fresh);
   ApplyTraitActions(card, "");
@@ -95,7 +102,7 @@ void BecomeMaster(Card& card, const Card& master) {
 void RefreshCard(Card& card) {
   const int slot = MasterSlot(card.UniqueID);
   if (slot == 0) return;
-  const Card& master = State().MasterCards[slot];
+  Card& master = State().MasterCards[slot];
   if (IsFree(master)) return;
   if (!card.UniqueID.empty() && master.UniqueID == card.UniqueID &&
       master.SourceFile == card.SourceFile && !HasTrait(card, "NOMRP")) {

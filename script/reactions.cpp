@@ -68,9 +68,10 @@ bool TurnedAway(const Run& action) {
 }
 
 /// Lets the card's reactions run in order. Those that they add answer from the next action on.
-void Scan(const Run& action, Card& actor, std::string_view trigger, bool untilTurnedAway) {
+void Scan(Session& session, const Run& action, Card& actor, std::string_view trigger,
+          bool untilTurnedAway) {
   const int last = actor.Effects.UpperBound();
-  SpendWorkOnSearch(static_cast<std::size_t>(last));
+  session.Work.SpendOnSearch(static_cast<std::size_t>(last));
   for (int effect = 1; effect <= last; ++effect) {
     if (!Answers(actor.Effects[effect], trigger)) continue;
     React(action, actor, trigger, effect);
@@ -113,11 +114,11 @@ bool OfferAction(Run& run) {
   Session& session = State();
   if (session.RunDepth != 1 || run.Testing() || run.NoCounters != 0) return true;
   if (!run.Options.Redirected && run.Source.Effects[run.EffectIndex].Trigger != kMyAction) {
-    Scan(run, run.Source, kMyAction, false);
+    Scan(session, run, run.Source, kMyAction, false);
     if (session.CancelState == 1) return false;
   }
   if (run.Source.GlobalID != run.Target.GlobalID && run.Options.IncomingScript.empty()) {
-    Scan(run, run.Target, kTargeted, true);
+    Scan(session, run, run.Target, kTargeted, true);
     if (session.CancelState == 1) return false;
   }
   return !TurnedAway(run) || !RunOnNewTarget(run);

@@ -85,7 +85,7 @@ struct ChangeWalk {
     const std::string_view name =
         list.View().substr(Position, list.View().find(':', Position) - Position);
     Position += name.size() + 1;
-    FireTrigger(Target, Joined("TRAITCHANGE:", name), slot);
+    FireTrigger(Target, Joined(kTraitChange, name), slot);
     if (CardIsThere() && TakeOwnChanges(Target, name, list.size())) Waiting += Joined(name, ":");
   }
 
@@ -102,19 +102,25 @@ struct ChangeWalk {
 
 /// Fires the changes of a card's traits in order, those too that come while another trait's fires:
 /// what takes the last hit point and what dies without hit points work together. A trait that its
-/// own firing changes waits for the card's next run, and so does what is beyond the bound.
+/// own firing changes waits for the card's next run, and so do those beyond the bound of what
+/// firings may bring.
 void FireTraitChanges(const Card& source, Card& target) {
+  if (PassesTraitChanges(target)) {
+    target.ChangedTraits = Text();
+    return;
+  }
   Session& session = State();
   const OwnFiring outer;
   session.TraitChangeBusy = 1;
   const int slot = source.Slot;
   ChangeWalk walk{target};
-  for (int fired = 0; !walk.AtEnd(); ++fired) {
-    if (fired == limits::kTraitChanges) {
+  const std::size_t own = target.ChangedTraits.size();
+  int brought = 0;
+  for (; !walk.AtEnd(); walk.FireNext(slot)) {
+    if (walk.Position >= own && ++brought > limits::kTraitChanges) {
       limits::ReportLimit("Traits of a card change one another without an end; the rest waits.");
       break;
     }
-    walk.FireNext(slot);
   }
   walk.Close();
   session.TraitChangeBusy = 0;

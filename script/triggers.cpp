@@ -1,6 +1,7 @@
 // Firing a trigger on a card: which of its actions run, and on whom; entering and leaving play.
 #include "script/triggers.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <utility>
@@ -163,10 +164,21 @@ bool Listens(const Card& card, std::string_view trigger) {
   return false;
 }
 
+void RecallTarget(Card& card) {
+  if (card.StoredTarget > 0) card.TargetSlot = card.StoredTarget;
+}
+
 /// What is done before an action, whether it answers or not.
 void BeginEffect(Card& card) {
   BeginFiring();
-  if (card.StoredTarget > 0) card.TargetSlot = card.StoredTarget;
+  RecallTarget(card);
+}
+
+/// A firing that no action of the card answers. Within a run it leaves that run's roll and mark.
+void PassBy(Card& card) {
+  if (card.Effects.UpperBound() == 0) return;
+  if (State().RunDepth == 0) BeginFiring();
+  RecallTarget(card);
 }
 
 void FireEffect(Firing& firing, std::string_view trigger, int effect) {
@@ -187,20 +199,18 @@ int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect,
                 const RunOptions* reaction) {
   if (trigger == "ENTERSPLAY") trigger = "ENTERPLAY";
   if (IsFree(card) || StopsForWork(card)) return 0;
-  std::optional<OwnFiring> nested;
-  if (State().RunDepth > 0) nested.emplace();
   const bool paying = trigger == "COST";
-  const int costMode = paying ? 1 : -1;
-  if (costMode == -1 && card.InPlay == 0) {
-    if (!FoldEquals(card.ActivateOn, trigger)) return 0;
-    EnterPlay(card);
-  }
-  if (onlyEffect <= 0 && !Listens(card, trigger)) {
-    if (card.Effects.UpperBound() > 0) BeginEffect(card);
+  const bool enters = !paying && card.InPlay == 0;
+  if (enters && !FoldEquals(card.ActivateOn, trigger)) return 0;
+  if (!enters && onlyEffect <= 0 && !Listens(card, trigger)) {
+    PassBy(card);
     return 0;
   }
+  std::optional<OwnFiring> nested;
+  if (State().RunDepth > 0) nested.emplace();
+  if (enters) EnterPlay(card);
   Firing firing{card, value, reaction != nullptr ? *reaction : RunOptions{}};
-  firing.Options.CostMode = costMode;
+  firing.Options.CostMode = paying ? 1 : -1;
   firing.Options.TestRun = testRun;
   firing.Options.Paying = paying;
   if (onlyEffect > 0) {
@@ -213,6 +223,17 @@ int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect,
     if (!IsAddedSince(card.Effects[effect], added)) FireEffect(firing, trigger, effect);
   }
   return firing.Failures;
+}
+
+bool PassesTraitChanges(Card& card) {
+  const auto answers = [](const CardEffect& effect) {
+    return effect.Trigger.View().starts_with(kTraitChange);
+  };
+  if (card.InPlay == 0 || std::any_of(card.Effects.begin(), card.Effects.end(), answers)) {
+    return false;
+  }
+  if (card.Effects.UpperBound() > 0) RecallTarget(card);
+  return true;
 }
 
 void EnterPlay(Card& card) {

@@ -17,6 +17,11 @@ struct RunOptions;
 int FireTrigger(Card& card, std::string_view trigger, int value = -1, int onlyEffect = 0,
                 int testRun = 0, const RunOptions* reaction = nullptr);
 
+/// What stands before the name of the trait in the trigger of its changes.
+inline constexpr std::string_view kTraitChange = "TRAITCHANGE:";
+/// True for a card in play that has no action for changed traits: they are over without a firing.
+bool PassesTraitChanges(Card& card);
+
 /// Code of the trigger that tells every other card of one that enters play.
 inline constexpr int kOtherEntersPlay = 15;
 

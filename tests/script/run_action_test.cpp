@@ -56,5 +56,18 @@ TEST_F(RunActionTest, RepeatsAreBounded) {
   EXPECT_NE(State().PhaseBanner.find("too many repeats"), std::string::npos);
 }
 
+/// The bound is for changes that answer one another, not for a run that changes much.
+TEST_F(RunActionTest, EveryChangeThatARunMakesIsTold) {
+  AddEffect(bob, "MODTRAIT:HEARD:1", kTargetSelf, "TRAITCHANGE:HIT", 0, "SELF");
+  std::string script = "MODTRAIT:HIT:1";
+  for (int change = 0; change < 3 * limits::kTraitChanges; ++change) {
+    script += Joined(":SETTRAIT:T", change, ":1");
+  }
+  RunScript(script + ":MODTRAIT:HIT:1");
+  EXPECT_EQ(Trait(bob, "HEARD"), "2");
+  EXPECT_EQ(bob.ChangedTraits, "");
+  EXPECT_EQ(State().PhaseBanner.find("without an end"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace brindlemoor
