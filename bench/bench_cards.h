@@ -6,10 +6,13 @@
 
 #include "core/cards.h"
 #include "core/state.h"
-#include "core/text.h"
-#include "core/traits.h"
 #include "game/program_start.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "script/card_entry.h"
+#include "script/card_setup.h"
+#include "script/trait_changes.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

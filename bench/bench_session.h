@@ -9,7 +9,8 @@
 
 #include "core/cards.h"
 #include "core/state.h"
-#include "core/traits.h"
+#include "editor/program_session.h"
+#include "language/traits.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/memory_files.h"
 
@@ -18,11 +19,9 @@ namespace brindlemoor {
 /// A fresh session on a folder; messages need not be expected.
 inline HeadlessPlatform& StartBenchSession(std::unique_ptr<FileSystem> files, std::string folder,
                                            std::uint64_t seed = 1) {
-  State() = Session{};
   auto desktop = std::make_shared<HeadlessPlatform>(std::move(files), seed);
   desktop->AcceptMessages = true;
-  State().Desktop = desktop;
-  State().ProgramFolder = State().CurrentFolder = std::move(folder);
+  OpenProgramSession(desktop, folder);
   return *desktop;
 }
 

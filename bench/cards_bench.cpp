@@ -6,6 +6,7 @@
 #include "bench/measures.h"
 #include "core/paths.h"
 #include "data/card_reader.h"
+#include "script/card_setup.h"
 
 namespace brindlemoor {
 namespace {

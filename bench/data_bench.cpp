@@ -4,10 +4,12 @@
 #include "bench/bench_cards.h"
 #include "bench/bench_session.h"
 #include "bench/measures.h"
+#include "core/desktop.h"
 #include "data/card_file_writer.h"
 #include "data/card_reader.h"
-#include "data/player_files.h"
 #include "data/profiles.h"
+#include "game/player_files.h"
+#include "script/card_setup.h"
 
 namespace brindlemoor {
 namespace {

@@ -5,6 +5,7 @@
 #include "bench/bench_session.h"
 #include "core/paths.h"
 #include "data/card_reader.h"
+#include "script/card_setup.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {

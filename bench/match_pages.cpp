@@ -11,7 +11,7 @@
 #include <string>
 #include <unistd.h>
 
-#include "game/automatic_match.h"
+#include "simulation/automatic_match.h"
 
 namespace fs = std::filesystem;
 

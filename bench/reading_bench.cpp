@@ -4,6 +4,7 @@
 #include "bench/bench_cards.h"
 #include "bench/bench_session.h"
 #include "bench/measures.h"
+#include "core/desktop.h"
 #include "data/card_file_writer.h"
 #include "data/card_reader.h"
 #include "game/card_refresh.h"

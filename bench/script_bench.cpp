@@ -4,9 +4,10 @@
 #include "bench/bench_cards.h"
 #include "bench/bench_session.h"
 #include "bench/measures.h"
+#include "language/values.h"
+#include "script/card_entry.h"
 #include "script/run_action.h"
 #include "script/triggers.h"
-#include "script/values.h"
 
 namespace brindlemoor {
 namespace {

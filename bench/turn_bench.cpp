@@ -4,10 +4,13 @@
 #include "bench/bench_session.h"
 #include "bench/measures.h"
 #include "bench/seated_stage.h"
-#include "core/pages.h"
 #include "game/turn.h"
-#include "ui/battlefield.h"
-#include "ui/card_pages.h"
+#include "pages/battlefield.h"
+#include "pages/card_pages.h"
+#include "pages/page_files.h"
+#include "script/card_entry.h"
+#include "script/parsed_script.h"
+#include "script/trait_changes.h"
 
 namespace brindlemoor {
 namespace {

@@ -2,13 +2,13 @@
 #include <algorithm>
 
 #include "check/field_checks.h"
-#include "core/fold.h"
 #include "core/strings.h"
-#include "core/text.h"
-#include "script/reaction_check.h"
-#include "script/script_arguments.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "lint/reaction_check.h"
+#include "lint/script_arguments.h"
 #include "script/triggers.h"
+#include "text/fold.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -4,13 +4,13 @@
 #include <cmath>
 
 #include "check/field_checks.h"
-#include "core/fold.h"
 #include "core/paths.h"
 #include "core/strings.h"
-#include "core/text.h"
 #include "data/directives.h"
 #include "game/deck_rules.h"
-#include "script/word_distance.h"
+#include "lint/word_distance.h"
+#include "text/fold.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -4,13 +4,13 @@
 #include <algorithm>
 #include <array>
 
-#include "core/fold.h"
+#include "core/desktop.h"
 #include "core/limits.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "core/text.h"
-#include "platform/platform.h"
-#include "script/word_distance.h"
+#include "lint/word_distance.h"
+#include "text/fold.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

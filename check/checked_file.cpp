@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <array>
 
-#include "core/text.h"
 #include "data/field_stream.h"
-#include "script/word_distance.h"
+#include "lint/word_distance.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

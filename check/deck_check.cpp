@@ -3,11 +3,12 @@
 
 #include "core/cards.h"
 #include "core/state.h"
-#include "core/text.h"
 #include "game/card_refresh.h"
 #include "game/deck_rules.h"
 #include "game/match_start.h"
 #include "game/program_start.h"
+#include "script/card_setup.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

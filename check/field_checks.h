@@ -9,7 +9,7 @@
 #include "check/card_set.h"
 #include "check/file_check.h"
 #include "check/finding.h"
-#include "script/script_check.h"
+#include "lint/script_check.h"
 
 namespace brindlemoor {
 

@@ -5,7 +5,7 @@
 #include <array>
 
 #include "check/field_checks.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -5,9 +5,9 @@
 #include <array>
 #include <tuple>
 
-#include "core/encoding.h"
-#include "core/quoting.h"
-#include "core/text.h"
+#include "text/encoding.h"
+#include "text/quoting.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

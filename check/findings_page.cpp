@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "check/game_check.h"
-#include "core/quoting.h"
-#include "core/text.h"
+#include "text/quoting.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -10,15 +10,17 @@
 #include "check/card_set.h"
 #include "check/deck_check.h"
 #include "check/file_check.h"
-#include "core/fold.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "core/text.h"
 #include "data/card_reader.h"
 #include "data/profiles.h"
+#include "game/session_opening.h"
+#include "lint/word_distance.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/overlay_files.h"
-#include "script/word_distance.h"
+#include "text/fold.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 
@@ -62,10 +64,7 @@ class CheckSession {
     auto desktop = std::make_shared<HeadlessPlatform>(
         std::make_unique<OverlayFileSystem>(before_.Desktop->Files(), std::move(hides)));
     desktop->AcceptMessages = true;
-    State() = Session{};
-    State().Desktop = std::move(desktop);
-    State().ProgramFolder = folder;
-    State().CurrentFolder = folder;
+    OpenSession(std::move(desktop), folder);
     State().Profile.PlayerName = "Check";  // nobody is asked for a name
   }
 

@@ -1,4 +1,5 @@
 // Delimited strings.
+#include "core/replacing.h"
 #include "core/strings.h"
 
 namespace brindlemoor {

@@ -26,17 +26,4 @@ std::string InCurrentFolder(std::string_view file);
 /// The path of a file of the program's folder.
 std::string InProgramFolder(std::string_view file);
 
-/// The file URL of an absolute path, special characters escaped.
-std::string FileUrl(std::string_view path);
-
-/// The path that a file URL leads to, "" for other addresses.
-std::string PathOfUrl(std::string_view url);
-
-/// Takes the next character off an address, be it escaped or not. The address is not empty.
-char TakeUrlCharacter(std::string_view& url);
-
-/// A path as the quoted address of a picture on a page: only what a browser would
-/// read as something else is escaped.
-std::string PageAddress(std::string path);
-
 }  // namespace brindlemoor

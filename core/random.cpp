@@ -7,11 +7,11 @@
 #include <limits>
 #include <vector>
 
-#include "core/encoding.h"
+#include "core/desktop.h"
 #include "core/limits.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "platform/platform.h"
+#include "text/encoding.h"
 
 namespace brindlemoor {
 

@@ -8,8 +8,8 @@
 
 #include "core/shared_array.h"
 #include "core/table.h"
-#include "core/text.h"
 #include "core/trait_item.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -1,4 +1,6 @@
 // Replacing in texts.
+#include "core/replacing.h"
+
 #include <algorithm>
 
 #include "core/limits.h"

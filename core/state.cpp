@@ -1,6 +1,7 @@
 // The one session, shared script texts and the problems of files.
 #include "core/state.h"
 
+#include "core/desktop.h"
 #include "core/limits.h"
 
 namespace brindlemoor {
@@ -9,6 +10,8 @@ Session& State() noexcept {
   static Session session;
   return session;
 }
+
+Platform& Desktop() { return *State().Desktop; }
 
 Text InternText(std::string_view text) {
   if (text.empty() || text.size() > limits::kInternedBytes) return text;

@@ -12,6 +12,7 @@
 
 #include "core/random.h"
 #include "core/records.h"
+#include "core/shown_links.h"
 #include "core/work_budget.h"
 
 namespace brindlemoor {
@@ -20,7 +21,10 @@ class Platform;
 class cGdiPlus;
 struct EditorForms;
 struct Forms;
+struct EditorDoor;
+struct GameWindows;
 struct MatchLog;
+struct RunServices;
 struct SuspendedGame;
 
 /// Slot and action of one HitTable entry; slot 0 is free.
@@ -103,6 +107,7 @@ struct Session {
   std::string PageText;                               ///< the HTML being composed
   std::string PhaseBanner;                            ///< what scripts have said this turn
   std::set<std::string, std::less<>> LimitsReported;  ///< bounds already named this turn
+  ShownLinks Links;                                   ///< what a click in a view may ask for
   std::uint8_t TurnRunning = 0;    ///< 1 while a turn or the start of a match runs
   std::uint8_t OwnNavigation = 0;  ///< 1 while the program navigates a view
   std::uint8_t DebugMode = 0;
@@ -149,6 +154,11 @@ struct Session {
       InternedTexts;  ///< see InternText; keys are views of the texts
 
   std::shared_ptr<SuspendedGame> Suspended;  ///< the game behind the card editor while it is open
+
+  // What floors of the engine ask of those above them.
+  const RunServices* Services = nullptr;  ///< script asks game
+  const GameWindows* Windows = nullptr;   ///< game asks ui
+  const EditorDoor* Editor = nullptr;     ///< ui asks editor
 
   // What the engine reaches of the desktop.
   std::shared_ptr<Platform> Desktop;             ///< never empty while the program runs

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "core/replacing.h"
+
 namespace brindlemoor {
 
 namespace {

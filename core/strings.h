@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/text.h"
 #include "core/value.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 
@@ -41,16 +41,6 @@ class FieldWalker {
   char delimiter_;
   bool more_;
 };
-
-/// Replaces every occurrence and starts again at the beginning after each replacement, so that
-/// "aab" with "ab" replaced by "b" gives "b". An empty search text changes nothing. Where the
-/// replacement holds the search text, or the bound of limits.h is reached, one pass from left to
-/// right is made and what it wrote is not searched again. Returns the changed text.
-std::string& ReplaceAll(std::string& text, std::string_view search, std::string_view replacement);
-
-/// ReplaceAll on a copy.
-std::string ReplacedCopy(std::string_view text, std::string_view search,
-                         std::string_view replacement);
 
 /// The number that a text begins with, leading blanks skipped: sign, digits, point, exponent.
 /// 0 when there is none. Does not depend on the locale; never infinite or NaN.

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "core/fold.h"
 #include "core/strings.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "core/fold.h"
-#include "core/text.h"
+#include "text/fold.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -5,7 +5,7 @@
 
 #include "core/limits.h"
 #include "core/state.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -3,17 +3,19 @@
 #include <limits>
 
 #include "core/cards.h"
-#include "core/fold.h"
+#include "core/desktop.h"
 #include "core/limits.h"
 #include "core/paths.h"
 #include "core/random.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
 #include "data/card_reader.h"
 #include "data/card_reading.h"
-#include "platform/platform.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "script/card_setup.h"
+#include "script/trait_changes.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 

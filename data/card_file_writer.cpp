@@ -2,13 +2,13 @@
 #include "data/card_file_writer.h"
 
 #include "core/cards.h"
-#include "core/fold.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "core/text.h"
 #include "data/card_writer.h"
 #include "data/field_text.h"
 #include "data/saving.h"
+#include "text/fold.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

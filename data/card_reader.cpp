@@ -5,13 +5,13 @@
 #include <utility>
 
 #include "core/cards.h"
-#include "core/fold.h"
+#include "core/desktop.h"
 #include "core/limits.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "data/card_reading.h"
 #include "data/read_mark.h"
-#include "platform/platform.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 

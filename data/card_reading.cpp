@@ -7,6 +7,7 @@
 #include "core/limits.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "script/card_setup.h"
 
 namespace brindlemoor {
 

@@ -3,11 +3,12 @@
 
 #include <algorithm>
 
+#include "core/replacing.h"
 #include "core/strings.h"
-#include "core/text.h"
 #include "data/field_text.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
 #include "script/trait_actions.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "core/fold.h"
-#include "core/text.h"
 #include "data/card_reading.h"
+#include "text/fold.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "core/encoding.h"
+#include "text/encoding.h"
 
 namespace brindlemoor {
 

@@ -1,7 +1,7 @@
 // Quoting of fields.
 #include "data/field_text.h"
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -6,10 +6,10 @@
 #include "core/cards.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "core/traits.h"
 #include "data/card_writer.h"
 #include "data/field_text.h"
 #include "data/saving.h"
+#include "language/traits.h"
 
 namespace brindlemoor {
 

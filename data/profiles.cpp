@@ -7,15 +7,15 @@
 #include <utility>
 #include <vector>
 
-#include "core/encoding.h"
-#include "core/fold.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "data/field_stream.h"
 #include "data/field_text.h"
 #include "data/saving.h"
-#include "platform/platform.h"
+#include "text/encoding.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 

@@ -2,14 +2,15 @@
 #include <utility>
 
 #include "core/cards.h"
+#include "core/desktop.h"
 #include "core/limits.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
 #include "data/card_reader.h"
 #include "data/card_reading.h"
-#include "platform/platform.h"
+#include "language/traits.h"
+#include "script/card_setup.h"
 #include "script/effect_masks.h"
 
 namespace brindlemoor {

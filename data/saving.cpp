@@ -1,9 +1,9 @@
 // The one way by which the program's text files are saved.
 #include "data/saving.h"
 
-#include "core/encoding.h"
-#include "core/text.h"
-#include "platform/platform.h"
+#include "core/desktop.h"
+#include "text/encoding.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -5,14 +5,14 @@
 #include <vector>
 
 #include "core/cards.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "core/traits.h"
 #include "data/card_file_writer.h"
 #include "data/card_writer.h"
 #include "data/field_text.h"
 #include "data/saving.h"
-#include "platform/platform.h"
+#include "language/traits.h"
 
 namespace brindlemoor {
 

@@ -3,13 +3,14 @@
 #include <utility>
 
 #include "core/cards.h"
+#include "core/desktop.h"
 #include "core/limits.h"
 #include "core/state.h"
-#include "core/traits.h"
 #include "editor/card_edit.h"
 #include "editor/editor_opening.h"
 #include "game/card_sorting.h"
-#include "platform/platform.h"
+#include "language/traits.h"
+#include "script/card_setup.h"
 
 namespace brindlemoor {
 

@@ -3,12 +3,12 @@
 #include <iterator>
 #include <optional>
 
+#include "core/desktop.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "editor/card_edit.h"
 #include "editor/cost_calculator.h"
 #include "editor/effect_picker.h"
-#include "platform/platform.h"
 
 namespace brindlemoor {
 

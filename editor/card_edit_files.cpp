@@ -2,6 +2,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "data/card_file_writer.h"
@@ -12,7 +13,6 @@
 #include "editor/replaced_file.h"
 #include "game/card_sorting.h"
 #include "game/game_list.h"
-#include "platform/platform.h"
 
 namespace brindlemoor {
 

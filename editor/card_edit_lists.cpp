@@ -4,11 +4,11 @@
 #include <vector>
 
 #include "core/cards.h"
-#include "core/fold.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "editor/card_edit.h"
 #include "editor/picture_files.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 

@@ -3,15 +3,16 @@
 #include <vector>
 
 #include "core/cards.h"
-#include "core/fold.h"
 #include "core/limits.h"
 #include "core/random.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
 #include "editor/card_edit.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "script/card_setup.h"
 #include "script/parsed_script.h"
-#include "script/target_types.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 

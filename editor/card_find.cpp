@@ -5,9 +5,9 @@
 #include <string>
 
 #include "core/cards.h"
-#include "core/fold.h"
 #include "core/strings.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "text/fold.h"
 #include "ui/card_search.h"
 
 namespace brindlemoor {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/cards.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "editor/card_edit.h"
@@ -10,7 +11,6 @@
 #include "editor/image_recipes.h"
 #include "editor/picture_files.h"
 #include "images/card_images.h"
-#include "platform/platform.h"
 
 namespace brindlemoor {
 

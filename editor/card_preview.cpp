@@ -5,11 +5,13 @@
 #include <utility>
 
 #include "core/cards.h"
-#include "core/pages.h"
 #include "core/paths.h"
 #include "core/state.h"
+#include "pages/card_pages.h"
+#include "pages/page_files.h"
 #include "script/run_action.h"
-#include "ui/card_pages.h"
+#include "text/addresses.h"
+#include "ui/card_description.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {

@@ -6,9 +6,9 @@
 #include <charconv>
 #include <optional>
 
-#include "core/encoding.h"
-#include "core/fold.h"
-#include "core/quoting.h"
+#include "text/encoding.h"
+#include "text/fold.h"
+#include "text/quoting.h"
 
 namespace brindlemoor {
 

@@ -1,9 +1,10 @@
 // The lists of the pickers, the questions of a pick and the script that comes of them.
 #include "editor/command_picker.h"
 
+#include "core/desktop.h"
+#include "core/replacing.h"
 #include "core/strings.h"
-#include "core/text.h"
-#include "platform/platform.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

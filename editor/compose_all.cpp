@@ -1,11 +1,11 @@
 // The card editor: composing the images of all cards of the list again.
 #include <vector>
 
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "editor/card_edit.h"
 #include "editor/image_composer.h"
-#include "platform/platform.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {

@@ -5,13 +5,14 @@
 #include <vector>
 
 #include "core/cards.h"
-#include "core/fold.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "data/card_reader.h"
 #include "data/profiles.h"
 #include "editor/image_composer.h"
-#include "platform/platform.h"
+#include "script/card_setup.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 

@@ -4,17 +4,18 @@
 #include <utility>
 
 #include "core/cards.h"
-#include "core/pages.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "editor/card_edit.h"
 #include "editor/editor_forms.h"
 #include "editor/suspended_game.h"
 #include "game/game_list.h"
-#include "platform/platform.h"
+#include "pages/page_files.h"
 #include "script/effect_masks.h"
 #include "ui/forms.h"
 #include "ui/link_protocol.h"
+#include "ui/main_window.h"
 
 namespace brindlemoor {
 
@@ -27,7 +28,6 @@ void SuspendGame() {
   auto suspended = std::make_shared<SuspendedGame>();
   suspended->Before = session;
   suspended->Report = Desktop().Files().Read(InProgramFolder(kReportPage)).value_or("");
-  suspended->Links = TheMainWindow().Links;
   session.Suspended = std::move(suspended);
   for (DeckRec& deck : session.Decks) deck.Cards.Reset(1);
 }
@@ -96,7 +96,6 @@ void LeaveCardEditor() {
   const std::shared_ptr<SuspendedGame> suspended = std::exchange(State().Suspended, nullptr);
   if (suspended != nullptr) {
     PutSessionBack(suspended->Before);
-    TheMainWindow().Links = suspended->Links;
   }
   Desktop().ShowForm(TheMainWindow(), false);
   if (suspended == nullptr) return;

@@ -1,10 +1,10 @@
 // The wizard that writes action scripts.
 #include "editor/effect_picker.h"
 
+#include "core/desktop.h"
 #include "core/strings.h"
 #include "editor/editor_forms.h"
 #include "editor/value_generator.h"
-#include "platform/platform.h"
 
 namespace brindlemoor {
 

@@ -4,14 +4,14 @@
 #include <utility>
 #include <vector>
 
-#include "core/fold.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "data/saving.h"
 #include "editor/card_edit.h"
 #include "editor/picture_files.h"
 #include "images/image_bridge.h"
-#include "platform/platform.h"
+#include "text/fold.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {

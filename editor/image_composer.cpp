@@ -6,9 +6,9 @@
 #include <memory>
 
 #include "core/cards.h"
+#include "core/desktop.h"
 #include "images/folder_pictures.h"
 #include "platform/controls.h"
-#include "platform/platform.h"
 
 namespace brindlemoor {
 

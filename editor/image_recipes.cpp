@@ -7,10 +7,10 @@
 #include <optional>
 #include <utility>
 
+#include "core/desktop.h"
 #include "core/limits.h"
 #include "core/paths.h"
 #include "core/strings.h"
-#include "platform/platform.h"
 
 namespace brindlemoor {
 

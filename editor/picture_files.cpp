@@ -5,11 +5,11 @@
 #include <array>
 #include <charconv>
 
-#include "core/fold.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "images/image_bridge.h"
 #include "platform/controls.h"
-#include "platform/platform.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 

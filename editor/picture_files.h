@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/text.h"
 #include "platform/raster.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -3,15 +3,16 @@
 #include <vector>
 
 #include "core/cards.h"
+#include "core/desktop.h"
 #include "core/paths.h"
+#include "core/replacing.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "editor/card_edit.h"
 #include "editor/card_sheets.h"
 #include "editor/picture_files.h"
-#include "platform/platform.h"
-#include "script/messages.h"
-#include "ui/battlefield.h"
+#include "pages/battlefield.h"
+#include "pages/messages.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {

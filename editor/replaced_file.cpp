@@ -7,11 +7,11 @@
 #include <string_view>
 #include <utility>
 
-#include "core/fold.h"
 #include "core/strings.h"
-#include "core/text.h"
 #include "data/directives.h"
 #include "data/field_stream.h"
+#include "text/fold.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -6,8 +6,8 @@
 #include "core/strings.h"
 #include "data/field_text.h"
 #include "editor/card_edit.h"
-#include "script/reaction_check.h"
-#include "script/script_check.h"
+#include "lint/reaction_check.h"
+#include "lint/script_check.h"
 
 namespace brindlemoor {
 

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "core/state.h"
-#include "ui/shown_links.h"
 
 namespace brindlemoor {
 
@@ -13,7 +12,6 @@ namespace brindlemoor {
 struct SuspendedGame {
   Session Before;       ///< as it was when the editor was opened
   std::string Report;   ///< the page of the last turn, "" for none
-  ShownLinks Links;     ///< of the pages in the main window
   bool Tested = false;  ///< a test game has used the main window
   // What a save of the editor's file would write, while a test position is laid out and played.
   Table<Template> EditorTemplates;

@@ -1,10 +1,10 @@
 // Keeping, offering and removing the copy of unsaved changes.
 #include "editor/unsaved_copy.h"
 
+#include "core/desktop.h"
 #include "core/paths.h"
-#include "core/text.h"
 #include "data/saving.h"
-#include "platform/platform.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

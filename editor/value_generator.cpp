@@ -1,9 +1,9 @@
 // The value generator: what each of its buttons asks and adds to the expression.
 #include "editor/value_generator.h"
 
-#include "core/text.h"
+#include "core/desktop.h"
 #include "editor/editor_forms.h"
-#include "platform/platform.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -3,18 +3,20 @@
 #include <set>
 
 #include "core/cards.h"
+#include "core/desktop.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/text.h"
 #include "data/card_reader.h"
-#include "data/player_files.h"
 #include "fuzz/fuzz_session.h"
 #include "fuzz/fuzz_targets.h"
 #include "game/match_start.h"
+#include "game/player_files.h"
 #include "game/program_start.h"
 #include "platform/headless/memory_images.h"
+#include "script/card_setup.h"
 #include "script/command_table.h"
 #include "script/parsed_script.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -4,16 +4,16 @@
 #include "check/game_check.h"
 #include "core/cards.h"
 #include "core/state.h"
-#include "core/text.h"
 #include "data/card_reader.h"
 #include "data/card_writer.h"
-#include "data/player_files.h"
 #include "data/profiles.h"
 #include "fuzz/fuzz_session.h"
 #include "fuzz/fuzz_targets.h"
+#include "game/player_files.h"
 #include "images/image_bridge.h"
 #include "images/picture_picker.h"
 #include "platform/controls.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -10,13 +10,13 @@
 #include <set>
 #include <string>
 
-#include "core/text.h"
 #include "data/directives.h"
 #include "fuzz/fuzz_targets.h"
+#include "language/target_types.h"
+#include "language/values.h"
+#include "pages/messages.h"
 #include "script/command_table.h"
-#include "script/messages.h"
-#include "script/target_types.h"
-#include "script/values.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 namespace {

@@ -8,10 +8,13 @@
 #include "core/cards.h"
 #include "core/random.h"
 #include "core/state.h"
-#include "core/text.h"
-#include "core/traits.h"
+#include "editor/program_session.h"
+#include "language/traits.h"
 #include "scenario/scenario_library.h"
+#include "script/card_setup.h"
 #include "script/trait_actions.h"
+#include "script/trait_changes.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 
@@ -46,14 +49,12 @@ void PutPlayer(int side) {
 }  // namespace
 
 FuzzSession::FuzzSession() {
-  State() = Session{};
   auto files = std::make_unique<MemoryFileSystem>();
   files_ = files.get();
   auto desktop = std::make_shared<HeadlessPlatform>(std::move(files));
   desktop->AcceptMessages = true;
   desktop_ = desktop.get();
-  State().Desktop = std::move(desktop);
-  State().ProgramFolder = State().CurrentFolder = kFuzzFolder;
+  OpenProgramSession(std::move(desktop), std::string(kFuzzFolder));
   State().Work.Limit = kSteps;
   State().Profile.PlayerName = "Ann";
   PrepareTables();

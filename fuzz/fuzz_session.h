@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/desktop.h"
 #include "core/records.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/memory_files.h"

@@ -1,15 +1,15 @@
 // Targets that play: clicks in a match, a whole match of a game folder.
 #include "core/cards.h"
 #include "core/state.h"
-#include "core/text.h"
-#include "data/player_files.h"
 #include "fuzz/fuzz_session.h"
 #include "fuzz/fuzz_targets.h"
-#include "game/automatic_player.h"
 #include "game/match_start.h"
+#include "game/player_files.h"
 #include "game/program_start.h"
 #include "game/turn.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "simulation/automatic_player.h"
+#include "text/text.h"
 #include "ui/forms.h"
 #include "ui/link_protocol.h"
 
@@ -73,7 +73,7 @@ void FuzzLinks(std::string_view bytes) {
   // Known numbers, so that links can name the cards.
   int number = 100;
   for (Card& card : State().CardTable) {
-    TheMainWindow().Links.Cards.insert(number);
+    State().Links.Cards.insert(number);
     card.GlobalID = number++;
   }
   int clicks = 0;

@@ -3,18 +3,21 @@
 
 #include "core/cards.h"
 #include "core/state.h"
-#include "core/text.h"
-#include "core/traits.h"
 #include "data/card_reader.h"
 #include "fuzz/fuzz_session.h"
 #include "fuzz/fuzz_targets.h"
 #include "game/card_play.h"
 #include "game/turn.h"
-#include "script/messages.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "language/values.h"
+#include "pages/card_pages.h"
+#include "pages/messages.h"
+#include "script/card_setup.h"
+#include "script/trait_changes.h"
 #include "script/triggers.h"
-#include "script/values.h"
-#include "ui/card_pages.h"
+#include "text/text.h"
+#include "ui/card_description.h"
 
 namespace brindlemoor {
 

@@ -2,12 +2,13 @@
 #include "game/card_play.h"
 
 #include "core/cards.h"
-#include "core/fold.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
+#include "language/traits.h"
 #include "script/parsed_script.h"
+#include "script/trait_changes.h"
 #include "script/triggers.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 namespace {

@@ -8,9 +8,10 @@
 #include "core/paths.h"
 #include "core/random.h"
 #include "core/state.h"
-#include "core/traits.h"
 #include "data/card_reader.h"
 #include "data/read_mark.h"
+#include "language/traits.h"
+#include "script/card_setup.h"
 #include "script/trait_actions.h"
 
 namespace brindlemoor {

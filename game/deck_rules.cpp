@@ -7,7 +7,7 @@
 #include "core/cards.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
+#include "language/traits.h"
 
 namespace brindlemoor {
 namespace {

@@ -7,15 +7,15 @@
 #include <utility>
 #include <vector>
 
-#include "check/findings_page.h"
-#include "core/fold.h"
+#include "core/desktop.h"
 #include "core/limits.h"
-#include "core/pages.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "data/field_stream.h"
-#include "platform/platform.h"
-#include "ui/forms.h"
+#include "game/windows.h"
+#include "pages/page_files.h"
+#include "text/addresses.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 
@@ -246,10 +246,10 @@ std::string ComposeGameList() {
 
 void ShowGameList() {
   AppendPage(ComposeGameList());
-  if (State().DebugMode == 1) AppendPage(FindingsPage(State().ProgramFolder));
+  if (State().DebugMode == 1) AppendPage(Windows().NotesOnGames(State().ProgramFolder));
   WritePage("Display.html", "#000000");
-  TheMainWindow().Links = {.Games = true};
-  ShowMain("Display.html");
+  State().Links = {.Games = true};
+  Windows().ShowMain("Display.html");
 }
 
 }  // namespace brindlemoor

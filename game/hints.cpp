@@ -8,7 +8,7 @@
 
 #include "core/cards.h"
 #include "core/state.h"
-#include "core/traits.h"
+#include "language/traits.h"
 #include "script/run_action.h"
 
 namespace brindlemoor {

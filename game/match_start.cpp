@@ -5,22 +5,23 @@
 #include <vector>
 
 #include "core/cards.h"
-#include "core/pages.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "core/traits.h"
 #include "data/card_reader.h"
-#include "data/player_files.h"
 #include "data/read_mark.h"
 #include "game/card_refresh.h"
 #include "game/game_list.h"
+#include "game/player_files.h"
 #include "game/program_start.h"
 #include "game/turn.h"
-#include "platform/platform.h"
+#include "game/windows.h"
+#include "language/traits.h"
+#include "pages/page_files.h"
+#include "script/card_entry.h"
+#include "script/card_setup.h"
 #include "script/trait_actions.h"
 #include "script/triggers.h"
-#include "ui/deck_manager.h"
-#include "ui/forms.h"
 
 namespace brindlemoor {
 
@@ -90,7 +91,7 @@ bool ChooseDeck() {
   Session& session = State();
   if (HasPlayerFile()) {
     if (!ReadOwnFile()) return false;
-    if (!ShowDeckManager()) {
+    if (!Windows().ShowDeckManager()) {
       FindGamesAgain();
       return false;
     }
@@ -206,8 +207,8 @@ void StartMatch(int gameIndex, int opponentIndex) {
   Session& session = State();
   session.PageText = "<font size=+5>Loading...</font>";
   WritePage("Display.html", "#000000");
-  TheMainWindow().Links = {};
-  ShowMain("Display.html");
+  State().Links = {};
+  Windows().ShowMain("Display.html");
   // What ran while the page was shown may have changed the list.
   if (Desktop().Ending() || !HasOpponent(gameIndex, opponentIndex)) return;
   const BeforeMatch before;

@@ -9,14 +9,17 @@
 #include "core/match_log.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
 #include "game/card_play.h"
 #include "game/card_sorting.h"
 #include "game/turn.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "pages/card_pages.h"
+#include "script/card_entry.h"
+#include "script/card_setup.h"
 #include "script/run_action.h"
-#include "script/target_types.h"
+#include "script/trait_changes.h"
 #include "script/triggers.h"
-#include "ui/card_pages.h"
 
 namespace brindlemoor {
 namespace {

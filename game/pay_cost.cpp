@@ -2,9 +2,9 @@
 #include <optional>
 
 #include "core/cards.h"
-#include "core/firing.h"
 #include "core/state.h"
 #include "game/card_play.h"
+#include "script/firing.h"
 #include "script/run_action.h"
 #include "script/triggers.h"
 

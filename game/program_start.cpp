@@ -4,19 +4,21 @@
 #include <array>
 
 #include "core/cards.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/random.h"
 #include "core/state.h"
-#include "core/traits.h"
 #include "data/card_reader.h"
-#include "data/player_files.h"
 #include "game/game_list.h"
 #include "game/plans.h"
+#include "game/player_files.h"
+#include "game/windows.h"
 #include "images/image_bridge.h"
-#include "platform/platform.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "script/card_entry.h"
+#include "script/card_setup.h"
 #include "script/effect_masks.h"
-#include "script/target_types.h"
-#include "ui/forms.h"
 
 namespace brindlemoor {
 
@@ -117,23 +119,23 @@ void StartProgram() {
   EnterProgramFolder();
   if (Desktop().Files().Exists(InProgramFolder("Debug.on"))) State().DebugMode = 1;
   NewGame();
-  if (!Desktop().Ending()) Desktop().ShowForm(TheMainWindow(), false);
+  if (!Desktop().Ending()) Windows().ShowMainWindow();
 }
 
 void NewGame() {
   Session& session = State();
   EnterProgramFolder();
   session.GameOver = 0;
-  TheMainWindow().Command1.Caption = "Take Turn";
+  Windows().SetTurnButton("Take Turn");
   SeedFromClock();
   BuildBitValues();
-  session.FullSizeImages = TheMainWindow().fullsizemen.Checked ? 1 : 0;
+  session.FullSizeImages = static_cast<std::uint8_t>(Windows().FullSizeImages());
   ForgetLastGame();
   ResetTables();
   ResetSides();
-  HideHand();
-  BlankSideViews();
-  if (session.Profile.PlayerName.empty()) ChooseProfile();
+  Windows().HideHand();
+  Windows().BlankSideViews();
+  if (session.Profile.PlayerName.empty()) Windows().ChooseProfile();
   if (session.Profile.PlayerName.empty()) {
     Desktop().EndProgram();
     return;

@@ -5,18 +5,19 @@
 #include <utility>
 
 #include "core/cards.h"
+#include "core/desktop.h"
 #include "core/match_log.h"
-#include "core/pages.h"
 #include "core/state.h"
 #include "game/card_play.h"
 #include "game/opponent.h"
 #include "game/plans.h"
-#include "platform/platform.h"
-#include "script/target_types.h"
+#include "game/windows.h"
+#include "language/target_types.h"
+#include "pages/battlefield.h"
+#include "pages/card_pages.h"
+#include "pages/page_files.h"
+#include "script/card_entry.h"
 #include "script/triggers.h"
-#include "ui/battlefield.h"
-#include "ui/card_pages.h"
-#include "ui/forms.h"
 
 namespace brindlemoor {
 
@@ -165,10 +166,10 @@ void ShowReport(const Plays& plays) {
   if (debug) AppendPage(DebugCounters());
   WritePage("Display.html", "#000000");
   WritePage("LastDiplayed.html", "#000000");  // the file is named so
-  ShownLinks& links = TheMainWindow().Links;
+  ShownLinks& links = State().Links;
   links.Games = false;
   links.Cards = std::exchange(links.Composed, {});
-  ShowMain("Display.html");
+  Windows().ShowMain("Display.html");
 }
 
 }  // namespace
@@ -187,11 +188,11 @@ void TakeTurn(int skipPlays) {
   session.CostCard.InPlay = 1;
   const Plays plays = RunScripts(skipPlays);
   ShowReport(plays);
-  UpdateHand();
+  Windows().UpdateHand();
   session.StatMasked = 0;
   session.StatNotMasked = 0;
   session.StatCancelled = 0;
-  Desktop().RaiseForm(TheMainWindow());
+  Windows().RaiseMainWindow();
   session.PhaseBanner.clear();
   session.LimitsReported.clear();
   session.DiceRolled = 0;

@@ -5,12 +5,12 @@
 #include <iterator>
 #include <limits>
 
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "core/text.h"
 #include "images/card_images.h"
 #include "images/picture_picker.h"
-#include "platform/platform.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

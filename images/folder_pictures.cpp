@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
-#include "core/fold.h"
+#include "core/desktop.h"
 #include "core/random.h"
 #include "core/state.h"
-#include "platform/platform.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 

@@ -5,12 +5,12 @@
 #include <array>
 #include <system_error>
 
-#include "core/fold.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "platform/controls.h"
-#include "platform/platform.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 

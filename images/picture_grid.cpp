@@ -2,11 +2,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/random.h"
-#include "core/text.h"
 #include "images/picture_picker.h"
-#include "platform/platform.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <string_view>
 
+#include "core/desktop.h"
 #include "core/state.h"
-#include "core/text.h"
 #include "platform/arrangement.h"
-#include "platform/platform.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -6,8 +6,8 @@
 #include <charconv>
 #include <utility>
 
-#include "core/text.h"
 #include "journal/journal_writer.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
-#include "core/hash.h"
-#include "core/text.h"
 #include "journal/session_words.h"
 #include "journal/text_change.h"
+#include "text/hash.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "core/encoding.h"
+#include "text/encoding.h"
 
 namespace brindlemoor {
 

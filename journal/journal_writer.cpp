@@ -10,9 +10,9 @@
 #include <unistd.h>
 #include <utility>
 
-#include "core/hash.h"
-#include "core/text.h"
 #include "journal/text_change.h"
+#include "text/hash.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -10,12 +10,12 @@
 
 #include "core/program_version.h"
 #include "core/state.h"
-#include "core/text.h"
 #include "journal/journal_writer.h"
 #include "journal/session_words.h"
 #include "journal/start_state.h"
 #include "platform/files.h"
 #include "simulation/stage.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -1,8 +1,8 @@
 // Journals of matches that the computer plays alone.
 #pragma once
 
-#include "game/automatic_match.h"
 #include "journal/session_journal.h"
+#include "simulation/automatic_match.h"
 #include "simulation/simulation.h"
 
 namespace brindlemoor {

@@ -3,10 +3,10 @@
 
 #include <utility>
 
-#include "core/text.h"
 #include "journal/journal_writer.h"
 #include "journal/program_paths.h"
 #include "journal/start_state.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

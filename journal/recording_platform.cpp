@@ -3,11 +3,11 @@
 
 #include <utility>
 
-#include "core/text.h"
 #include "journal/journal_writer.h"
 #include "journal/recording_files.h"
 #include "journal/session_words.h"
 #include "platform/controls.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -3,9 +3,9 @@
 
 #include <utility>
 
-#include "core/text.h"
 #include "journal/program_paths.h"
 #include "journal/start_state.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/text.h"
 #include "journal/replay_images.h"
 #include "platform/controls.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -5,6 +5,7 @@
 
 #include "core/program_version.h"
 #include "core/state.h"
+#include "editor/program_session.h"
 #include "game/program_start.h"
 #include "journal/journal_writer.h"
 #include "journal/replay_files.h"
@@ -30,9 +31,7 @@ ReplayResult ReplaySession(const Journal& journal, const ReplayOptions& options)
   files->OnText = options.OnText;
   if (options.OnFiles) options.OnFiles(files->Differences());
   auto desktop = std::make_shared<ReplayPlatform>(std::move(files), tape);
-  State() = Session{};
-  State().Desktop = desktop;
-  State().ProgramFolder = State().CurrentFolder = journal.Folder;
+  OpenProgramSession(desktop, journal.Folder);
   State().DebugMode = journal.Number("debug") == 1 ? 1 : 0;
   desktop->Play(StartProgram);
   State() = Session{};

@@ -6,14 +6,14 @@
 #include <map>
 #include <utility>
 
-#include "core/fold.h"
-#include "core/hash.h"
 #include "core/paths.h"
-#include "core/text.h"
 #include "data/profiles.h"
 #include "images/folder_pictures.h"
 #include "journal/journal_writer.h"
 #include "platform/files.h"
+#include "text/fold.h"
+#include "text/hash.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "core/text.h"
 #include "journal/journal_text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

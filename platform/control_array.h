@@ -6,7 +6,7 @@
 #include <memory>
 #include <string_view>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -9,7 +9,7 @@
 #include <system_error>
 #include <unistd.h>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

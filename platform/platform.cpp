@@ -1,7 +1,5 @@
-// The accessor of the session's desktop.
+// Delivering an event to the logic, seen by whoever observes.
 #include "platform/platform.h"
-
-#include "core/state.h"
 
 namespace brindlemoor {
 
@@ -12,7 +10,5 @@ bool Platform::Deliver(Form& form, const UserEvent& event) {
   if (observer != nullptr) observer->EventEnds();
   return answer;
 }
-
-Platform& Desktop() { return *State().Desktop; }
 
 }  // namespace brindlemoor

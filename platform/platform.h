@@ -83,7 +83,4 @@ class Platform {
   EventObserver* observer_ = nullptr;
 };
 
-/// The desktop of the session.
-Platform& Desktop();
-
 }  // namespace brindlemoor

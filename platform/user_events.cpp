@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <array>
 
-#include "core/text.h"
 #include "platform/controls.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

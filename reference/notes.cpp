@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <array>
 
-#include "core/text.h"
-#include "script/reaction_check.h"
+#include "lint/reaction_check.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 namespace {

@@ -4,19 +4,19 @@
 #include <algorithm>
 #include <array>
 
+#include "core/desktop.h"
 #include "core/paths.h"
-#include "core/quoting.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/text.h"
 #include "data/directives.h"
-#include "platform/platform.h"
+#include "language/target_types.h"
+#include "language/values.h"
+#include "pages/messages.h"
 #include "reference/examples.h"
 #include "reference/notes.h"
 #include "script/command_table.h"
-#include "script/messages.h"
-#include "script/target_types.h"
-#include "script/values.h"
+#include "text/quoting.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 namespace {

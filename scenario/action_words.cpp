@@ -5,17 +5,18 @@
 #include "core/cards.h"
 #include "core/limits.h"
 #include "core/state.h"
-#include "core/text.h"
 #include "game/card_play.h"
 #include "game/match_start.h"
 #include "game/program_start.h"
 #include "game/turn.h"
+#include "language/target_types.h"
 #include "scenario/scenario_library.h"
 #include "scenario/scenario_words.h"
 #include "scenario/scene.h"
+#include "script/card_entry.h"
 #include "script/run_action.h"
-#include "script/target_types.h"
 #include "script/triggers.h"
+#include "text/text.h"
 #include "ui/forms.h"
 #include "ui/link_protocol.h"
 
@@ -236,7 +237,7 @@ void ClickLink(WordReader& line, Scene& scene, bool (*handler)(const std::string
   if (!line.Ends()) return;
   const PlacedCard card = FindScenarioCard(scene, link);
   // A card that is named is clicked where it is shown.
-  if (card.Record != nullptr) TheMainWindow().Links.Cards.insert(card.Record->GlobalID);
+  if (card.Record != nullptr) State().Links.Cards.insert(card.Record->GlobalID);
   handler(card.Record != nullptr ? Joined("CARD", card.Record->GlobalID) : link);
 }
 
@@ -249,7 +250,7 @@ void ClickMenu(Scene&, WordReader& line) {
   const PlacedCard card = line.TakeCard();
   const int action = line.TakeWhole("the number of an action", 1, limits::kCardItems);
   if (!line.Ends()) return;
-  TheMainWindow().Links.DescribedCard = card.Record->GlobalID;
+  State().Links.DescribedCard = card.Record->GlobalID;
   CardDescWB_BeforeNavigate(Joined("menuaction:", card.Record->GlobalID, ":", action));
 }
 

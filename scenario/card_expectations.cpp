@@ -5,15 +5,15 @@
 #include "core/cards.h"
 #include "core/limits.h"
 #include "core/state.h"
-#include "core/text.h"
-#include "core/traits.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "language/values.h"
+#include "pages/messages.h"
 #include "scenario/expectation.h"
 #include "scenario/scenario_fields.h"
 #include "scenario/scenario_words.h"
 #include "scenario/scene.h"
-#include "script/messages.h"
-#include "script/target_types.h"
-#include "script/values.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

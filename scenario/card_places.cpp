@@ -8,8 +8,8 @@
 #include "core/limits.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/text.h"
 #include "scenario/scene.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

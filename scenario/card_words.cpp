@@ -6,14 +6,16 @@
 #include "core/limits.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/text.h"
-#include "core/traits.h"
+#include "language/target_types.h"
+#include "language/traits.h"
 #include "scenario/scenario_library.h"
 #include "scenario/scenario_words.h"
 #include "scenario/scene.h"
+#include "script/card_setup.h"
 #include "script/effect_masks.h"
-#include "script/target_types.h"
+#include "script/trait_changes.h"
 #include "script/triggers.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

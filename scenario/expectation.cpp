@@ -3,8 +3,8 @@
 
 #include <array>
 
-#include "core/text.h"
 #include "scenario/scene.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

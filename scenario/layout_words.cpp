@@ -5,12 +5,12 @@
 #include "core/cards.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "core/text.h"
 #include "data/card_reader.h"
 #include "scenario/scenario_fields.h"
 #include "scenario/scenario_library.h"
 #include "scenario/scenario_words.h"
 #include "scenario/scene.h"
+#include "text/text.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {

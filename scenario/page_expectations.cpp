@@ -2,15 +2,15 @@
 #include <algorithm>
 #include <array>
 
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "core/text.h"
-#include "platform/platform.h"
 #include "scenario/expectation.h"
 #include "scenario/scenario_fields.h"
 #include "scenario/scenario_words.h"
 #include "scenario/scene.h"
 #include "scenario/state_digest.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -9,7 +9,8 @@
 
 #include "core/cards.h"
 #include "core/state.h"
-#include "core/text.h"
+#include "script/card_setup.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

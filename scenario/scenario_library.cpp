@@ -4,14 +4,16 @@
 #include <utility>
 
 #include "core/cards.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
 #include "data/card_reading.h"
+#include "editor/program_session.h"
 #include "game/program_start.h"
-#include "platform/platform.h"
+#include "language/traits.h"
 #include "scenario/scene.h"
+#include "script/card_setup.h"
 #include "script/effect_masks.h"
 
 namespace brindlemoor {
@@ -29,11 +31,8 @@ void AddLiving(std::vector<Card>& cards, const Pile& pile) {
 /// Every card of a file, read in a session aside. Draw pile first: there cards are defined.
 std::vector<Card> CardsOfFile(const std::string& path) {
   Session outer = std::move(State());
-  State() = Session{};
+  OpenProgramSession(outer.Desktop, outer.ProgramFolder);
   Session& aside = State();
-  aside.Desktop = outer.Desktop;
-  aside.ProgramFolder = outer.ProgramFolder;
-  aside.CurrentFolder = outer.ProgramFolder;
   PrepareTables();
   PlayerState reader;
   InitPlayer(reader, 1);

@@ -1,7 +1,7 @@
 // Findings as lines.
 #include "scenario/scenario_report.h"
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -5,9 +5,9 @@
 
 #include "core/limits.h"
 #include "core/state.h"
-#include "core/text.h"
 #include "scenario/scenario_words.h"
 #include "scenario/scene.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

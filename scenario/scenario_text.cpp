@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "core/encoding.h"
 #include "core/strings.h"
-#include "core/text.h"
 #include "scenario/machine_files.h"
 #include "scenario/scenario_report.h"
 #include "scenario/scenario_words.h"
+#include "text/encoding.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -4,8 +4,8 @@
 #include <array>
 #include <vector>
 
+#include "lint/word_distance.h"
 #include "scenario/scenario_fields.h"
-#include "script/word_distance.h"
 
 namespace brindlemoor {
 

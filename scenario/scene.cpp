@@ -7,11 +7,13 @@
 
 #include "core/cards.h"
 #include "core/state.h"
-#include "core/text.h"
+#include "editor/program_session.h"
 #include "scenario/scenario_library.h"
 #include "scenario/scenario_words.h"
 #include "scenario/state_digest.h"
+#include "script/card_setup.h"
 #include "script/trait_actions.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 
@@ -79,14 +81,11 @@ std::string_view Scene::Said() const {
 }
 
 void OpenScene(Scene& scene, const std::string& folder) {
-  State() = Session{};
   auto files = std::make_unique<ScenarioFiles>(scene.Library.Machine());
   scene.Files = files.get();
   scene.Desktop = std::make_shared<HeadlessPlatform>(std::move(files));
   scene.Desktop->BlanksForLineEnds = true;
-  State().Desktop = scene.Desktop;
-  State().ProgramFolder = folder;
-  State().CurrentFolder = folder;
+  OpenProgramSession(scene.Desktop, folder);
   const OwnSequence sequence;
   PrepareTables();
   InitCard(State().RulesCard, 1, 1);

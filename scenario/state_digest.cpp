@@ -8,7 +8,7 @@
 #include "core/cards.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -7,8 +7,8 @@
 #include "core/limits.h"
 #include "core/random.h"
 #include "core/state.h"
+#include "pages/card_pages.h"
 #include "script/stored_cards.h"
-#include "ui/card_pages.h"
 
 namespace brindlemoor {
 namespace {

@@ -7,18 +7,20 @@
 #include "core/cards.h"
 #include "core/limits.h"
 #include "core/paths.h"
-#include "core/quoting.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
-#include "game/card_play.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "pages/messages.h"
 #include "script/boosters.h"
+#include "script/card_setup.h"
 #include "script/command_table.h"
-#include "script/messages.h"
 #include "script/run.h"
+#include "script/run_services.h"
 #include "script/stored_cards.h"
-#include "script/target_types.h"
+#include "script/trait_changes.h"
 #include "script/triggers.h"
+#include "text/quoting.h"
 
 namespace brindlemoor {
 namespace {
@@ -70,8 +72,8 @@ Step QueueCopies(Run& run, Card copy) {
       break;
     }
     if (paid) {
-      if (PayCost(copy, 1) == 0) break;
-      PayCost(copy, 0);
+      if (Services().PayCost(copy, 1) == 0) break;
+      Services().PayCost(copy, 0);
     }
     QueuePending(copy);
   }

@@ -1,11 +1,11 @@
 // The display commands of the script language: messages, colours and the frame of a run's text.
 #include "core/state.h"
-#include "core/traits.h"
+#include "language/traits.h"
+#include "pages/battlefield.h"
+#include "pages/card_pages.h"
+#include "pages/messages.h"
 #include "script/command_table.h"
-#include "script/messages.h"
 #include "script/run.h"
-#include "ui/battlefield.h"
-#include "ui/card_pages.h"
 
 namespace brindlemoor {
 

@@ -7,12 +7,12 @@
 #include <optional>
 
 #include "core/every_card.h"
-#include "core/fold.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
+#include "language/traits.h"
+#include "language/value_keywords.h"
 #include "script/command_table.h"
-#include "script/value_keywords.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 

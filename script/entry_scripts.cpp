@@ -1,4 +1,5 @@
 // RunEntryScripts: a card's permanent modifications, run when it goes into a table.
+#include "core/replacing.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "script/run_action.h"

@@ -1,11 +1,11 @@
 // HitTable: which actions a phase has to run, and the cards that wait to enter play.
 #include "core/cards.h"
-#include "core/fold.h"
 #include "core/limits.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
 #include "script/triggers.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 namespace {
@@ -31,39 +31,45 @@ void FlushWaiting(std::string_view trigger) {
   }
 }
 
-void FireHits(int code, std::string_view trigger, int value, std::uint32_t added) {
+void FireHits(Session& session, int code, std::string_view trigger, int value,
+              std::uint32_t added) {
   if (!IsHitCode(code)) return;
-  SpendWorkOnSearch(HitsOf(code).size());
-  if (WorkIsSpent()) return;  // cards that wait enter with their scripts, in another turn
+  const std::vector<Hit>& hits = session.HitTable[static_cast<std::size_t>(code)];
+  session.Work.SpendOnSearch(hits.size());
+  if (session.Work.IsSpent()) return;  // cards that wait enter with their scripts, in another turn
   FlushWaiting(trigger);
-  const Pile& table = State().CardTable;
   // What is added while the list is walked, at its end or in an entry that is free, waits for the
   // next time that the trigger is fired.
-  const std::size_t end = HitsOf(code).size();
-  for (std::size_t index = 0; index < end && !WorkIsSpent(); ++index) {
-    if (index >= HitsOf(code).size()) return;  // a price test has put an older list back
-    const Hit hit = HitsOf(code)[index];
+  const std::size_t end = hits.size();
+  for (std::size_t index = 0; index < end && !session.Work.IsSpent(); ++index) {
+    if (index >= hits.size()) return;  // a price test has put an older list back
+    const Hit hit = hits[index];
+    Pile& table = session.CardTable;
     if (hit.Effect == 0 || !table.Holds(hit.Slot)) continue;
     if (table[hit.Slot].Effects[hit.Effect].AddedAt > added) continue;
     // The card that enters is no other card, also when a trait has put it into the list by now.
     if (code == kOtherEntersPlay && hit.Slot == value) continue;
-    SpendWork(1);
-    FireTrigger(State().CardTable[hit.Slot], trigger, value, hit.Effect);
+    session.Work.Spend(1);
+    FireTrigger(table[hit.Slot], trigger, value, hit.Effect);
   }
 }
 
 }  // namespace
 
 void FireHit(int code, int value, std::uint32_t addedBefore) {
-  FireHits(code, TriggerName(code), value, addedBefore);
+  FireHits(State(), code, TriggerName(code), value, addedBefore);
 }
 
-void FireHit(int code, int value) { FireHit(code, value, State().ActionsAdded); }
+void FireHit(int code, int value) {
+  Session& session = State();
+  FireHits(session, code, TriggerName(code), value, session.ActionsAdded);
+}
 
 void FireHit(std::string_view trigger, int value) {
   const double number = NumericPrefix(trigger);
   if (number == 0) {
-    FireHits(TriggerCode(trigger), trigger, value, State().ActionsAdded);
+    Session& session = State();
+    FireHits(session, TriggerCode(trigger), trigger, value, session.ActionsAdded);
   } else if (number >= 1 && number < static_cast<double>(State().HitTable.size())) {
     FireHit(static_cast<int>(number), value);
   }

@@ -3,11 +3,12 @@
 
 #include <algorithm>
 
-#include "core/fold.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "core/trait_item.h"
+#include "language/traits.h"
 #include "script/command_table.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 
@@ -100,6 +101,11 @@ const ParsedScript& ParsedScript::Of(const Text& script) {
   const ParsedScript& form = *parsed;
   script.Attach(std::move(parsed));
   return form;
+}
+
+bool HasTrait(const Card& card, const TraitName& name, const Text& script) {
+  const bool lent = !script.empty() && ParsedScript::Of(script).DeclaresFolded(name.View());
+  return lent || HasTrait(card, name);
 }
 
 }  // namespace brindlemoor

@@ -6,8 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "core/text.h"
+#include "core/records.h"
 #include "core/trait_item.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 
@@ -64,5 +65,8 @@ class ParsedScript final : public TextAttachment {
   std::vector<std::pair<std::string_view, std::string_view>> declared_;  ///< name and value
   mutable std::vector<std::pair<int, Text>> tails_;
 };
+
+/// True when the card has the trait or the script declares it, in upper case, as the action's own.
+bool HasTrait(const Card& card, const TraitName& name, const Text& script);
 
 }  // namespace brindlemoor

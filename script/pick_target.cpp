@@ -2,10 +2,10 @@
 #include "core/cards.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "language/target_types.h"
+#include "language/values.h"
 #include "script/target_search.h"
-#include "script/target_types.h"
 #include "script/triggers.h"
-#include "script/values.h"
 
 namespace brindlemoor {
 

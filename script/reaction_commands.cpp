@@ -6,13 +6,13 @@
 #include "core/cards.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "pages/card_pages.h"
 #include "script/command_table.h"
 #include "script/run.h"
 #include "script/run_epilogue.h"
-#include "script/target_types.h"
 #include "script/triggers.h"
-#include "ui/card_pages.h"
 
 namespace brindlemoor {
 namespace {

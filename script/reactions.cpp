@@ -4,12 +4,12 @@
 
 #include <string_view>
 
-#include "core/firing.h"
 #include "core/limits.h"
 #include "core/state.h"
+#include "language/target_types.h"
+#include "script/firing.h"
 #include "script/run.h"
 #include "script/run_epilogue.h"
-#include "script/target_types.h"
 #include "script/triggers.h"
 
 namespace brindlemoor {

@@ -2,15 +2,15 @@
 #include <array>
 
 #include "core/cards.h"
-#include "core/fold.h"
 #include "core/random.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
+#include "language/traits.h"
+#include "language/values.h"
+#include "pages/messages.h"
 #include "script/command_table.h"
-#include "script/messages.h"
 #include "script/run.h"
-#include "script/values.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "core/records.h"
 #include "core/trait_item.h"
@@ -23,6 +24,18 @@ enum class Step : int {
 
 /// The locals of one run.
 struct Run {
+  Run(Card& source, Card& target, int effectIndex, const RunOptions& options, Text script,
+      const ParsedScript& fields, double& amount, Answer& reply, int noCounters)
+      : Source(source),
+        Target(target),
+        EffectIndex(effectIndex),
+        Options(options),
+        Script(std::move(script)),
+        Fields(fields),
+        Amount(amount),
+        Reply(reply),
+        NoCounters(noCounters) {}
+
   Card& Source;
   Card& Target;
   const int EffectIndex;

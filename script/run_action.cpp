@@ -6,15 +6,15 @@
 
 #include "core/limits.h"
 #include "core/state.h"
-#include "core/traits.h"
+#include "language/traits.h"
+#include "language/values.h"
+#include "pages/card_pages.h"
 #include "script/command_table.h"
 #include "script/effect_masks.h"
 #include "script/reactions.h"
 #include "script/run.h"
 #include "script/run_epilogue.h"
 #include "script/run_pictures.h"
-#include "script/values.h"
-#include "ui/card_pages.h"
 
 namespace brindlemoor {
 
@@ -156,9 +156,8 @@ int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& opt
       options.NoCounters == 1 || fields.DeclaresNoCounters() || HasTrait(source, kNoCounters);
   Answer ownAnswer;
   Answer& answer = options.AnswerTo != nullptr ? *options.AnswerTo : ownAnswer;
-  Run run{source,  target, effectIndex,
-          options, script, fields,
-          amount,  answer, unanswered ? 1 : options.NoCounters};
+  Run run(source, target, effectIndex, options, script, fields, amount, answer,
+          unanswered ? 1 : options.NoCounters);
   if (!OfferAction(run)) {
     --session.RunDepth;
     return kRunNothing;

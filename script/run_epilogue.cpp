@@ -4,16 +4,16 @@
 #include <algorithm>
 
 #include "core/cards.h"
-#include "core/firing.h"
-#include "core/fold.h"
 #include "core/limits.h"
 #include "core/match_log.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "data/player_files.h"
+#include "pages/card_pages.h"
+#include "script/firing.h"
 #include "script/run.h"
+#include "script/run_services.h"
 #include "script/triggers.h"
-#include "ui/card_pages.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 
@@ -176,7 +176,7 @@ int CloseRun(Run& run) {
   const Frame& frame = FrameOf(run);
   if (run.Winner != 0) {
     LogMatchEvent(MatchEvent::kWon, run.Winner, run.Source);
-    EndGame();
+    Services().EndGame();
   }
   if (!run.Testing()) {
     if (run.DestroySource) KillCard(run.Source);

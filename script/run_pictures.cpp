@@ -2,8 +2,8 @@
 #include "script/run_pictures.h"
 
 #include "core/state.h"
+#include "pages/card_pages.h"
 #include "script/run.h"
-#include "ui/card_pages.h"
 
 namespace brindlemoor {
 

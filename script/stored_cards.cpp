@@ -6,8 +6,9 @@
 #include "core/match_log.h"
 #include "core/random.h"
 #include "core/state.h"
-#include "data/card_reader.h"
+#include "script/card_setup.h"
 #include "script/run_epilogue.h"
+#include "script/run_services.h"
 #include "script/trait_actions.h"
 
 namespace brindlemoor {
@@ -96,7 +97,7 @@ void AddToDeck(const Card& card, int deckNo) {
 void CreateCards(std::string_view name, std::string_view path, int owner, double count) {
   Session& session = State();
   InitPlayer(session.GameDeck, 4);
-  TakeCardsOut(path, session.GameDeck, "INDECK");
+  Services().TakeCardsOut(path, session.GameDeck, "INDECK");
   const int index = FindModel(session.GameDeck.Deck, name);
   if (index == 0) {
     AddToBanner(Joined("<br>Card \"", name, "\" not found in \"", path, "\".<br>"));

@@ -3,7 +3,8 @@
 
 #include "core/cards.h"
 #include "core/state.h"
-#include "core/traits.h"
+#include "language/traits.h"
+#include "script/card_setup.h"
 #include "script/parsed_script.h"
 #include "script/triggers.h"
 

@@ -7,10 +7,11 @@
 
 #include "core/cards.h"
 #include "core/state.h"
-#include "core/traits.h"
+#include "language/traits.h"
+#include "language/values.h"
 #include "script/command_table.h"
 #include "script/run.h"
-#include "script/values.h"
+#include "script/trait_changes.h"
 
 namespace brindlemoor {
 namespace {

@@ -7,15 +7,16 @@
 #include <utility>
 
 #include "core/cards.h"
-#include "core/firing.h"
-#include "core/fold.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "language/values.h"
+#include "script/card_setup.h"
+#include "script/firing.h"
 #include "script/parsed_script.h"
 #include "script/run_action.h"
-#include "script/target_types.h"
-#include "script/values.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 namespace {

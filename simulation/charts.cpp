@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/quoting.h"
-#include "core/text.h"
 #include "simulation/report.h"
+#include "text/quoting.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

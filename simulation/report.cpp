@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

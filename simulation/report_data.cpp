@@ -1,9 +1,9 @@
 // The report as CSV and as JSON.
 #include <array>
 
-#include "core/quoting.h"
-#include "core/text.h"
 #include "simulation/report.h"
+#include "text/quoting.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -1,10 +1,10 @@
 // The report as a page with tables and drawn charts.
 #include <algorithm>
 
-#include "core/quoting.h"
-#include "core/text.h"
 #include "simulation/charts.h"
 #include "simulation/report.h"
+#include "text/quoting.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -1,8 +1,8 @@
 // The report as tables for a terminal.
 #include <algorithm>
 
-#include "core/text.h"
 #include "simulation/report.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

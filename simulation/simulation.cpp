@@ -2,8 +2,8 @@
 #include "simulation/simulation.h"
 
 #include "core/program_version.h"
-#include "core/text.h"
 #include "simulation/stage.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

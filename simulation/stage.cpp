@@ -4,23 +4,25 @@
 #include <filesystem>
 
 #include "core/cards.h"
-#include "core/fold.h"
-#include "core/hash.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/random.h"
 #include "data/card_reader.h"
 #include "data/card_writer.h"
 #include "data/field_text.h"
-#include "data/player_files.h"
-#include "game/automatic_match.h"
-#include "game/automatic_player.h"
 #include "game/card_refresh.h"
 #include "game/game_list.h"
 #include "game/match_start.h"
+#include "game/player_files.h"
 #include "game/program_start.h"
 #include "game/turn.h"
 #include "script/trait_actions.h"
+#include "simulation/automatic_match.h"
+#include "simulation/automatic_player.h"
 #include "simulation/desktop.h"
+#include "text/fold.h"
+#include "text/hash.h"
+#include "ui/window_session.h"
 
 namespace brindlemoor {
 
@@ -80,10 +82,7 @@ std::string Stage::Open(const std::string& folder, std::string_view game, std::u
   const std::string path = AbsoluteFolder(folder);
   if (!std::filesystem::is_directory(path, failure)) return Joined("There is no folder ", path);
   desktop_ = std::make_shared<SimulationDesktop>(std::make_unique<CachedFileSystem>());
-  State() = Session{};
-  State().Desktop = desktop_;
-  State().ProgramFolder = path;
-  State().CurrentFolder = path;
+  OpenWindowSession(desktop_, path);
   State().Profile.PlayerName = kPlayerName;
   State().Profiles.Append(State().Profile);
   NewGame();

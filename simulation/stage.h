@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "core/hash.h"
 #include "core/match_log.h"
 #include "core/state.h"
+#include "text/hash.h"
 
 namespace brindlemoor {
 

@@ -6,7 +6,7 @@
 #include <set>
 #include <utility>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

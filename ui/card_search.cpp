@@ -6,9 +6,9 @@
 #include <charconv>
 
 #include "core/cards.h"
-#include "core/fold.h"
 #include "core/strings.h"
-#include "core/traits.h"
+#include "language/traits.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 namespace {

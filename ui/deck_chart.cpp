@@ -7,9 +7,9 @@
 #include <numeric>
 
 #include "core/cards.h"
-#include "core/fold.h"
 #include "core/state.h"
-#include "core/traits.h"
+#include "language/traits.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 namespace {

@@ -4,13 +4,13 @@
 #include <algorithm>
 
 #include "core/cards.h"
-#include "core/encoding.h"
-#include "core/pages.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "game/card_sorting.h"
+#include "pages/page_files.h"
 #include "platform/arrangement.h"
-#include "platform/platform.h"
+#include "text/encoding.h"
 #include "ui/card_search.h"
 #include "ui/deck_chart.h"
 #include "ui/forms.h"

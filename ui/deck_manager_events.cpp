@@ -2,18 +2,20 @@
 #include <algorithm>
 
 #include "core/cards.h"
-#include "core/pages.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "data/player_files.h"
-#include "editor/editor_opening.h"
 #include "game/card_sorting.h"
 #include "game/deck_rules.h"
-#include "platform/platform.h"
+#include "game/player_files.h"
+#include "pages/card_pages.h"
+#include "pages/page_files.h"
 #include "script/run_action.h"
 #include "script/stored_cards.h"
-#include "ui/card_pages.h"
+#include "text/addresses.h"
+#include "ui/card_description.h"
 #include "ui/deck_manager.h"
+#include "ui/editor_door.h"
 #include "ui/test_position.h"
 
 namespace brindlemoor {
@@ -90,7 +92,7 @@ void DeckManager::PickCard(CardList list, int position) {
 
 void DeckManager::ChangeImage(CardList list, int position) {
   ChangingImage = 0;
-  EditCardImage(Cards(list)[position]);
+  TheEditorDoor().EditCardImage(Cards(list)[position]);
   ForgetPreviews();
   UpdateDecks();
 }
@@ -284,7 +286,7 @@ bool DeckManager::Form_QueryClose() {
     return false;
   }
   if (state.DeckManagerMode == kTestPosition) {
-    BackToCardEditor();
+    TheEditorDoor().BackToCardEditor();
     return false;
   }
   if (state.DeckManagerMode != kOwnCards) return false;

@@ -2,16 +2,17 @@
 #include <array>
 
 #include "core/cards.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "core/traits.h"
 #include "data/card_reader.h"
 #include "data/opponent_files.h"
-#include "data/player_files.h"
 #include "data/profiles.h"
 #include "data/starter_deck_file.h"
 #include "game/game_list.h"
-#include "platform/platform.h"
+#include "game/player_files.h"
+#include "language/traits.h"
+#include "script/card_setup.h"
 #include "ui/deck_manager.h"
 
 namespace brindlemoor {

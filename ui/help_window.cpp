@@ -1,10 +1,10 @@
 // The window of the help pages.
 #include "ui/help_window.h"
 
-#include "core/pages.h"
-#include "core/text.h"
-#include "platform/platform.h"
+#include "core/desktop.h"
+#include "pages/page_files.h"
 #include "reference/reference_page.h"
+#include "text/text.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {

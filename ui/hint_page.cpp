@@ -3,11 +3,11 @@
 
 #include <utility>
 
-#include "core/pages.h"
 #include "core/state.h"
 #include "game/hints.h"
+#include "pages/card_pages.h"
+#include "pages/page_files.h"
 #include "platform/platform.h"
-#include "ui/card_pages.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
@@ -44,7 +44,7 @@ void ShowHint() {
   if (state.TurnRunning == 1 || state.GameOver == 1) return;
   if (state.CurrentGame == 0 && state.TestFromEditor == 0) return;
   std::string outer = std::exchange(state.PageText, HintPage());
-  TheMainWindow().Links.DescribedCard = 0;
+  State().Links.DescribedCard = 0;
   WritePage("CardDesc.html", "#000000");
   ShowInView(TheMainWindow().CardDescWB, "CardDesc.html");
   state.PageText = std::move(outer);

@@ -5,16 +5,19 @@
 #include <string_view>
 
 #include "core/cards.h"
-#include "core/fold.h"
-#include "core/pages.h"
+#include "core/desktop.h"
 #include "core/paths.h"
+#include "core/replacing.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "core/traits.h"
 #include "game/match_start.h"
-#include "platform/platform.h"
-#include "script/target_types.h"
-#include "ui/card_pages.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "pages/card_pages.h"
+#include "pages/page_files.h"
+#include "text/addresses.h"
+#include "text/fold.h"
+#include "ui/card_description.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
@@ -56,8 +59,7 @@ int NumberField(std::string_view url, int field) {
 /// Slot of the card that a "CARD" link names, 0 for none and for one that the report does not show.
 int LinkedSlot(std::string_view url) {
   const int slot = FindSlot(url.substr(kCardLink.size()));
-  const bool shown =
-      slot != 0 && TheMainWindow().Links.Cards.contains(State().CardTable[slot].GlobalID);
+  const bool shown = slot != 0 && State().Links.Cards.contains(State().CardTable[slot].GlobalID);
   return shown ? slot : 0;
 }
 
@@ -170,7 +172,7 @@ bool WB_BeforeNavigate(const std::string& address) {
   }
   // Views hand the scheme over in lower case.
   if (FoldEquals(form, "GAME")) {
-    if (!TheMainWindow().Links.Games) return true;
+    if (!State().Links.Games) return true;
     ChooseGame(NumberField(url, 2), NumberField(url, 3));
     ShowStore();
     return true;
@@ -198,7 +200,7 @@ bool CardDescWB_BeforeNavigate(const std::string& address) {
   const int slot = FindSlot(FieldAt(url, 2, ':'));
   if (slot == 0) return true;
   Card& card = state.CardTable[slot];
-  if (card.GlobalID != TheMainWindow().Links.DescribedCard) return true;
+  if (card.GlobalID != State().Links.DescribedCard) return true;
   const int index = NumberField(url, 3);
   if (!card.Effects.Holds(index) || index > 255) return true;
   state.MenuEffect = static_cast<std::uint8_t>(index);

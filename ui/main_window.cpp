@@ -2,19 +2,20 @@
 #include "ui/main_window.h"
 
 #include "core/cards.h"
-#include "core/pages.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/program_version.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "data/player_files.h"
-#include "editor/editor_opening.h"
 #include "game/plans.h"
+#include "game/player_files.h"
 #include "game/program_start.h"
 #include "game/turn.h"
+#include "pages/card_pages.h"
+#include "pages/page_files.h"
 #include "platform/arrangement.h"
-#include "platform/platform.h"
-#include "ui/card_pages.h"
+#include "ui/card_description.h"
+#include "ui/editor_door.h"
 #include "ui/forms.h"
 #include "ui/hint_page.h"
 #include "ui/link_protocol.h"
@@ -121,7 +122,7 @@ namespace {
 /// To the list of games; a test game leads back to the editor that began it.
 void LeaveEndedGame() {
   if (State().TestFromEditor == 1) {
-    BackToCardEditor();
+    TheEditorDoor().BackToCardEditor();
   } else {
     NewGame();
   }
@@ -192,7 +193,7 @@ void MainWindow::deckmanagermen_Click() {
   if (State().TurnRunning == 0) ShowDeckManagerInGame();
 }
 
-void MainWindow::EditMen_Click() { OpenCardEditor(); }
+void MainWindow::EditMen_Click() { TheEditorDoor().OpenCardEditor(); }
 
 void MainWindow::saveplrmen_Click() {
   const OwnedTargets targets;
@@ -222,7 +223,7 @@ bool MainWindow::Form_QueryClose() {
     Desktop().EndProgram();
     return false;
   }
-  BackToCardEditor();
+  TheEditorDoor().BackToCardEditor();
   return true;  // it has hidden this window
 }
 
@@ -250,7 +251,7 @@ void UpdateHand() {
 }
 
 void BlankSideViews() {
-  TheMainWindow().Links.DescribedCard = 0;
+  State().Links.DescribedCard = 0;
   TheMainWindow().LastHovered = {};
   for (BrowserView* view : {&TheMainWindow().InPlayWB, &TheMainWindow().CardDescWB}) {
     if (!view->Url.Get().ends_with("/blank.htm")) ShowInView(*view, "blank.htm");
@@ -310,6 +311,8 @@ void CompactQueue() {
     }
   }
 }
+
+void ShowMain(std::string_view file) { ShowInView(TheMainWindow().WB, file); }
 
 void PaintImage(std::string_view file) { TheMainWindow().Picture1.Picture = std::string(file); }
 

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "platform/controls.h"
-#include "ui/shown_links.h"
 
 namespace brindlemoor {
 
@@ -43,7 +42,6 @@ struct MainWindow : Form {
     bool operator==(const HandCard&) const = default;
   };
   HandCard LastHovered;  ///< what the pointer showed last
-  ShownLinks Links;
 
   void Form_Load();
   void Command1_Click();
@@ -62,6 +60,8 @@ struct MainWindow : Form {
   bool Form_QueryClose();
 };
 
+/// Shows a file of the program's folder in the main view, lets events run and empties PageText.
+void ShowMain(std::string_view file);
 /// Shows the hand of side 1 in the strip.
 void UpdateHand();
 /// Hides the strip.

@@ -3,8 +3,8 @@
 
 #include "core/cards.h"
 #include "core/state.h"
+#include "language/target_types.h"
 #include "script/stored_cards.h"
-#include "script/target_types.h"
 #include "ui/link_protocol.h"
 
 namespace brindlemoor {

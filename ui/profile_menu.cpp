@@ -3,11 +3,11 @@
 
 #include <algorithm>
 
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "data/player_files.h"
 #include "data/profiles.h"
-#include "platform/platform.h"
+#include "game/player_files.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {

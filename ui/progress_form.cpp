@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "platform/platform.h"
+#include "core/desktop.h"
 
 namespace brindlemoor {
 

@@ -2,9 +2,9 @@
 #include <array>
 
 #include "apps/brindle/commands.h"
-#include "game/automatic_match.h"
 #include "journal/journal_writer.h"
 #include "journal/match_journal.h"
+#include "simulation/automatic_match.h"
 
 namespace brindlemoor {
 

@@ -4,8 +4,8 @@
 #include "apps/brindle/commands.h"
 #include "check/game_check.h"
 #include "core/state.h"
-#include "game/automatic_match.h"
 #include "platform/headless/headless_platform.h"
+#include "simulation/automatic_match.h"
 
 namespace brindlemoor {
 

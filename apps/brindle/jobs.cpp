@@ -14,7 +14,7 @@
 #include <unistd.h>
 #include <utility>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

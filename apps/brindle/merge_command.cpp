@@ -3,9 +3,9 @@
 
 #include "apps/brindle/commands.h"
 #include "apps/brindle/report_output.h"
-#include "core/encoding.h"
-#include "core/text.h"
 #include "platform/files.h"
+#include "text/encoding.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

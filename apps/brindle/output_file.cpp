@@ -9,8 +9,8 @@
 #include <system_error>
 #include <unistd.h>
 
-#include "core/text.h"
 #include "platform/files.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <unistd.h>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

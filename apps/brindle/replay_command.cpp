@@ -6,12 +6,12 @@
 
 #include "apps/brindle/commands.h"
 #include "core/program_version.h"
-#include "core/text.h"
 #include "journal/journal.h"
 #include "journal/match_journal.h"
 #include "journal/session_journal.h"
 #include "platform/files.h"
 #include "simulation/report.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "apps/brindle/output_file.h"
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -4,11 +4,11 @@
 #include <filesystem>
 
 #include "apps/brindle/commands.h"
-#include "core/text.h"
 #include "scenario/card_places.h"
 #include "scenario/scenario_fields.h"
 #include "scenario/scenario_run.h"
 #include "scenario/scenario_words.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

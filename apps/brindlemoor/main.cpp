@@ -11,9 +11,9 @@
 #include "apps/brindlemoor/program_folder.h"
 #include "core/program_version.h"
 #include "core/state.h"
-#include "core/text.h"
 #include "editor/compose_folder.h"
 #include "editor/picture_files.h"
+#include "editor/program_session.h"
 #include "game/program_start.h"
 #include "journal/journal_writer.h"
 #include "journal/recording_platform.h"
@@ -22,6 +22,7 @@
 #include "platform/qt/geometry_report.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/style.h"
+#include "text/text.h"
 #include "ui/forms.h"
 
 namespace {
@@ -103,9 +104,7 @@ int Play(const Options& options) {
       return kFailed;
     }
   }
-  State() = Session{};
-  State().Desktop = desktop;
-  State().ProgramFolder = State().CurrentFolder = place.Folder;
+  OpenProgramSession(desktop, place.Folder);
   State().DebugMode = options.Debug ? 1 : 0;
   Run(desktop, journal);
   report.reset();
@@ -129,10 +128,9 @@ int Compose(const Options& options) {
     std::fprintf(stderr, "brindlemoor: %s\n", place.Error.c_str());
     return kFailed;
   }
-  State() = Session{};
-  State().Desktop = std::make_shared<UnseenDesktop>(std::make_unique<LocalFileSystem>(),
-                                                    place.Folder, std::nullopt);
-  State().ProgramFolder = State().CurrentFolder = place.Folder;
+  OpenProgramSession(std::make_shared<UnseenDesktop>(std::make_unique<LocalFileSystem>(),
+                                                     place.Folder, std::nullopt),
+                     place.Folder);
   const int quality = static_cast<int>(options.Quality.value_or(kMainQuality));
   const FolderComposition composed = ComposeFolderImages(quality);
   State() = Session{};

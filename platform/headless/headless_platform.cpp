@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "core/paths.h"
-#include "core/text.h"
 #include "platform/controls.h"
+#include "text/addresses.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

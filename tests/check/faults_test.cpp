@@ -8,8 +8,8 @@
 #include "check/checked_file.h"
 #include "check/game_check.h"
 #include "core/state.h"
-#include "core/text.h"
 #include "platform/headless/headless_platform.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 namespace {

@@ -2,6 +2,7 @@
 #include "core/paths.h"
 
 #include "tests/support/session_test.h"
+#include "text/addresses.h"
 
 namespace brindlemoor {
 namespace {

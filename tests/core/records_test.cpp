@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/joined.h"
 #include "script/parsed_script.h"
+#include "text/joined.h"
 
 namespace brindlemoor {
 namespace {

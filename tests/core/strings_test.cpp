@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/limits.h"
+#include "core/replacing.h"
 #include "core/state.h"
 
 namespace brindlemoor {

@@ -2,7 +2,8 @@
 #include "data/card_file_writer.h"
 
 #include "data/card_writer.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "script/card_setup.h"
 #include "tests/support/saved_cards.h"
 #include "tests/support/session_test.h"
 

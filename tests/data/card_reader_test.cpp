@@ -5,7 +5,7 @@
 
 #include "core/strings.h"
 #include "data/directives.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
 #include "tests/support/saved_cards.h"
 #include "tests/support/session_test.h"
 

@@ -1,6 +1,7 @@
 // A deck saved as an opponent.
 #include "data/opponent_files.h"
 
+#include "core/replacing.h"
 #include "core/strings.h"
 #include "game/game_list.h"
 #include "tests/support/saved_cards.h"

@@ -1,12 +1,15 @@
 // What the program writes comes back whole, and is written again byte for byte.
 #include <functional>
 
+#include "core/replacing.h"
 #include "core/strings.h"
 #include "data/card_file_writer.h"
 #include "data/card_writer.h"
 #include "data/opponent_files.h"
-#include "data/player_files.h"
-#include "script/target_types.h"
+#include "game/player_files.h"
+#include "language/target_types.h"
+#include "script/card_setup.h"
+#include "script/trait_changes.h"
 #include "tests/support/saved_cards.h"
 #include "tests/support/session_test.h"
 

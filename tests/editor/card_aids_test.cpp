@@ -1,8 +1,10 @@
 // What helps the author of a card: quiet lines, the preview and the search.
 #include <chrono>
 
+#include "core/desktop.h"
 #include "editor/card_find.h"
 #include "editor/script_hints.h"
+#include "script/card_setup.h"
 #include "tests/editor/card_edit_test.h"
 #include "ui/forms.h"
 

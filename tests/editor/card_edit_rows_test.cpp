@@ -5,7 +5,9 @@
 #include <iterator>
 
 #include "core/strings.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "script/card_setup.h"
+#include "script/trait_changes.h"
 #include "tests/editor/card_edit_test.h"
 
 namespace brindlemoor {

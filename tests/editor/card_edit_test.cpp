@@ -2,7 +2,8 @@
 #include "tests/editor/card_edit_test.h"
 
 #include "core/strings.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "script/card_setup.h"
 #include "tests/support/played_pictures.h"
 
 namespace brindlemoor {

@@ -1,7 +1,8 @@
 // Undo and redo in the card editor.
 #include "editor/card_history.h"
 
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "script/card_setup.h"
 #include "tests/editor/card_edit_test.h"
 #include "tests/support/played_pictures.h"
 

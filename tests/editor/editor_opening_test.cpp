@@ -1,11 +1,12 @@
 // The way into the card editor and back, its test games, and what the player owns meanwhile.
 #include "editor/editor_opening.h"
 
-#include "data/player_files.h"
 #include "game/match_start.h"
+#include "game/player_files.h"
 #include "game/program_start.h"
 #include "game/turn.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "script/card_setup.h"
 #include "tests/editor/card_edit_test.h"
 #include "tests/support/played_pictures.h"
 #include "ui/forms.h"
@@ -66,7 +67,7 @@ class EditorOpeningTest : public CardEditTest {
 };
 
 TEST_F(EditorOpeningTest, TheGameGoesOnWhereItWasWhenTheEditorIsLeft) {
-  main_.Links.Cards = {77};  // what its report links to
+  State().Links.Cards = {77};  // what its report links to
   EnterWithCards();
   EXPECT_TRUE(form_.Shown && !main_.Shown);
   EXPECT_EQ(Names(State().Collection), "Imp Ogre ");
@@ -104,7 +105,7 @@ TEST_F(EditorOpeningTest, TheGameGoesOnWhereItWasWhenTheEditorIsLeft) {
                    int{State().TestFromEditor}, main_.Command1.Caption.Get()),
             "77000Take Turn");
   EXPECT_EQ(desktop_->Pages["WB"], report_);
-  EXPECT_EQ(main_.Links.Cards, (std::set<std::int32_t>{77})) << "its cards can be clicked again";
+  EXPECT_EQ(State().Links.Cards, (std::set<std::int32_t>{77})) << "its cards can be clicked again";
   main_.saveplrmen.Click();
   EXPECT_NE(ReadFile("Ann_Goblins.plr").find("Decked"), std::string::npos);
 }

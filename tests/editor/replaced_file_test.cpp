@@ -1,7 +1,8 @@
 // Saves over files: what the editor wrote is replaced unasked, what others added is not lost.
 #include "editor/replaced_file.h"
 
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "script/card_setup.h"
 #include "tests/editor/card_edit_test.h"
 
 namespace brindlemoor {

@@ -2,7 +2,8 @@
 #include "editor/unsaved_copy.h"
 
 #include "editor/editor_opening.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "script/card_setup.h"
 #include "tests/editor/card_edit_test.h"
 #include "ui/forms.h"
 

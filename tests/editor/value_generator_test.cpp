@@ -2,7 +2,7 @@
 #include "editor/value_generator.h"
 
 #include "editor/editor_forms.h"
-#include "script/values.h"
+#include "language/values.h"
 #include "tests/support/session_test.h"
 
 namespace brindlemoor {

@@ -13,14 +13,17 @@
 #include "core/cards.h"
 #include "core/random.h"
 #include "core/state.h"
-#include "core/traits.h"
-#include "data/player_files.h"
 #include "data/profiles.h"
 #include "editor/card_edit.h"
 #include "editor/editor_forms.h"
+#include "editor/program_session.h"
 #include "game/match_start.h"
+#include "game/player_files.h"
 #include "game/program_start.h"
+#include "language/traits.h"
 #include "platform/headless/headless_platform.h"
+#include "script/card_setup.h"
+#include "script/trait_changes.h"
 #include "tests/faults/system_calls.h"
 #include "tests/support/played_pictures.h"
 #include "ui/forms.h"
@@ -153,12 +156,10 @@ class SavingFaultsTest : public testing::TestWithParam<Saving> {
   }
   /// A fresh program in the folder, in a game.
   HeadlessPlatform& Begin() const {
-    State() = Session{};
     auto desktop = std::make_shared<HeadlessPlatform>(std::make_unique<LocalFileSystem>());
     desktop->AcceptMessages = true;
     HeadlessPlatform& kept = *desktop;
-    State().Desktop = std::move(desktop);
-    State().ProgramFolder = State().CurrentFolder = folder_;
+    OpenProgramSession(std::move(desktop), folder_);
     State().Profile.PlayerName = "Ann";
     NewGame();
     State().Games.Reset(1);

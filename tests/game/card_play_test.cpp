@@ -1,6 +1,7 @@
 // Paying for cards, tests that leave no trace, the enemy's menu actions and the end of bonuses.
 #include "game/card_play.h"
 
+#include "script/trait_changes.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
 

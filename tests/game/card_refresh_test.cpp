@@ -1,6 +1,8 @@
 // Stored cards brought up to date with their source files.
 #include "game/card_refresh.h"
 
+#include "script/card_setup.h"
+#include "script/trait_changes.h"
 #include "tests/support/session_test.h"
 
 namespace brindlemoor {

@@ -4,10 +4,10 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-#include "game/automatic_match.h"
-#include "game/automatic_player.h"
 #include "game/turn.h"
 #include "scenario/state_digest.h"
+#include "simulation/automatic_match.h"
+#include "simulation/automatic_player.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
 

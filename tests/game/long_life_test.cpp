@@ -2,8 +2,8 @@
 // turns and 1,000 matches.
 #include <iostream>
 
-#include "game/automatic_player.h"
 #include "game/turn.h"
+#include "simulation/automatic_player.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/process_size.h"
 #include "tests/support/shipped_games.h"

@@ -2,6 +2,8 @@
 #include "game/match_start.h"
 
 #include "data/card_reader.h"
+#include "script/card_setup.h"
+#include "script/trait_changes.h"
 #include "tests/support/session_test.h"
 #include "ui/forms.h"
 

@@ -1,6 +1,7 @@
 // What the computer opponent's cards are worth, and what it plays.
 #include "game/opponent.h"
 
+#include "script/trait_changes.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
 

@@ -1,7 +1,8 @@
 // Program start and the reset of a new game.
 #include "game/program_start.h"
 
-#include "script/messages.h"
+#include "editor/program_session.h"
+#include "pages/messages.h"
 #include "tests/support/session_test.h"
 #include "ui/forms.h"
 
@@ -11,10 +12,7 @@ namespace {
 class ProgramStartTest : public SessionTest {
  protected:
   ProgramStartTest() {
-    const auto desktop = State().Desktop;
-    State() = Session{};
-    State().Desktop = desktop;
-    State().ProgramFolder = kFolder;
+    OpenProgramSession(State().Desktop, kFolder);
     State().Profile.PlayerName = "Ann";
     WriteFile("Goblins.txt",
               "#GAMERULES,Goblins,,#112233,gob,g.htm\n"

@@ -1,8 +1,8 @@
 // The game that comes with the program: its files, its starter decks and stores, and a match that
 // is lost by doing nothing.
-#include "core/traits.h"
 #include "game/deck_rules.h"
 #include "game/turn.h"
+#include "language/traits.h"
 #include "tests/support/shipped_games.h"
 #include "ui/forms.h"
 

@@ -1,6 +1,7 @@
 // The turn: card plays, the order of the steps, and the report page.
 #include "game/turn.h"
 
+#include "script/card_setup.h"
 #include "script/triggers.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"

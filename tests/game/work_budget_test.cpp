@@ -3,6 +3,7 @@
 
 #include "game/card_play.h"
 #include "game/turn.h"
+#include "script/card_entry.h"
 #include "script/run_action.h"
 #include "script/triggers.h"
 #include "tests/support/action_cards.h"

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include "core/state.h"
-#include "core/text.h"
 #include "journal/journal_writer.h"
 #include "journal/recording_platform.h"
 #include "journal/replay_files.h"
@@ -14,6 +13,7 @@
 #include "journal/session_journal.h"
 #include "platform/headless/headless_platform.h"
 #include "tests/journal/recorded_session.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 namespace {

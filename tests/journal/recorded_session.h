@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "core/state.h"
+#include "editor/program_session.h"
 #include "game/program_start.h"
 #include "journal/journal_writer.h"
 #include "journal/recording_platform.h"
@@ -56,10 +57,8 @@ class RecordedSession : public testing::Test {
     desktop_ = desktop.get();
     desktop_->AcceptMessages = true;
     WriteSessionHead(writer, {Folder(), false, 7}, desktop->Files());
-    State() = Session{};
     auto recorder = std::make_shared<RecordingPlatform>(desktop, writer, Folder());
-    State().Desktop = recorder;
-    State().ProgramFolder = State().CurrentFolder = Folder();
+    OpenProgramSession(recorder, Folder());
     desktop_->ModalForms.emplace_back([this](Form& menu) {
       const bool known = std::filesystem::exists(root_ / "game/PlayerProfiles.txt");
       if (!known) desktop_->TextAnswers = {"Ann"};

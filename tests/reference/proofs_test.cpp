@@ -10,9 +10,9 @@
 #include <unistd.h>
 #include <vector>
 
+#include "lint/reaction_check.h"
 #include "scenario/scenario_run.h"
 #include "scenario/scenario_text.h"
-#include "script/reaction_check.h"
 #include "tests/reference/word_tables.h"
 
 namespace brindlemoor {

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "check/game_check.h"
-#include "core/quoting.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "platform/headless/headless_platform.h"
@@ -17,6 +16,7 @@
 #include "reference/notes.h"
 #include "reference/reference_page.h"
 #include "tests/reference/word_tables.h"
+#include "text/quoting.h"
 
 namespace brindlemoor {
 namespace {

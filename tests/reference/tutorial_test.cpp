@@ -10,9 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "core/replacing.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "game/automatic_match.h"
+#include "simulation/automatic_match.h"
 
 namespace brindlemoor {
 namespace {

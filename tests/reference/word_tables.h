@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "core/text.h"
 #include "data/directives.h"
+#include "language/target_types.h"
+#include "language/values.h"
+#include "pages/messages.h"
 #include "reference/examples.h"
 #include "script/command_table.h"
-#include "script/messages.h"
-#include "script/target_types.h"
-#include "script/values.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

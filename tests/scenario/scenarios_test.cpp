@@ -7,11 +7,11 @@
 #include <set>
 #include <sstream>
 
-#include "core/text.h"
 #include "scenario/card_places.h"
 #include "scenario/scenario_fields.h"
 #include "scenario/scenario_run.h"
 #include "scenario/scenario_words.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 namespace {

@@ -9,8 +9,8 @@
 #include <unistd.h>
 #include <vector>
 
-#include "core/text.h"
 #include "scenario/scenario_run.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 namespace {

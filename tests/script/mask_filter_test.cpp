@@ -4,8 +4,10 @@
 #include <random>
 
 #include "data/card_reader.h"
+#include "script/card_setup.h"
 #include "script/effect_masks.h"
 #include "script/run_action.h"
+#include "script/trait_changes.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
 

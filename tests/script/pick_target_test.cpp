@@ -2,6 +2,7 @@
 #include <set>
 
 #include "core/random.h"
+#include "script/trait_changes.h"
 #include "script/triggers.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"

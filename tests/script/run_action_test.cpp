@@ -2,8 +2,9 @@
 #include "script/run_action.h"
 
 #include "core/limits.h"
-#include "core/text.h"
+#include "script/card_setup.h"
 #include "tests/script/run_test.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 namespace {

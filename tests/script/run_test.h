@@ -4,8 +4,9 @@
 #include <string>
 #include <string_view>
 
+#include "language/target_types.h"
+#include "script/card_setup.h"
 #include "script/run_action.h"
-#include "script/target_types.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
 

@@ -1,6 +1,7 @@
 // Merging trait actions by the call; tests/scenarios/trait_actions.txt has what they do to cards.
 #include "script/trait_actions.h"
 
+#include "script/card_setup.h"
 #include "script/triggers.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"

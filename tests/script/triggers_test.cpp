@@ -6,6 +6,7 @@
 
 #include "core/limits.h"
 #include "core/random.h"
+#include "script/trait_changes.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
 

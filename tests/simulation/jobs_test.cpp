@@ -14,7 +14,7 @@
 #include <thread>
 #include <unistd.h>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 namespace {

@@ -9,11 +9,11 @@
 #include <unistd.h>
 
 #include "core/state.h"
-#include "core/text.h"
 #include "simulation/report.h"
 #include "simulation/stage.h"
 #include "simulation/totals_file.h"
 #include "tests/simulation/merged_shards.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "core/text.h"
 #include "simulation/stage.h"
 #include "tests/simulation/merged_shards.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 namespace {

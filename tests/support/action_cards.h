@@ -9,8 +9,9 @@
 
 #include "core/cards.h"
 #include "core/state.h"
-#include "core/traits.h"
-#include "script/target_types.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "script/card_setup.h"
 
 namespace brindlemoor {
 

@@ -8,9 +8,12 @@
 
 #include "core/cards.h"
 #include "core/state.h"
-#include "core/traits.h"
+#include "editor/program_session.h"
+#include "language/traits.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/memory_files.h"
+#include "script/card_setup.h"
+#include "script/trait_changes.h"
 
 namespace brindlemoor {
 
@@ -29,14 +32,11 @@ class SessionTest : public ::testing::Test {
   static constexpr const char* kFolder = "/game";
 
   SessionTest() {
-    State() = Session{};
     auto files = std::make_unique<MemoryFileSystem>();
     files_ = files.get();
     auto desktop = std::make_shared<HeadlessPlatform>(std::move(files));
     desktop_ = desktop.get();
-    State().Desktop = std::move(desktop);
-    State().ProgramFolder = kFolder;
-    State().CurrentFolder = kFolder;
+    OpenProgramSession(std::move(desktop), kFolder);
     for (int bit = 1; bit <= 64; ++bit) {
       State().BitValues[static_cast<std::size_t>(bit)] = std::uint64_t{1} << (bit - 1);
     }

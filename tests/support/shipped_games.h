@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "data/player_files.h"
 #include "game/match_start.h"
+#include "game/player_files.h"
 #include "game/program_start.h"
 #include "tests/support/session_test.h"
 #include "ui/forms.h"

@@ -1,6 +1,7 @@
 // The drawing of a deck: what its bars count.
 #include "ui/deck_chart.h"
 
+#include "script/card_setup.h"
 #include "tests/support/session_test.h"
 
 namespace brindlemoor {

@@ -4,9 +4,12 @@
 #include "core/paths.h"
 #include "game/game_list.h"
 #include "game/turn.h"
+#include "pages/card_pages.h"
+#include "script/trait_changes.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
-#include "ui/card_pages.h"
+#include "text/addresses.h"
+#include "ui/card_description.h"
 #include "ui/forms.h"
 #include "ui/hint_page.h"
 
@@ -24,7 +27,7 @@ class LinkProtocolTest : public SessionTest {
     for (const char* target : {"SELF", "TARGETCARD", "COLLECTION"}) {
       GiveAction(*goblin_, "MENU:PHASE1:Heal", target, "MODTRAIT:HP:1");
     }
-    TheMainWindow().Links = {.Games = true, .Cards = {111, 222}, .DescribedCard = 111};
+    State().Links = {.Games = true, .Cards = {111, 222}, .DescribedCard = 111};
     for (int position = 1; position <= 3; ++position) {
       State().Players[1].Hand[position] = MakeCard(Joined("C", position), 1);
     }
@@ -90,7 +93,7 @@ TEST_F(LinkProtocolTest, ClicksCountInFoldersOfAnyName) {
         EXPECT_EQ(State().SelectedSlot, ogre_->Slot) << address;
       }
       EXPECT_FALSE(WB_BeforeNavigate(address + "x/CARD222")) << "another folder";
-      TheMainWindow().Links.DescribedCard = 111;
+      State().Links.DescribedCard = 111;
       EXPECT_TRUE(CardDescWB_BeforeNavigate(address + "/menuaction:111:1")) << address;
       EXPECT_EQ(int{goblin_->Effects[1].MenuState}, int{kArmedMenuAction}) << address;
       CardDescWB_BeforeNavigate("menuaction:111:1");
@@ -104,7 +107,7 @@ TEST_F(LinkProtocolTest, ALinkThatTheProgramDoesNotShowIsNoCommand) {
     return Joined(State().SelectedSlot, " ", State().CurrentGame, " ", int{State().TurnRunning},
                   " ", int{goblin_->Effects[1].MenuState}, " ", desktop_->Navigations.size());
   };
-  TheMainWindow().Links = {.Cards = {222}, .DescribedCard = 222};
+  State().Links = {.Cards = {222}, .DescribedCard = 222};
   State().Games.Reset(1);
   State().Games[1].OpponentFiles.Reset(1);
   State().Games[1].OpponentFiles[1] = "opponent.txt";
@@ -115,7 +118,7 @@ TEST_F(LinkProtocolTest, ALinkThatTheProgramDoesNotShowIsNoCommand) {
     InPlayWB_BeforeNavigate(url);
   }
   EXPECT_TRUE(CardDescWB_BeforeNavigate("MENUACTION:111:1")) << "another card's page is shown";
-  TheMainWindow().Links.DescribedCard = 0;
+  State().Links.DescribedCard = 0;
   for (const char* url : {"MENUACTION:0:1", "MENUACTION::1", "MENUACTION:111:1"}) {
     EXPECT_TRUE(CardDescWB_BeforeNavigate(url)) << url << " while no card is shown";
   }
@@ -143,7 +146,7 @@ TEST_F(LinkProtocolTest, OnlyMenuActionsCanBeArmed) {
 
 /// The texts on such a page may imitate what the page before it offered.
 TEST_F(LinkProtocolTest, APageWithoutCommandsTakesThoseOfThePageBeforeBack) {
-  const ShownLinks& links = TheMainWindow().Links;
+  const ShownLinks& links = State().Links;
   State().CurrentGame = 1;
   ShowCardDescription(*goblin_, 1);
   EXPECT_EQ(links.DescribedCard, 111);
@@ -154,7 +157,7 @@ TEST_F(LinkProtocolTest, APageWithoutCommandsTakesThoseOfThePageBeforeBack) {
   EXPECT_EQ(links.DescribedCard, 0);
   Card hand = *goblin_;
   hand.InPlay = 0;
-  TheMainWindow().Links.DescribedCard = 111;
+  State().Links.DescribedCard = 111;
   ShowCardDescription(hand, 1);
   EXPECT_EQ(links.DescribedCard, 0) << "a card of the hand has no menu yet";
 
@@ -173,7 +176,7 @@ TEST_F(LinkProtocolTest, APageWithoutCommandsTakesThoseOfThePageBeforeBack) {
 }
 
 TEST_F(LinkProtocolTest, WhatTheProgramShowsCanBeClicked) {
-  const ShownLinks& links = TheMainWindow().Links;
+  const ShownLinks& links = State().Links;
   goblin_->Thumb = ogre_->Thumb = "a.jpg";
   SetTrait(*ogre_, "INVISIBLE", "", 0);
   TakeTurn(1);

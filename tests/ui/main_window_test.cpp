@@ -4,6 +4,7 @@
 #include "game/turn.h"
 #include "reference/reference_page.h"
 #include "scenario/state_digest.h"
+#include "script/card_setup.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
 #include "ui/forms.h"
@@ -83,7 +84,7 @@ TEST_F(MainWindowTest, OnlyAPlayWithoutATargetAwaitsOne) {
   Card& lamp = PutInPlay(MakeCard("Lamp", 1));
   GiveAction(lamp, "MENU:PHASE1:Burn", "TARGETCARD", "MODTRAIT:HP:-1");
   const auto look = [this](const Card& card) {
-    window_.Links.Cards = {card.GlobalID};
+    State().Links.Cards = {card.GlobalID};
     WB_BeforeNavigate(Joined("CARD", card.GlobalID));
   };
   look(crab);
@@ -95,7 +96,7 @@ TEST_F(MainWindowTest, OnlyAPlayWithoutATargetAwaitsOne) {
   EXPECT_EQ(State().SelectedSlot, lamp.Slot) << "it is shown";
 
   // The menu action waits for its target; a click on the hand ends that.
-  window_.Links.DescribedCard = lamp.GlobalID;
+  State().Links.DescribedCard = lamp.GlobalID;
   CardDescWB_BeforeNavigate(Joined("MENUACTION:", lamp.GlobalID, ":1"));
   Click(2);
   EXPECT_EQ(State().AwaitingMenuTarget, 0);

@@ -4,8 +4,10 @@
 #include <QFile>
 #include <iostream>
 
+#include "core/desktop.h"
 #include "core/state.h"
 #include "editor/editor_forms.h"
+#include "editor/program_session.h"
 #include "game/program_start.h"
 #include "tests/support/process_size.h"
 #include "tests/windows/desktop_test.h"
@@ -24,9 +26,8 @@ class WindowLifeTest : public DesktopTest {
       EXPECT_TRUE(file.open(QIODevice::WriteOnly));
       file.write("page");
     }
-    State() = Session{};
-    State().Desktop = std::shared_ptr<Platform>(std::move(desktop_));
-    State().ProgramFolder = State().CurrentFolder = folder_.path().toStdString();
+    OpenProgramSession(std::shared_ptr<Platform>(std::move(desktop_)),
+                       folder_.path().toStdString());
     State().Profile.PlayerName = "Ann";
     NewGame();
   }

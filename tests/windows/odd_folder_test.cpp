@@ -8,18 +8,23 @@
 #include <QWebEngineScript>
 
 #include "core/cards.h"
+#include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "core/traits.h"
 #include "editor/card_preview.h"
 #include "editor/editor_forms.h"
+#include "editor/program_session.h"
 #include "game/game_list.h"
 #include "game/program_start.h"
 #include "game/turn.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "pages/card_pages.h"
 #include "platform/qt/page_view.h"
-#include "script/target_types.h"
+#include "script/card_entry.h"
+#include "script/card_setup.h"
+#include "script/trait_changes.h"
 #include "tests/windows/desktop_test.h"
-#include "ui/card_pages.h"
 #include "ui/forms.h"
 #include "ui/link_protocol.h"
 
@@ -38,9 +43,7 @@ class OddFolderTest : public DesktopTest, public testing::WithParamInterface<con
     Write("More.html", "<a href=Help.html>back</a> more help");
     desktop_ =
         std::make_unique<QtPlatform>(std::make_unique<LocalFileSystem>(), path_.toStdString(), 1);
-    State() = Session{};
-    State().Desktop = std::shared_ptr<Platform>(std::move(desktop_));
-    State().ProgramFolder = State().CurrentFolder = path_.toStdString();
+    OpenProgramSession(std::shared_ptr<Platform>(std::move(desktop_)), path_.toStdString());
     State().Profile.PlayerName = "Ann";
     NewGame();
     Desktop().ShowForm(TheMainWindow(), false);

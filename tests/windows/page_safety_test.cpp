@@ -11,17 +11,23 @@
 #include <algorithm>
 
 #include "core/cards.h"
-#include "core/pages.h"
+#include "core/desktop.h"
 #include "core/state.h"
-#include "core/traits.h"
 #include "data/card_reader.h"
+#include "editor/program_session.h"
 #include "game/game_list.h"
 #include "game/program_start.h"
 #include "game/turn.h"
+#include "language/target_types.h"
+#include "language/traits.h"
+#include "pages/card_pages.h"
+#include "pages/page_files.h"
 #include "platform/qt/page_view.h"
-#include "script/target_types.h"
+#include "script/card_entry.h"
+#include "script/card_setup.h"
+#include "script/trait_changes.h"
 #include "tests/windows/desktop_test.h"
-#include "ui/card_pages.h"
+#include "ui/card_description.h"
 #include "ui/forms.h"
 #include "ui/link_protocol.h"
 
@@ -80,9 +86,8 @@ class PageSafetyTest : public DesktopTest {
   PageSafetyTest() {
     EXPECT_TRUE(server_.listen(QHostAddress::LocalHost));
     QObject::connect(&server_, &QTcpServer::newConnection, [this] { ++connections_; });
-    State() = Session{};
-    State().Desktop = std::shared_ptr<Platform>(std::move(desktop_));
-    State().ProgramFolder = State().CurrentFolder = folder_.path().toStdString();
+    OpenProgramSession(std::shared_ptr<Platform>(std::move(desktop_)),
+                       folder_.path().toStdString());
     State().Profile.PlayerName = "Ann";
     Write("art/deep/outside.png", "x");  // too deep to belong to a page
     Write("blank.htm", "blank");

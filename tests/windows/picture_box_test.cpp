@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <tuple>
 
-#include "core/text.h"
 #include "platform/qt/style.h"
 #include "platform/raster.h"
 #include "tests/windows/desktop_test.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 namespace {

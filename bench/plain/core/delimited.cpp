@@ -1,5 +1,6 @@
 // Delimited strings of the plain engine: each field is looked for from the first character on, in a
 // copy that the delimiter closes.
+#include "core/replacing.h"
 #include "core/strings.h"
 
 namespace brindlemoor {

@@ -1,4 +1,6 @@
 // Replacing in texts of the plain engine: the search begins anew after each replacement.
+#include "core/replacing.h"
+
 #include <algorithm>
 
 #include "core/limits.h"

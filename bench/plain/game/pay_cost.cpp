@@ -1,9 +1,9 @@
 // Paying for cards in the plain engine: the whole table is copied before the test and put back
 // after it, and every card that could change the price is copied once more.
 #include "core/cards.h"
-#include "core/firing.h"
 #include "core/state.h"
 #include "game/card_play.h"
+#include "script/firing.h"
 #include "script/run_action.h"
 #include "script/triggers.h"
 

@@ -1,9 +1,9 @@
 // Splitting a script for each field, and looking words up from the first row of the tables on.
 #include "script/parsed_script.h"
 
-#include "core/fold.h"
 #include "core/strings.h"
 #include "script/command_table.h"
+#include "text/fold.h"
 
 namespace brindlemoor {
 

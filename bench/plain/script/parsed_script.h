@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/text.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 

@@ -1,0 +1,133 @@
+// Writing the player file, and the end of a game.
+#include "game/player_files.h"
+
+#include <algorithm>
+
+#include "core/cards.h"
+#include "core/desktop.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "data/card_reader.h"
+#include "data/card_reading.h"
+#include "data/card_writer.h"
+#include "data/field_text.h"
+#include "data/profiles.h"
+#include "data/saving.h"
+#include "game/card_refresh.h"
+#include "game/card_sorting.h"
+#include "game/windows.h"
+#include "text/text.h"
+
+namespace brindlemoor {
+
+namespace {
+
+void AppendCards(std::string& out, const Pile& pile, std::string_view location) {
+  for (const Card& stored : pile) {
+    if (IsFree(stored)) continue;
+    // The writer blanks what traits brought; the stored card keeps it.
+    Card card = stored;
+    out += CardToText(card, location);
+    out += kLineEnd;
+  }
+}
+
+std::string PlayerFileText() {
+  const Session& session = State();
+  std::string out = Joined("#PLAYERDECK", kLineEnd, kLineEnd, kLineEnd, "#TOKENS, ",
+                           session.Players[1].Tokens, kLineEnd, kLineEnd);
+  for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) {
+    AppendCards(out, session.Decks[deck].Cards, Joined("INPLAYERDECK:", deck));
+  }
+  AppendCards(out, session.Collection, "COLLECTION");
+  return out;
+}
+
+bool FitsFileName(char character) {
+  return static_cast<unsigned char>(character) >= 0x20 &&
+         kNotInFileNames.find(character) == std::string_view::npos;
+}
+
+/// Once for each damage: a copy that is there already has been told of.
+void KeepDamagedFile(std::string_view fileName, const Problem& problem) {
+  FileSystem& files = Desktop().Files();
+  const std::string path = FindCardFile(fileName);
+  const std::string copy = path + ".damaged";
+  const auto bytes = files.Read(path);
+  if (!bytes || files.Read(copy) == bytes) return;
+  const std::string failure = files.Write(copy, *bytes);
+  const std::string_view stop = problem.Message.ends_with('?') ? "" : ".";
+  Desktop().MessageBox(
+      Joined(FileNameOf(fileName), " is damaged.  Line ", problem.Line, ": ", problem.Message, stop,
+             failure.empty() ? "  A copy of it is kept as " : "  No copy could be kept as ",
+             FileNameOf(copy), "."));
+}
+
+}  // namespace
+
+bool ReadPlayerFile(std::string_view fileName) {
+  const std::vector<Problem>& problems = State().Problems;
+  const std::size_t before = problems.size();
+  const bool isThere = !FindCardFile(fileName).empty();
+  if (!ReadCardFile(fileName, State().Players[1], 0, "", 0) && isThere) {
+    Desktop().MessageBox(Joined("Can't read ", FileNameOf(fileName), "."));
+    return false;
+  }
+  if (problems.size() > before) KeepDamagedFile(fileName, problems[before]);
+  return true;
+}
+
+std::string PlayerFileName(int gameIndex) {
+  const Session& session = State();
+  if (!session.Games.Holds(gameIndex)) return "";
+  std::string name = Joined(session.Profile.PlayerName, "_", session.Games[gameIndex].Name, ".plr");
+  std::replace_if(
+      name.begin(), name.end(), [](char character) { return !FitsFileName(character); }, '_');
+  return name;
+}
+
+std::string OwnPlayerFileName() {
+  const Session& session = State();
+  return session.CurrentGame != 0 ? PlayerFileName(session.CurrentGame)
+                                  : FileNameOf(session.Profile.PlayerFile);
+}
+
+namespace {
+
+/// The second and third deck count as well: a player may have put everything there.
+bool OwnsCards() {
+  const Session& session = State();
+  bool owns = HoldsCards(session.Collection);
+  for (const DeckRec& deck : session.Decks) owns = owns || HoldsCards(deck.Cards);
+  return owns;
+}
+
+}  // namespace
+
+void WritePlayerFile(std::string_view fileName) {
+  Session& session = State();
+  // While the card editor is open the collection is not the player's.
+  if (session.DebugMode == 1 || session.Suspended != nullptr || fileName.empty()) return;
+  const std::string name(fileName);
+  session.SaleMode = 0;
+  RefreshCollection();
+  for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) SortDeck(deck);
+  SortCollection();
+  if (!OwnsCards()) return;
+  EnterProgramFolder();
+  if (!SaveOrTell(InCurrentFolder(name), name, PlayerFileText())) return;
+  session.Profile.PlayerFile = name;
+  SaveProfiles();
+}
+
+void EndGame() {
+  Session& session = State();
+  session.GameOver = 1;
+  session.PickingCard = 0;
+  session.DeckManagerMode = 0;
+  WritePlayerFile(PlayerFileName(session.CurrentGame));
+  Windows().HideHand();
+  Windows().SetTurnButton("End Game");
+}
+
+}  // namespace brindlemoor

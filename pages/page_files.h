@@ -1,0 +1,20 @@
+// Page files: composing text, writing it as an HTML file and showing it in a view.
+#pragma once
+
+#include <string_view>
+
+namespace brindlemoor {
+
+struct BrowserView;
+
+/// Appends to PageText.
+void AppendPage(std::string_view text);
+
+/// Writes PageText as an HTML file of the program's folder, line ends as "<br>" and base tags
+/// without effect. The colour is not used. PageText stays.
+void WritePage(std::string_view file, std::string_view color);
+
+/// Shows a file of the program's folder in a view, lets events run and empties PageText.
+void ShowInView(BrowserView& view, std::string_view file);
+
+}  // namespace brindlemoor

@@ -1,0 +1,15 @@
+// The page that describes a card in the view beside the report, and the card's picture above it.
+#pragma once
+
+#include <string>
+
+#include "core/records.h"
+
+namespace brindlemoor {
+
+/// Shows the card's picture and its description page with menu links.
+void ShowCardDescription(Card& card, int withBadges);
+/// The description as a fragment, for previews.
+std::string CardSummary(Card& card, int withBadges);
+
+}  // namespace brindlemoor
