@@ -10,24 +10,17 @@
 
 namespace brindlemoor {
 
-namespace {
-
-/// Index of the first named card with a GlobalID, 0 if there is none.
 int FindById(const Pile& pile, double globalId) {
+  SpendWorkOnSearch(static_cast<std::size_t>(pile.UpperBound()));
   for (int index = 1; index <= pile.UpperBound(); ++index) {
     if (pile[index].GlobalID == globalId && !IsFree(pile[index])) return index;
   }
   return 0;
 }
 
-}  // namespace
-
 int FindSlot(std::string_view globalId) { return FindSlot(NumericPrefix(globalId)); }
 
-int FindSlot(double globalId) {
-  SpendWorkOnSearch(static_cast<std::size_t>(State().CardTable.UpperBound()));
-  return FindById(State().CardTable, globalId);
-}
+int FindSlot(double globalId) { return FindById(State().CardTable, globalId); }
 
 int FindInCollection(double globalId) { return FindById(State().Collection, globalId); }
 

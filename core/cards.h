@@ -28,6 +28,9 @@ void QueuePending(const Card& card);
 /// True when a pile holds a card with a name.
 bool HoldsCards(const Pile& pile);
 
+/// Index of the first named card with a GlobalID, 0 if there is none.
+int FindById(const Pile& pile, double globalId);
+
 /// Exchanges every record of a pile with a random one of the whole pile.
 void ShuffleCards(Pile& pile);
 

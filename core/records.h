@@ -37,7 +37,7 @@ enum MenuStates : std::uint8_t {
 /// One action of a card. A record with an empty Script is free.
 struct CardEffect {
   Text Trigger;                 ///< trigger name; "COUNTER" marks a counter action
-  std::int32_t TargetType = 0;  ///< code of the target word (script/target_types.h)
+  std::int32_t TargetType = 0;  ///< code of the target word (language/target_types.h)
   Text TargetText;              ///< the target word as read
   Text Script;                  ///< action script
   std::uint8_t MenuState = kOrdinaryAction;

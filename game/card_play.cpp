@@ -1,17 +1,23 @@
-// The enemy's menu actions and the end of bonuses.
+// Playing a card from a hand, the enemy's menu actions and the end of bonuses.
 #include "game/card_play.h"
 
 #include "core/cards.h"
+#include "core/match_log.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "language/traits.h"
+#include "pages/card_pages.h"
+#include "script/card_entry.h"
 #include "script/parsed_script.h"
 #include "script/trait_changes.h"
 #include "script/triggers.h"
 #include "text/fold.h"
+#include "text/joined.h"
 
 namespace brindlemoor {
 namespace {
+
+constexpr int kPlaysPerRow = 5;
 
 bool IsBonusTrait(const TraitItem& item) {
   return item.Value() == "BONUS" || FoldStartsWith(item.View(), "BONUS");
@@ -45,6 +51,20 @@ void PlanMenuAction(Card& card, int effect) {
 }
 
 }  // namespace
+
+void PlayCells::AddCard(std::string_view picture) {
+  html_ += Joined("<td><center>", picture, "</td>");
+  if (++column_ < kPlaysPerRow) return;
+  column_ = 0;
+  html_ += "</tr><tr>";
+}
+
+void PlayCard(int side, Card& card, PlayCells& cells) {
+  LogMatchEvent(MatchEvent::kPlayed, side, card);
+  cells.AddCard(CardPictureHtml(card, 1, 0));
+  AddToTable(card);
+  FreeCard(card);  // only now: its entry scripts still find it in the hand
+}
 
 void PlanEnemyMenuActions() {
   Pile& table = State().CardTable;

@@ -6,16 +6,13 @@
 #include <string_view>
 
 #include "core/cards.h"
-#include "core/match_log.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "game/card_play.h"
 #include "game/card_sorting.h"
-#include "game/turn.h"
 #include "language/target_types.h"
 #include "language/traits.h"
 #include "pages/card_pages.h"
-#include "script/card_entry.h"
 #include "script/card_setup.h"
 #include "script/run_action.h"
 #include "script/trait_changes.h"
@@ -25,7 +22,6 @@ namespace brindlemoor {
 namespace {
 
 constexpr std::string_view kLove = "AILOVE";
-constexpr int kCanPay = -1;
 constexpr double kNotPayable = -10;
 constexpr double kFreeRecord = -100;
 
@@ -116,12 +112,10 @@ void ValueHand() {
 void Consider(Card& card, PlayCells& cells, std::string& thoughts) {
   thoughts += Joined("<br>AI thinking of playing ", ColoredName(card), ".  Priority level is ",
                      GetTrait(card, kLove).Str(), ".");
-  if (TraitNumber(card, kLove) < 1 || PayCost(card, 1) != kCanPay) return;
-  PayCost(card, 0);  // a modifier that raises the price only now leaves the card unpaid, but played
-  LogMatchEvent(MatchEvent::kPlayed, 2, card);
-  cells.AddCard(CardPictureHtml(card, 1, 0));
-  AddToTable(card);
-  FreeCard(card);  // only now: its entry scripts still find it in the hand
+  if (TraitNumber(card, kLove) < 1 || !PayCost(card, Payment::kIsTested)) return;
+  // A modifier that raises the price only now leaves the card unpaid, but played.
+  PayCost(card, Payment::kIsMade);
+  PlayCard(2, card, cells);
 }
 
 }  // namespace
@@ -129,7 +123,7 @@ void Consider(Card& card, PlayCells& cells, std::string& thoughts) {
 double ValueCardForAI(Card& card, ValuationNotes* notes) {
   if (IsFree(card)) return kFreeRecord;
   Judgement judgement{.Love = kNotPayable};
-  if (PayCost(card, 1) == kCanPay) {
+  if (PayCost(card, Payment::kIsTested)) {
     card.InPlay = 1;  // the tests treat it as a card on the table
     judgement = JudgeActions(card, notes);
     if (notes != nullptr) notes->Payable = true;

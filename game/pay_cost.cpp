@@ -12,12 +12,14 @@ namespace brindlemoor {
 namespace {
 
 /// Runs the actions of one card that change the price of work. The card is the acting record.
-void RunCostModifiers(Card& card, Card& work, int mode) {
+void RunCostModifiers(Card& card, Card& work, Payment payment) {
   for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
     if (card.Effects[effect].Trigger != "COSTMOD") continue;
     const OwnFiring modifier;
     BeginFiring();
-    RunAction(card, work, effect, RunOptions{.CostMode = 1, .TestRun = mode, .Paying = true});
+    RunAction(card, work, effect,
+              RunOptions{
+                  .CostMode = 1, .TestRun = payment == Payment::kIsTested ? 1 : 0, .Paying = true});
   }
 }
 
@@ -57,34 +59,34 @@ bool AnyModifiesCosts() {
   return false;
 }
 
-void ModifyCost(Card& work, int mode) {
+void ModifyCost(Card& work, Payment payment) {
   Session& session = State();
-  RunCostModifiers(session.RulesCard, work, mode);
+  RunCostModifiers(session.RulesCard, work, payment);
   for (int slot = 1; slot <= session.CardTable.UpperBound(); ++slot) {
     if (IsFree(session.CardTable[slot]) || !ModifiesCosts(session.CardTable[slot])) continue;
     Card copy = session.CardTable[slot];
-    RunCostModifiers(copy, work, mode);
+    RunCostModifiers(copy, work, payment);
   }
 }
 
 }  // namespace
 
-int PayCost(const Card& card, int mode) {
+bool PayCost(const Card& card, Payment payment) {
   Session& session = State();
   session.CostCard.InPlay = 1;
-  if (session.DebugMode == 1) return -1;
+  if (session.DebugMode == 1) return true;
   SpendWork(session.CardTable.UpperBound());
-  if (WorkIsSpent()) return 0;  // scripts that do not run can ask for no price
+  if (WorkIsSpent()) return false;  // scripts that do not run can ask for no price
   const Pile table = session.CardTable;
   const auto hits = session.HitTable;  // a trait that a test gives can bring actions with it
   const std::string page = session.PageText;
   const std::string banner = session.PhaseBanner;
   const auto cancel = session.CancelState;  // a script that asks for a price goes on behind it
   std::optional<Belongings> belongings;
-  if (mode == 0 && AnyModifiesCosts()) belongings.emplace();
+  if (payment == Payment::kIsMade && AnyModifiesCosts()) belongings.emplace();
   Card work = card;
 
-  ModifyCost(work, mode);
+  ModifyCost(work, payment);
   Card tested = work;  // the payment begins as the test did
   const int failures = FireTrigger(tested, "COST", -1, 0, 1);
   session.CardTable = table;
@@ -94,11 +96,11 @@ int PayCost(const Card& card, int mode) {
   if (failures > 0 || WorkIsSpent()) {
     session.PhaseBanner = banner;
     if (belongings) belongings->PutBack();
-    return 0;
+    return false;
   }
-  if (mode == 0) FireTrigger(work, "COST");
+  if (payment == Payment::kIsMade) FireTrigger(work, "COST");
   session.CancelState = cancel;
-  return -1;
+  return true;
 }
 
 }  // namespace brindlemoor

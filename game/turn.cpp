@@ -6,7 +6,6 @@
 
 #include "core/cards.h"
 #include "core/desktop.h"
-#include "core/match_log.h"
 #include "core/state.h"
 #include "game/card_play.h"
 #include "game/opponent.h"
@@ -23,9 +22,7 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kPlaysPerRow = 5;
 constexpr int kDiscard = -1;
-constexpr int kPaid = -1;
 
 std::string PlaysTable(std::string_view title, std::string_view background,
                        std::string_view cells) {
@@ -40,16 +37,13 @@ void PlayHandCard(Card& card, int target, PlayCells& cells) {
     return;
   }
   if (IsFree(card)) return;
-  if (PayCost(card, 0) != kPaid) {
+  if (!PayCost(card, Payment::kIsMade)) {
     cells.AddText(
         Joined("You do not have enough resources to play ", ColoredName(card), "!<br><br>"));
     return;
   }
-  LogMatchEvent(MatchEvent::kPlayed, 1, card);
-  cells.AddCard(CardPictureHtml(card, -1, 0));
   if (target > 0) card.TargetSlot = static_cast<std::int16_t>(target);
-  AddToTable(card);
-  FreeCard(card);  // only now: its entry scripts still find it in the hand
+  PlayCard(1, card, cells);
 }
 
 std::string PlayQueuedCards() {
@@ -173,13 +167,6 @@ void ShowReport(const Plays& plays) {
 }
 
 }  // namespace
-
-void PlayCells::AddCard(std::string_view picture) {
-  html_ += Joined("<td><center>", picture, "</td>");
-  if (++column_ < kPlaysPerRow) return;
-  column_ = 0;
-  html_ += "</tr><tr>";
-}
 
 void TakeTurn(int skipPlays) {
   Session& session = State();

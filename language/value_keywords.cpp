@@ -48,31 +48,35 @@ bool CountsCard(const Card& card, int owner, std::string_view required) {
   return required.empty() || HasTrait(card, required);
 }
 
-/// Number of cards with a trait, or the total of its values, where a word or 0 counts as 1.
-double TraitCountAll(std::string_view trait, int owner, std::string_view required, bool countOnly) {
+/// Adds to the value what each card of the table is worth that the owner filter and the required
+/// trait let through.
+template <class Worth>
+KeywordEffect AddUp(Evaluation& evaluation, std::string_view required, Worth worth) {
   const Pile& table = State().CardTable;
   double total = 0;
   SpendWorkOnSearch(static_cast<std::size_t>(table.UpperBound()));
   for (int slot = 1; slot <= table.UpperBound() && !WorkIsSpent(); ++slot) {
     const Card& card = table[slot];
-    if (IsFree(card) || !CountsCard(card, owner, required)) continue;
-    const Value value = GetTrait(card, trait);
-    if (value.IsText("NONE") || value.IsText("")) continue;
-    const double number = countOnly ? 0 : value.Number();
-    total += number == 0 ? 1 : number;
+    if (IsFree(card) || !CountsCard(card, evaluation.OwnerFilter, required)) continue;
+    total += worth(card);
   }
-  return total;
+  evaluation.Acc += total;
+  return KeywordEffect::kGoesOn;
 }
 
-double NameCountAll(std::string_view name, int owner, std::string_view required) {
-  const Pile& table = State().CardTable;
-  double count = 0;
-  SpendWorkOnSearch(static_cast<std::size_t>(table.UpperBound()));
-  for (int slot = 1; slot <= table.UpperBound(); ++slot) {
-    const Card& card = table[slot];
-    if (!IsFree(card) && card.Name == name && CountsCard(card, owner, required)) ++count;
-  }
-  return count;
+/// The value of a card's trait, where a word or 0 counts as 1; 0 without the trait.
+double TraitWorth(const Card& card, std::string_view trait) {
+  const Value value = GetTrait(card, trait);
+  if (value.IsText("NONE") || value.IsText("")) return 0;
+  const double number = value.Number();
+  return number == 0 ? 1 : number;
+}
+
+/// The required trait, and the owner word behind it.
+std::string_view TakeRequired(Evaluation& evaluation) {
+  const std::string_view required = evaluation.Fields.Next();
+  TakeOwnerWord(evaluation, evaluation.Fields.Next());
+  return required;
 }
 
 KeywordEffect TakeTrait(Evaluation& evaluation, const Card& card) {
@@ -88,24 +92,20 @@ KeywordEffect CountTrait(Evaluation& evaluation, double) {
   } else {
     TakeOwnerWord(evaluation, evaluation.Fields.Next());
   }
-  evaluation.Acc += TraitCountAll(trait, evaluation.OwnerFilter, required, true);
-  return KeywordEffect::kGoesOn;
+  return AddUp(evaluation, required,
+               [&](const Card& card) { return TraitWorth(card, trait) == 0 ? 0 : 1; });
 }
 
 KeywordEffect TotalTrait(Evaluation& evaluation, double) {
   const std::string_view trait = evaluation.Fields.Next();
-  const std::string_view required = evaluation.Fields.Next();
-  TakeOwnerWord(evaluation, evaluation.Fields.Next());
-  evaluation.Acc += TraitCountAll(trait, evaluation.OwnerFilter, required, false);
-  return KeywordEffect::kGoesOn;
+  const std::string_view required = TakeRequired(evaluation);
+  return AddUp(evaluation, required, [&](const Card& card) { return TraitWorth(card, trait); });
 }
 
 KeywordEffect CountName(Evaluation& evaluation, double) {
   const std::string_view name = evaluation.Fields.Next();
-  const std::string_view required = evaluation.Fields.Next();
-  TakeOwnerWord(evaluation, evaluation.Fields.Next());
-  evaluation.Acc += NameCountAll(name, evaluation.OwnerFilter, required);
-  return KeywordEffect::kGoesOn;
+  const std::string_view required = TakeRequired(evaluation);
+  return AddUp(evaluation, required, [&](const Card& card) { return card.Name == name ? 1 : 0; });
 }
 
 KeywordEffect YieldIdentity(Evaluation& evaluation, const Card* card) {

@@ -24,7 +24,6 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kPaid = -1;  // the answer of PayCost
 constexpr int kHandPlaces = 10;
 constexpr int kMostTurns = 200;
 
@@ -200,10 +199,10 @@ void Kill(Scene&, WordReader& line) {
 
 void Pay(Scene& scene, WordReader& line) {
   const PlacedCard card = line.TakeCard();
-  const int mode = line.TakeIf("test") ? 1 : 0;
+  const Payment payment = line.TakeIf("test") ? Payment::kIsTested : Payment::kIsMade;
   if (!line.Ends()) return;
   const Card paid = *card.Record;
-  scene.Last.Result = PayCost(paid, mode) == kPaid ? "paid" : "refused";
+  scene.Last.Result = PayCost(paid, payment) ? "paid" : "refused";
 }
 
 void Flush(Scene&, WordReader& line) {

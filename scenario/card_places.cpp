@@ -73,7 +73,7 @@ PlacedCard FindAnywhere(Scene& scene, Test test) {
   return {};
 }
 
-PlacedCard FindById(Scene& scene, const CardHandle& handle) {
+PlacedCard FindHandle(Scene& scene, const CardHandle& handle) {
   const auto test = [&](const Card& card) { return card.GlobalID == handle.GlobalID; };
   if (handle.Place != nullptr) {
     const PlacedCard found = FindIn(scene, *handle.Place, handle.Side, test);
@@ -112,7 +112,7 @@ const PlaceRow* FindPlace(std::string_view word) {
 PlacedCard FindScenarioCard(Scene& scene, std::string_view reference) {
   if (reference.empty()) return {};
   if (const auto handle = scene.Handles.find(reference); handle != scene.Handles.end()) {
-    return FindById(scene, handle->second);
+    return FindHandle(scene, handle->second);
   }
   if (reference == "rules") return Living(State().RulesCard);
   if (reference == "cost") return Living(State().CostCard);

@@ -72,8 +72,8 @@ Step QueueCopies(Run& run, Card copy) {
       break;
     }
     if (paid) {
-      if (Services().PayCost(copy, 1) == 0) break;
-      Services().PayCost(copy, 0);
+      if (!Services().PayCost(copy, Payment::kIsTested)) break;
+      Services().PayCost(copy, Payment::kIsMade);
     }
     QueuePending(copy);
   }

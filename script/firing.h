@@ -3,10 +3,16 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "core/state.h"
 
 namespace brindlemoor {
+
+/// True for an action that answers the trigger: not free, and no menu action that waits.
+inline bool Answers(const CardEffect& effect, std::string_view trigger) {
+  return effect.Trigger == trigger && effect.MenuState != kMenuAction && !effect.Script.empty();
+}
 
 /// A new firing has no roll and has said nothing. Those of TRAITCHANGE share what was there when
 /// the walk over the changed traits began.

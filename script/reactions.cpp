@@ -18,10 +18,6 @@ namespace {
 constexpr std::string_view kMyAction = "MYACTION";
 constexpr std::string_view kTargeted = "TARGETED";
 
-bool Answers(const CardEffect& effect, std::string_view trigger) {
-  return effect.Trigger == trigger && effect.MenuState != kMenuAction && !effect.Script.empty();
-}
-
 /// Runs a reaction on the target that it names.
 void RunReaction(const Run& action, Card& actor, std::string_view trigger, int effect,
                  const RunOptions& options) {

@@ -1,5 +1,7 @@
 // The requirements and chances of the script language: one row a word, read by a few handlers.
+#include <algorithm>
 #include <array>
+#include <utility>
 
 #include "core/cards.h"
 #include "core/random.h"
@@ -295,9 +297,9 @@ Step Fail(Run& run, const RequirementRow& row) {
   return run.AiMarked ? Step::kNext : Step::kEnd;
 }
 
+template <std::size_t Index>
 Step CarryRequirement(Run& run) {
-  const std::ptrdiff_t index = &run.Row() - RequirementCommands().data();
-  const RequirementRow& row = kRequirements[index];
+  const RequirementRow& row = kRequirements[Index];
   const Card* card = CardAbout(run, row.About);
   return card != nullptr && row.Holds(run, *card) ? Step::kNext : Fail(run, row);
 }
@@ -331,17 +333,20 @@ constexpr Command kChances[] = {
      CommandRole::kChances},
 };
 
-/// The requirements first, so that a command's index is that of its requirement row.
-constexpr auto kCommands = [] {
-  std::array<Command, std::size(kRequirements) + std::size(kChances)> commands{};
-  std::size_t next = 0;
-  for (const RequirementRow& row : kRequirements) {
-    commands[next++] = {row.Word,         row.Arguments, false, InTest::kRuns,
-                        CarryRequirement, row.Usage,     false, CommandRole::kRequires};
-  }
-  for (const Command& row : kChances) commands[next++] = row;
+template <std::size_t Index>
+constexpr Command RequirementCommand() {
+  const RequirementRow& row = kRequirements[Index];
+  return {row.Word, row.Arguments,         false, InTest::kRuns, CarryRequirement<Index>, row.Usage,
+          false,    CommandRole::kRequires};
+}
+
+constexpr auto kCommands = []<std::size_t... Index>(std::index_sequence<Index...>) {
+  std::array<Command, sizeof...(Index) + std::size(kChances)> commands{
+      RequirementCommand<Index>()...};
+  std::ranges::copy(kChances, commands.begin() + sizeof...(Index));
   return commands;
-}();
+}
+(std::make_index_sequence<std::size(kRequirements)>());
 
 }  // namespace
 

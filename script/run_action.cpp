@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "core/cards.h"
 #include "core/limits.h"
 #include "core/state.h"
 #include "language/traits.h"
@@ -134,6 +135,20 @@ bool Walk(Run& run) {
 }
 
 }  // namespace
+
+bool MasksEndTest(const CardEffect& effect, const Card& source, const Card& target) {
+  Session& session = State();
+  if (session.RunDepth >= limits::kNestedRuns || session.GameOver != 0 || IsFree(source)) {
+    return false;
+  }
+  if (effect.Script.empty() || !MasksRefuse(effect, source, target, session.UnsureTraitBits)) {
+    return false;
+  }
+  ClearSharedState(session, 0);
+  session.HpReport = 0;
+  ++session.StatMasked;
+  return true;
+}
 
 int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& options) {
   Session& session = State();

@@ -45,6 +45,10 @@ struct RunOptions {
 /// reads as an empty script.
 int RunAction(Card& source, Card& target, int effectIndex, const RunOptions& options = {});
 
+/// Carries a test run of an action as far as its masks end it. False, and nothing was done, when
+/// the run has to be made.
+bool MasksEndTest(const CardEffect& effect, const Card& source, const Card& target);
+
 /// Runs the pieces of EntryScripts in order, the card as actor and target.
 void RunEntryScripts(Card& card);
 

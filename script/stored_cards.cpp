@@ -14,14 +14,6 @@
 namespace brindlemoor {
 namespace {
 
-int FindByGlobalId(const Pile& pile, int globalId) {
-  SpendWorkOnSearch(static_cast<std::size_t>(pile.UpperBound()));
-  for (int index = 1; index <= pile.UpperBound(); ++index) {
-    if (pile[index].GlobalID == globalId && !IsFree(pile[index])) return index;
-  }
-  return 0;
-}
-
 int FirstFree(const Pile& pile) {
   SpendWorkOnSearch(static_cast<std::size_t>(pile.UpperBound()));
   for (int index = 1; index <= pile.UpperBound(); ++index) {
@@ -53,12 +45,12 @@ int FindModel(const Pile& pile, std::string_view name) {
 
 OwnedCard FindOwnedCard(int globalId) {
   Session& session = State();
-  if (const int index = FindByGlobalId(session.Collection, globalId); index != 0) {
+  if (const int index = FindById(session.Collection, globalId); index != 0) {
     return {-1, index, &session.Collection[index]};
   }
   for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) {
     Pile& cards = session.Decks[deck].Cards;
-    if (const int index = FindByGlobalId(cards, globalId); index != 0) {
+    if (const int index = FindById(cards, globalId); index != 0) {
       return {deck, index, &cards[index]};
     }
   }

@@ -4,34 +4,13 @@
 #include <vector>
 
 #include "core/cards.h"
-#include "core/limits.h"
 #include "core/random.h"
 #include "core/state.h"
-#include "script/effect_masks.h"
 #include "script/run_action.h"
 #include "script/triggers.h"
 
 namespace brindlemoor {
 namespace {
-
-/// What a run that its masks refuse would have done, without the copies that a run needs. False
-/// when the run has to be made.
-bool RefusedByMasks(const CardEffect& effect, const Card& source, const Card& candidate) {
-  Session& session = State();
-  if (session.RunDepth >= limits::kNestedRuns || session.GameOver != 0 || IsFree(source)) {
-    return false;
-  }
-  if (effect.Script.empty() || !MasksRefuse(effect, source, candidate, session.UnsureTraitBits)) {
-    return false;
-  }
-  session.FailReason.clear();
-  session.RedirectTarget = 0;
-  session.RedirectScript = Text();
-  session.CancelState = 0;
-  session.HpReport = 0;
-  ++session.StatMasked;
-  return true;
-}
 
 int OneOf(const std::vector<int>& slots) {
   return slots[static_cast<std::size_t>(RollDie(static_cast<double>(slots.size()))) - 1];
@@ -55,7 +34,7 @@ int SearchTarget(const Card& source, int effectIndex, int targetType, const Text
     if (IsFree(candidate) || candidate.InPlay == 0) continue;
     SpendWork(1);
     if (IsOnWrongSide(targetType, source, candidate)) continue;
-    if (script.empty() && RefusedByMasks(effect, source, candidate)) continue;
+    if (script.empty() && MasksEndTest(effect, source, candidate)) continue;
     Card actor = source;
     Card target = candidate;
     const int result = RunAction(actor, target, effectIndex, options);

@@ -152,11 +152,6 @@ bool IsAddedSince(const CardEffect& effect, std::uint32_t added) {
   return effect.AddedAt > added && ParsedScript::Of(effect.Script).Bringer() == "NONE";
 }
 
-/// True for an action that answers the trigger: not free, and no menu action that waits.
-bool Answers(const CardEffect& effect, std::string_view trigger) {
-  return effect.Trigger == trigger && effect.MenuState != kMenuAction && !effect.Script.empty();
-}
-
 /// True when one of the card's actions answers the trigger: mostly none does.
 bool Listens(const Card& card, std::string_view trigger) {
   for (const CardEffect& effect : card.Effects) {

@@ -117,16 +117,11 @@ void ShowStore() {
   }
 }
 
-bool OwnsCards() {
-  const Pile& collection = State().Collection;
-  return collection.UpperBound() > 1 || (collection.UpperBound() == 1 && !IsFree(collection[1]));
-}
-
 /// Lets the player pick the owned card that a menu action changes. Without a pick it goes on
 /// waiting.
 void AimAtOwnedCard(int slot, int index) {
   Session& state = State();
-  if (!OwnsCards()) {
+  if (!HoldsCards(state.Collection)) {
     Desktop().MessageBox("You don't own any cards to modify!");
     return;
   }

@@ -29,57 +29,59 @@ TEST_F(CardPlayTest, PricesAreTestedWholeAndPaidOnce) {
   const struct {
     const char* What;
     std::vector<std::string> Costs;
-    int Answer;
+    bool Payable;
     double ManaAfter;
   } cases[] = {
-      {"no price", {}, -1, 5},
-      {"one price", {"SUBTRAIT:MANA:3"}, -1, 2},
-      {"too dear", {"SUBTRAIT:MANA:6"}, 0, 5},
-      {"exactly all", {"SUBTRAIT:MANA:5"}, -1, 0},
-      {"the second fails", {"SUBTRAIT:MANA:1", "REQTRAIT:ABSENT"}, 0, 5},
-      {"both together are too dear", {"SUBTRAIT:MANA:3", "SUBTRAIT:MANA:3"}, 0, 5},
-      {"both together", {"SUBTRAIT:MANA:3", "SUBTRAIT:MANA:2"}, -1, 0},
-      {"a soft failure is no failure", {"SUBTRAIT:GOLD:0", "CHANCE:0:SUBTRAIT:MANA:1"}, -1, 5},
-      {"a requirement alone", {"REQTRAIT:HEARTS"}, -1, 5},
+      {"no price", {}, true, 5},
+      {"one price", {"SUBTRAIT:MANA:3"}, true, 2},
+      {"too dear", {"SUBTRAIT:MANA:6"}, false, 5},
+      {"exactly all", {"SUBTRAIT:MANA:5"}, true, 0},
+      {"the second fails", {"SUBTRAIT:MANA:1", "REQTRAIT:ABSENT"}, false, 5},
+      {"both together are too dear", {"SUBTRAIT:MANA:3", "SUBTRAIT:MANA:3"}, false, 5},
+      {"both together", {"SUBTRAIT:MANA:3", "SUBTRAIT:MANA:2"}, true, 0},
+      {"a soft failure is no failure", {"SUBTRAIT:GOLD:0", "CHANCE:0:SUBTRAIT:MANA:1"}, true, 5},
+      {"a requirement alone", {"REQTRAIT:HEARTS"}, true, 5},
   };
   for (const auto& row : cases) {
     SetTrait(player_, "MANA", 5, 0);
     player_.ChangedTraits = Text();
     const Card card = PricedCard(row.Costs);
     const std::string table = Dump(State().CardTable);
-    EXPECT_EQ(PayCost(card, 1), row.Answer) << row.What;
+    EXPECT_EQ(PayCost(card, Payment::kIsTested), row.Payable) << row.What;
     EXPECT_EQ(Dump(State().CardTable), table) << row.What << ": a test leaves a trace";
-    EXPECT_EQ(PayCost(card, 0), row.Answer) << row.What;
+    EXPECT_EQ(PayCost(card, Payment::kIsMade), row.Payable) << row.What;
     EXPECT_EQ(Mana(), row.ManaAfter) << row.What;
-    EXPECT_TRUE(row.Answer != 0 || Dump(State().CardTable) == table) << row.What;
+    EXPECT_TRUE(row.Payable || Dump(State().CardTable) == table) << row.What;
   }
   State().DebugMode = 1;
-  EXPECT_EQ(PayCost(PricedCard({"REQTRAIT:ABSENT"}), 0), -1) << "cards are free in debug mode";
+  EXPECT_TRUE(PayCost(PricedCard({"REQTRAIT:ABSENT"}), Payment::kIsMade))
+      << "cards are free in debug mode";
 }
 
 TEST_F(CardPlayTest, RulesAndCardsChangePrices) {
   const Card card = PricedCard({"SUBTRAIT:MANA:SRCTRAIT/PRICE"});
   GiveAction(State().RulesCard, "COSTMOD", "SELF", "MODTRAIT:PRICE:2");
-  EXPECT_EQ(PayCost(card, 0), -1);
+  EXPECT_TRUE(PayCost(card, Payment::kIsMade));
   EXPECT_EQ(Mana(), 3);
 
   Card& tax = PutInPlay(MakeCard("Tax", 2));
   GiveAction(tax, "COSTMOD", "SELF", "REQNAME:Priced:MODTRAIT:PRICE:4:SETMYTRAIT:TAXED:1");
   tax.InPlay = 0;
-  EXPECT_EQ(PayCost(card, 1), 0) << "cards change prices of both sides, in play or not";
-  EXPECT_EQ(PayCost(card, 0), 0);
+  EXPECT_FALSE(PayCost(card, Payment::kIsTested))
+      << "cards change prices of both sides, in play or not";
+  EXPECT_FALSE(PayCost(card, Payment::kIsMade));
   EXPECT_EQ(Mana(), 3);
   EXPECT_FALSE(HasTrait(tax, "TAXED")) << "a copy of the card acts";
   FreeCard(tax);
-  EXPECT_EQ(PayCost(card, 1), -1);
+  EXPECT_TRUE(PayCost(card, Payment::kIsTested));
   EXPECT_FALSE(HasTrait(card, "PRICE"));
 }
 
 TEST_F(CardPlayTest, OnlyAPaymentSaysWhatItTook) {
   GiveAction(State().RulesCard, "COSTMOD", "SELF", "ECHO:Taxed.");
-  EXPECT_EQ(PayCost(PricedCard({"REQTRAIT:ABSENT"}), 0), 0);
+  EXPECT_FALSE(PayCost(PricedCard({"REQTRAIT:ABSENT"}), Payment::kIsMade));
   EXPECT_EQ(State().PhaseBanner, "banner");
-  EXPECT_EQ(PayCost(PricedCard({"SUBTRAIT:MANA:1:ECHO:One mana."}), 0), -1);
+  EXPECT_TRUE(PayCost(PricedCard({"SUBTRAIT:MANA:1:ECHO:One mana."}), Payment::kIsMade));
   EXPECT_NE(State().PhaseBanner.find("Taxed."), std::string::npos);
   EXPECT_NE(State().PhaseBanner.find("One mana."), std::string::npos);
 }

@@ -72,7 +72,8 @@ TEST_F(WorkBudgetTest, NothingIsPaidPlayedOrLostOnceItIsSpent) {
   {
     const WorkAccount account;
     SpendWork(State().Work.Limit);
-    EXPECT_EQ(PayCost(card, 1), 0) << "a card whose price is not asked is not free";
+    EXPECT_FALSE(PayCost(card, Payment::kIsTested))
+        << "a card whose price is not asked is not free";
     FlushPending();
     FireHit("PHASE5");
     EXPECT_EQ(FireTrigger(State().RulesCard, "TURNSTART"), 0);

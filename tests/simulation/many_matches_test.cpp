@@ -76,7 +76,7 @@ TEST_F(ManyMatchesTest, NoWordLeavesATraceInATest) {
     for (const char* target : {"OWNER", "ENEMYPLAYER", "RANDOM", "ALL", "SELF"}) {
       Card card = MakeCard("Hand Card", 2, {"HP:3"});
       GiveAction(card, "COST", target, script);
-      PayCost(card, 1);
+      PayCost(card, Payment::kIsTested);
       card = MakeCard("Hand Card", 2, {"HP:3"});
       GiveAction(card, "PHASE1", target, script);
       ValueCardForAI(card);

@@ -10,23 +10,25 @@
 namespace brindlemoor {
 namespace {
 
-void RunCostModifiers(Card& card, Card& work, int mode) {
+void RunCostModifiers(Card& card, Card& work, Payment payment) {
   for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
     if (card.Effects[effect].Trigger != "COSTMOD") continue;
     const OwnFiring modifier;
     BeginFiring();
-    RunAction(card, work, effect, RunOptions{.CostMode = 1, .TestRun = mode, .Paying = true});
+    RunAction(card, work, effect,
+              RunOptions{
+                  .CostMode = 1, .TestRun = payment == Payment::kIsTested ? 1 : 0, .Paying = true});
   }
 }
 
 }  // namespace
 
-int PayCost(const Card& card, int mode) {
+bool PayCost(const Card& card, Payment payment) {
   Session& session = State();
   session.CostCard.InPlay = 1;
-  if (session.DebugMode == 1) return -1;
+  if (session.DebugMode == 1) return true;
   SpendWork(session.CardTable.UpperBound());
-  if (WorkIsSpent()) return 0;
+  if (WorkIsSpent()) return false;
   const Pile table = session.CardTable;
   const auto hits = session.HitTable;
   const std::string page = session.PageText;
@@ -40,11 +42,11 @@ int PayCost(const Card& card, int mode) {
   const auto pendingCount = session.PendingCount;
   Card work = card;
 
-  RunCostModifiers(session.RulesCard, work, mode);
+  RunCostModifiers(session.RulesCard, work, payment);
   for (int slot = 1; slot <= session.CardTable.UpperBound(); ++slot) {
     if (IsFree(session.CardTable[slot])) continue;
     Card copy = session.CardTable[slot];
-    RunCostModifiers(copy, work, mode);
+    RunCostModifiers(copy, work, payment);
   }
   Card tested = work;
   const int failures = FireTrigger(tested, "COST", -1, 0, 1);
@@ -54,18 +56,18 @@ int PayCost(const Card& card, int mode) {
   session.CancelState = cancel;
   if (failures > 0 || WorkIsSpent()) {
     session.PhaseBanner = banner;
-    if (mode != 0) return 0;
+    if (mode != 0) return false;
     session.RulesCard = rules;
     session.Players = players;
     session.Collection = collection;
     session.Decks = decks;
     session.PendingCards = pending;
     session.PendingCount = pendingCount;
-    return 0;
+    return false;
   }
-  if (mode == 0) FireTrigger(work, "COST");
+  if (payment == Payment::kIsMade) FireTrigger(work, "COST");
   session.CancelState = cancel;
-  return -1;
+  return true;
 }
 
 }  // namespace brindlemoor
