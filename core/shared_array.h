@@ -44,8 +44,7 @@ class SharedArray {
 
   /// The element at a 1-based index; an index outside the array reads as an empty element.
   const T& operator[](int index) const noexcept {
-    static const T empty{};
-    return Holds(index) ? storage_->elements[static_cast<std::size_t>(index) - 1] : empty;
+    return Holds(index) ? storage_->elements[static_cast<std::size_t>(index) - 1] : kAbsent.Element;
   }
   /// The element for writing; the index must be inside the array.
   T& Edit(int index) {
@@ -74,6 +73,15 @@ class SharedArray {
   const T* end() const noexcept { return begin() + UpperBound(); }
 
  private:
+  /// An empty element that is there before the program begins and is never destroyed, so that
+  /// reading asks no guard for it.
+  union Absent {
+    T Element;
+    constexpr Absent() noexcept : Element{} {}
+    ~Absent() {}
+  };
+  static constinit inline const Absent kAbsent{};
+
   struct Storage {
     std::uint32_t references = 1;
     std::vector<T> elements;

@@ -53,8 +53,9 @@ struct Session {
   Pile TraitActions;  ///< cards of #TRAITACTION blocks
   Table<TraitGraphic> TraitGraphics;
   SharedArray<TraitBitName> TraitBitNames;
-  TraitWords
-      UnsureTraitBits;  ///< bits that do not tell what a card has; the mask filter skips them
+  /// Bits that do not tell what a card has; the mask filter skips them.
+  TraitWords UnsureTraitBits;
+  bool HasUnsureTraitBits = false;
   std::array<std::vector<Hit>, 21> HitTable;  ///< by trigger code, 0 to 20
   std::uint32_t ActionsAdded = 0;             ///< counts AddEffect
   std::array<std::uint64_t, 65> BitValues{};  ///< [i] = 2 to the power i-1, for i from 1

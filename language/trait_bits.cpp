@@ -19,7 +19,10 @@ TraitBit BitAt(int position) {
   return {position / kNamesPerWord + 1, static_cast<std::uint32_t>(State().BitValues[bit])};
 }
 
-void Doubt(const TraitBit& bit) { State().UnsureTraitBits[bit.Word] |= bit.BitValue; }
+void Doubt(const TraitBit& bit) {
+  State().UnsureTraitBits[bit.Word] |= bit.BitValue;
+  State().HasUnsureTraitBits = true;
+}
 
 /// True for a position whose bit an earlier one of its word has already.
 bool SharesItsBit(int position) {
@@ -61,6 +64,7 @@ void DoubtTraitBit(const TraitName& name) {
 void ForgetTraitBits() {
   State().TraitBitNames.Reset(1);
   State().UnsureTraitBits = TraitWords();
+  State().HasUnsureTraitBits = false;
 }
 
 }  // namespace brindlemoor

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "core/records.h"
+#include "core/state.h"
 
 namespace brindlemoor {
 
@@ -28,22 +28,28 @@ void NoteCustomString(std::string_view value);
 /// True when the script of the action would fail on the target's side. Cards of neither side pass:
 /// an enemy is any other owner.
 inline bool SideRefuses(const CardEffect& effect, const Card& target) {
-  const bool ofSide = target.Owner == 1 || target.Owner == 2;
-  return (target.OwnerBit & effect.OwnerMask) == 0 && ofSide && effect.OwnerMask != 0;
+  if ((target.OwnerBit & effect.OwnerMask) != 0 || effect.OwnerMask == 0) return false;
+  return target.Owner == 1 || target.Owner == 2;
 }
 
 /// True when the masks refuse this pair of cards: the script's own requirements would fail. Bits
 /// that are unsure refuse nobody.
 inline bool MasksRefuse(const CardEffect& effect, const Card& source, const Card& target,
-                        const TraitWords& unsure) {
+                        const Session& session) {
   if (SideRefuses(effect, target)) return true;
+  const auto failed = [&](int word) {
+    return (effect.NeedMyBits[word] & ~source.TraitBits[word]) |
+           (effect.NeedTargetBits[word] & ~target.TraitBits[word]) |
+           (effect.ForbidTargetBits[word] & target.TraitBits[word]) |
+           (effect.ForbidMyBits[word] & source.TraitBits[word]);
+  };
   std::uint32_t missing = 0;
-  for (int word = 1; word <= TraitWords::kWords; ++word) {
-    const std::uint32_t failed = (effect.NeedMyBits[word] & ~source.TraitBits[word]) |
-                                 (effect.NeedTargetBits[word] & ~target.TraitBits[word]) |
-                                 (effect.ForbidTargetBits[word] & target.TraitBits[word]) |
-                                 (effect.ForbidMyBits[word] & source.TraitBits[word]);
-    missing |= failed & ~unsure[word];
+  if (session.HasUnsureTraitBits) [[unlikely]] {
+    for (int word = 1; word <= TraitWords::kWords; ++word) {
+      missing |= failed(word) & ~session.UnsureTraitBits[word];
+    }
+  } else {
+    for (int word = 1; word <= TraitWords::kWords; ++word) missing |= failed(word);
   }
   return missing != 0;
 }

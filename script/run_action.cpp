@@ -67,8 +67,7 @@ bool FilterRefuses(Session& session, const Card& source, const Card& target, int
     return false;
   }
   const CardEffect& effect = source.Effects[effectIndex];
-  const bool refused =
-      !effect.Script.empty() && MasksRefuse(effect, source, target, session.UnsureTraitBits);
+  const bool refused = !effect.Script.empty() && MasksRefuse(effect, source, target, session);
   ++(refused ? session.StatMasked : session.StatNotMasked);
   return refused;
 }
@@ -141,7 +140,7 @@ bool MasksEndTest(const CardEffect& effect, const Card& source, const Card& targ
   if (session.RunDepth >= limits::kNestedRuns || session.GameOver != 0 || IsFree(source)) {
     return false;
   }
-  if (effect.Script.empty() || !MasksRefuse(effect, source, target, session.UnsureTraitBits)) {
+  if (effect.Script.empty() || !MasksRefuse(effect, source, target, session)) {
     return false;
   }
   ClearSharedState(session, 0);

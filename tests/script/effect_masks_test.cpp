@@ -26,7 +26,7 @@ class EffectMasksTest : public SessionTest {
                   "|", Names(e.ForbidMyBits), "|", e.OwnerMask);
   }
   static bool Refuses(const CardEffect& effect, const Card& source, const Card& target) {
-    return MasksRefuse(effect, source, target, State().UnsureTraitBits);
+    return MasksRefuse(effect, source, target, State());
   }
   static CardEffect Built(std::string_view script, int owner = 1, const char* trigger = "PHASE1") {
     Card card = MakeCard("Goblin", owner);
