@@ -154,7 +154,7 @@ void CardEdit::Command6_Click() {
 }
 
 void CardEdit::Command2_Click(int index) {
-  const bool duplicate = index == 1;
+  const bool duplicate = index == 1;  // DuplicateButton
   // What was typed goes into the duplicate; a card from a template has no use for it.
   if (!duplicate) StoreCurrentCard();
   if (!duplicate && !Image.MayLeave()) return;

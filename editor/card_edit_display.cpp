@@ -165,7 +165,7 @@ void CardEdit::ShowMode() {
 
 void CardEdit::loadcommontraits() {
   if (State().Collection.UpperBound() <= 1) return;
-  EditedLists::TakeTraitNames();
+  EditedLists::AddCommonTraits();
   for (int row = 0; row < kVisibleRows; ++row) TraitCombo[row].Items = EditedLists::TraitNames();
 }
 

@@ -185,8 +185,7 @@ bool EditedImage::Write(int place) {
   if (!MayReplaceImage(main, place)) return false;
   State().CurrentFolder = Folder();
   const std::string mini = CardImageName(card.UniqueID, kMiniEnding);
-  if (!WriteOrTell(main_, main, kMainQuality) || !WriteOrTell(mini_, mini, kMiniQuality))
-    return false;
+  if (!SaveImage(main) || !SaveMini(mini)) return false;
   RecordRecipe(main);
   card.Picture = main;
   card.Thumb = mini;
@@ -194,14 +193,22 @@ bool EditedImage::Write(int place) {
 }
 
 bool EditedImage::SaveAs(const std::string& path) {
-  if (!WriteOrTell(main_, path, kMainQuality)) return false;
+  if (!SaveImage(path)) return false;
   Card& card = State().EditCard;
   const std::string file = FileNameOf(path);
   if (IsUnsaved() && path == Folder() + file) RecordRecipe(file);
   card.Picture = file;
   const std::string mini = MiniOf(path);
-  if (!mini_.Empty() && WriteOrTell(mini_, mini, kMiniQuality)) card.Thumb = mini;
+  if (!mini_.Empty() && SaveMini(mini)) card.Thumb = mini;
   return true;
+}
+
+bool EditedImage::SaveImage(const std::string& file) const {
+  return WriteOrTell(main_, file, kMainQuality);
+}
+
+bool EditedImage::SaveMini(const std::string& file) const {
+  return WriteOrTell(mini_, file, kMiniQuality);
 }
 
 std::string EditedImage::Folder() const {

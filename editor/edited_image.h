@@ -57,6 +57,10 @@ class EditedImage : public Observed {  // tells of Main and Mini
   bool Store(int place);
   /// Writes both images to a file and one beside it. False, after a message, if that failed.
   bool SaveAs(const std::string& path);
+  /// Write what is seen to a file (absolute, or in the current folder). False, after a message,
+  /// when it was not written.
+  bool SaveImage(const std::string& file) const;
+  bool SaveMini(const std::string& file) const;
 
   std::string Folder() const;  ///< where composed images go, with its separator
   /// Where a background or border lies; "" for none.

@@ -17,16 +17,7 @@ namespace {
 
 constexpr double kUniqueNumbers = 10000;
 
-/// A place that is free or has the card's name, made if there is none.
-Template& TemplatePlace(const Text& name) {
-  Table<Template>& templates = State().Templates;
-  for (Template& entry : templates) {
-    if (IsFree(entry.Card) || entry.Card.Name == name) return entry;
-  }
-  return templates[templates.Append({})];
-}
-
-void TakeTraitName(std::string_view trait) {
+void AddCommonTrait(std::string_view trait) {
   if (trait.empty()) return;
   for (Text& name : State().CommonTraits) {
     if (name == trait) return;
@@ -69,11 +60,18 @@ int EditedLists::AddCard(Card card) {
   return 0;
 }
 
-void EditedLists::KeepTemplate(const Template& kept) { TemplatePlace(kept.Card.Name) = kept; }
+void EditedLists::KeepTemplate(const Template& kept) {
+  for (Template& entry : State().Templates) {
+    if (!IsFree(entry.Card) && entry.Card.Name != kept.Card.Name) continue;
+    entry = kept;
+    return;
+  }
+  State().Templates.Append(kept);
+}
 
-void EditedLists::TakeTraitNames() {
+void EditedLists::AddCommonTraits() {
   for (const Card& card : State().Collection) {
-    for (const Text& trait : card.Traits) TakeTraitName(FieldAt(trait, 1, ':'));
+    for (const Text& trait : card.Traits) AddCommonTrait(FieldAt(trait, 1, ':'));
   }
 }
 

@@ -34,10 +34,10 @@ class EditedLists {
 
   /// The place of the card that was added; 0, after a message, when the list is full.
   static int AddCard(Card card);
-  /// Takes the place of the template of the same name, if there is one.
+  /// In the place of the template of the same name, or in a free one.
   static void KeepTemplate(const Template& kept);
-  /// Takes the trait names of all cards, as long as there is room.
-  static void TakeTraitNames();
+  /// Those of all cards, as long as there is room.
+  static void AddCommonTraits();
 
   static Names CardNames();
   static Names TemplateNames();  ///< behind an item for no template

@@ -116,7 +116,10 @@ constexpr Saving kSavings[] = {
     {"starter_deck", OpenDeckManager,
      [](const std::string&, int) { TheDeckManager().savestarterdeckmen.Click(); }},
     {"composed_images", ComposeImage,
-     [](const std::string& folder, int) { TheCardEdit().Image.SaveAs(folder + "/Card-C-1.jpg"); }},
+     [](const std::string& folder, int) {
+       TheCardEdit().Image.SaveImage(folder + "/Card-C-1.jpg");
+       TheCardEdit().Image.SaveMini(folder + "/Card-C-1-mini.jpg");
+     }},
 };
 
 class SavingFaultsTest : public testing::TestWithParam<Saving> {
