@@ -27,7 +27,6 @@ constexpr int kDescriptionWidth = 150;
 constexpr int kTotalWidth = 118;
 constexpr int kTraitWidth = 137;  // up to the second word of the heading
 constexpr int kActionComboWidth = 190;
-constexpr int kLastTop = CardEdit::kRows - CardEdit::kVisibleRows + 1;
 
 using Handler = void (CardEdit::*)();
 using RowHandler = void (CardEdit::*)(int);
@@ -146,7 +145,7 @@ constexpr EntryRow kEditEntries[] = {
 };
 constexpr EntryRow kGraphicEntries[] = {
     {&CardEdit::loadgraphicmen, &CardEdit::loadgraphicmen_Click},
-    {&CardEdit::loadformen, &CardEdit::loadformen_Click},
+    {&CardEdit::loadformen, &CardEdit::MainPic_Click},
     {&CardEdit::loadbackmen, &CardEdit::loadbackmen_Click},
     {&CardEdit::loadminimen, &CardEdit::loadminimen_Click},
     {&CardEdit::saveimagemen, &CardEdit::saveimagemen_Click},
@@ -166,7 +165,7 @@ Layout Help(CardEdit& form, int index) {
 template <class MakeRow>
 Layout Scrolled(ScrollBar& bar, MakeRow makeRow) {
   Layout rows = Column({}, 1);
-  for (int row = 0; row < CardEdit::kVisibleRows; ++row) rows.Children.push_back(makeRow(row));
+  for (int row = 0; row < kVisibleRows; ++row) rows.Children.push_back(makeRow(row));
   return Row({std::move(rows), Cell(bar)}, 1);
 }
 
@@ -268,6 +267,7 @@ CardEdit::CardEdit() : Form("CardEdit") {
   Width = 1240;
   Height = 760;
   Arrangement = Row({Left(*this), Right(*this)});
+  Image.OnChange = [this] { ShowImages(); };
   QueryClose = [this] { return Form_QueryClose(); };
 }
 
@@ -348,7 +348,7 @@ void CardEdit::NameRows() {
   for (const ScrollRow& row : kScrolls) {
     ScrollBar& bar = this->*row.Control;
     bar.Minimum = 1;
-    bar.Maximum = kLastTop;
+    bar.Maximum = kLastTopRow;
     bar.Value = 1;
     bar.LargeStep = kVisibleRows;
     bar.Change = [this, change = row.Change] { (this->*change)(); };

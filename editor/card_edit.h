@@ -1,16 +1,14 @@
 // CardEdit: the form in which a designer makes the cards of a game.
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <memory>
-#include <set>
 #include <string>
 #include <string_view>
 
 #include "core/records.h"
-#include "editor/card_history.h"
-#include "editor/card_rows.h"
+#include "editor/edited_card.h"
+#include "editor/edited_image.h"
+#include "editor/edited_lists.h"
 #include "editor/unsaved_copy.h"
 #include "platform/control_array.h"
 #include "platform/controls.h"
@@ -21,14 +19,12 @@ namespace brindlemoor {
 /// What FormBusy stands for. While the form fills its controls, their events store nothing.
 enum FormBusyStates : std::uint8_t { kFormReady = 0, kFillingControls = 1, kLoadingCard = 2 };
 
-/// One card at a time, out of a list of all cards in the file: State().EditCard with its lists in
-/// three tables of rows, of which three each are seen. With State().SingleCardEdit the same form
-/// only changes the picture of one card.
+/// One card at a time, out of a list of all cards in the file. What is edited keeps its own state;
+/// the handlers tell it what the controls were used for and show what it has become. With
+/// State().SingleCardEdit the same form only changes the picture of one card.
 struct CardEdit : Form {
   CardEdit();
 
-  static constexpr int kRows = kCardRows;  ///< of each table
-  static constexpr int kVisibleRows = 3;   ///< of each table
   /// What the lists of common traits say while they wait for a choice.
   static constexpr std::string_view kTraitMenuText = "Common traits";
 
@@ -115,27 +111,13 @@ struct CardEdit : Form {
 
   Timer UnsavedTimer{"UnsavedTimer"};  ///< keeps a copy of what is not saved yet
 
-  TraitTable TraitRows;  ///< row n is item n of the card when it was loaded
-  EffectTable EffectRows;
-  CaptionTable CaptionRows;
-  std::uint8_t TraitTop = 1;  ///< table row in the first visible row
-  std::uint8_t EffectTop = 1;
-  std::uint8_t CaptionTop = 1;
-  std::int32_t CurrentIndex = 0;  ///< position in Collection of the edited card; 0 none
-  std::string BackFile;           ///< the files that an image is composed of
-  std::string ForeFile;
-  std::string MiniBorderFile;
-  std::int32_t FrameColor = 0xFFFFFF;  ///< NameColor as a number: red high, blue low
-  std::uint8_t NameChanged = 0;        ///< 1 the card list shows an old name
+  EditedCard Edited;
+  EditedImage Image;
+  EditedLists Lists;
   std::uint8_t FormBusy = kFormReady;
-  std::string CardFolder;  ///< folder of the loaded file, with its separator
 
   /// Shows the state: the visible rows, the fields of EditCard and what can be used.
   void UpdateCard();
-  /// Write the large image and the thumbnail that are shown to a file (absolute, or in the current
-  /// folder). False, after a message, when it was not written.
-  bool SaveImage(const std::string& filen);
-  bool SaveMini(const std::string& filen);
   /// Lets the user choose a picture, and the pieces of it that the card's images show.
   void MainPic_Click();
   /// Shows the card's picture and thumbnail, which stay as they are where those can't be found. A
@@ -143,17 +125,12 @@ struct CardEdit : Form {
   void UpdatePic(int updateCardSurf);
   /// Fills every list, then shows the state.
   void LoadCombos();
-  /// Takes the trait names of all cards into CommonTraits, unless there is one card only.
+  /// Takes the trait names of all cards into the lists, unless there is one card only.
   void loadcommontraits();
-  /// Keeps a trait name for the lists, as long as there is room.
-  static void addcommontrait(std::string_view traitName);
 
   void LoadCardIntoForm(Card card);
-  /// The edited card with the rows as its lists. What the rows can't show of the card that was
-  /// loaded is kept: items behind the last row, and the actions of traits that are still there.
+  /// The edited card as it is stored: with its rows, its unique ID and its images in files.
   Card BuildCardFromForm();
-  /// The same card, without a new unique ID for a card that has none.
-  Card EditedWithRows() const;
   /// Collection was sorted or read anew: finds the edited card in it again and fills the lists.
   void CollectionChanged();
 
@@ -210,7 +187,6 @@ struct CardEdit : Form {
   void redomen_Click();
   void UnsavedTimer_Tick();
   void loadgraphicmen_Click();
-  void loadformen_Click();
   void loadbackmen_Click();
   void loadminimen_Click();
   void saveimagemen_Click();
@@ -225,7 +201,7 @@ struct CardEdit : Form {
 
   void BeginLists();
   void ShowRows();
-  void ShowKept();
+  void ShowTops();
   void NameAids();
   void ShowHints();
   void ShowNameHint();
@@ -234,60 +210,16 @@ struct CardEdit : Form {
   void PreviewNow();
   void ShowMode();
   void ShowOutput(bool shown);
-  static Text NewUniqueID(std::string_view name);
-  void BuildTraits(Card& result) const;
-  void BuildEffects(Card& result) const;
-
-  /// What a card's images are, or are made of.
-  struct ImageChoice {
-    Text Picture;
-    Text Thumb;
-    std::string Foreground;
-    CropCoordinates Crop;
-  };
-  ImageChoice PresentImage() const;
-  /// False when the images could not be composed, of which the user is told once for a foreground;
-  /// then what was shown stays.
-  bool RedrawImages();
-  bool ComposeImages();
-  /// Shows the images of a new choice, or the one before if they can't be shown.
-  void TakeForeground(const ImageChoice& before);
-  /// The picture that the user chooses; "" for none that can be read.
-  std::string PickPicture(std::string_view prompt, bool withCrop);
-  /// Where a background or border lies; "" for none.
-  std::string FindPart(const std::string& name) const;
-  /// How a recipe names it: without a folder where it is found so.
-  std::string RecordedPart(const std::string& name) const;
+  void ShowImages();
   /// Files of images were written anew.
   void ShowImagesAfresh();
-  std::string ImageFolder() const;  ///< where composed images go, with its separator
-  bool HasComposedImage() const;    ///< that is in no file yet
-  /// False when the user would rather stay than lose a composed image that could not be written.
-  bool MayLeaveImage() const;
-  /// A card of no image yet is shown next.
-  void ClearImages();
-  /// Gives a card that is kept the finished image back in whose place one is composed.
-  void KeepReplacedImage(Card& card) const;
   /// Writes what was composed for the edited card. Where that fails, after a message, it stays.
   void StoreComposedImage();
-  bool WriteComposedImage();
-  /// Asks when the file is the image of another card too.
-  bool MayReplaceImage(const std::string& file) const;
-  void TellOfMissingBackground();
-  /// The image of the edited card may lie in a folder that no game looks into.
-  void TellOfFarImage() const;
-  void RecordRecipe(const std::string& file) const;
-  /// The card has no finished image any more: another is composed.
-  void DropFinishedImage();
-  /// Another card comes into the form.
-  void ForgetForeground();
 
   /// Makes a card of Collection the edited one.
   void EditCardAt(int index);
-  void StoreCardAt(int index);
   /// Puts the edited card back into Collection, if it is one of the list.
   void StoreCurrentCard();
-  int AddCard(Card card);
   /// An empty card, of no place in the list.
   void BeginFreshCard();
 
@@ -306,8 +238,8 @@ struct CardEdit : Form {
   /// Has every control that changes the card tell the history.
   void WatchEdits();
   void NoteEdit(std::string_view control, bool typed);
-  CardSnapshot Snapshot() const;
-  void ShowSnapshot(const CardSnapshot& snapshot);
+  /// Goes a step there or back.
+  void TakeStep(void (EditedCard::*step)());
   /// Another card is edited. What was changed in the one before is in the list now, if it is kept.
   void BeginHistory(bool kept);
   /// What Undo, Redo and the caption say of the changes.
@@ -315,21 +247,12 @@ struct CardEdit : Form {
   /// The list of cards or of templates has changed.
   void ListChanged();
   void AllIsSaved();
-  /// The file as a save would write it now. A named card of no list comes last.
+  /// The file as a save would write it now.
   std::string UnsavedText() const;
 
-  CardHistory history_;
   UnsavedCopy copy_;
-  std::uint64_t savedRevision_ = 0;  // of the edited card, as it is in the file
-  bool listChanged_ = false;
   bool copyIsOld_ = false;
-  std::string previewShown_;         // the text of the preview's page
-  std::int32_t storedGlobalId_ = 0;  // of the edited card as it lies in Collection
-  std::string composedOf_;           // the foreground of the images that are shown, if composed
-  std::string unusable_;             // the foreground of which the user was told
-  std::string missing_;              // the background of which the user was told
-  std::set<std::string> picked_;     // full names that the user chose
-  ImageChoice replaced_;             // the finished image in whose place one is composed
+  std::string previewShown_;  // the text of the preview's page
 };
 
 }  // namespace brindlemoor

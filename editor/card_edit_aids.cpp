@@ -33,7 +33,7 @@ void CardEdit::NameAids() {
 
 void CardEdit::ShowHints() {
   for (int row = 0; row < kVisibleRows; ++row) {
-    const std::string hint = HintForAction(EffectRows[EffectTop + row]);
+    const std::string hint = HintForAction(Edited.Rows.Effect(row));
     ScriptHint[row].Caption = hint;
     ScriptHint[row].ToolTip = hint;
   }
@@ -52,22 +52,22 @@ void CardEdit::PreviewSoon() {
 
 void CardEdit::PreviewNow() {
   PreviewTimer.Enabled = false;
-  ShowCardPreview(EditedWithRows(), PreviewWB, previewShown_, true);
+  ShowCardPreview(Edited.WithRows(), PreviewWB, previewShown_, true);
 }
 
 void CardEdit::PreviewTimer_Tick() {
   PreviewTimer.Enabled = false;
-  ShowCardPreview(EditedWithRows(), PreviewWB, previewShown_, false);
+  ShowCardPreview(Edited.WithRows(), PreviewWB, previewShown_, false);
 }
 
 void CardEdit::FindNext_Click() {
   FindNote.Caption = "";
   const std::string& words = FindText.Text;
   if (words.find_first_not_of(' ') == std::string::npos) return;
-  const int found = FindNextCard(State().Collection, CurrentIndex, words);
+  const int found = FindNextCard(State().Collection, Lists.Place(), words);
   if (found == 0) {
     FindNote.Caption = "Nothing found.";
-  } else if (found == CurrentIndex) {
+  } else if (found == Lists.Place()) {
     FindNote.Caption = "No other card.";
   } else {
     CardCombo.Select(found);

@@ -4,7 +4,6 @@
 
 #include "core/cards.h"
 #include "core/desktop.h"
-#include "core/limits.h"
 #include "core/state.h"
 #include "editor/card_edit.h"
 #include "editor/editor_opening.h"
@@ -14,28 +13,10 @@
 
 namespace brindlemoor {
 
-namespace {
-
-constexpr int kDuplicate = 1;
-
-/// The first template place that is free or has the card's name, made if there is none.
-Template& TemplatePlace(const Text& name) {
-  Table<Template>& templates = State().Templates;
-  for (Template& entry : templates) {
-    if (IsFree(entry.Card) || entry.Card.Name == name) return entry;
-  }
-  return templates[templates.Append({})];
-}
-
-}  // namespace
-
 void CardEdit::Form_Load() {
   Session& state = State();
-  CurrentIndex = 0;
-  ForgetForeground();
-  BackFile = "backs-generic.bmp";
-  MiniBorderFile.clear();
-  CardFolder.clear();
+  Lists.Edit(0);
+  Image.Begin();
   ShowOutput(false);
   CardCombo.Select(0);
   if (state.SingleCardEdit != 0) {
@@ -47,10 +28,8 @@ void CardEdit::Form_Load() {
     state.GameFileName = Text();
     state.Collection.Reset(1);
     BeginFreshCard();
-    FrameColor = 0xFFFFFF;
   }
   state.Templates.Reset(1);
-  TraitTop = EffectTop = CaptionTop = 1;
   LoadCombos();
   copy_ = {};
   AllIsSaved();
@@ -62,15 +41,15 @@ bool CardEdit::Form_QueryClose() {
   const bool single = state.SingleCardEdit != 0;
   if (single) {
     state.EditCard = BuildCardFromForm();
-    if (HasComposedImage()) {
+    if (Image.IsUnsaved()) {
       if (!Desktop().AskYesNo("The new image is in no file.  Close without it?")) return true;
-      KeepReplacedImage(state.EditCard);
-      ForgetForeground();
+      Image.KeepReplaced(state.EditCard);
+      Image.ForgetForeground();
     }
   }
   if (Desktop().AskYesNo("Save cards now?")) {
     StoreCurrentCard();
-    if (state.Collection.Holds(CurrentIndex) && HasComposedImage()) return true;
+    if (Lists.HoldsEdited() && Image.IsUnsaved()) return true;
     // The cards of the reduced form are the player's: they do not go into an author's file.
     const Text cardFile = single ? std::exchange(state.CardFile, Text()) : Text();
     const bool saved = SaveCards({});
@@ -84,108 +63,101 @@ bool CardEdit::Form_QueryClose() {
   return false;
 }
 
+void CardEdit::LoadCardIntoForm(Card card) {
+  Edited.Load(std::move(card));
+  FormBusy = kLoadingCard;
+  ShowTops();
+  // The lists would gather the triggers and targets of all cards else.
+  BeginLists();
+  UpdateCard();
+  UpdatePic(1);
+  Lists.NamesAreOld = false;
+  FormBusy = kFormReady;
+  PreviewNow();
+}
+
+Card CardEdit::BuildCardFromForm() {
+  Edited.GiveUniqueID();
+  StoreComposedImage();
+  return Edited.WithRows();
+}
+
 void CardEdit::EditCardAt(int index) {
-  const Card& card = State().Collection[index];
-  const int before = std::exchange(CurrentIndex, index);
+  const int before = Lists.Edit(index);
   if (index != before) {
-    ForgetForeground();
-    ClearImages();
+    Image.ForgetForeground();
+    Image.ShowNothing();
   }
-  storedGlobalId_ = card.GlobalID;
-  LoadCardIntoForm(card);
+  LoadCardIntoForm(State().Collection[index]);
   if (index == before) {
-    history_.Refresh(Snapshot());
+    Edited.Refresh();
   } else {
     BeginHistory(before > 0);
   }
 }
 
-void CardEdit::StoreCardAt(int index) {
-  Card& place = State().Collection[index];
-  place = BuildCardFromForm();
-  storedGlobalId_ = place.GlobalID;
-}
-
 void CardEdit::StoreCurrentCard() {
   // A card that was typed and never put into the list would be lost by what comes now.
-  if (CurrentIndex == 0 && State().SingleCardEdit == 0 && !IsFree(State().EditCard)) {
-    CurrentIndex = AddCard({});
-    NameChanged = 1;
+  if (Lists.Place() == 0 && State().SingleCardEdit == 0 && !IsFree(State().EditCard)) {
+    Lists.Edit(EditedLists::AddCard({}));
+    Lists.NamesAreOld = true;
     ListChanged();
   }
-  if (!State().Collection.Holds(CurrentIndex)) return;
-  StoreCardAt(CurrentIndex);
+  if (!Lists.HoldsEdited()) return;
+  Lists.Store(BuildCardFromForm());
   // Where a new image could not be written, the file keeps naming the one before.
-  KeepReplacedImage(State().Collection[CurrentIndex]);
+  Image.KeepReplaced(State().Collection[Lists.Place()]);
   UpdateCard();
-}
-
-int CardEdit::AddCard(Card card) {
-  Pile& cards = State().Collection;
-  if (cards.UpperBound() < limits::kPileCards) return cards.Append(std::move(card));
-  Desktop().MessageBox("The list is full: the card is not added.");
-  return 0;
 }
 
 void CardEdit::BeginFreshCard() {
   Card fresh;
   InitCard(fresh, 1, 0);
-  const int before = std::exchange(CurrentIndex, 0);
-  ForgetForeground();
+  const int before = Lists.Edit(0);
+  Image.ForgetForeground();
   CardCombo.Select(0);
   LoadCardIntoForm(std::move(fresh));
   BeginHistory(before > 0);
 }
 
 void CardEdit::CollectionChanged() {
-  const Pile& cards = State().Collection;
-  if (CurrentIndex > 0) {
-    const auto isIt = [&](int index) {
-      return cards.Holds(index) && cards[index].GlobalID == storedGlobalId_;
-    };
-    int index = CurrentIndex;
-    if (!isIt(index)) {
-      for (index = cards.UpperBound(); index > 0 && !isIt(index);) --index;
-    }
-    CurrentIndex = index;
-  }
+  Lists.FindEdited();
   LoadCombos();
-  CardCombo.Select(CurrentIndex);
+  CardCombo.Select(Lists.Place());
 }
 
 void CardEdit::CardCombo_Click() {
   const int chosen = std::max(CardCombo.Selected.Get(), 1);
   StoreCurrentCard();
-  if (NameChanged == 1) {
+  if (Lists.NamesAreOld) {
     LoadCombos();
-    NameChanged = 0;
+    Lists.NamesAreOld = false;
   }
-  if (chosen != CurrentIndex && !MayLeaveImage()) {
-    CardCombo.Select(CurrentIndex);
+  if (chosen != Lists.Place() && !Image.MayLeave()) {
+    CardCombo.Select(Lists.Place());
     return;
   }
   if (State().Collection.Holds(chosen)) EditCardAt(chosen);
 }
 
 void CardEdit::Command6_Click() {
-  int index = CurrentIndex;
-  if (!State().Collection.Holds(index)) {
-    index = AddCard({});
-    if (index == 0) return;
-    CurrentIndex = index;  // it is the same card, now of the list
+  if (!Lists.HoldsEdited()) {
+    const int added = EditedLists::AddCard({});
+    if (added == 0) return;
+    Lists.Edit(added);  // it is the same card, now of the list
     ListChanged();
   }
-  StoreCardAt(index);
-  EditCardAt(index);
+  Lists.Store(BuildCardFromForm());
+  EditCardAt(Lists.Place());
   LoadCombos();
-  CardCombo.Select(index);
+  CardCombo.Select(Lists.Place());
 }
 
 void CardEdit::Command2_Click(int index) {
-  const bool duplicate = index == kDuplicate;
+  const bool duplicate = index == 1;  // DuplicateButton
   // What was typed goes into the duplicate; a card from a template has no use for it.
   if (!duplicate) StoreCurrentCard();
-  if (!duplicate && !MayLeaveImage()) return;
+  if (!duplicate && !Image.MayLeave()) return;
   Card added;
   InitCard(added, 1, 0);
   const std::int32_t globalId = added.GlobalID;
@@ -194,20 +166,19 @@ void CardEdit::Command2_Click(int index) {
       !duplicate && State().Templates.Holds(chosen) && !IsFree(State().Templates[chosen].Card);
   if (duplicate) {
     added = BuildCardFromForm();
-    if (!MayLeaveImage()) return;
+    if (!Image.MayLeave()) return;
   } else if (fromTemplate) {
     added = State().Templates[chosen].Card;
   } else {
     added.Name = "New Card";
   }
   added.GlobalID = globalId;
-  const int place = AddCard(std::move(added));
+  const int place = EditedLists::AddCard(std::move(added));
   if (place == 0) return;
   if (fromTemplate) {
     const Template& chosenTemplate = State().Templates[chosen];
-    BackFile = chosenTemplate.BackImage.Str();
-    MiniBorderFile = chosenTemplate.MiniBorder.Str();
-    FrameColor = chosenTemplate.BorderColor;
+    Image.BackFile = chosenTemplate.BackImage.Str();
+    Image.MiniBorderFile = chosenTemplate.MiniBorder.Str();
   }
   EditCardAt(place);
   Card& card = State().EditCard;
@@ -215,8 +186,8 @@ void CardEdit::Command2_Click(int index) {
   card.Name = Joined(duplicate ? "Copy of " : "New ", name);
   // A new card's ID has its longer name, a duplicate's the name of its model; that is meant.
   card.UniqueID = NewUniqueID(duplicate ? name : card.Name);
-  StoreCardAt(place);
-  history_.Refresh(Snapshot());
+  Lists.Store(BuildCardFromForm());
+  Edited.Refresh();
   ListChanged();
   LoadCombos();
   CardCombo.Select(place);
@@ -226,7 +197,8 @@ void CardEdit::Command2_Click(int index) {
 void CardEdit::Command5_Click() {
   const Card card = BuildCardFromForm();
   if (IsFree(card)) return;  // it would be a free place again
-  TemplatePlace(card.Name) = {card, BackFile, MiniBorderFile, FrameColor};
+  EditedLists::KeepTemplate(
+      {card, Image.BackFile, Image.MiniBorderFile, EditedImage::FrameColor()});
   ListChanged();
   LoadCombos();
 }
@@ -234,7 +206,7 @@ void CardEdit::Command5_Click() {
 void CardEdit::Command4_Click() {
   if (!Desktop().AskYesNo("Are you sure you want to delete this card?")) return;
   Pile& cards = State().Collection;
-  const int deleted = CurrentIndex;
+  const int deleted = Lists.Place();
   BeginFreshCard();
   if (cards.Holds(deleted)) cards[deleted] = State().EditCard;
   SortCards(cards, "NAME");
@@ -249,7 +221,7 @@ void CardEdit::Command8_Click() {
     if (HasTrait(card, kTrait)) card.ActivateOn = kTurnEnd;
   }
   // The edited card is stored again later: it must not undo the change.
-  if (CurrentIndex > 0 && HasTrait(State().EditCard, kTrait)) {
+  if (Lists.Place() > 0 && HasTrait(State().EditCard, kTrait)) {
     State().EditCard.ActivateOn = kTurnEnd;
   }
   UpdateCard();

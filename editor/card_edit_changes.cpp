@@ -3,10 +3,7 @@
 #include <initializer_list>
 #include <utility>
 
-#include "core/cards.h"
-#include "core/limits.h"
 #include "core/state.h"
-#include "data/card_file_writer.h"
 #include "editor/card_edit.h"
 
 namespace brindlemoor {
@@ -14,23 +11,6 @@ namespace brindlemoor {
 namespace {
 
 constexpr int kMinute = 60000;  // milliseconds
-
-/// A table of the session, which may be changed until the end of the scope.
-template <class Array>
-class Borrowed {
- public:
-  explicit Borrowed(Array& table) : table_(table) {
-    Array copy = table;
-    original_ = std::exchange(table, std::move(copy));
-  }
-  ~Borrowed() { table_ = std::move(original_); }
-  Borrowed(const Borrowed&) = delete;
-  Borrowed& operator=(const Borrowed&) = delete;
-
- private:
-  Array& table_;
-  Array original_;
-};
 
 }  // namespace
 
@@ -80,35 +60,17 @@ void CardEdit::WatchEdits() {
 }
 
 void CardEdit::NoteEdit(std::string_view control, bool typed) {
-  if (FormBusy != kFormReady || !history_.Note(Snapshot(), control, typed)) return;
+  if (FormBusy != kFormReady || !Edited.Note(control, typed)) return;
   copyIsOld_ = true;
   ShowChanges();
 }
 
-CardSnapshot CardEdit::Snapshot() const {
-  return {.Card = State().EditCard,
-          .Traits = TraitRows,
-          .Effects = EffectRows,
-          .Captions = CaptionRows,
-          .TraitTop = TraitTop,
-          .EffectTop = EffectTop,
-          .CaptionTop = CaptionTop};
-}
-
-void CardEdit::ShowSnapshot(const CardSnapshot& snapshot) {
-  Card& edited = State().EditCard;
-  if (edited.Name != snapshot.Card.Name) NameChanged = 1;
-  edited = snapshot.Card;
-  TraitRows = snapshot.Traits;
-  EffectRows = snapshot.Effects;
-  CaptionRows = snapshot.Captions;
-  TraitTop = snapshot.TraitTop;
-  EffectTop = snapshot.EffectTop;
-  CaptionTop = snapshot.CaptionTop;
+void CardEdit::TakeStep(void (EditedCard::*step)()) {
+  const Text name = State().EditCard.Name;
+  (Edited.*step)();
+  if (State().EditCard.Name != name) Lists.NamesAreOld = true;
   FormBusy = kLoadingCard;
-  TraitScroll.Value = TraitTop;
-  EffScroll.Value = EffectTop;
-  TraitDescScroll.Value = CaptionTop;
+  ShowTops();
   UpdateCard();
   UpdatePic(1);
   FormBusy = kFormReady;
@@ -117,61 +79,52 @@ void CardEdit::ShowSnapshot(const CardSnapshot& snapshot) {
 }
 
 void CardEdit::undomen_Click() {
-  if (history_.CanUndo()) ShowSnapshot(history_.Undo());
+  if (Edited.CanUndo()) TakeStep(&EditedCard::Undo);
 }
 
 void CardEdit::redomen_Click() {
-  if (history_.CanRedo()) ShowSnapshot(history_.Redo());
+  if (Edited.CanRedo()) TakeStep(&EditedCard::Redo);
 }
 
 void CardEdit::BeginHistory(bool kept) {
-  listChanged_ |= kept && history_.Revision() != savedRevision_;
-  history_.Begin(Snapshot());
-  savedRevision_ = history_.Revision();
+  Lists.Changed |= kept && !Edited.IsSaved();
+  Edited.BeginHistory();
   ShowChanges();
 }
 
 bool CardEdit::HasUnsavedChanges() const {
   // The reduced form changes no file.
-  const bool changed = listChanged_ || HasComposedImage() || history_.Revision() != savedRevision_;
+  const bool changed = Lists.Changed || Image.IsUnsaved() || !Edited.IsSaved();
   return changed && State().SingleCardEdit == 0;
 }
 
 void CardEdit::ShowChanges() {
-  undomen.Enabled = history_.CanUndo();
-  redomen.Enabled = history_.CanRedo();
+  undomen.Enabled = Edited.CanUndo();
+  redomen.Enabled = Edited.CanRedo();
   Caption = HasUnsavedChanges() ? "Card Editor *" : "Card Editor";
 }
 
 void CardEdit::ListChanged() {
-  history_.EndTyping();
-  listChanged_ = true;
+  Edited.EndTyping();
+  Lists.Changed = true;
   copyIsOld_ = true;
   ShowChanges();
 }
 
 void CardEdit::AllIsSaved() {
-  history_.EndTyping();
-  listChanged_ = false;
+  Edited.EndTyping();
+  Lists.Changed = false;
   // A card of no list is in no file.
-  if (CurrentIndex > 0) savedRevision_ = history_.Revision();
+  if (Lists.Place() > 0) Edited.MarkSaved();
   ShowChanges();
 }
 
 std::string CardEdit::UnsavedText() const {
-  Session& state = State();
-  const Borrowed cards(state.Collection);
-  const Borrowed templates(state.Templates);
-  const Borrowed traitBits(state.TraitBitNames);
-  Card edited = EditedWithRows();
-  KeepReplacedImage(edited);  // no card file can hold a composed one
-  if (state.Collection.Holds(CurrentIndex)) {
-    state.Collection[CurrentIndex] = std::move(edited);
-  } else if (!IsFree(edited) && state.Collection.UpperBound() < limits::kPileCards) {
-    state.Collection.Append(std::move(edited));
-  }
-  StampCards(state.CardFile, state.CardFile.empty() ? 0 : 1);
-  return CardFileText(state.CardFile, "COLLECTION", "", 0);
+  return Lists.FileText([this] {
+    Card edited = Edited.WithRows();
+    Image.KeepReplaced(edited);  // no card file can hold a composed one
+    return edited;
+  });
 }
 
 void CardEdit::UnsavedTimer_Tick() {

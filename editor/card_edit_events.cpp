@@ -66,7 +66,7 @@ void CardEdit::CardText_Change(int index) {
   Card& card = State().EditCard;
   Text& field = index == 0 ? card.Name : index == 1 ? card.AuxText : card.UniqueID;
   field = CardText[index].Text.Get();
-  if (index == 0) NameChanged = 1;
+  if (index == 0) Lists.NamesAreOld = true;
   ShowNameHint();
   PreviewSoon();
 }
@@ -88,13 +88,13 @@ void CardEdit::RarityCombo_Click() {
 
 void CardEdit::TraitText_Change(int index) {
   if (FormBusy != kFormReady) return;
-  TraitRows[TraitTop + index].Name = TraitText[index].Text;
+  Edited.Rows.Trait(index).Name = TraitText[index].Text;
   UpdateCard();
 }
 
 void CardEdit::ValueText_Change(int index) {
   if (FormBusy != kFormReady) return;
-  TraitRows[TraitTop + index].Value = ValueText[index].Text;
+  Edited.Rows.Trait(index).Value = ValueText[index].Text;
   UpdateCard();
 }
 
@@ -107,39 +107,39 @@ void CardEdit::TraitCombo_Click(int index) {
 }
 
 void CardEdit::TraitDescName_Change(int index) {
-  if (FormBusy == kFormReady) CaptionRows[CaptionTop + index].Trait = TraitDescName[index].Text;
+  if (FormBusy == kFormReady) Edited.Rows.Caption(index).Trait = TraitDescName[index].Text;
 }
 
 void CardEdit::TraitDescText_Change(int index) {
-  if (FormBusy == kFormReady) CaptionRows[CaptionTop + index].Caption = TraitDescText[index].Text;
+  if (FormBusy == kFormReady) Edited.Rows.Caption(index).Caption = TraitDescText[index].Text;
 }
 
 void CardEdit::EffText_Change(int index) {
   if (FormBusy != kFormReady) return;
-  EffectRows[EffectTop + index].Script = EffText[index].Text;
+  Edited.Rows.Effect(index).Script = EffText[index].Text;
   ShowHints();
 }
 
 void CardEdit::TriggerCombo_Change(int index) {
   if (FormBusy != kFormReady) return;
-  EffectRows[EffectTop + index].Trigger = TriggerCombo[index].Text;
+  Edited.Rows.Effect(index).Trigger = TriggerCombo[index].Text;
   ShowHints();
 }
 
 void CardEdit::TriggerCombo_Click(int index) {
   if (FormBusy != kFormReady) return;
-  const int row = EffectTop + index;
+  EffectRow& row = Edited.Rows.Effect(index);
   if (auto trigger = AskTrigger(TriggerCombo[index].Text)) {
-    EffectRows[row].Trigger = std::move(*trigger);
+    row.Trigger = std::move(*trigger);
   }
   UpdateCard();
 }
 
 void CardEdit::TargetCombo_Click(int index) {
   if (FormBusy != kFormReady) return;
-  const int row = EffectTop + index;
+  EffectRow& row = Edited.Rows.Effect(index);
   if (auto target = AskTarget(TargetCombo[index].Text)) {
-    EffectRows[row].Target = std::move(*target);
+    row.Target = std::move(*target);
   }
   UpdateCard();
 }
@@ -155,35 +155,34 @@ void CardEdit::EffButton_Click(int index) {
 }
 
 void CardEdit::TraitScroll_Change() {
-  TraitTop = static_cast<std::uint8_t>(TraitScroll.Value.Get());
+  Edited.Rows.Tops.Trait = static_cast<std::uint8_t>(TraitScroll.Value.Get());
   UpdateCard();
 }
 
 void CardEdit::EffScroll_Change() {
-  EffectTop = static_cast<std::uint8_t>(EffScroll.Value.Get());
+  Edited.Rows.Tops.Effect = static_cast<std::uint8_t>(EffScroll.Value.Get());
   UpdateCard();
 }
 
 void CardEdit::TraitDescScroll_Change() {
-  CaptionTop = static_cast<std::uint8_t>(TraitDescScroll.Value.Get());
+  Edited.Rows.Tops.Caption = static_cast<std::uint8_t>(TraitDescScroll.Value.Get());
   UpdateCard();
 }
 
 void CardEdit::ColorLabel_Click() {
-  const auto color = Desktop().AskColor(FrameColor);
+  const auto color = Desktop().AskColor(EditedImage::FrameColor());
   if (!color) return;
-  FrameColor = *color;
-  State().EditCard.NameColor = ColorText(FrameColor);
-  ColorLabel.TextColor = FrameColor;
+  State().EditCard.NameColor = ColorText(*color);
+  ColorLabel.TextColor = EditedImage::FrameColor();
   UpdatePic(1);
   PreviewSoon();
 }
 
 void CardEdit::CostButton_Click() {
-  if (State().CostCard.Name.empty() || !State().Collection.Holds(CurrentIndex)) return;
+  if (State().CostCard.Name.empty() || !Lists.HoldsEdited()) return;
   StoreCurrentCard();
-  Card& card = State().Collection[CurrentIndex];
-  const bool renamed = NameChanged == 1;
+  Card& card = State().Collection[Lists.Place()];
+  const bool renamed = Lists.NamesAreOld;
   CalculateCost(card);
   LoadCardIntoForm(card);
   if (renamed) LoadCombos();

@@ -53,9 +53,9 @@ void CardEdit::loaddeckmen_Click() {
     return;
   }
   if (HasUnsavedChanges()) {
-    if (HasComposedImage() && Desktop().AskYesNo(kSaveImage)) {
+    if (Image.IsUnsaved() && Desktop().AskYesNo(kSaveImage)) {
       BuildCardFromForm();
-      if (HasComposedImage()) return;
+      if (Image.IsUnsaved()) return;
     }
     // Offered when that file is loaded again.
     if (!copy_.Write(state.CardFile, UnsavedText()) && !Desktop().AskYesNo(kLoadAnyway)) return;
@@ -66,7 +66,7 @@ void CardEdit::loaddeckmen_Click() {
   ReadCardList(source);
   state.CardFile = *path;
   loadcommontraits();
-  CardFolder = path->substr(0, path->size() - FileNameOf(*path).size());
+  Image.CardFolder = path->substr(0, path->size() - FileNameOf(*path).size());
   AllIsSaved();
   if (source != *path) ListChanged();
 }
@@ -81,7 +81,7 @@ void CardEdit::ReadCardList(const std::string& file) {
   if (state.CostCard.Name.empty()) state.CostCard = std::move(costCard);
   SortCards(state.Collection, "NAME");
   // What is edited belonged to the cards before; a card of no list stays.
-  if (CurrentIndex > 0) BeginFreshCard();
+  if (Lists.Place() > 0) BeginFreshCard();
   CardCombo.Select(0);
   LoadCombos();
 }
@@ -97,9 +97,9 @@ bool CardEdit::SaveCards(SaveOptions options) {
   if (!MayReplace(path, SavedKind::kCards)) return false;
   if (options.Stamp) {
     StampCards(path, 1);
-    if (state.Collection.Holds(CurrentIndex)) {
-      state.EditCard.SourceFile = state.Collection[CurrentIndex].SourceFile;
-      history_.KeepIdentity(state.EditCard);
+    if (Lists.HoldsEdited()) {
+      state.EditCard.SourceFile = state.Collection[Lists.Place()].SourceFile;
+      Edited.KeepFile();
     }
   }
   const Text before = std::exchange(state.CardFile, Text(path));

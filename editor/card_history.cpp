@@ -5,25 +5,13 @@
 
 namespace brindlemoor {
 
-namespace {
-
-/// An undo and a redo show the place that was changed.
-void ScrollAs(CardSnapshot& state, const CardSnapshot& other) {
-  state.TraitTop = other.TraitTop;
-  state.EffectTop = other.EffectTop;
-  state.CaptionTop = other.CaptionTop;
-}
-
-}  // namespace
-
 bool SameContent(const CardSnapshot& a, const CardSnapshot& b) {
   const Card& one = a.Card;
   const Card& other = b.Card;
   return one.Name == other.Name && one.AuxText == other.AuxText && one.UniqueID == other.UniqueID &&
          one.Description == other.Description && one.ActivateOn == other.ActivateOn &&
          one.Rarity == other.Rarity && one.NameColor == other.NameColor &&
-         one.Picture == other.Picture && one.Thumb == other.Thumb && a.Traits == b.Traits &&
-         a.Effects == b.Effects && a.Captions == b.Captions;
+         one.Picture == other.Picture && one.Thumb == other.Thumb && a.Rows.SameContent(b.Rows);
 }
 
 void CardHistory::Begin(CardSnapshot present) {
@@ -42,7 +30,8 @@ bool CardHistory::Note(CardSnapshot present, std::string_view control, bool type
     return false;
   }
   if (!typed || control != typedIn_) {
-    ScrollAs(present_, present);
+    // An undo and a redo show the place that was changed.
+    present_.Rows.Tops = present.Rows.Tops;
     past_.push_back(std::move(present_));
     if (past_.size() > kSteps) past_.pop_front();
   }
@@ -60,7 +49,7 @@ void CardHistory::Refresh(CardSnapshot present) {
 
 const CardSnapshot& CardHistory::Undo() {
   typedIn_.clear();
-  ScrollAs(present_, past_.back());
+  present_.Rows.Tops = past_.back().Rows.Tops;
   future_.push_back(std::exchange(present_, std::move(past_.back())));
   past_.pop_back();
   return present_;
@@ -68,7 +57,7 @@ const CardSnapshot& CardHistory::Undo() {
 
 const CardSnapshot& CardHistory::Redo() {
   typedIn_.clear();
-  ScrollAs(present_, future_.back());
+  present_.Rows.Tops = future_.back().Rows.Tops;
   past_.push_back(std::exchange(present_, std::move(future_.back())));
   future_.pop_back();
   return present_;

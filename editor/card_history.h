@@ -13,19 +13,14 @@
 
 namespace brindlemoor {
 
-/// The edited card with its rows, and where its tables were scrolled to.
+/// The edited card with its rows, and where their tables were scrolled to.
 struct CardSnapshot {
-  brindlemoor::Card Card;
-  TraitTable Traits;
-  EffectTable Effects;
-  CaptionTable Captions;
-  std::uint8_t TraitTop = 1;
-  std::uint8_t EffectTop = 1;
-  std::uint8_t CaptionTop = 1;
+  brindlemoor::Card Card{};
+  CardRows Rows{};
   std::uint64_t Revision = 0;  ///< given by the history; states of one number are the same
 };
 
-/// True when the form would show the same, wherever its tables are scrolled to.
+/// True when the form would show the same, wherever the tables are scrolled to.
 bool SameContent(const CardSnapshot& a, const CardSnapshot& b);
 
 /// One step is one change by a control; typing on in the same box belongs to the step before.

@@ -20,7 +20,7 @@ std::string ShownPart(const std::string& name) {
 
 void CardEdit::composeallmen_Click() {
   StoreCurrentCard();
-  ImageComposer composer(ImageFolder());
+  ImageComposer composer(Image.Folder());
   const Pile& cards = State().Collection;
   const std::vector<int> chosen = composer.CardsToCompose(cards);
   if (chosen.empty()) {
@@ -33,14 +33,15 @@ void CardEdit::composeallmen_Click() {
     return;
   }
   const bool take = Desktop().AskYesNo(
-      Joined("Take the background ", ShownPart(BackFile), " and the thumbnail border ",
-             ShownPart(MiniBorderFile), " for all of them, in place of each one's own?"));
+      Joined("Take the background ", ShownPart(Image.BackFile), " and the thumbnail border ",
+             ShownPart(Image.MiniBorderFile), " for all of them, in place of each one's own?"));
   if (take) {
-    const std::string back = FindPart(BackFile);
-    const std::string border = FindPart(MiniBorderFile);
-    const bool found = back.empty() == BackFile.empty() && border.empty() == MiniBorderFile.empty();
-    const ImageRecipe names{.Background = RecordedPart(BackFile),
-                            .Border = RecordedPart(MiniBorderFile)};
+    const std::string back = Image.FindPart(Image.BackFile);
+    const std::string border = Image.FindPart(Image.MiniBorderFile);
+    const bool found =
+        back.empty() == Image.BackFile.empty() && border.empty() == Image.MiniBorderFile.empty();
+    const ImageRecipe names{.Background = Image.RecordedPart(Image.BackFile),
+                            .Border = Image.RecordedPart(Image.MiniBorderFile)};
     if (!found || !composer.TakeParts(back, border, names)) {
       Desktop().MessageBox("The background or the border can't be read: nothing is composed.");
       return;

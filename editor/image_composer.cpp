@@ -3,12 +3,10 @@
 
 #include <algorithm>
 #include <map>
-#include <memory>
 
 #include "core/cards.h"
 #include "core/desktop.h"
 #include "images/folder_pictures.h"
-#include "platform/controls.h"
 
 namespace brindlemoor {
 
@@ -99,9 +97,7 @@ bool ImageComposer::Read(const ImageRecipe& recipe, Raster& foreground, CropCoor
 }
 
 bool ImageComposer::Write(Raster drawing, const std::string& file, int quality) {
-  PictureBox box("MainPic");
-  box.Drawing = std::make_shared<const Raster>(std::move(drawing));
-  if (WritePicture(box, folder_ + file, quality).empty()) return true;
+  if (WritePicture(Drawn(std::move(drawing)), folder_ + file, quality).empty()) return true;
   failed_.Add(file);
   return false;
 }

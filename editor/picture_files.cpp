@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <utility>
 
 #include "core/desktop.h"
 #include "core/paths.h"
@@ -84,7 +85,15 @@ std::string CheckPicture(std::string_view file) {
   return error;
 }
 
-std::string WritePicture(const PictureBox& box, std::string_view file, int quality) {
+ShownPicture Drawn(Raster drawing) {
+  if (drawing.Empty()) return {};
+  return {.Drawing = std::make_shared<const Raster>(std::move(drawing))};
+}
+
+std::string WritePicture(const ShownPicture& picture, std::string_view file, int quality) {
+  PictureBox box("MainPic");
+  box.Picture = picture.File;
+  box.Drawing = picture.Drawing;
   std::string error;
   cGdiPlus bridge([&error](int, const std::string& text) { error = text; });
   if (bridge.PictureBoxToFile(box, file, quality)) return "";

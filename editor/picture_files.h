@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,8 +11,6 @@
 #include "text/text.h"
 
 namespace brindlemoor {
-
-struct PictureBox;
 
 inline constexpr std::string_view kMainEnding = ".jpg";
 inline constexpr std::string_view kMiniEnding = "-mini.jpg";
@@ -33,8 +32,17 @@ std::int32_t FrameColorOf(const Text& color);
 std::optional<Raster> ReadPicture(std::string_view file, std::string& error);
 /// "" when a file begins like a picture that can be read, else what is wrong.
 std::string CheckPicture(std::string_view file);
-/// Writes what a box shows. Returns "" or what went wrong; then the old file is as it was.
-std::string WritePicture(const PictureBox& box, std::string_view file, int quality);
+
+/// What a picture box shows: a file, or what was drawn.
+struct ShownPicture {
+  std::string File{};
+  std::shared_ptr<const Raster> Drawing{};
+  bool Empty() const { return File.empty() && Drawing == nullptr; }
+};
+/// A drawing to be shown; an empty one is none.
+ShownPicture Drawn(Raster drawing);
+/// Writes what is shown. Returns "" or what went wrong; then the old file is as it was.
+std::string WritePicture(const ShownPicture& picture, std::string_view file, int quality);
 
 /// Up to ten names, and how many more there were.
 class ShortList {

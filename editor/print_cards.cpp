@@ -77,7 +77,7 @@ void CardEdit::PrintCards(PaperSize paper) {
     const auto first = static_cast<std::size_t>(sheet) * kSheetCards;
     const std::size_t end = std::min(first + kSheetCards, cards.size());
     for (std::size_t card = first; card < end; ++card) {
-      shown.push_back(SheetCardOf(*cards[card], CardFolder));
+      shown.push_back(SheetCardOf(*cards[card], Image.CardFolder));
     }
     document->AddPage(LayOutSheet(paper, shown));
   });

@@ -5,7 +5,7 @@
 
 #include "core/strings.h"
 #include "data/field_text.h"
-#include "editor/card_edit.h"
+#include "editor/card_rows.h"
 #include "lint/reaction_check.h"
 #include "lint/script_check.h"
 

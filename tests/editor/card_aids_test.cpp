@@ -140,7 +140,7 @@ TEST_F(CardEditTest, FindGoesRoundTheCards) {
   EXPECT_EQ(form_.FindNote.Caption.Get(), "");
   form_.FindNext.Click();
   EXPECT_EQ(form_.FindNote.Caption.Get(), "Nothing found.");
-  EXPECT_EQ(form_.CurrentIndex, 3);
+  EXPECT_EQ(form_.Lists.Place(), 3);
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ TEST_F(CardEditTest, FieldsAreStoredWithTheNextChoiceAndTheListFollows) {
   Choose(3);
   EXPECT_EQ(Listed(form_.CardCombo), "Ape|Gnu|Bat|");
   EXPECT_EQ(form_.CardCombo.Selected, 3);
-  EXPECT_EQ(form_.CurrentIndex, 3);
+  EXPECT_EQ(form_.Lists.Place(), 3);
   const Card& gnu = Stored(2);
   EXPECT_EQ(Joined(gnu.Name, gnu.AuxText, gnu.Description, int{gnu.Rarity}, gnu.ActivateOn,
                    gnu.NameColor, gnu.Traits[2]),
@@ -45,7 +45,7 @@ TEST_F(CardEditTest, FieldsAreStoredWithTheNextChoiceAndTheListFollows) {
   EXPECT_EQ(form_.ColorLabel.TextColor, 0xFFFFFF);
   Edited().NameColor = "teal";
   form_.UpdateCard();
-  EXPECT_EQ(form_.FrameColor, 0);
+  EXPECT_EQ(EditedImage::FrameColor(), 0);
   // A card of no list is added by "Save Card".
   Type(form_.CardText[0], "Bee");
   form_.Command6.Click();
@@ -62,24 +62,24 @@ TEST_F(CardEditTest, DuplicatesAndTemplatesMakeCardsOfTheirOwn) {
   EXPECT_EQ(Edited().Picture, "ape.jpg");
   EXPECT_EQ(Listed(form_.CardCombo), "Ape|Copy of Ape|");
   EXPECT_NE(Edited().GlobalID, Stored(1).GlobalID);
-  form_.BackFile = "back.bmp";
-  form_.MiniBorderFile = "mini.bmp";
+  form_.Image.BackFile = "back.bmp";
+  form_.Image.MiniBorderFile = "mini.bmp";
   form_.Command5.Click();
   form_.Command5.Click();  // the same name: the same template
   EXPECT_EQ(Listed(form_.TemplateCombo), "Blank Card|Copy of Ape|");
-  form_.BackFile = form_.MiniBorderFile = "";
+  form_.Image.BackFile = form_.Image.MiniBorderFile = "";
   Type(form_.DescText, "typed");
   form_.TemplateCombo.Select(2);
   form_.NewCardButton.Click();
   EXPECT_EQ(Edited().Name, "New Copy of Ape");
   EXPECT_TRUE(Edited().UniqueID.View().starts_with("New Copy of Ape"));
-  EXPECT_EQ(form_.BackFile + form_.MiniBorderFile, "back.bmpmini.bmp");
+  EXPECT_EQ(form_.Image.BackFile + form_.Image.MiniBorderFile, "back.bmpmini.bmp");
   EXPECT_EQ(form_.TraitText[0].Text.Get(), "HP");
   EXPECT_EQ(Stored(2).Description, "typed");
   form_.TemplateCombo.Select(1);
   form_.NewCardButton.Click();
   EXPECT_EQ(Edited().Name, "New New Card");
-  EXPECT_EQ(form_.CurrentIndex, 4);
+  EXPECT_EQ(form_.Lists.Place(), 4);
   SaveAs("saved.txt");
   Load("saved.txt");
   EXPECT_EQ(Listed(form_.CardCombo), "Ape|Copy of Ape|New Copy of Ape|New New Card|");
@@ -112,13 +112,13 @@ TEST_F(CardEditTest, TheEditedCardIsFoundAgainWhereverItLies) {
   std::swap(Stored(1), Stored(3));
   Type(form_.CardText[0], "Zebra");
   form_.CollectionChanged();
-  EXPECT_EQ(form_.CurrentIndex, 3);
+  EXPECT_EQ(form_.Lists.Place(), 3);
   EXPECT_EQ(form_.CardCombo.Selected, 3);
   Choose(2);
   EXPECT_EQ(Listed(form_.CardCombo), "Cat|Bat|Zebra|");
   Stored(2) = NamedCard("Bat");  // one of the same name
   form_.CollectionChanged();
-  EXPECT_EQ(form_.CurrentIndex, 0);
+  EXPECT_EQ(form_.Lists.Place(), 0);
 }
 
 TEST_F(CardEditTest, SuperChangeIsNotUndoneByTheEditedCard) {
@@ -169,9 +169,9 @@ TEST_F(CardEditTest, SavesStampTheCardsAndAskBeforeRulesAreLost) {
             "#TRAITACTION, FLYING\r\n#CARD, INDECK, \"Ape\", , , , , #FF0000, \"\"\r\n"
             "#TRAIT, HP:1\r\n");
   Load("rules.txt");
-  EXPECT_EQ(form_.CardFolder, "/game/");
+  EXPECT_EQ(form_.Image.CardFolder, "/game/");
   Choose(1);
-  EXPECT_EQ(form_.FrameColor, 0xFF0000);
+  EXPECT_EQ(EditedImage::FrameColor(), 0xFF0000);
   const std::string rules = ReadFile("rules.txt");
   desktop_->YesNoAnswers = {false, true};
   form_.savedeckmen.Click();
@@ -222,7 +222,7 @@ TEST_F(CardEditTest, TheCostCardsActionsRunOnTheChosenCard) {
   Scroll(form_.TraitScroll, 30);
   form_.CostButton.Click();
   form_.CostButton.Click();
-  EXPECT_EQ(form_.TraitTop, 1);
+  EXPECT_EQ(form_.Edited.Rows.Tops.Trait, 1);
   EXPECT_EQ(form_.ValueText[0].Text.Get(), "9");
   EXPECT_EQ(Stored(2).Traits[1], "PRICE:9");
   EXPECT_EQ(Stored(2).Traits.UpperBound(), 1);

@@ -22,11 +22,11 @@ class CardHistoryTest : public CardEditTest {
   /// All that the steps of these tests change: in the card that would be stored, and in a row that
   /// is no action yet.
   std::string Content() const {
-    const Card card = form_.EditedWithRows();
+    const Card card = form_.Edited.WithRows();
     std::string content = Joined(card.Name, "|", card.Description, "|", int{card.Rarity}, "|",
                                  card.NameColor, "|", card.Picture);
     for (const Text& trait : card.Traits) content += Joined("|", trait);
-    const EffectRow& action = form_.EffectRows[1];
+    const EffectRow& action = form_.Edited.Rows.Effects[1];
     content += Joined("|", action.Target, ">", action.Trigger, ">", action.Script);
     return content;
   }
@@ -98,7 +98,7 @@ TEST_F(CardHistoryTest, TypingIsOneStepUntilAnotherControlIsUsed) {
   EXPECT_EQ(form_.TraitScroll.Value, 40) << "what is undone is seen";
   EXPECT_EQ(form_.TraitText[0].Text.Get(), "");
   Undo();
-  EXPECT_EQ(form_.TraitTop, 20);
+  EXPECT_EQ(form_.Edited.Rows.Tops.Trait, 20);
   Redo();
   EXPECT_EQ(form_.TraitScroll.Value, 20);
   EXPECT_EQ(form_.TraitText[0].Text.Get(), "X");

@@ -33,7 +33,7 @@ class CardImagesTest : public CardEditTest {
     form_.MainPic.MouseUp(MouseButton::kLeft);
   }
   std::string Images() const {
-    return Joined(Edited().Picture, "|", Edited().Thumb, "|", form_.ForeFile);
+    return Joined(Edited().Picture, "|", Edited().Thumb, "|", form_.Image.ForeFile());
   }
   static std::int32_t PixelOf(const PictureBox& box, int x, int y) {
     return box.Drawing.Get() == nullptr ? -2 : box.Drawing.Get()->Pixel(x, y);
@@ -134,7 +134,7 @@ TEST_F(CardImagesTest, AFinishedImageIsReplacedOnlyWhenWanted) {
   form_.loadformen.Click();
   EXPECT_EQ(Images(), "||/art/red.jpg");
   // A file names the old image as long as the new one can't be written.
-  form_.BackFile = "";
+  form_.Image.BackFile = "";
   const std::string message = "The image is not saved: choose a background image first.";
   desktop_->ExpectedMessages = {message};
   form_.savedeckmen.Click();
@@ -179,7 +179,7 @@ TEST_F(CardImagesTest, AFailedWriteKeepsTheForegroundForThisCardOnly) {
   EXPECT_EQ(Images(), "Card-Ape1.jpg|Card-Ape1-mini.jpg|");
 
   Choose(2);
-  form_.BackFile = "";
+  form_.Image.BackFile = "";
   Compose("/art/red.jpg");
   for (const bool goOn : {false, true}) {
     desktop_->ExpectedMessages = {"The image is not saved: choose a background image first."};
@@ -206,11 +206,11 @@ TEST_F(CardImagesTest, OtherCardsAreNotLoadedOverANewImageUnasked) {
     CardEditTest::Load("others.txt");
   };
   Compose("/art/red.jpg");
-  form_.BackFile = "";
+  form_.Image.BackFile = "";
   desktop_->ExpectedMessages = {"The image is not saved: choose a background image first."};
   loadOthers(true);
   EXPECT_EQ(Stored(1).Name, "Ape");
-  form_.BackFile = "backs-generic.bmp";
+  form_.Image.BackFile = "backs-generic.bmp";
   loadOthers(true);
   EXPECT_EQ(Stored(1).Name, "Yak");
   EXPECT_EQ(Written(), "/game/Card-Ape1-mini.jpg|/game/Card-Ape1.jpg|");
@@ -252,7 +252,7 @@ TEST_F(CardImagesTest, NewCardsAndDuplicatesTakeNoImageAway) {
   form_.TemplateCombo.Select(3);
   form_.NewCardButton.Click();
   EXPECT_EQ(Stored(2).Picture, "Card-Bat1.jpg");
-  EXPECT_EQ(Joined(Edited().Name, Images(), form_.BackFile, form_.MiniBorderFile),
+  EXPECT_EQ(Joined(Edited().Name, Images(), form_.Image.BackFile, form_.Image.MiniBorderFile),
             "New Kind||white.bmpborder.bmp");
 }
 
@@ -272,7 +272,7 @@ TEST_F(CardImagesTest, TheMenusChooseTheParts) {
   Compose("/art/red.jpg");
   desktop_->ModalForms = {Pick("/art/white.bmp")};
   form_.loadbackmen.Click();
-  EXPECT_EQ(form_.BackFile, "/art/white.bmp");
+  EXPECT_EQ(form_.Image.BackFile, "/art/white.bmp");
   EXPECT_EQ(PixelOf(form_.MainPic, 5, 5), 0xFFFFFF) << "chosen where no reference leads";
   desktop_->ModalForms = {Pick("/art/white.bmp")};
   form_.loadminimen.Click();
@@ -282,7 +282,7 @@ TEST_F(CardImagesTest, TheMenusChooseTheParts) {
   desktop_->ModalForms = {Pick("/art/bad.jpg")};
   desktop_->ExpectedMessages = {"Can't use bad.jpg: Unknown Image Format"};
   form_.loadbackmen.Click();
-  EXPECT_EQ(form_.BackFile, "/art/white.bmp");
+  EXPECT_EQ(form_.Image.BackFile, "/art/white.bmp");
 
   desktop_->FileAnswers = {"/game/mine.jpg"};
   form_.saveimagemen.Click();

@@ -140,13 +140,13 @@ TEST_F(ManyImagesTest, TheFormsPartsAreTakenForAllAndCancelStops) {
   Choose(1);
   desktop_->ColorAnswers = {0x102030};
   form_.ColorLabel.Click();
-  form_.BackFile = "lost.bmp";
+  form_.Image.BackFile = "lost.bmp";
   desktop_->YesNoAnswers = {true, true, true, true};
   desktop_->ExpectedMessages = {"The background or the border can't be read: nothing is composed.",
                                 "2 images composed."};
   form_.composeallmen.Click();
   EXPECT_EQ(Composed({"A", "B", "C"}), "ABC");
-  form_.BackFile = "new.bmp";
+  form_.Image.BackFile = "new.bmp";
   desktop_->ModalForms = {LetWork(2)};
   form_.composeallmen.Click();
   EXPECT_EQ(Composed({"A", "B", "C"}), "AMmBMmC");

@@ -94,8 +94,7 @@ void ComposeImage(HeadlessPlatform&, const std::string&, int version) {
   form.Form_Load();
   auto picture = std::make_shared<Raster>(100, 150);
   picture->SetPixel(5, 5, version);
-  form.MainPic.Drawing = picture;
-  form.MiniPic.Drawing = picture;
+  form.Image.Show({.Drawing = picture}, {.Drawing = picture});
 }
 
 constexpr Saving kSavings[] = {
@@ -118,8 +117,8 @@ constexpr Saving kSavings[] = {
      [](const std::string&, int) { TheDeckManager().savestarterdeckmen.Click(); }},
     {"composed_images", ComposeImage,
      [](const std::string& folder, int) {
-       TheCardEdit().SaveImage(folder + "/Card-C-1.jpg");
-       TheCardEdit().SaveMini(folder + "/Card-C-1-mini.jpg");
+       TheCardEdit().Image.SaveImage(folder + "/Card-C-1.jpg");
+       TheCardEdit().Image.SaveMini(folder + "/Card-C-1-mini.jpg");
      }},
 };
 

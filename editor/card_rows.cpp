@@ -1,13 +1,12 @@
-// The card editor: the rows that a card becomes, and the card that the rows make.
+// The rows that a card becomes, and the card that the rows make.
+#include "editor/card_rows.h"
+
 #include <algorithm>
 #include <vector>
 
-#include "core/cards.h"
 #include "core/limits.h"
-#include "core/random.h"
-#include "core/state.h"
 #include "core/strings.h"
-#include "editor/card_edit.h"
+#include "editor/picture_files.h"
 #include "language/target_types.h"
 #include "language/traits.h"
 #include "script/card_setup.h"
@@ -17,8 +16,6 @@
 namespace brindlemoor {
 
 namespace {
-
-constexpr double kUniqueNumbers = 10000;
 
 /// The trait that brought an action, "NONE" for the card's own.
 std::string_view BringerOf(const CardEffect& effect) {
@@ -121,10 +118,6 @@ void AddBonusBases(Card& card) {
   }
 }
 
-std::string Counted(int count, std::string_view what) {
-  return Joined(count, " ", what, count == 1 ? "" : "s");
-}
-
 /// "1 trait, 2 actions and 3 captions".
 std::string Listed(const std::vector<std::string>& parts) {
   std::string text;
@@ -137,93 +130,32 @@ std::string Listed(const std::vector<std::string>& parts) {
 
 }  // namespace
 
-void CardEdit::ShowKept() {
-  const Card& card = State().EditCard;
-  int traits = 0;
-  int actions = 0;
-  int captions = 0;
-  for (int item = kRows + 1; item <= card.Traits.UpperBound(); ++item) {
-    if (!card.Traits[item].empty()) ++traits;
-    if (!card.TraitCaptions[item].empty()) ++captions;
+CardRows CardRows::Of(const Card& card) {
+  CardRows rows;
+  for (int row = 1; row <= kCardRows; ++row) {
+    rows.Effects[row] = EffectRowOf(card.Effects[row]);
+    rows.Traits[row] = TraitRowOf(card.Traits[row]);
+    rows.Captions[row] = CaptionRowOf(card, row);
   }
-  for (int item = kRows + 1; item <= card.Effects.UpperBound(); ++item) {
-    if (!card.Effects[item].Script.empty() && !IsBrought(card.Effects[item])) ++actions;
-  }
-  std::vector<std::string> parts;
-  if (traits > 0) parts.push_back(Counted(traits, "trait"));
-  if (actions > 0) parts.push_back(Counted(actions, "action"));
-  if (captions > 0) parts.push_back(Counted(captions, "caption"));
-  const bool one = traits + actions + captions == 1;
-  KeptLabel.Visible = !parts.empty();
-  if (parts.empty()) return;
-  KeptLabel.Caption = Joined(Listed(parts), one ? " does" : " do", " not fit into these rows; ",
-                             one ? "it is" : "they are", " kept.");
+  return rows;
 }
 
-void CardEdit::LoadCardIntoForm(Card card) {
-  Card& edited = State().EditCard;
-  edited = std::move(card);
-  if (IsFree(edited) && edited.Initialised == 0) InitCard(edited, 1, 0);
-  FormBusy = kLoadingCard;
-  TraitTop = EffectTop = CaptionTop = 1;
-  for (ScrollBar* bar : {&TraitScroll, &EffScroll, &TraitDescScroll}) bar->Value = 1;
-  for (int row = 1; row <= kRows; ++row) {
-    EffectRows[row] = EffectRowOf(edited.Effects[row]);
-    TraitRows[row] = TraitRowOf(edited.Traits[row]);
-    CaptionRows[row] = CaptionRowOf(edited, row);
-  }
-  // The lists would gather the triggers and targets of all cards else.
-  BeginLists();
-  UpdateCard();
-  UpdatePic(1);
-  NameChanged = 0;
-  FormBusy = kFormReady;
-  PreviewNow();
+bool CardRows::SameContent(const CardRows& other) const {
+  return Traits == other.Traits && Effects == other.Effects && Captions == other.Captions;
 }
 
-Text CardEdit::NewUniqueID(std::string_view name) {
-  constexpr int kTries = 50;
-  Text id;
-  const auto isTaken = [&id] {
-    for (const Card& card : State().Collection) {
-      if (card.UniqueID == id) return true;
-    }
-    return false;
-  };
-  for (int tries = 0; tries < kTries; ++tries) {
-    id = Joined(name, RollDie(kUniqueNumbers));
-    if (!isTaken()) break;
-  }
-  return id;
-}
-
-Card CardEdit::BuildCardFromForm() {
-  Card& edited = State().EditCard;
-  if (edited.UniqueID.empty()) {
-    edited.UniqueID = NewUniqueID(edited.Name);
-    history_.KeepIdentity(edited);
-  }
-  StoreComposedImage();
-  return EditedWithRows();
-}
-
-Card CardEdit::EditedWithRows() const {
-  const Card& edited = State().EditCard;
-  bool traitsChanged = false;
-  bool effectsChanged = false;
-  for (int row = 1; row <= kRows; ++row) {
-    traitsChanged |= TraitRows[row] != TraitRowOf(edited.Traits[row]) ||
-                     CaptionRows[row] != CaptionRowOf(edited, row);
-    effectsChanged |= EffectRows[row] != EffectRowOf(edited.Effects[row]);
-  }
-  Card result = edited;
+Card CardRows::AppliedTo(const Card& card) const {
+  const CardRows shown = Of(card);
+  const bool traitsChanged = Traits != shown.Traits || Captions != shown.Captions;
+  const bool effectsChanged = Effects != shown.Effects;
+  Card result = card;
   result.Initialised = 1;
   if (traitsChanged) BuildTraits(result);
   if (traitsChanged || effectsChanged) BuildEffects(result);
   return result;
 }
 
-void CardEdit::BuildTraits(Card& result) const {
+void CardRows::BuildTraits(Card& result) const {
   const Card edited = result;
   result.Traits = {};
   result.TraitCaptions = {};
@@ -231,34 +163,34 @@ void CardEdit::BuildTraits(Card& result) const {
   result.ChangedTraits = Text();
   result.TraitActionsApplied = 0;
   FixedTable<int, kCardRows> itemOfRow{};
-  for (int row = 1; row <= kRows; ++row) {
-    const TraitRow& trait = TraitRows[row];
+  for (int row = 1; row <= kCardRows; ++row) {
+    const TraitRow& trait = Traits[row];
     if (trait.Name.empty()) continue;
     const bool unchanged = trait == TraitRowOf(edited.Traits[row]);
     const std::string item =
         trait.Value.empty() ? trait.Name : Joined(trait.Name, ":", trait.Value);
     itemOfRow[row] = AddTrait(result, unchanged ? edited.Traits[row].AsText() : Text(item), "");
   }
-  for (int item = kRows + 1; item <= edited.Traits.UpperBound(); ++item) {
+  for (int item = kCardRows + 1; item <= edited.Traits.UpperBound(); ++item) {
     if (edited.Traits[item].empty()) continue;
     AddTrait(result, edited.Traits[item], edited.TraitCaptions[item]);
   }
   AddBonusBases(result);
-  PlaceCaptions(CaptionRows, itemOfRow, result);
+  PlaceCaptions(Captions, itemOfRow, result);
   if (result.Traits.UpperBound() > 0) return;
   result.Traits.Resize(1);
   result.TraitCaptions.Resize(1);
 }
 
-void CardEdit::BuildEffects(Card& result) const {
+void CardRows::BuildEffects(Card& result) const {
   const SharedArray<CardEffect> loaded = result.Effects;
   result.Effects = {};
-  for (int item = 1; item <= std::max(kRows, loaded.UpperBound()); ++item) {
+  for (int item = 1; item <= std::max(kCardRows, loaded.UpperBound()); ++item) {
     const CardEffect& original = loaded[item];
-    const bool kept = IsBrought(original) ? StillBrought(result, original) : item > kRows;
+    const bool kept = IsBrought(original) ? StillBrought(result, original) : item > kCardRows;
     if (kept && !original.Script.empty()) result.Effects.Append(original);
-    if (item > kRows || EffectRows[item].Script.empty()) continue;
-    const EffectRow& row = EffectRows[item];
+    if (item > kCardRows || Effects[item].Script.empty()) continue;
+    const EffectRow& row = Effects[item];
     // What the row doesn't show of an action stays as it is.
     if (row == EffectRowOf(original)) {
       result.Effects.Append(original);
@@ -267,6 +199,27 @@ void CardEdit::BuildEffects(Card& result) const {
     }
   }
   if (result.Effects.UpperBound() == 0) result.Effects.Resize(1);
+}
+
+std::string BehindTheRows(const Card& card) {
+  int traits = 0;
+  int actions = 0;
+  int captions = 0;
+  for (int item = kCardRows + 1; item <= card.Traits.UpperBound(); ++item) {
+    if (!card.Traits[item].empty()) ++traits;
+    if (!card.TraitCaptions[item].empty()) ++captions;
+  }
+  for (int item = kCardRows + 1; item <= card.Effects.UpperBound(); ++item) {
+    if (!card.Effects[item].Script.empty() && !IsBrought(card.Effects[item])) ++actions;
+  }
+  std::vector<std::string> parts;
+  if (traits > 0) parts.push_back(CountText(traits, "trait"));
+  if (actions > 0) parts.push_back(CountText(actions, "action"));
+  if (captions > 0) parts.push_back(CountText(captions, "caption"));
+  if (parts.empty()) return "";
+  const bool one = traits + actions + captions == 1;
+  return Joined(Listed(parts), one ? " does" : " do", " not fit into these rows; ",
+                one ? "it is" : "they are", " kept.");
 }
 
 }  // namespace brindlemoor
