@@ -18,8 +18,8 @@
 #include "platform/qt/form_window.h"
 #include "platform/qt/picture_drag.h"
 #include "platform/qt/picture_face.h"
-#include "platform/qt/qt_platform.h"
 #include "platform/qt/style.h"
+#include "platform/qt/window_host.h"
 
 namespace brindlemoor {
 
@@ -68,10 +68,7 @@ void DrawEmptyFrame(QPainter& painter, QRect place) {
 class PictureWidget : public QWidget {
  public:
   PictureWidget(PictureBox& model, FormWindow& window)
-      : QWidget(&window),
-        model_(model),
-        window_(window),
-        face_(model, window.Desktop().Pictures()) {
+      : QWidget(&window), model_(model), window_(window), face_(model, window.Host().Pictures()) {
     setMouseTracking(true);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setRetainSizeWhenHidden(true);
@@ -215,7 +212,7 @@ class PictureWidget : public QWidget {
   }
 
   void Hover() {
-    if (model_.MouseMove) window_.Desktop().Hover(window_.Model(), model_.Name);
+    if (model_.MouseMove) window_.Host().Hover(window_.Model(), model_.Name);
   }
 
   /// Tells where in the picture the pointer is; outside of it nothing.
