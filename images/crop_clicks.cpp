@@ -37,7 +37,8 @@ constexpr const char* kFirstPrompt = "Choose Upper Left Coordinates of Main Card
 constexpr int kPieceWidth = kMainWidth - kFrameMargin;
 constexpr int kPieceHeight = kMainHeight - kFrameMargin;
 
-/// The click to come is the first whose X is 0. That a click at 0 is asked for again is meant.
+/// The click to come is the first whose X is 0. A click at 0 is asked for again: 0 stands for a
+/// coordinate that is still to come.
 constexpr CropClick kClicks[] = {
     {&CropCoordinates::MainX1, &CropCoordinates::MainY1, nullptr, nullptr,
      "Choose Lower Right Coordinates of Main Card Picture", kPieceWidth, kPieceHeight},

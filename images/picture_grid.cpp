@@ -101,7 +101,7 @@ void PicPick::LoadTimer_Tick() {
       image.Picture = next.File;
       image.ToolTip = Joined(FileNameOf(next.File), " (", size->Width, " by ", size->Height, ")");
     } else {
-      // It is meant that the cell keeps its last picture.
+      // The cell keeps its last picture, as authors know the grid; the badge tells them apart.
       image.Picture = LastPictures[static_cast<std::size_t>(next.Cell)];
       image.Badge = "unreadable";
     }

@@ -190,7 +190,7 @@ void PicPick::Dirbox_Change() {
   updatpics();
 }
 
-/// That the folder on show stays is meant: only Dirbox_Open changes it.
+/// The folder on show stays: a double click opens another, as the list's tool tip says.
 void PicPick::Dirbox_Click() { ScrollTo(0); }
 
 void PicPick::Dirbox_Open() {

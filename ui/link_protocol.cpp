@@ -136,7 +136,8 @@ void AimAtOwnedCard(int slot, int index) {
   effect.MenuState = kArmedMenuAction;
   effect.ChosenTarget = state.PickedCard;
   effect.PickedPile = state.PickedPile;
-  // The picked position counts as the selected slot too; that is meant.
+  // The picked position counts as the selected slot too: players' plans go on from there, so that
+  // the hand card clicked next is aimed at the table card of that number.
   state.SelectedSlot = static_cast<std::int16_t>(state.PickedCard);
   ShowPlayMenu();
 }
@@ -242,7 +243,7 @@ std::string MenuActionLine(Card& card, const CardEffect& effect) {
   }
   if (State().CardTable.Holds(effect.ChosenTarget)) {
     return Joined(name, " uses special action \"", effect.MenuCaption, "\" on \"",
-                  // The quote is not closed, which is meant.
+                  // The plan page has these bytes: no quote behind the name.
                   State().CardTable[effect.ChosenTarget].Name, ".<br>");
   }
   return Joined(name, " uses special action \"", effect.MenuCaption, "\".");
