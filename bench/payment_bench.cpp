@@ -19,7 +19,7 @@ void BM_PayCostAsTest(benchmark::State& state) {
   const Allocations allocations;
   int unpaid = 0;
   for (auto _ : state) {
-    if (PayCost(card, 1) != -1) ++unpaid;
+    if (PayCost(card, 1) != kPaid) ++unpaid;
   }
   allocations.Report(state);
   if (unpaid > 0) state.SkipWithError("not paid");

@@ -5,7 +5,9 @@
 
 namespace brindlemoor {
 
-/// Tests (mode 1) or tests and pays (mode 0) a card's price. -1 when it can be paid, 0 when not.
+inline constexpr int kPaid = -1;  ///< the answer of PayCost when the price can be paid
+
+/// Tests (mode 1) or tests and pays (mode 0) a card's price. kPaid when it can be paid, 0 when not.
 /// The card is not changed; a failed test leaves no trace.
 int PayCost(const Card& card, int mode);
 

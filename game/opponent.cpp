@@ -25,7 +25,6 @@ namespace brindlemoor {
 namespace {
 
 constexpr std::string_view kLove = "AILOVE";
-constexpr int kCanPay = -1;
 constexpr double kNotPayable = -10;
 constexpr double kFreeRecord = -100;
 
@@ -116,7 +115,7 @@ void ValueHand() {
 void Consider(Card& card, PlayCells& cells, std::string& thoughts) {
   thoughts += Joined("<br>AI thinking of playing ", ColoredName(card), ".  Priority level is ",
                      GetTrait(card, kLove).Str(), ".");
-  if (TraitNumber(card, kLove) < 1 || PayCost(card, 1) != kCanPay) return;
+  if (TraitNumber(card, kLove) < 1 || PayCost(card, 1) != kPaid) return;
   PayCost(card, 0);  // a modifier that raises the price only now leaves the card unpaid, but played
   LogMatchEvent(MatchEvent::kPlayed, 2, card);
   cells.AddCard(CardPictureHtml(card, 1, 0));
@@ -129,7 +128,7 @@ void Consider(Card& card, PlayCells& cells, std::string& thoughts) {
 double ValueCardForAI(Card& card, ValuationNotes* notes) {
   if (IsFree(card)) return kFreeRecord;
   Judgement judgement{.Love = kNotPayable};
-  if (PayCost(card, 1) == kCanPay) {
+  if (PayCost(card, 1) == kPaid) {
     card.InPlay = 1;  // the tests treat it as a card on the table
     judgement = JudgeActions(card, notes);
     if (notes != nullptr) notes->Payable = true;

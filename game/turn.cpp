@@ -25,7 +25,6 @@ namespace {
 
 constexpr int kPlaysPerRow = 5;
 constexpr int kDiscard = -1;
-constexpr int kPaid = -1;
 
 std::string PlaysTable(std::string_view title, std::string_view background,
                        std::string_view cells) {

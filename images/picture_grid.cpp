@@ -44,7 +44,8 @@ void PicPick::setfnames() {
   FileList = PicturesIn(Folder());
   FileCount = std::max(static_cast<int>(FileList.size()) - 1, 0);
   FileList.emplace_back();
-  VScroll1.Maximum = static_cast<int>(std::lround((FileCount - 19) / 5.0 + 1));
+  VScroll1.Maximum =
+      static_cast<int>(std::lround((FileCount - (kCells - 1)) / double{kColumns} + 1));
   VScroll1.Enabled = VScroll1.Maximum > 0;
 }
 

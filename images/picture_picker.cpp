@@ -13,8 +13,6 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kLargeWidth = 500;  // of the box for the large picture
-constexpr int kLargeHeight = 600;
 constexpr int kFoldersWidth = 230;
 constexpr int kPromptHeight = 28;
 constexpr std::int32_t kPromptColor = 0xF0C46C;

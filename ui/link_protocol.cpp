@@ -2,6 +2,7 @@
 #include "ui/link_protocol.h"
 
 #include <algorithm>
+#include <limits>
 #include <string_view>
 
 #include "core/cards.h"
@@ -53,7 +54,8 @@ std::string CleanUrl(std::string url, bool decodeBlanks) {
 }
 
 int NumberField(std::string_view url, int field) {
-  return static_cast<int>(std::clamp(NumericPrefix(FieldAt(url, field, ':')), -1.0, 32767.0));
+  constexpr double kMost = std::numeric_limits<std::int16_t>::max();
+  return static_cast<int>(std::clamp(NumericPrefix(FieldAt(url, field, ':')), -1.0, kMost));
 }
 
 /// Slot of the card that a "CARD" link names, 0 for none and for one that the report does not show.

@@ -25,7 +25,6 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kHandPositions = 10;
 constexpr int kThumbWidth = 65;
 constexpr int kThumbHeight = 86;
 constexpr int kHandCellWidth = 124;
