@@ -5,6 +5,7 @@
 
 #include "check/field_checks.h"
 #include "core/paths.h"
+#include "core/records.h"
 #include "core/strings.h"
 #include "data/directives.h"
 #include "game/deck_rules.h"
@@ -74,7 +75,7 @@ void FileCheck::Location(const CheckedField& field) {
 
 void FileCheck::DeckNumber(const CheckedField& field) {
   const double number = std::nearbyint(NumericPrefix(field.Text));
-  if (number >= 1 && number <= 3) return;
+  if (number >= 1 && number <= kDecks) return;
   Note(field, FindingCode::kBadNumber, Joined("Deck number ", field.Text, " is not 1, 2 or 3."));
 }
 

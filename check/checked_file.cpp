@@ -19,7 +19,6 @@ struct ListDirective {
 };
 constexpr std::array<ListDirective, 2> kListDirectives = {{{"#GAMERULES", 5}, {"#GAME", 1}}};
 
-constexpr std::size_t kMostFindings = 10'000;
 constexpr int kFullCardFields = 8;
 /// Characters are counted once by blocks, so that long lines cost no more than short ones.
 constexpr std::size_t kBlock = 1024;

@@ -29,6 +29,8 @@ struct CheckedDirective {
 /// The same walk as that of the card reader; nothing of the session changes.
 class CheckedFile {
  public:
+  static constexpr std::size_t kMostFindings = 10'000;  ///< that are kept of one file
+
   /// path is what findings name; bytes are the file's.
   CheckedFile(std::string path, std::string bytes);
 

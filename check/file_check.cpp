@@ -11,8 +11,6 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::size_t kMostFindings = 10'000;  // of one file
-
 struct CodeRow {
   FindingKind Kind;
   FindingCode Code;
@@ -75,8 +73,9 @@ constexpr std::array<std::string_view, 5> kCardLines = {"#TRAIT", "#EFFECT", "#E
 
 void FileCheck::Note(std::size_t offset, FindingCode code, std::string text,
                      std::string suggestion) {
-  if (++noted_ > kMostFindings) return;
-  if (noted_ == kMostFindings) text = "Too many findings; the others of this file are left out.";
+  if (++noted_ > CheckedFile::kMostFindings) return;
+  if (noted_ == CheckedFile::kMostFindings)
+    text = "Too many findings; the others of this file are left out.";
   findings_.push_back(file_.At(offset, code, std::move(text), std::move(suggestion)));
 }
 

@@ -122,7 +122,7 @@ class Check {
   }
 
   void File(const std::string& path, const std::string& shown) {
-    // A player's file that is named is meant.
+    // Who names a player's file wants it checked.
     const auto hidesNone = [](const std::string&) { return false; };
     const std::string folder = FolderOf(path);
     session_.Begin(folder, hidesNone);

@@ -83,12 +83,16 @@ struct Card {
 
 using Pile = Table<Card>;
 
-/// One of the player's three decks.
+inline constexpr int kDecks = 3;  ///< that the player has for a game
+
+/// One of the player's decks.
 struct DeckRec {
   Text DeckName;
   Pile Cards;
   Card Header;  ///< part of the record; no routine fills it
 };
+
+inline constexpr int kHandPositions = 10;  ///< of the hand of a side
 
 /// One side of the game.
 struct PlayerState {
@@ -96,12 +100,16 @@ struct PlayerState {
   std::int32_t PlayerCard = 0;  ///< slot of the side's player card
   Pile Deck;                    ///< draw pile; the top is the last element, element 1 stays free
   Pile StartDeck;               ///< copy of Deck at the end of a file read
-  Pile Hand;                    ///< ten positions
+  Pile Hand;                    ///< kHandPositions, the free ones among them
   Pile SparePile;               ///< allocated by InitPlayer; no routine uses it
-  std::uint8_t PlayerNo = 0;    ///< 1 human, 2 computer, 3 neutral, 4 GameDeck, 5 temporary
+  std::uint8_t PlayerNo = 0;    ///< 1 human, 2 computer, 3 neutral, or one of those below
   Text Color;                   ///< colour of the side
   std::int32_t Tokens = 0;
 };
+
+/// The PlayerNo of states that are no side's.
+inline constexpr int kGameDeckState = 4;
+inline constexpr int kTemporaryState = 5;
 
 /// One game found in the program's folder.
 struct GameRec {

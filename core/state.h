@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/limits.h"
 #include "core/random.h"
 #include "core/records.h"
 #include "core/shown_links.h"
@@ -69,7 +70,7 @@ struct Session {
 
   // What the player owns.
   Pile Collection;
-  FixedTable<DeckRec, 3> Decks;
+  FixedTable<DeckRec, kDecks> Decks;
   std::uint8_t CurrentDeck = 1;
   Table<ProfileRec> Profiles;
   ProfileRec Profile;  ///< PlayerName, PlayerFile, RulesFile in use
@@ -91,18 +92,22 @@ struct Session {
   std::string ProgramFolder;           ///< absolute, without a closing separator
   std::string CurrentFolder;           ///< where plain file names are opened
   int ReadDepth = 0;                   ///< ReadCards calls in progress
-  std::array<Text, 51> FileList;       ///< names of the reads in progress, from 1
-  std::array<Text, 51> OpenPaths;      ///< parallel to FileList: the files as opened
-  int FilesRead = 0;                   ///< files of the outermost read in progress
-  std::vector<Problem> Problems;       ///< what readers found wrong
+  /// Names of the reads in progress, from 1.
+  std::array<Text, limits::kNestedReads + 1> FileList;
+  /// Parallel to FileList: the files as opened.
+  std::array<Text, limits::kNestedReads + 1> OpenPaths;
+  int FilesRead = 0;              ///< files of the outermost read in progress
+  std::vector<Problem> Problems;  ///< what readers found wrong
 
   // Planning and clicks.
-  FixedTable<std::uint8_t, 10> PlayQueue;   ///< hand positions in play order; 0 free
-  FixedTable<std::int16_t, 10> PlayTarget;  ///< slot per queue entry; 0 none, -1 discard
-  std::uint8_t AwaitingPlayTarget = 0;      ///< queue position waiting for a target; 0 none
-  std::int16_t SelectedSlot = 0;            ///< slot of the card last clicked
-  std::uint8_t AwaitingMenuTarget = 0;      ///< 1 after a menu action that needs a target click
-  std::uint8_t MenuEffect = 0;              ///< index of that action
+  /// Hand positions in play order; 0 free.
+  FixedTable<std::uint8_t, kHandPositions> PlayQueue;
+  /// Slot per queue entry; 0 none, -1 discard.
+  FixedTable<std::int16_t, kHandPositions> PlayTarget;
+  std::uint8_t AwaitingPlayTarget = 0;  ///< queue position waiting for a target; 0 none
+  std::int16_t SelectedSlot = 0;        ///< slot of the card last clicked
+  std::uint8_t AwaitingMenuTarget = 0;  ///< 1 after a menu action that needs a target click
+  std::uint8_t MenuEffect = 0;          ///< index of that action
 
   // Pages and modes.
   std::string PageText;                               ///< the HTML being composed

@@ -125,7 +125,8 @@ std::string CardFileText(std::string_view filename, std::string_view location,
 }
 
 std::string StarterDeckHead(std::string_view deckName, int boosterSize) {
-  // The script's quote is closed and never opened; that is meant.
+  // The script's quote is closed and never opened: starter files of existing games have these
+  // bytes, and BOOSTER reads the number before it.
   return Joined(NeutralCard(deckName),
                 "#EFFECT, ALL, GAMESTART, ECHO:Your new starter deck contains the following cards. "
                 " Click on the menu above to save your new deck.:BOOSTER:",

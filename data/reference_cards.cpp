@@ -17,9 +17,6 @@ namespace brindlemoor {
 
 namespace {
 
-/// The number of a player state that belongs to no side.
-constexpr int kTemporaryState = 5;
-
 bool LeadsOut(std::string_view file) {
   return file.starts_with('/') || file.starts_with('\\') ||
          file.find("..") != std::string_view::npos;

@@ -48,7 +48,7 @@ std::vector<Card> ShippedCards(const std::string& folder) {
   };
   for (const FolderFile& file : TextFilesOf(folder)) {
     session.WriteFile("Input.txt", file.Bytes);
-    InitPlayer(State().GameDeck, 4);
+    InitPlayer(State().GameDeck, kGameDeckState);
     ReadCards("Input.txt", State().GameDeck, 1, "INDECK", 1);
     add(State().GameDeck.Deck);
     cards.push_back(State().RulesCard);

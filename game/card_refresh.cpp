@@ -20,8 +20,6 @@ namespace {
 
 constexpr int kMatchMasters = 5000;
 constexpr int kSaveMasters = 2000;
-/// The number of a player state that belongs to no side.
-constexpr int kTemporaryState = 5;
 /// Probes of one look-up, per element of the table, before it is searched in order.
 constexpr int kProbesPerElement = 2;
 

@@ -150,7 +150,7 @@ bool ReadMatchFiles(int gameIndex, int opponentIndex) {
   // The list shows over the two default player cards; what else lies there came from rules files.
   session.CardTable.Resize(std::max(session.Players[1].PlayerCard, session.Players[2].PlayerCard));
   session.Sideboard.Reset(1);
-  InitPlayer(session.GameDeck, 4);
+  InitPlayer(session.GameDeck, kGameDeckState);
   ReadCards(rules, session.GameDeck, 0, "", 0);
   session.Profile.RulesFile = rules;
   session.CurrentFolder = folder.empty() ? session.ProgramFolder : InProgramFolder(folder);

@@ -36,7 +36,7 @@ struct Belongings {
   Card RulesCard = State().RulesCard;
   FixedTable<PlayerState, 3> Players = State().Players;
   Pile Collection = State().Collection;
-  FixedTable<DeckRec, 3> Decks = State().Decks;
+  FixedTable<DeckRec, kDecks> Decks = State().Decks;
   Pile PendingCards = State().PendingCards;
   std::int16_t PendingCount = State().PendingCount;
 

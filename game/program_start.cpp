@@ -77,11 +77,11 @@ void ResetSides() {
   Session& session = State();
   session.ImageBridge = std::make_shared<cGdiPlus>();
   for (int side = 1; side <= 3; ++side) InitPlayer(session.Players[side], side);
-  InitPlayer(session.GameDeck, 4);
+  InitPlayer(session.GameDeck, kGameDeckState);
   for (const DefaultPlayer& player : kDefaultPlayers) AddDefaultPlayer(player);
   session.Players[3].Color = "#AAAAAA";
   Pile& hand = session.Players[1].Hand;
-  hand.Reset(10);
+  hand.Reset(kHandPositions);
   for (Card& card : hand) InitCard(card, 1, 0);
   session.Collection.Resize(1);
   RenumberAllTraitBits();

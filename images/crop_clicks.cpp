@@ -16,8 +16,6 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kMostWidth = 500;
-constexpr int kMostHeight = 600;
 constexpr int kHandle = 3;  // to each side of a corner that has no piece yet
 
 using Coordinate = std::int16_t CropCoordinates::*;
@@ -37,7 +35,8 @@ constexpr const char* kFirstPrompt = "Choose Upper Left Coordinates of Main Card
 constexpr int kPieceWidth = kMainWidth - kFrameMargin;
 constexpr int kPieceHeight = kMainHeight - kFrameMargin;
 
-/// The click to come is the first whose X is 0. That a click at 0 is asked for again is meant.
+/// The click to come is the first whose X is 0. A click at 0 is asked for again: 0 stands for a
+/// coordinate that is still to come.
 constexpr CropClick kClicks[] = {
     {&CropCoordinates::MainX1, &CropCoordinates::MainY1, nullptr, nullptr,
      "Choose Lower Right Coordinates of Main Card Picture", kPieceWidth, kPieceHeight},
@@ -87,9 +86,9 @@ int PicPick::ToView(std::int16_t place) const {
 
 void PicPick::ShowLarge(const std::string& file, PictureSize size) {
   ViewRatio = 1.0F;
-  if (size.Height > kMostHeight || size.Width > kMostWidth) {
-    ViewRatio = std::min(float{kMostWidth} / static_cast<float>(size.Width),
-                         float{kMostHeight} / static_cast<float>(size.Height));
+  if (size.Height > kLargeHeight || size.Width > kLargeWidth) {
+    ViewRatio = std::min(float{kLargeWidth} / static_cast<float>(size.Width),
+                         float{kLargeHeight} / static_cast<float>(size.Height));
   }
   const auto shrunk = [this](int length) {
     return std::max(1, static_cast<int>(std::lround(static_cast<float>(length) * ViewRatio)));

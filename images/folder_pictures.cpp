@@ -12,7 +12,8 @@ namespace brindlemoor {
 
 namespace {
 
-/// Folded. That a bitmap stands in the list twice is meant.
+/// Folded. A bitmap stands in the list twice, as authors know the picker: its pages, and the one
+/// drawn by chance, go by that count.
 constexpr std::string_view kPatterns[] = {"*.BMP", "*.JPG", "*.GIF", "*.JPEG",
                                           "*.BMP", "*.PNG", "*.WEBP"};
 
@@ -80,7 +81,7 @@ std::vector<std::string> PicturesIn(const std::string& folder) {
 
 std::string PickRandomFile(const std::string& folder, std::string_view pattern) {
   FolderFiles& files = State().RandomPictures;
-  // It is meant that the pattern does not count for what is kept.
+  // The pattern does not count for what is kept: all callers draw with the same one.
   if (folder.empty() || folder != files.Folder || files.Names.empty()) {
     files = {folder, {}};
     const std::string foldedPattern = FoldUpper(pattern);

@@ -44,7 +44,8 @@ void PicPick::setfnames() {
   FileList = PicturesIn(Folder());
   FileCount = std::max(static_cast<int>(FileList.size()) - 1, 0);
   FileList.emplace_back();
-  VScroll1.Maximum = static_cast<int>(std::lround((FileCount - 19) / 5.0 + 1));
+  VScroll1.Maximum =
+      static_cast<int>(std::lround((FileCount - (kCells - 1)) / double{kColumns} + 1));
   VScroll1.Enabled = VScroll1.Maximum > 0;
 }
 
@@ -101,7 +102,7 @@ void PicPick::LoadTimer_Tick() {
       image.Picture = next.File;
       image.ToolTip = Joined(FileNameOf(next.File), " (", size->Width, " by ", size->Height, ")");
     } else {
-      // It is meant that the cell keeps its last picture.
+      // The cell keeps its last picture, as authors know the grid; the badge tells them apart.
       image.Picture = LastPictures[static_cast<std::size_t>(next.Cell)];
       image.Badge = "unreadable";
     }

@@ -13,8 +13,6 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kLargeWidth = 500;  // of the box for the large picture
-constexpr int kLargeHeight = 600;
 constexpr int kFoldersWidth = 230;
 constexpr int kPromptHeight = 28;
 constexpr std::int32_t kPromptColor = 0xF0C46C;
@@ -190,7 +188,7 @@ void PicPick::Dirbox_Change() {
   updatpics();
 }
 
-/// That the folder on show stays is meant: only Dirbox_Open changes it.
+/// The folder on show stays: a double click opens another, as the list's tool tip says.
 void PicPick::Dirbox_Click() { ScrollTo(0); }
 
 void PicPick::Dirbox_Open() {

@@ -21,6 +21,8 @@ struct PicPick : Form {
 
   static constexpr int kCells = 20;
   static constexpr int kColumns = 5;
+  static constexpr int kLargeWidth = 500;  ///< of the room for the large picture, in pixels
+  static constexpr int kLargeHeight = 600;
 
   ComboBox Drive1{"Drive1"};
   ListBox Dirbox{"Dirbox"};  ///< the folder below its parents and above its subfolders

@@ -11,8 +11,8 @@ namespace {
 constexpr int kNamesPerWord = 32;
 constexpr int kBitsOfWord = 31;
 
-/// Words count by 32 and bits by 31, which is meant: the last name of a word shares the bit of its
-/// first.
+/// Words count by 32 and bits by 31, so that the last name of a word shares the bit of its first.
+/// That does no harm: such a bit is doubted, and the script decides.
 TraitBit BitAt(int position) {
   const int remainder = position % kBitsOfWord;
   const auto bit = static_cast<std::size_t>(remainder == 0 ? kBitsOfWord : remainder);

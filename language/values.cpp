@@ -64,8 +64,8 @@ void AddDice(Evaluation& evaluation, std::string_view field) {
     field = filled;
   }
   if (field.size() < 2 || field[1] < '1' || field[1] > '9') return;
-  // The sides stand in as many characters at the end as lie before "Die", which is meant:
-  // "R2Die1000" reads its sides from "000".
+  // The sides stand in as many characters at the end as the place of "Die" counts, since cards of
+  // existing games roll so: "R2Die1000", where that is 3, reads them from "000".
   const std::size_t die = field.find("Die");
   const std::size_t tail = die == std::string_view::npos ? 0 : die + 1;
   evaluation.Acc += RollDice(DieNumber(field), DieNumber(field.substr(field.size() - tail)));

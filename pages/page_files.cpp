@@ -14,7 +14,8 @@ namespace brindlemoor {
 
 namespace {
 
-// The backslashes in front of the quotes are meant; browsers take the attributes all the same.
+// All pages of existing games have these bytes, the backslashes in front of the quotes among them;
+// browsers take the attributes all the same.
 constexpr std::string_view kBodyLine =
     R"(<body bgcolor="#000000" text=\"#FFFFFF\" link=\"#99FF33\" alink=\"#00CC00\" vlink=\"#FFFF00\">)";
 

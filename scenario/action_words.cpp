@@ -24,7 +24,6 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kHandPlaces = 10;
 constexpr int kMostTurns = 200;
 
 /// A run as a line asks for it. The options refer to texts of the record.
@@ -152,7 +151,7 @@ void Pick(Scene& scene, WordReader& line) {
 
 /// A place of the player's hand, by its number or by the card there.
 int TakeHandPlace(Scene& scene, WordReader& line) {
-  if (line.NextIsNumber()) return line.TakeWhole("a place of the hand", 1, kHandPlaces);
+  if (line.NextIsNumber()) return line.TakeWhole("a place of the hand", 1, kHandPositions);
   const PlacedCard card = line.TakeCard();
   if (!line.Good()) return 0;
   const bool inHand = card.Place == FindPlace("hand") && card.Side == 1;

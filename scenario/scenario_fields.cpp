@@ -101,7 +101,7 @@ constexpr std::array<SessionValueRow, 18> kSessionValues = {{
     {"gameover", Value<&Session::GameOver>, SetValue<&Session::GameOver>, 0, 1, "1 when the game has ended"},
     {"debug", Value<&Session::DebugMode>, SetValue<&Session::DebugMode>, 0, 1, "1 in debug mode"},
     {"fullsize", Value<&Session::FullSizeImages>, SetValue<&Session::FullSizeImages>, 0, 1, "1 when pictures are shown in full size"},
-    {"deck", Value<&Session::CurrentDeck>, SetValue<&Session::CurrentDeck>, 1, 3, "the deck in use"},
+    {"deck", Value<&Session::CurrentDeck>, SetValue<&Session::CurrentDeck>, 1, kDecks, "the deck in use"},
     {"playercard1", [] { return double(State().Players[1].PlayerCard); }, [](double value) { State().Players[1].PlayerCard = static_cast<std::int32_t>(value); }, 0, kSlot, "slot of the player's player card"},
     {"playercard2", [] { return double(State().Players[2].PlayerCard); }, [](double value) { State().Players[2].PlayerCard = static_cast<std::int32_t>(value); }, 0, kSlot, "slot of the computer's player card"},
     {"selected", Value<&Session::SelectedSlot>, SetValue<&Session::SelectedSlot>, -1, kSlot, "slot of the card clicked last"},

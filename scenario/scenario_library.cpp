@@ -118,7 +118,7 @@ void PrepareTables() {
   session.TraitGraphics.Reset(1);
   session.WaitingSlots.Reset(1);
   for (int side = 1; side <= 3; ++side) InitPlayer(session.Players[side], side);
-  InitPlayer(session.GameDeck, 4);
+  InitPlayer(session.GameDeck, kGameDeckState);
   for (DeckRec& deck : session.Decks) deck.Cards.Reset(1);
 }
 

@@ -228,7 +228,8 @@ std::uint8_t OwnerArgument(const Run& run) {
 
 Step JoinSide(Run& run, Card& card) {
   const std::uint8_t owner = OwnerArgument(run);
-  if (owner != card.Owner) ResetMenuState(run.Target);  // meant: the target's, for MEJOIN as well
+  // The target's, for MEJOIN as well: matches with existing cards play out so.
+  if (owner != card.Owner) ResetMenuState(run.Target);
   SetOwner(card, owner);
   ++run.AppliedCount;
   return Step::kNext;

@@ -51,7 +51,7 @@ void InitCard(Card& card, int owner, int inPlay) {
 void InitPlayer(PlayerState& player, int number) {
   player.Deck.Reset(1);
   player.SparePile.Reset(1);
-  player.Hand.Reset(10);
+  player.Hand.Reset(kHandPositions);
   player.PlayerNo = static_cast<std::uint8_t>(number);
 }
 

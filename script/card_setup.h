@@ -8,7 +8,8 @@ namespace brindlemoor {
 /// Prepares a record in place: one free action and trait, a new GlobalID, colour "#FFFFFF".
 void InitCard(Card& card, int owner, int inPlay);
 
-/// A player state with one free element in Deck and SparePile, ten in Hand, and its number.
+/// A player state with one free element in Deck and SparePile, kHandPositions in Hand, and its
+/// number.
 void InitPlayer(PlayerState& player, int number);
 
 /// Adds an action in the first free record, or a new one, and builds its masks. With keepTrigger 0

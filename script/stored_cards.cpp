@@ -88,7 +88,7 @@ void AddToDeck(const Card& card, int deckNo) {
 
 void CreateCards(std::string_view name, std::string_view path, int owner, double count) {
   Session& session = State();
-  InitPlayer(session.GameDeck, 4);
+  InitPlayer(session.GameDeck, kGameDeckState);
   Services().TakeCardsOut(path, session.GameDeck, "INDECK");
   const int index = FindModel(session.GameDeck.Deck, name);
   if (index == 0) {

@@ -66,7 +66,7 @@ Step ModSourceTrait(Run& run) {
 }
 
 /// Changes one owner's card by a value that is read against the other owner's card, and looks at
-/// that other card for what is left. This is meant.
+/// that other card for what is left: costs of existing cards are written for that.
 Step ModOwner(Run& run, Card* changed, Card* readAgainst) {
   if (changed == nullptr) return Step::kNext;
   const auto trait = run.TraitArgument(1);

@@ -20,19 +20,17 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kColumns = 3;
 constexpr int kChartHeight = 110;
-constexpr int kSmallStep = 3;
 
 std::string Indexed(std::string_view name, int index) { return Joined(name, "(", index, ")"); }
 
-/// Rows of three pictures with their scroll bar beside them.
+/// Rows of pictures with their scroll bar beside them.
 template <class Pictures>
 Layout Grid(const Pictures& pictures, ScrollBar& bar) {
   Layout rows = Column({}, 1);
-  for (std::size_t first = 0; first < pictures.size(); first += kColumns) {
+  for (std::size_t first = 0; first < pictures.size(); first += DeckManager::kColumns) {
     Layout row = Row({}, 1);
-    for (std::size_t index = first; index < first + kColumns; ++index) {
+    for (std::size_t index = first; index < first + DeckManager::kColumns; ++index) {
       row.Children.push_back(Cell(*pictures[index], 1));
     }
     rows.Children.push_back(std::move(row));
@@ -89,7 +87,7 @@ constexpr std::array<HintRow, 6> kHints = {{
 }};
 
 /// The places of a test position stand where the decks' names stand else.
-constexpr std::array<std::string_view, 3> kTestPlaces = {
+constexpr std::array<std::string_view, kDecks> kTestPlaces = {
     "In Player's Hand", "In Play for Player 1 (you)", "In Play for Player 2 (enemy)"};
 
 }  // namespace
@@ -112,11 +110,11 @@ DeckManager::DeckManager() : Form("DeckManager") {
     const int number = static_cast<int>(list);
     auto& bar = VScroll1[static_cast<std::size_t>(number)];
     bar = std::make_unique<ScrollBar>(Indexed("VScroll1", number));
-    bar->SmallStep = kSmallStep;
+    bar->SmallStep = kColumns;
     bar->LargeStep = kPictures;
     bar->Change = [this, list] { VScroll1_Change(list); };
   }
-  for (int index = 0; index < 3; ++index) {
+  for (int index = 0; index < kDecks; ++index) {
     auto& option = Option1[static_cast<std::size_t>(index)];
     option = std::make_unique<OptionButton>(Indexed("Option1", index));
     option->Caption = Joined("Deck ", index + 1);
@@ -246,7 +244,7 @@ void DeckManager::Form_Resize() { UpdateDecks(); }
 
 void DeckManager::SelectDeck(int deck) {
   State().CurrentDeck = static_cast<std::uint8_t>(deck);
-  for (int index = 0; index < 3; ++index) {
+  for (int index = 0; index < kDecks; ++index) {
     Option1[static_cast<std::size_t>(index)]->Value = index + 1 == deck;
   }
   DeckTop = 0;
@@ -265,7 +263,7 @@ std::string Shortened(std::string_view name) {
 }  // namespace
 
 void DeckManager::ShowDeckNames() {
-  for (int index = 0; index < 3; ++index) {
+  for (int index = 0; index < kDecks; ++index) {
     const auto place = static_cast<std::size_t>(index);
     Option1[place]->Caption = State().DeckManagerMode == kTestPosition
                                   ? std::string(kTestPlaces[place])

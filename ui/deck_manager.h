@@ -26,13 +26,14 @@ enum DeckManagerModes : std::uint8_t { kOwnCards = 0, kNewOpponent = 1, kTestPos
 struct DeckManager : Form {
   DeckManager();
 
-  static constexpr int kPictures = 18;
+  static constexpr int kPictures = 18;  ///< of each list
+  static constexpr int kColumns = 3;    ///< of pictures
 
   std::array<std::unique_ptr<PictureBox>, kPictures> CollectPic;
   std::array<std::unique_ptr<PictureBox>, kPictures> DeckPic;
   std::array<std::unique_ptr<ScrollBar>, 2> VScroll1;
-  std::array<std::unique_ptr<OptionButton>, 3> Option1;
-  std::array<std::unique_ptr<Button>, 3> Command4;
+  std::array<std::unique_ptr<OptionButton>, kDecks> Option1;
+  std::array<std::unique_ptr<Button>, kDecks> Command4;
   std::array<std::unique_ptr<Button>, 2> Command1;
   Button ClearDeck{"ClearDeck"};
   TextBox Text1{"Text1"};

@@ -20,11 +20,7 @@
 
 namespace brindlemoor {
 
-namespace {
-
-constexpr int kColumns = 3;
-
-}  // namespace
+namespace {}  // namespace
 
 void DeckManager::ForgetPreviews() { PreviewedCard = PreviewedDeckCard = 0; }
 

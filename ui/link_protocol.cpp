@@ -2,6 +2,7 @@
 #include "ui/link_protocol.h"
 
 #include <algorithm>
+#include <limits>
 #include <string_view>
 
 #include "core/cards.h"
@@ -53,7 +54,8 @@ std::string CleanUrl(std::string url, bool decodeBlanks) {
 }
 
 int NumberField(std::string_view url, int field) {
-  return static_cast<int>(std::clamp(NumericPrefix(FieldAt(url, field, ':')), -1.0, 32767.0));
+  constexpr double kMost = std::numeric_limits<std::int16_t>::max();
+  return static_cast<int>(std::clamp(NumericPrefix(FieldAt(url, field, ':')), -1.0, kMost));
 }
 
 /// Slot of the card that a "CARD" link names, 0 for none and for one that the report does not show.
@@ -131,7 +133,8 @@ void AimAtOwnedCard(int slot, int index) {
   effect.MenuState = kArmedMenuAction;
   effect.ChosenTarget = state.PickedCard;
   effect.PickedPile = state.PickedPile;
-  // The picked position counts as the selected slot too; that is meant.
+  // The picked position counts as the selected slot too: players' plans go on from there, so that
+  // the hand card clicked next is aimed at the table card of that number.
   state.SelectedSlot = static_cast<std::int16_t>(state.PickedCard);
   ShowPlayMenu();
 }
@@ -237,7 +240,7 @@ std::string MenuActionLine(Card& card, const CardEffect& effect) {
   }
   if (State().CardTable.Holds(effect.ChosenTarget)) {
     return Joined(name, " uses special action \"", effect.MenuCaption, "\" on \"",
-                  // The quote is not closed, which is meant.
+                  // The plan page has these bytes: no quote behind the name.
                   State().CardTable[effect.ChosenTarget].Name, ".<br>");
   }
   return Joined(name, " uses special action \"", effect.MenuCaption, "\".");

@@ -25,7 +25,6 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kHandPositions = 10;
 constexpr int kThumbWidth = 65;
 constexpr int kThumbHeight = 86;
 constexpr int kHandCellWidth = 124;
@@ -201,7 +200,7 @@ void MainWindow::saveplrmen_Click() {
   targets.PutBack();
 }
 
-// The entry stands in the menu and does nothing; that is meant.
+// Nothing has ever stood behind this entry of the menu that players know.
 void MainWindow::savehtmlmen_Click() {}
 
 void MainWindow::fullsizemen_Click() {
@@ -298,7 +297,7 @@ void QueuePlay(int position, int target) {
 }
 
 void CompactQueue() {
-  // Entries 9 and 10 are not touched; that is meant.
+  // Entries 9 and 10 stay, as players know the queue: a card queued next is played before them.
   constexpr int kLastMoved = 7;
   Session& state = State();
   for (bool moved = true; moved;) {

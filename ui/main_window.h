@@ -6,6 +6,7 @@
 #include <memory>
 #include <string_view>
 
+#include "core/records.h"
 #include "platform/controls.h"
 
 namespace brindlemoor {
@@ -17,8 +18,8 @@ struct MainWindow : Form {
   BrowserView InPlayWB{"InPlayWB"};
   BrowserView CardDescWB{"CardDescWB"};
   PictureBox Picture1{"Picture1"};
-  std::array<std::unique_ptr<PictureBox>, 11> Picture2;  ///< 1 to 10
-  std::array<std::unique_ptr<Label>, 10> HandLabel;      ///< 0 to 9, for Picture2(i + 1)
+  std::array<std::unique_ptr<PictureBox>, kHandPositions + 1> Picture2;  ///< from 1
+  std::array<std::unique_ptr<Label>, kHandPositions> HandLabel;  ///< from 0, i for Picture2(i + 1)
   Button Command1{"Command1"};
   Button backbutton{"backbutton"};
 

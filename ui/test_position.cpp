@@ -21,8 +21,6 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kHandPositions = 10;
-
 /// The path of the rules file, asked for until one is found; "" when that was cancelled.
 std::string FindRulesFile() {
   Text& name = State().GameFileName;
@@ -42,7 +40,7 @@ std::string FindRulesFile() {
 void ReadRules(const std::string& path) {
   ForgetRules();
   PlayerState scratch;
-  InitPlayer(scratch, 4);
+  InitPlayer(scratch, kGameDeckState);
   ReadCards(path, scratch, 0, "", 0);
 }
 

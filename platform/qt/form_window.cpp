@@ -1,21 +1,17 @@
-// Building, showing and closing a form's window.
+// Showing and closing a form's window.
 #include "platform/qt/form_window.h"
 
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QLayout>
 #include <QScreen>
-#include <QScrollArea>
 #include <QShortcut>
 #include <QWindow>
 #include <algorithm>
 
-#include "platform/qt/bindings.h"
-#include "platform/qt/form_layout.h"
 #include "platform/qt/mnemonics.h"
 #include "platform/qt/page_view.h"
-#include "platform/qt/qt_platform.h"
+#include "platform/qt/window_host.h"
 
 namespace brindlemoor {
 
@@ -25,35 +21,14 @@ constexpr double kSmallestZoom = 0.5;
 constexpr double kLargestZoom = 3.0;
 constexpr double kZoomStep = 0.1;
 
-/// Where the screen is too small for the controls, they scroll.
-class PageArea : public QScrollArea {
- public:
-  PageArea(QWidget* page, QWidget* parent) : QScrollArea(parent) {
-    setObjectName("page");
-    setFrameShape(QFrame::NoFrame);
-    setFocusPolicy(Qt::NoFocus);
-    setWidgetResizable(true);
-    setWidget(page);
-  }
-  QSize sizeHint() const override { return widget()->sizeHint(); }
-
- protected:
-  /// The page may have had another size in between while the window was hidden.
-  void showEvent(QShowEvent* event) override {
-    QScrollArea::showEvent(event);
-    widget()->layout()->invalidate();
-    widget()->layout()->activate();
-  }
-};
-
 }  // namespace
 
-FormWindow::FormWindow(Form& form, QtPlatform& platform) : form_(form), platform_(platform) {
+FormWindow::FormWindow(Form& form, WindowHost& host) : form_(form), host_(host) {
   setObjectName(QString::fromStdString(form.Name));
-  BindMenus(form.Menus, *this);
-  setCentralWidget(new PageArea(BuildArrangement(form.Arrangement, *this), this));
   Bind(form, [this] { setWindowTitle(QString::fromStdString(form_.Caption)); });
-  for (Timer* timer : form.Timers) BindTimer(*timer, *this);
+}
+
+void FormWindow::EndBuilding() {
   if (!views_.empty()) AddZoomKeys();
   OrderTabStops();
   building_ = false;
@@ -64,7 +39,7 @@ FormWindow::~FormWindow() {
   for (Observed* model : bound_) model->OnChange = nullptr;
 }
 
-bool FormWindow::Deliver(const UserEvent& event) { return platform_.Deliver(form_, event); }
+bool FormWindow::Deliver(const UserEvent& event) { return host_.Deliver(form_, event); }
 
 void FormWindow::Bind(Observed& model, std::function<void()> sync) {
   bound_.push_back(&model);
@@ -116,7 +91,7 @@ void FormWindow::AddZoomKeys() {
 
 void FormWindow::SetZoom(double zoom) {
   zoom_ = std::clamp(zoom, kSmallestZoom, kLargestZoom);
-  for (PageView* view : views_) view->setZoomFactor(zoom_);
+  for (PageView* view : views_) view->SetZoom(zoom_);
 }
 
 void FormWindow::TakeFirstSize(QWidget* owner) {
@@ -154,10 +129,10 @@ void FormWindow::Present(bool modal, QWidget* owner) {
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
-  if (platform_.Ending()) return;
+  if (host_.Ending()) return;
   event->ignore();
   if (Deliver({.Kind = UserEventKind::kClose})) return;
-  platform_.HideForm(form_);
+  host_.HideForm(form_);
 }
 
 void FormWindow::showEvent(QShowEvent* event) {

@@ -15,16 +15,17 @@ class QButtonGroup;
 namespace brindlemoor {
 
 class PageView;
-class QtPlatform;
+class WindowHost;
 
-/// Built from a form's arrangement and menus; knows nothing of any one form. The form outlives it.
+/// Knows nothing of any one form: form_building.h fills it from the form's arrangement and menus.
+/// The form outlives it.
 class FormWindow : public QMainWindow {
  public:
-  FormWindow(Form& form, QtPlatform& platform);
+  FormWindow(Form& form, WindowHost& host);
   ~FormWindow() override;
 
   Form& Model() { return form_; }
-  QtPlatform& Desktop() { return platform_; }
+  WindowHost& Host() { return host_; }
   /// Hands an event of this window to the logic.
   bool Deliver(const UserEvent& event);
 
@@ -44,11 +45,12 @@ class FormWindow : public QMainWindow {
   void AddView(PageView& view) { views_.push_back(&view); }
   /// Appends a widget to those that the Tab key goes through.
   void AddTabStop(QWidget& widget) { tabStops_.push_back(&widget); }
-  /// Sets the Tab key's way; a view calls it when the widget behind it has changed.
+  /// Sets the Tab key's way again, when the widget behind a view has changed.
   void OrderTabStops();
   /// Runs sync whenever the window has come up or gone.
   void OnShownChange(std::function<void()> sync) { shownSyncs_.push_back(std::move(sync)); }
-  double Zoom() const { return zoom_; }
+  /// All controls are there: access keys and the Tab key's way are set.
+  void EndBuilding();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -67,7 +69,7 @@ class FormWindow : public QMainWindow {
   void TakeFirstSize(QWidget* owner);
 
   Form& form_;
-  QtPlatform& platform_;
+  WindowHost& host_;
   bool building_ = true;
   bool sized_ = false;
   double zoom_ = 1.0;

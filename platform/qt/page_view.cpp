@@ -1,91 +1,20 @@
-// Pages in a browser view: what they may do, and clicks on their links.
+// Pages in a browser view, and clicks on their links.
 #include "platform/qt/page_view.h"
 
 #include <QEventLoop>
-#include <QFont>
-#include <QGuiApplication>
 #include <QTimer>
 #include <QWebEngineLoadingInfo>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
-#include <QWebEngineScript>
-#include <QWebEngineScriptCollection>
-#include <QWebEngineSettings>
-#include <QWebEngineUrlRequestInterceptor>
-#include <functional>
 
 #include "platform/qt/event_loop.h"
-#include "platform/qt/form_window.h"
 #include "platform/qt/page_policy.h"
-#include "platform/qt/qt_platform.h"
 
 namespace brindlemoor {
 
 namespace {
 
 constexpr int kLoadLimit = 10'000;  // milliseconds
-
-class RequestFilter : public QWebEngineUrlRequestInterceptor {
- public:
-  RequestFilter(const PagePolicy& policy, QObject* parent)
-      : QWebEngineUrlRequestInterceptor(parent), policy_(policy) {}
-  void interceptRequest(QWebEngineUrlRequestInfo& request) override {
-    // A request that is not touched goes on to the filter of its page, if one watches there.
-    if (!policy_.AllowsResource(request.requestUrl())) request.block(true);
-  }
-
- private:
-  const PagePolicy& policy_;
-};
-
-void RestrictPages(QWebEngineSettings& settings) {
-  using Settings = QWebEngineSettings;
-  for (const auto attribute : {Settings::JavascriptEnabled,
-                               Settings::JavascriptCanOpenWindows,
-                               Settings::JavascriptCanAccessClipboard,
-                               Settings::JavascriptCanPaste,
-                               Settings::LocalStorageEnabled,
-                               Settings::LocalContentCanAccessRemoteUrls,
-                               Settings::HyperlinkAuditingEnabled,
-                               Settings::PluginsEnabled,
-                               Settings::FullScreenSupportEnabled,
-                               Settings::ScreenCaptureEnabled,
-                               Settings::WebGLEnabled,
-                               Settings::Accelerated2dCanvasEnabled,
-                               Settings::AutoLoadIconsForPage,
-                               Settings::TouchIconsEnabled,
-                               Settings::AllowRunningInsecureContent,
-                               Settings::AllowGeolocationOnInsecureOrigins,
-                               Settings::DnsPrefetchEnabled,
-                               Settings::PdfViewerEnabled,
-                               Settings::NavigateOnDropEnabled,
-                               Settings::FocusOnNavigationEnabled}) {
-    settings.setAttribute(attribute, false);
-  }
-  // Links such as "game:1:2" have schemes of their own; each is refused when it has been handed on.
-  settings.setUnknownUrlSchemePolicy(Settings::AllowUnknownUrlSchemesFromUserInteraction);
-}
-
-/// Scroll bars that fit the dark windows. The script is the program's own and runs in a world of
-/// its own; it touches nothing else of the page.
-QWebEngineScript ScrollBarStyle() {
-  QWebEngineScript script;
-  script.setWorldId(QWebEngineScript::ApplicationWorld);
-  script.setInjectionPoint(QWebEngineScript::DocumentReady);
-  script.setRunsOnSubFrames(true);
-  script.setSourceCode(R"(
-(function() {
-  const style = document.createElement('style');
-  style.textContent =
-      '::-webkit-scrollbar { width: 12px; height: 12px; background: #14171b; }' +
-      '::-webkit-scrollbar-thumb { background: #454d57; border-radius: 6px; }' +
-      '::-webkit-scrollbar-thumb:hover { background: #c99a4b; }' +
-      '::-webkit-scrollbar-corner { background: #14171b; }';
-  document.documentElement.appendChild(style);
-})();
-)");
-  return script;
-}
 
 /// Takes the one navigation of a link that asks for a window of its own.
 class LinkCatcher : public QWebEnginePage {
@@ -106,59 +35,42 @@ class LinkCatcher : public QWebEnginePage {
 
 }  // namespace
 
-std::unique_ptr<QWebEngineProfile> NewPageProfile(const PagePolicy& policy) {
-  auto profile = std::make_unique<QWebEngineProfile>();
-  profile->setHttpCacheType(QWebEngineProfile::NoCache);
-  profile->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
-  profile->setSpellCheckEnabled(false);
-  profile->setUrlRequestInterceptor(new RequestFilter(policy, profile.get()));
-  RestrictPages(*profile->settings());
-  // Pages that name no font read like the windows around them.
-  profile->settings()->setFontFamily(QWebEngineSettings::StandardFont,
-                                     QGuiApplication::font().family());
-  profile->scripts()->insert(ScrollBarStyle());
-  return profile;
-}
-
 std::string LinkText(const QUrl& url) {
   return QByteArray::fromPercentEncoding(url.toEncoded()).toStdString();
 }
 
-/// Lets the program's own loads through. A click is never followed by the browser: it is handed to
-/// the desktop, which asks the logic when the browser engine is not on the stack.
+/// Lets the program's own loads through. A click is never followed by the browser: the view tells
+/// of it.
 class PageView::Page : public QWebEnginePage {
  public:
-  Page(BrowserView& model, QtPlatform& desktop)
-      : QWebEnginePage(&desktop.PageProfile()), model_(model), desktop_(desktop) {}
+  Page(QWebEngineProfile& profile, const PagePolicy& policy, const PageView& view)
+      : QWebEnginePage(&profile), policy_(policy), view_(view) {}
 
   QUrl OwnLoad;
 
  protected:
   bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override {
-    if (!isMainFrame) return desktop_.Policy().AllowsPage(url);
+    if (!isMainFrame) return policy_.AllowsPage(url);
     if (type == NavigationTypeLinkClicked) {
-      desktop_.QueueClick(model_, url);
+      view_.OnLink(url);
       return false;
     }
     if (url == OwnLoad) return true;
-    return type == NavigationTypeBackForward && desktop_.Policy().AllowsPage(url);
+    return type == NavigationTypeBackForward && policy_.AllowsPage(url);
   }
   QWebEnginePage* createWindow(WebWindowType) override {
-    return new LinkCatcher(profile(), this,
-                           [this](const QUrl& url) { desktop_.QueueClick(model_, url); });
+    return new LinkCatcher(profile(), this, [this](const QUrl& url) { view_.OnLink(url); });
   }
   void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString&, int,
                                 const QString&) override {}
 
  private:
-  BrowserView& model_;
-  QtPlatform& desktop_;
+  const PagePolicy& policy_;
+  const PageView& view_;
 };
 
-PageView::PageView(BrowserView& model, FormWindow& window)
-    : QWebEngineView(&window),
-      window_(window),
-      page_(std::make_unique<Page>(model, window.Desktop())) {
+PageView::PageView(QWebEngineProfile& profile, const PagePolicy& policy, QWidget* parent)
+    : QWebEngineView(parent), page_(std::make_unique<Page>(profile, policy, *this)) {
   page_->setBackgroundColor(Qt::black);
   setPage(page_.get());
   setContextMenuPolicy(Qt::NoContextMenu);
@@ -169,11 +81,16 @@ PageView::PageView(BrowserView& model, FormWindow& window)
 
 PageView::~PageView() = default;
 
+void PageView::SetZoom(double zoom) {
+  zoom_ = zoom;
+  setZoomFactor(zoom);
+}
+
 void PageView::PageRead() {
-  setZoomFactor(window_.Zoom());
-  if (focusWidget_ == focusProxy()) return;
-  focusWidget_ = focusProxy();
-  window_.OrderTabStops();
+  setZoomFactor(zoom_);
+  if (keyTaker_ == focusProxy()) return;
+  keyTaker_ = focusProxy();
+  OnKeyTakerChange();
 }
 
 void PageView::Load(const QUrl& url) {

@@ -3,33 +3,36 @@
 
 #include <QUrl>
 #include <QWebEngineView>
+#include <functional>
 #include <memory>
-
-#include "platform/controls.h"
+#include <string>
 
 class QWebEngineProfile;
 
 namespace brindlemoor {
 
-class FormWindow;
 class PagePolicy;
-class QtPlatform;
-
-/// The profile of all pages: nothing is stored, scripts and the like are off, and every request
-/// goes by the policy, which the profile does not outlive.
-std::unique_ptr<QWebEngineProfile> NewPageProfile(const PagePolicy& policy);
 
 /// A link's URL as the program's logic reads it: the scheme in lower case, escapes resolved.
 std::string LinkText(const QUrl& url);
 
+/// Goes to no page by itself: it tells of the link that was clicked. What it tells is set once it
+/// has been made.
 class PageView : public QWebEngineView {
  public:
-  PageView(BrowserView& model, FormWindow& window);
+  PageView(QWebEngineProfile& profile, const PagePolicy& policy, QWidget* parent);
   ~PageView() override;
+
+  /// A link was clicked. The browser engine is on the stack then.
+  std::function<void(const QUrl&)> OnLink;
+  /// Another widget behind the view takes its keys now.
+  std::function<void()> OnKeyTakerChange;
 
   /// Shows a page and returns when it has been read (or after a time limit). Events run meanwhile,
   /// but no input of the user.
   void Load(const QUrl& url);
+  /// The size of this page and of all that follow; 1 is their own.
+  void SetZoom(double zoom);
 
   QSize sizeHint() const override { return {180, 90}; }
   QSize minimumSizeHint() const override { return {120, 60}; }
@@ -39,9 +42,9 @@ class PageView : public QWebEngineView {
 
   void PageRead();
 
-  FormWindow& window_;
-  QWidget* focusWidget_ = nullptr;  // known to the tab order
-  std::unique_ptr<Page> page_;      // goes before the view that shows it
+  double zoom_ = 1.0;
+  QWidget* keyTaker_ = nullptr;  // as it was told last
+  std::unique_ptr<Page> page_;   // goes before the view that shows it
 };
 
 }  // namespace brindlemoor

@@ -8,18 +8,19 @@
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
-#include <cmath>
-#include <functional>
-#include <limits>
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/qt/bindings.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/picture_drag.h"
+#include "platform/qt/picture_events.h"
 #include "platform/qt/picture_face.h"
-#include "platform/qt/qt_platform.h"
-#include "platform/qt/style.h"
+#include "platform/qt/picture_focus.h"
+#include "platform/qt/picture_keys.h"
+#include "platform/qt/window_host.h"
 
 namespace brindlemoor {
 
@@ -27,51 +28,15 @@ namespace {
 
 constexpr QSize kNaturalSize(64, 88);
 constexpr QSize kSmallestSize(24, 36);
-constexpr int kFrameRadius = 4;
 
-struct MoveKey {
-  int Key;
-  PictureKey Means;
-  QPoint Direction;  ///< in which the focus moves; nowhere for the others
-};
-constexpr MoveKey kMoveKeys[] = {
-    {Qt::Key_Left, PictureKey::kLeft, {-1, 0}}, {Qt::Key_Right, PictureKey::kRight, {1, 0}},
-    {Qt::Key_Up, PictureKey::kUp, {0, -1}},     {Qt::Key_Down, PictureKey::kDown, {0, 1}},
-    {Qt::Key_PageUp, PictureKey::kPageUp, {}},  {Qt::Key_PageDown, PictureKey::kPageDown, {}},
-    {Qt::Key_Home, PictureKey::kHome, {}},      {Qt::Key_End, PictureKey::kEnd, {}},
-};
-
-/// The mouse button that a key stands for.
-std::optional<MouseButton> ButtonOf(const QKeyEvent& event) {
-  switch (event.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return event.modifiers().testFlag(Qt::ShiftModifier) ? MouseButton::kRight
-                                                           : MouseButton::kLeft;
-    case Qt::Key_Space:
-      return MouseButton::kLeft;
-    case Qt::Key_Delete:
-      return MouseButton::kRight;
-    default:
-      return std::nullopt;
-  }
-}
-
-void DrawEmptyFrame(QPainter& painter, QRect place) {
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(CardEdgeColor());
-  painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), kFrameRadius, kFrameRadius);
-  painter.restore();
-}
-
+/// Takes the events of a picture box and hands each to what it concerns.
 class PictureWidget : public QWidget {
  public:
   PictureWidget(PictureBox& model, FormWindow& window)
       : QWidget(&window),
         model_(model),
-        window_(window),
-        face_(model, window.Desktop().Pictures()) {
+        events_(model, window),
+        face_(model, window.Host().Pictures()) {
     setMouseTracking(true);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setRetainSizeWhenHidden(true);
@@ -105,7 +70,7 @@ class PictureWidget : public QWidget {
  protected:
   bool event(QEvent* event) override {
     // While a picture is dragged the key that gives it up is no shortcut.
-    if (event->type() == QEvent::ShortcutOverride && drag_ != nullptr &&
+    if (event->type() == QEvent::ShortcutOverride && drag_.Runs() &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
       event->accept();
       return true;
@@ -115,15 +80,8 @@ class PictureWidget : public QWidget {
 
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
-    QRect place = face_.Draw(painter, rect(), devicePixelRatioF());
-    if (place.isEmpty()) {
-      place = rect();
-      if (model_.FrameWhenEmpty) DrawEmptyFrame(painter, place);
-    }
-    if (model_.MouseUp && (hasFocus() || underMouse())) {
-      painter.setPen(QPen(HighlightColor(), 2));
-      painter.drawRect(place.adjusted(1, 1, -1, -1));
-    }
+    face_.Draw(painter, rect(), devicePixelRatioF(),
+               model_.MouseUp && (hasFocus() || underMouse()));
   }
 
   void enterEvent(QEnterEvent*) override { update(); }
@@ -131,9 +89,10 @@ class PictureWidget : public QWidget {
 
   void mousePressEvent(QMouseEvent* event) override {
     lastPress_.start();
-    if (event->button() == Qt::LeftButton) pressed_ = event->position().toPoint();
-    if (event->button() == Qt::LeftButton || !event->buttons().testFlag(Qt::LeftButton)) {
-      givenUp_ = false;
+    if (event->button() == Qt::LeftButton) {
+      drag_.Press(event->position().toPoint());
+    } else if (!event->buttons().testFlag(Qt::LeftButton)) {
+      drag_.ButtonIsUp();
     }
   }
   /// The second click of a double click may fall on a box that only the first one brought up: it
@@ -145,36 +104,31 @@ class PictureWidget : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override {
     const QPoint pointer = event->position().toPoint();
     if (!event->buttons().testFlag(Qt::LeftButton)) {
-      GiveUpDrag();
-      givenUp_ = false;
-    } else if (drag_ == nullptr && !givenUp_ && CanBeDragged() &&
-               (pointer - pressed_).manhattanLength() > QApplication::startDragDistance()) {
-      StartDrag();
+      drag_.GiveUp();
+      drag_.ButtonIsUp();
+    } else if (CanBeDragged() && drag_.Begins(pointer)) {
+      drag_.Begin(window(), face_.Shown(size(), devicePixelRatioF(), font()), OtherAreas());
     }
-    if (drag_ != nullptr) {
-      drag_->MoveTo(mapTo(window(), pointer));
-    } else if (!givenUp_) {
-      Hover();
-      if (model_.PointMove) TellPoint(UserEventKind::kPointMove, pointer);
+    if (drag_.Runs()) {
+      drag_.MoveTo(mapTo(window(), pointer));
+    } else if (!drag_.HasButton()) {
+      events_.Hover();
+      if (const auto point = PointAt(pointer)) events_.PointMove(*point);
     }
   }
   void mouseReleaseEvent(QMouseEvent* event) override {
     const QPoint pointer = event->position().toPoint();
     const bool left = event->button() == Qt::LeftButton;
-    if (drag_ != nullptr || givenUp_) {
-      if (!left) return;
-      const bool taken = drag_ != nullptr && drag_->Takes(mapTo(window(), pointer));
-      GiveUpDrag();
-      givenUp_ = false;
-      if (taken) Press(MouseButton::kLeft);
+    if (drag_.HasButton()) {
+      if (left && drag_.LetGo(mapTo(window(), pointer))) events_.Press(MouseButton::kLeft);
       return;
     }
     if (std::exchange(notMeant_, false) || !rect().contains(pointer)) return;
     if (left) {
-      if (model_.PointUp) TellPoint(UserEventKind::kPointUp, pointer);
-      Press(MouseButton::kLeft);
+      if (const auto point = PointAt(pointer)) events_.PointUp(*point);
+      events_.Press(MouseButton::kLeft);
     }
-    if (event->button() == Qt::RightButton) Press(MouseButton::kRight);
+    if (event->button() == Qt::RightButton) events_.Press(MouseButton::kRight);
   }
 
   void focusInEvent(QFocusEvent* event) override {
@@ -184,22 +138,22 @@ class PictureWidget : public QWidget {
       case Qt::BacktabFocusReason:
       case Qt::ShortcutFocusReason:
       case Qt::OtherFocusReason:
-        if (!quiet_) Hover();
+        if (!quiet_) events_.Hover();
         break;
       default:
         break;
     }
   }
   void focusOutEvent(QFocusEvent*) override {
-    GiveUpDrag();
+    drag_.GiveUp();
     update();
   }
-  void hideEvent(QHideEvent*) override { GiveUpDrag(); }
+  void hideEvent(QHideEvent*) override { drag_.GiveUp(); }
 
   void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() == Qt::Key_Escape && drag_ != nullptr) {
-      GiveUpDrag();
-    } else if (const auto button = ButtonOf(*event)) {
+    if (event->key() == Qt::Key_Escape && drag_.Runs()) {
+      drag_.GiveUp();
+    } else if (const auto button = ButtonOfKey(event->key(), event->modifiers())) {
       if (!event->isAutoRepeat()) PressByKey(*button);
     } else if (!Move(event->key())) {
       QWidget::keyPressEvent(event);
@@ -207,93 +161,38 @@ class PictureWidget : public QWidget {
   }
 
  private:
-  void Press(MouseButton button) {
-    if (!model_.MouseUp) return;
-    window_.Deliver({.Kind = UserEventKind::kPress,
-                     .Control = model_.Name,
-                     .Number = static_cast<int>(button)});
-  }
-
-  void Hover() {
-    if (model_.MouseMove) window_.Desktop().Hover(window_.Model(), model_.Name);
-  }
-
-  /// Tells where in the picture the pointer is; outside of it nothing.
-  void TellPoint(UserEventKind kind, QPoint pointer) {
+  /// Where in the picture the pointer is; nothing outside of it.
+  std::optional<QPoint> PointAt(QPoint pointer) const {
     const QRect picture = face_.PicturePlace();
-    if (!picture.contains(pointer)) return;
-    const QPoint point = pointer - picture.topLeft();
-    window_.Deliver({.Kind = kind, .Control = model_.Name, .Number = point.x(), .Y = point.y()});
+    if (!picture.contains(pointer)) return std::nullopt;
+    return pointer - picture.topLeft();
   }
 
   /// A click by a key. What lies under the keyboard may be another card now.
   void PressByKey(MouseButton button) {
     if (!model_.MouseUp) return;
     const QPointer<QWidget> alive(this);
-    Press(button);
-    if (alive && hasFocus() && isVisible()) Hover();
-  }
-
-  bool TellKey(PictureKey key) {
-    return window_.Deliver(
-        {.Kind = UserEventKind::kKey, .Control = model_.Name, .Number = static_cast<int>(key)});
+    events_.Press(button);
+    if (alive && hasFocus() && isVisible()) events_.Hover();
   }
 
   /// Serves a key that moves; false for any other.
   bool Move(int key) {
-    for (const MoveKey& row : kMoveKeys) {
-      if (row.Key != key) continue;
-      if (model_.KeyDown && TellKey(row.Means)) return true;
-      if (row.Direction.isNull()) return false;
-      MoveFocus(row.Direction);
-      return true;
+    const MoveKey* row = FindMoveKey(key);
+    if (row == nullptr) return false;
+    if (events_.KeyDown(row->Means)) return true;
+    if (row->Direction.isNull()) return false;
+    const std::vector<PictureWidget*> boxes = OthersForFocus();
+    if (const auto next = SpotTowards(SpotsOf(boxes), Spot().Middle, row->Direction)) {
+      boxes[*next]->setFocus(Qt::OtherFocusReason);
     }
-    return false;
+    return true;
   }
 
-  /// The box with the smallest distance; those without one are left out.
-  using Distance = std::function<std::optional<double>(const PictureWidget& other, QPoint way)>;
-  PictureWidget* Nearest(const Distance& distance) const {
-    PictureWidget* nearest = nullptr;
-    double shortest = std::numeric_limits<double>::max();
-    for (QWidget* widget : window()->findChildren<QWidget*>()) {
-      auto* other = dynamic_cast<PictureWidget*>(widget);
-      if (other == nullptr || other == this || !other->isVisibleTo(window()) ||
-          !other->isEnabled() || other->focusPolicy() == Qt::NoFocus) {
-        continue;
-      }
-      const QPoint way =
-          other->mapTo(window(), other->rect().center()) - mapTo(window(), rect().center());
-      const auto far = distance(*other, way);
-      if (far && *far < shortest) {
-        shortest = *far;
-        nearest = other;
-      }
-    }
-    return nearest;
-  }
-
-  /// Gives the focus to the nearest picture box that lies in a direction.
-  void MoveFocus(QPoint direction) {
-    PictureWidget* nearest =
-        Nearest([direction](const PictureWidget&, QPoint way) -> std::optional<double> {
-          const int ahead = QPoint::dotProduct(way, direction);
-          if (ahead <= 0) return std::nullopt;
-          const int aside = std::abs(way.x() * direction.y()) + std::abs(way.y() * direction.x());
-          // What lies straight ahead goes before what is only near.
-          return ahead + 3.0 * aside;
-        });
-    if (nearest != nullptr) nearest->setFocus(Qt::OtherFocusReason);
-  }
-
-  /// Gives the focus to the nearest picture box of the same group, if there is one.
+  /// Gives the focus to another box of the group, if there is one.
   void HandFocusOn() {
-    PictureWidget* nearest =
-        Nearest([this](const PictureWidget& other, QPoint way) -> std::optional<double> {
-          if (other.model_.DragGroup != model_.DragGroup) return std::nullopt;
-          return std::hypot(way.x(), way.y());
-        });
-    if (nearest != nullptr) nearest->TakeFocusOver();
+    const std::vector<PictureWidget*> boxes = OthersForFocus();
+    if (const auto next = SpotAfter(SpotsOf(boxes), Spot())) boxes[*next]->TakeFocusOver();
   }
 
   /// Takes the focus of a box that hides. Whoever hides boxes may be in the middle of it, so the
@@ -303,18 +202,44 @@ class PictureWidget : public QWidget {
     setFocus(Qt::OtherFocusReason);
     quiet_ = false;
     QTimer::singleShot(0, this, [this] {
-      if (hasFocus() && isVisible()) Hover();
+      if (hasFocus() && isVisible()) events_.Hover();
     });
   }
 
   bool CanBeDragged() const { return !model_.DragGroup.empty() && model_.MouseUp; }
 
+  /// The other picture boxes of the window.
+  std::vector<PictureWidget*> Others() const {
+    std::vector<PictureWidget*> others;
+    for (QWidget* widget : window()->findChildren<QWidget*>()) {
+      auto* other = dynamic_cast<PictureWidget*>(widget);
+      if (other != nullptr && other != this) others.push_back(other);
+    }
+    return others;
+  }
+
+  /// Those that can have the focus.
+  std::vector<PictureWidget*> OthersForFocus() const {
+    std::vector<PictureWidget*> others = Others();
+    std::erase_if(others, [this](const PictureWidget* other) {
+      return !other->isVisibleTo(window()) || !other->isEnabled() ||
+             other->focusPolicy() == Qt::NoFocus;
+    });
+    return others;
+  }
+
+  FocusSpot Spot() const { return {mapTo(window(), rect().center()), model_.DragGroup}; }
+  static std::vector<FocusSpot> SpotsOf(const std::vector<PictureWidget*>& boxes) {
+    std::vector<FocusSpot> spots;
+    spots.reserve(boxes.size());
+    for (const PictureWidget* box : boxes) spots.push_back(box->Spot());
+    return spots;
+  }
+
   /// The areas of the other groups in the window: for each the box around its pictures.
   std::vector<QRect> OtherAreas() const {
     QMap<std::string, QRect> areas;
-    for (QWidget* widget : window()->findChildren<QWidget*>()) {
-      auto* other = dynamic_cast<PictureWidget*>(widget);
-      if (other == nullptr) continue;
+    for (const PictureWidget* other : Others()) {
       const std::string& group = other->model_.DragGroup;
       if (group.empty() || group == model_.DragGroup) continue;
       areas[group] |= QRect(other->mapTo(window(), QPoint(0, 0)), other->size());
@@ -322,31 +247,10 @@ class PictureWidget : public QWidget {
     return {areas.begin(), areas.end()};
   }
 
-  void StartDrag() {
-    const double ratio = devicePixelRatioF();
-    QPixmap picture((QSizeF(size()) * ratio).toSize());
-    picture.setDevicePixelRatio(ratio);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setFont(font());
-    face_.Draw(painter, rect(), ratio);
-    painter.end();
-    drag_ = new DragLayer(window(), picture, pressed_, OtherAreas());
-  }
-
-  /// Ends a drag; the button that is still down does nothing more.
-  void GiveUpDrag() {
-    if (drag_ == nullptr) return;
-    delete drag_;
-    givenUp_ = true;
-  }
-
   PictureBox& model_;
-  FormWindow& window_;
+  PictureEvents events_;
   PictureFace face_;
-  QPointer<DragLayer> drag_;  // of the window
-  QPoint pressed_;
-  bool givenUp_ = false;  // the left button is down, but is no click
+  PictureDrag drag_;
   QElapsedTimer lastPress_;
   bool notMeant_ = false;  // the click that is being made
   bool quiet_ = false;     // the focus comes without a preview

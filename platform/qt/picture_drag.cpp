@@ -1,55 +1,37 @@
-// The layer on which a picture is dragged.
+// From the press of the button to where a picture is let go.
 #include "platform/qt/picture_drag.h"
 
-#include <QPainter>
-#include <algorithm>
-
-#include "platform/qt/style.h"
+#include <QApplication>
+#include <utility>
 
 namespace brindlemoor {
 
-namespace {
-
-constexpr double kSeeThrough = 0.5;
-
-}  // namespace
-
-DragLayer::DragLayer(QWidget* window, QPixmap picture, QPoint grip, std::vector<QRect> areas)
-    : QWidget(window), picture_(std::move(picture)), grip_(grip), areas_(std::move(areas)) {
-  setAttribute(Qt::WA_TransparentForMouseEvents);
-  setGeometry(window->rect());
-  show();
-  raise();
+void PictureDrag::Press(QPoint grip) {
+  grip_ = grip;
+  givenUp_ = false;
 }
 
-void DragLayer::MoveTo(QPoint pointer) {
-  const bool changes = Takes(pointer) != Takes(pointer_);
-  update(Carried());
-  pointer_ = pointer;
-  update(Carried());
-  if (changes) update();
+bool PictureDrag::Begins(QPoint pointer) const {
+  return !HasButton() && (pointer - grip_).manhattanLength() > QApplication::startDragDistance();
 }
 
-bool DragLayer::Takes(QPoint pointer) const {
-  return rect().contains(pointer) && std::any_of(areas_.begin(), areas_.end(), [&](QRect area) {
-           return area.contains(pointer);
-         });
+void PictureDrag::Begin(QWidget* window, QPixmap shown, std::vector<QRect> areas) {
+  layer_ = new DragLayer(window, std::move(shown), grip_, std::move(areas));
 }
 
-QRect DragLayer::Carried() const {
-  return {pointer_ - grip_, picture_.deviceIndependentSize().toSize()};
+void PictureDrag::MoveTo(QPoint pointer) { layer_->MoveTo(pointer); }
+
+bool PictureDrag::LetGo(QPoint pointer) {
+  const bool taken = Runs() && layer_->Takes(pointer);
+  GiveUp();
+  givenUp_ = false;
+  return taken;
 }
 
-void DragLayer::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  for (const QRect& area : areas_) {
-    // A thicker line says that the picture can be let go here.
-    const int line = area.contains(pointer_) ? 2 : 1;
-    painter.setPen(QPen(HighlightColor(), line));
-    painter.drawRect(area.adjusted(0, 0, -1, -1));
-  }
-  painter.setOpacity(kSeeThrough);
-  painter.drawPixmap(Carried().topLeft(), picture_);
+void PictureDrag::GiveUp() {
+  if (!Runs()) return;
+  delete layer_;
+  givenUp_ = true;
 }
 
 }  // namespace brindlemoor

@@ -1,33 +1,43 @@
-// What is seen of a picture that is being dragged.
+// The drag of a picture by the left mouse button.
 #pragma once
 
 #include <QPixmap>
-#include <QWidget>
+#include <QPoint>
+#include <QPointer>
+#include <QRect>
 #include <vector>
+
+#include "platform/qt/drag_layer.h"
 
 namespace brindlemoor {
 
-/// Lies over a window while a picture is dragged in it: shows the picture at the pointer and frames
-/// the areas that would take it. The mouse goes through it. Places are those of the window.
-class DragLayer : public QWidget {
+/// Follows the left button of one picture from the press on. Unless it says so, places are those of
+/// the window.
+class PictureDrag {
  public:
-  /// grip is where in the picture the pointer holds it.
-  DragLayer(QWidget* window, QPixmap picture, QPoint grip, std::vector<QRect> areas);
+  /// The left button went down, at a place of the picture.
+  void Press(QPoint grip);
+  /// The left button is found to be up: the next press is an ordinary one.
+  void ButtonIsUp() { givenUp_ = false; }
 
+  /// Whether the pointer, at a place of the picture, has come so far that a drag begins.
+  bool Begins(QPoint pointer) const;
+  /// Begins to drag what the picture shows; the areas would take it.
+  void Begin(QWidget* window, QPixmap shown, std::vector<QRect> areas);
   void MoveTo(QPoint pointer);
-  /// Whether an area would take what is let go there.
-  bool Takes(QPoint pointer) const;
-  /// Where the picture is now.
-  QRect Carried() const;
+  /// The left button was let go: ends the drag. True where an area takes the picture.
+  bool LetGo(QPoint pointer);
+  /// Ends a drag; the button that is still down does nothing more.
+  void GiveUp();
 
- protected:
-  void paintEvent(QPaintEvent* event) override;
+  bool Runs() const { return layer_ != nullptr; }
+  /// Whether the left button that is down belongs to a drag, and is no click.
+  bool HasButton() const { return Runs() || givenUp_; }
 
  private:
-  QPixmap picture_;
+  QPointer<DragLayer> layer_;  // of the window
   QPoint grip_;
-  QPoint pointer_;
-  std::vector<QRect> areas_;
+  bool givenUp_ = false;
 };
 
 }  // namespace brindlemoor

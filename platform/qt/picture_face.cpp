@@ -1,4 +1,4 @@
-// Drawing pictures, blank cards and badges.
+// Drawing pictures, blank cards, badges and frames.
 #include "platform/qt/picture_face.h"
 
 #include <QFontMetrics>
@@ -21,7 +21,9 @@ constexpr int kCardRadius = 6;
 constexpr int kCardMargin = 5;
 constexpr int kBadgeRadius = 4;
 constexpr int kBadgePadding = 4;
-constexpr int kBadgeInset = 4;  // from the picture's corner
+constexpr int kBadgeInset = 4;   // from the picture's corner
+constexpr int kFrameRadius = 4;  // of an empty box
+constexpr int kRingWidth = 2;
 constexpr QRgb kOpaque = 0xFF000000;
 constexpr int kOpaqueLine = 255;  // of 255
 constexpr int kLightLine = 190;
@@ -120,6 +122,14 @@ void DrawMarks(QPainter& painter, QRect picture, const std::vector<PictureMark>&
   }
 }
 
+void DrawEmptyFrame(QPainter& painter, QRect place) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(CardEdgeColor());
+  painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), kFrameRadius, kFrameRadius);
+  painter.restore();
+}
+
 }  // namespace
 
 QPixmap PictureFace::Scaled(QSize box) {
@@ -152,7 +162,7 @@ void PictureFace::DrawScaled(QPainter& painter, QRect room, QPixmap picture, dou
   }
 }
 
-QRect PictureFace::Draw(QPainter& painter, QRect room, double ratio) {
+QRect PictureFace::DrawContent(QPainter& painter, QRect room, double ratio) {
   const QSize view(model_.ViewWidth, model_.ViewHeight);
   const QSize box = view.isEmpty() ? room.size() : view;
   const QPixmap picture = Scaled((QSizeF(box) * ratio).toSize());
@@ -173,6 +183,27 @@ QRect PictureFace::Draw(QPainter& painter, QRect room, double ratio) {
   if (!picturePlace_.isEmpty()) DrawMarks(painter, picturePlace_, model_.Marks);
   painter.restore();
   return place;
+}
+
+void PictureFace::Draw(QPainter& painter, QRect room, double ratio, bool ring) {
+  QRect place = DrawContent(painter, room, ratio);
+  if (place.isEmpty()) {
+    place = room;
+    if (model_.FrameWhenEmpty) DrawEmptyFrame(painter, place);
+  }
+  if (!ring) return;
+  painter.setPen(QPen(HighlightColor(), kRingWidth));
+  painter.drawRect(place.adjusted(1, 1, -1, -1));
+}
+
+QPixmap PictureFace::Shown(QSize size, double ratio, const QFont& font) {
+  QPixmap shown((QSizeF(size) * ratio).toSize());
+  shown.setDevicePixelRatio(ratio);
+  shown.fill(Qt::transparent);
+  QPainter painter(&shown);
+  painter.setFont(font);
+  DrawContent(painter, QRect(QPoint(0, 0), size), ratio);
+  return shown;
 }
 
 }  // namespace brindlemoor

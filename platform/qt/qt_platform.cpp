@@ -11,7 +11,9 @@
 #include <chrono>
 
 #include "platform/qt/event_loop.h"
+#include "platform/qt/form_building.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/page_profile.h"
 #include "platform/qt/page_view.h"
 
 namespace brindlemoor {
@@ -63,7 +65,7 @@ void QtPlatform::CloseWindows() {
 
 FormWindow& QtPlatform::WindowOf(Form& form) {
   auto& window = windows_[&form];
-  if (window == nullptr) window = std::make_unique<FormWindow>(form, *this);
+  if (window == nullptr) window = BuildWindow(form, *this);
   return *window;
 }
 

@@ -13,6 +13,7 @@
 #include "platform/qt/page_policy.h"
 #include "platform/qt/picture_cache.h"
 #include "platform/qt/qt_image_library.h"
+#include "platform/qt/window_host.h"
 
 class QDialog;
 class QEventLoop;
@@ -25,7 +26,7 @@ class FormWindow;
 class PageView;
 
 /// Needs a QApplication that lives longer. Forms must live until CloseWindows.
-class QtPlatform : public Platform {
+class QtPlatform : public Platform, public WindowHost {
  public:
   /// folder is the program's folder. A seed replaces the clock.
   QtPlatform(std::unique_ptr<FileSystem> files, const std::string& folder,
@@ -55,26 +56,18 @@ class QtPlatform : public Platform {
   bool Ending() const override { return ending_; }
   std::uint64_t ClockSeed() override;
 
-  // For the bindings.
+  // What windows and bindings ask.
 
-  PictureCache& Pictures() { return pictures_; }
-  QWebEngineProfile& PageProfile() { return *profile_; }
-  const PagePolicy& Policy() const { return policy_; }
-  /// True while the logic waits for a page to be read, or lets events run in between.
-  bool InsideLogic() const { return pagesBeingRead_ > 0 || pumpsRunning_ > 0; }
-  /// The widget of a view and the window that it is in.
-  struct ViewPlace {
-    FormWindow* Window = nullptr;
-    PageView* Widget = nullptr;
-  };
-  void AddView(BrowserView& model, ViewPlace place) { views_.insert(&model, place); }
   bool Deliver(Form& form, const UserEvent& event) override;
-  /// Asks the logic about a click on a link as soon as no page is being read.
-  void QueueClick(BrowserView& view, const QUrl& url);
-  /// The pointer or the focus came to a picture. While an earlier one is still being served, or the
-  /// logic is in the middle of something, only the last is kept, so that a wild pointer does not
-  /// nest handlers without end.
-  void Hover(Form& form, const std::string& picture);
+  bool InsideLogic() const override { return pagesBeingRead_ > 0 || pumpsRunning_ > 0; }
+  PictureCache& Pictures() override { return pictures_; }
+  void Hover(Form& form, const std::string& picture) override;
+  QWebEngineProfile& PageProfile() override { return *profile_; }
+  const PagePolicy& Policy() const override { return policy_; }
+  void AddView(BrowserView& model, FormWindow& window, PageView& widget) override {
+    views_.insert(&model, {&window, &widget});
+  }
+  void QueueClick(BrowserView& view, const QUrl& url) override;
 
  private:
   struct ModalRun {
@@ -84,6 +77,10 @@ class QtPlatform : public Platform {
   struct HoveredPicture {
     Form* Window;
     std::string Name;
+  };
+  struct ViewPlace {
+    FormWindow* Window = nullptr;
+    PageView* Widget = nullptr;
   };
   struct LinkClick {
     BrowserView* View;

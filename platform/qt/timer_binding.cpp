@@ -4,7 +4,7 @@
 
 #include "platform/qt/bindings.h"
 #include "platform/qt/form_window.h"
-#include "platform/qt/qt_platform.h"
+#include "platform/qt/window_host.h"
 
 namespace brindlemoor {
 
@@ -15,7 +15,7 @@ namespace {
 bool CanTick(FormWindow& window) {
   const QWidget* modal = QApplication::activeModalWidget();
   return (modal == nullptr || modal == &window) && QApplication::activePopupWidget() == nullptr &&
-         !window.Desktop().InsideLogic();
+         !window.Host().InsideLogic();
 }
 
 }  // namespace

@@ -57,7 +57,7 @@ class Replay(card_editor_test.CardEditorTest):
     def fill_deck(self):
         self.run_.click("link", f"WB GAME:1:{OONA}")
         self.run_.wait_for("window", "DeckManager")
-        self.display.fill_screen(DECKS)
+        self.run_.fill_screen(DECKS)
         self.run_.click("control", "Command4(0)")
         self.run_.answer("Mice and lights")
         self.run_.wait_for("control", "Option1(0)", "Mice and lights")
