@@ -317,6 +317,7 @@ void DeckManager::SearchCollection() {
 }
 
 void DeckManager::UpdateDecks() {
+  const WorkAccount account;  // of looking for thumbnails
   SearchCollection();
   UpdateList(CardList::kDeck);
   UpdateList(CardList::kCollection);
