@@ -12,6 +12,9 @@ namespace brindlemoor {
 
 namespace {
 
+/// For putting a list in order, beside its listing.
+constexpr std::int64_t kStepsOfOrder = 32;
+
 std::uint64_t FoldHash(std::string_view name) { return std::hash<std::string>()(FoldUpper(name)); }
 
 /// The list of a folder, made now if it is not there. Nothing is listed once the work is spent.
@@ -23,6 +26,7 @@ const List& ListOnce(std::map<std::string, List>& lists, const std::string& fold
   WorkBudget& work = State().Work;
   if (work.StopsSearch()) return kEmpty;
   std::vector<std::string> names = make();
+  work.Spend(kStepsOfOrder);
   work.SpendOnListing(names.size());
   return lists.emplace(folder, List(std::move(names))).first->second;
 }

@@ -32,10 +32,12 @@ std::string_view ParentFolder(std::string_view folder) {
 
 /// No system has longer names of files; a reference may be of any length.
 constexpr std::size_t kLongestName = 255;
+/// For one look at whether a file is there.
+constexpr std::int64_t kStepsOfLook = 3;
 
 /// True when the folder holds the file, whose path is filled in in any case.
 bool Holds(std::string_view folder, std::string_view name, std::string& path) {
-  SpendWork(1);
+  SpendWork(kStepsOfLook);
   path.reserve(folder.size() + 1 + name.size());
   path.assign(folder);
   if (!folder.ends_with('/')) path += '/';
