@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "core/desktop.h"
+#include "core/folder_lists.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "text/addresses.h"
-#include "text/fold.h"
 
 namespace brindlemoor {
 
@@ -30,8 +30,14 @@ std::string_view ParentFolder(std::string_view folder) {
   return separator == std::string_view::npos || separator == 0 ? "/" : folder.substr(0, separator);
 }
 
+/// No system has longer names of files; a reference may be of any length.
+constexpr std::size_t kLongestName = 255;
+/// For one look at whether a file is there.
+constexpr std::int64_t kStepsOfLook = 3;
+
 /// True when the folder holds the file, whose path is filled in in any case.
 bool Holds(std::string_view folder, std::string_view name, std::string& path) {
+  SpendWork(kStepsOfLook);
   path.reserve(folder.size() + 1 + name.size());
   path.assign(folder);
   if (!folder.ends_with('/')) path += '/';
@@ -39,29 +45,29 @@ bool Holds(std::string_view folder, std::string_view name, std::string& path) {
   return Desktop().Files().Exists(path);
 }
 
-/// True when the folder holds a file whose name folds like this one; its path is filled in then.
-bool HoldsInAnyCase(std::string_view folder, std::string_view name, std::string& path) {
-  for (const std::string& present : Desktop().Files().ListFiles(std::string(folder))) {
-    if (FoldEquals(present, name) && Holds(folder, present, path)) return true;
-  }
-  return false;
-}
-
 /// Searches the program's folder, its parent and then its subfolders, first for the very name.
 std::string FindFile(std::string_view name) {
+  FolderLists& lists = Folders();
   const std::string& program = State().ProgramFolder;
   const std::string_view parent = ParentFolder(program);
   std::string path;
   if (Holds(program, name, path) || Holds(parent, name, path)) return path;
-  const std::vector<std::string> subfolders = Desktop().Files().ListFolders(program);
+  const std::vector<std::string>& subfolders = lists.SubfoldersOf(program);
   const auto search = [&](auto holds) {
     return std::any_of(subfolders.begin(), subfolders.end(), [&](const std::string& subfolder) {
-      return holds(InFolder(program, subfolder), name, path);
+      return !State().Work.StopsSearch() && holds(InFolder(program, subfolder), name, path);
     });
   };
+  // A file whose name folds like this one; its path is filled in then.
+  const auto holdsInAnyCase = [&lists](std::string_view folder, std::string_view wanted,
+                                       std::string& full) {
+    const auto names = lists.FilesOf(std::string(folder)).FilesLike(wanted);
+    return std::ranges::any_of(
+        names, [&](std::string_view present) { return Holds(folder, present, full); });
+  };
   if (search(Holds)) return path;
-  const bool found = HoldsInAnyCase(program, name, path) || HoldsInAnyCase(parent, name, path) ||
-                     search(HoldsInAnyCase);
+  const bool found = holdsInAnyCase(program, name, path) || holdsInAnyCase(parent, name, path) ||
+                     search(holdsInAnyCase);
   return found ? path : "";
 }
 
@@ -85,8 +91,9 @@ std::string FileNameOf(std::string_view path) {
 std::string ResolvePath(std::string_view file, int asUrl) {
   EnterProgramFolder();
   const std::string name = FileNameOf(file);
-  const bool impossible =
-      name.empty() || name == "." || name == ".." || name.find('\0') != std::string::npos;
+  SpendWorkOnText(file.size());
+  const bool impossible = name.empty() || name.size() > kLongestName || name == "." ||
+                          name == ".." || name.find('\0') != std::string::npos;
   if (impossible) return "";
   std::string path = FindFile(name);
   if (asUrl != 1 || path.empty()) return path;

@@ -6,6 +6,19 @@
 
 namespace brindlemoor {
 
+namespace {
+
+/// A text that a file may have made as long as itself.
+std::string Shortened(std::string_view text) {
+  constexpr std::size_t kLongest = 4000;
+  if (text.size() <= kLongest) return std::string(text);
+  std::size_t end = kLongest;
+  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
+  return Joined(text.substr(0, end), "...");
+}
+
+}  // namespace
+
 Session& State() noexcept {
   static Session session;
   return session;
@@ -26,7 +39,7 @@ Text InternText(std::string_view text) {
 void AddProblem(std::string_view file, int line, std::string_view message) {
   auto& problems = State().Problems;
   if (problems.size() >= limits::kProblems) return;
-  problems.push_back({std::string(file), line, std::string(message)});
+  problems.push_back({Shortened(file), line, Shortened(message)});
 }
 
 }  // namespace brindlemoor

@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/folder_lists.h"
 #include "core/limits.h"
 #include "core/random.h"
 #include "core/records.h"
@@ -152,7 +153,8 @@ struct Session {
   double StatNotMasked = 0;
   double StatCancelled = 0;
 
-  WorkBudget Work;  ///< what scripts have done of what they may do
+  WorkBudget Work;    ///< what was done of what may be done
+  FolderLists Lists;  ///< see Folders()
 
   RandomSource Random;
   std::shared_ptr<MatchLog> Log;  ///< of the match, where somebody counts; mostly empty

@@ -1,19 +1,42 @@
-// Counting the work of scripts.
+// Counting work.
 #include "core/work_budget.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "core/limits.h"
+#include "core/paths.h"
 #include "core/state.h"
 #include "text/text.h"
 
 namespace brindlemoor {
+
+namespace {
+
+void TellWhatWasStopped(const WorkBudget& work) {
+  if (!work.StoppedFile.empty()) {
+    limits::ReportLimit(Joined("Files took too many steps to read: the rest of \"",
+                               FileNameOf(work.StoppedFile), "\" was left out."));
+  }
+  if (work.SearchStopped) {
+    limits::ReportLimit("Looking for files took too many steps: some were not found.");
+  }
+  if (work.StoppedCard.empty()) return;
+  limits::ReportLimit(Joined(
+      "Scripts took too many steps, and those of this turn that were left did not run. It was ",
+      "a script of \"", work.StoppedCard, "\" that took the last step."));
+}
+
+}  // namespace
 
 WorkAccount::WorkAccount() {
   WorkBudget& work = State().Work;
   if (work.Accounts++ > 0) return;
   work.Done = 0;
   work.StoppedCard.clear();
+  work.StoppedFile.clear();
+  work.SearchStopped = false;
+  State().Lists.Forget();
 }
 
 WorkAccount::~WorkAccount() {
@@ -21,10 +44,11 @@ WorkAccount::~WorkAccount() {
   WorkBudget& work = State().Work;
   if (work.Accounts == 0 || --work.Accounts > 0) return;
   work.Most = std::max(work.Most, work.Done);
-  if (work.StoppedCard.empty()) return;
-  limits::ReportLimit(Joined(
-      "Scripts took too many steps, and those of this turn that were left did not run. It was ",
-      "a script of \"", work.StoppedCard, "\" that took the last step."));
+  State().Lists.Forget();
+  try {
+    TellWhatWasStopped(work);
+  } catch (const std::exception&) {  // no memory for the sentence: the work is bounded all the same
+  }
 }
 
 void SpendWork(std::int64_t steps) noexcept { State().Work.Spend(steps); }

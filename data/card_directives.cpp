@@ -26,6 +26,8 @@ constexpr int kLeast = std::numeric_limits<std::int32_t>::min();
 constexpr int kMost = std::numeric_limits<std::int32_t>::max();
 /// A broken file shows no more message boxes than these; the problems tell of all.
 constexpr int kMessagesPerFile = 20;
+/// Traits that are compared as fast as one item of an ordinary search.
+constexpr std::size_t kTraitsOfItem = 4;
 
 std::uint8_t ByteOf(std::string_view text) {
   const double number = NumericPrefix(text);
@@ -228,6 +230,7 @@ void CardReader::Trait(const DirectiveRow& row) {
     Problem(Joined("the trait \"", text, "\" is left out: the card has ", limits::kCardItems));
     return;
   }
+  SpendWorkOnSearch(static_cast<std::size_t>(card->Traits.UpperBound()) / kTraitsOfItem);
   DropBonusBase(*card, text);
   SetTrait(*card, text, "", 1);
   if (pile_ == kRulesPile && FieldAt(text, 1, ':') == "TRAITGRAPHIC") {
@@ -289,7 +292,7 @@ void CardReader::Duplicate(const DirectiveRow& row) {
   if (pile_ != kDeckPile && pile_ != kTablePile && pile_ != kPlayerDeckPile) return;
   if (CurrentCard(row) == nullptr) return;
   const double count = std::max(1.0, NumericPrefix(Field(0)));
-  for (int copy = 1; copy <= count; ++copy) {
+  for (int copy = 1; copy <= count && !WorkIsSpent(); ++copy) {
     const int original = LastPosition(pile_);
     Card* card = NewCard(pile_);
     if (card == nullptr) return;

@@ -6,6 +6,7 @@
 
 #include "core/cards.h"
 #include "core/desktop.h"
+#include "core/folder_lists.h"
 #include "core/limits.h"
 #include "core/paths.h"
 #include "core/state.h"
@@ -24,14 +25,15 @@ void EmptyPlayerPiles() {
 }
 
 /// Why a further file can't be opened now, "" when it can.
-std::string RefuseRead() {
-  const Session& session = State();
+std::string RefuseRead(std::string_view file) {
+  Session& session = State();
   if (session.ReadDepth >= limits::kNestedReads) {
     return Joined("the file is not read: files may be nested ", limits::kNestedReads, " deep");
   }
   if (session.FilesRead >= limits::kFilesOfRead) {
     return Joined("the file is not read: one read takes in ", limits::kFilesOfRead, " files");
   }
+  if (session.Work.StopsFile(file)) return "the file is not read: reading took too many steps";
   return "";
 }
 
@@ -50,57 +52,55 @@ void EndRead(PlayerState& player) {
 
 std::string FindCardFile(std::string_view file) {
   if (file.empty()) return "";
-  FileSystem& files = Desktop().Files();
   std::string path = InCurrentFolder(file);
-  if (files.Exists(path)) return path;
+  if (Desktop().Files().Exists(path)) return path;
   const std::size_t slash = path.rfind('/');
   if (slash == std::string::npos) return "";
   const std::string folder = path.substr(0, slash);
   const std::string name = path.substr(slash + 1);
-  for (const std::string& entry : files.ListFiles(folder)) {
-    if (FoldEquals(entry, name)) return Joined(folder, "/", entry);
-  }
-  return "";
+  const auto alike = Folders().FilesOf(folder).FilesLike(name);
+  return alike.empty() ? "" : Joined(folder, "/", alike.front());
 }
 
-bool ReadCardFile(std::string_view file, PlayerState& player, int noDuplicates,
-                  std::string_view forcedLocation, int keepExisting) {
+FileRead ReadCardFile(std::string_view file, PlayerState& player, int noDuplicates,
+                      std::string_view forcedLocation, int keepExisting) {
+  const WorkAccount account;
   Session& session = State();
-  const std::string refusal = RefuseRead();
+  const std::string refusal = RefuseRead(file);
   if (!refusal.empty()) {
     AddProblem(file, 0, refusal);
-    return false;
+    return FileRead::kNotOpened;
   }
   const std::string path = FindCardFile(file);
   std::optional<std::string> bytes;
   if (!path.empty()) bytes = Desktop().Files().Read(path);
   if (!bytes) {
     AddProblem(file, 0, "the file can't be read");
-    return false;
+    return FileRead::kNotOpened;
   }
   ++session.FilesRead;
   const auto depth = static_cast<std::size_t>(++session.ReadDepth);
   session.FileList[depth] = file;
   session.OpenPaths[depth] = path;
-  if (session.RunDepth > 0) SpendWorkOnText(bytes->size());
+  session.Work.SpendOnFile(bytes->size());
   if (player.PlayerNo == 1 && keepExisting == 0) EmptyPlayerPiles();
   const std::string name = session.FileList[depth].Str();
-  CardReader(name, std::move(*bytes), player, {noDuplicates != 0, std::string(forcedLocation)})
-      .Read();
+  CardReader reader(name, std::move(*bytes), player,
+                    {noDuplicates != 0, std::string(forcedLocation)});
+  reader.Read();
   EndRead(player);
-  return true;
+  return reader.CutOff() ? FileRead::kCutOff : FileRead::kWhole;
 }
 
-void ReadCards(std::string_view file, PlayerState& player, int noDuplicates,
+bool ReadCards(std::string_view file, PlayerState& player, int noDuplicates,
                std::string_view forcedLocation, int keepExisting) {
-  ReadCardFile(file, player, noDuplicates, forcedLocation, keepExisting);
+  return ReadCardFile(file, player, noDuplicates, forcedLocation, keepExisting) == FileRead::kWhole;
 }
 
 bool TakeCardsOut(std::string_view file, PlayerState& player, std::string_view forcedLocation) {
-  const Session& session = State();
-  SpendWork(session.CardTable.UpperBound() + session.Collection.UpperBound());
+  SpendWork(ReadMark::Records());
   const ReadMark before;
-  const bool isRead = ReadCardFile(file, player, 1, forcedLocation, 1);
+  const bool isRead = ReadCards(file, player, 1, forcedLocation, 1);
   before.PutBack();
   return isRead;
 }

@@ -11,12 +11,13 @@ namespace brindlemoor {
 /// Reads a file into the piles that its directives name. player is the side that decks and owners
 /// refer to; noDuplicates other than 0 makes #DUPLICATE inert; forcedLocation, when not empty,
 /// replaces the location of ordinary #CARD lines; keepExisting 0 with side 1 empties Collection and
-/// Decks first. What is wrong in the file is kept as a problem and skipped; nothing throws.
-void ReadCards(std::string_view file, PlayerState& player, int noDuplicates,
+/// Decks first. What is wrong in the file is kept as a problem and skipped; nothing throws. False
+/// when the file could not be opened, or took too much work to be read to its end.
+bool ReadCards(std::string_view file, PlayerState& player, int noDuplicates,
                std::string_view forcedLocation, int keepExisting);
 
 /// Reads a file for the cards that it puts into a side's own piles, without duplicates: whatever
-/// else is written in it changes nothing. False when the file can't be read.
+/// else is written in it changes nothing. False when the file can't be read to its end.
 bool TakeCardsOut(std::string_view file, PlayerState& player, std::string_view forcedLocation);
 
 /// The path under which ReadCards opens a file: in the current folder, where the exact name is

@@ -23,6 +23,7 @@ CardReader::CardReader(std::string_view file, std::string bytes, PlayerState& pl
 void CardReader::Read() {
   while (stream_.Read(word_)) {
     line_ = stream_.Line();
+    if (EndsForWork()) return;
     if (stream_.Unclosed()) {
       Problem("a double quote is never closed; the rest of the file is not read");
       return;
@@ -37,6 +38,17 @@ void CardReader::Read() {
       return;
     }
   }
+  EndsForWork();  // the last directive may have been ended
+}
+
+/// Counts what was read of the text; true when nothing more can be.
+bool CardReader::EndsForWork() {
+  WorkBudget& work = State().Work;
+  work.SpendOnFields(stream_.Position(), counted_);
+  if (!work.StopsFile(file_)) return false;
+  Problem("the rest of the file is not read: reading took too many steps");
+  cutOff_ = true;
+  return true;
 }
 
 bool CardReader::ReadFields(const DirectiveRow& row) {
@@ -121,6 +133,7 @@ int CardReader::Grow(PileCode pile) {
     return 0;
   }
   counts_[static_cast<std::size_t>(pile)] = position;
+  SpendWork(1);
   return position;
 }
 

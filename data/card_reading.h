@@ -24,6 +24,8 @@ class CardReader {
   /// file is the name that problems are reported with.
   CardReader(std::string_view file, std::string bytes, PlayerState& player, ReadOptions options);
   void Read();
+  /// True when there was no work left for the rest of the file.
+  bool CutOff() const { return cutOff_; }
 
   // The handlers, which kDirectiveRows names. The fields have been read.
   void Include(const DirectiveRow& row);
@@ -49,6 +51,7 @@ class CardReader {
   void Duplicate(const DirectiveRow& row);
 
  private:
+  bool EndsForWork();
   bool ReadFields(const DirectiveRow& row);
   void NoteUnknownWord();
   void Problem(std::string_view message) const;
@@ -81,12 +84,21 @@ class CardReader {
   std::array<int, kNoPile> counts_{};  ///< by pile code; not used for decks and single cards
   int line_ = 0;                       ///< where the directive began
   int messages_ = 0;                   ///< message boxes shown
+  bool cutOff_ = false;
+  std::size_t counted_ = 0;  ///< bytes of the text that were counted as work
   std::string word_;
   std::array<std::string, 8> fields_;
 };
 
-/// ReadCards; false when the file could not be opened, and nothing was changed.
-bool ReadCardFile(std::string_view file, PlayerState& player, int noDuplicates,
-                  std::string_view forcedLocation, int keepExisting);
+/// How far the read of a file went.
+enum class FileRead : std::uint8_t {
+  kNotOpened,  ///< nothing was changed
+  kCutOff,     ///< it took too much work: the last card may lack lines, those behind are missing
+  kWhole
+};
+
+/// ReadCards, and how far it went.
+FileRead ReadCardFile(std::string_view file, PlayerState& player, int noDuplicates,
+                      std::string_view forcedLocation, int keepExisting);
 
 }  // namespace brindlemoor

@@ -20,6 +20,8 @@ class FieldStream {
   int Line() const { return fieldLine_; }
   /// Byte of Text() at which the content of the field read last began, behind a double quote.
   std::size_t Offset() const { return fieldOffset_; }
+  /// Bytes of Text() that are read.
+  std::size_t Position() const { return position_; }
   /// The decoded text of the file.
   const std::string& Text() const { return text_; }
   /// True when the field read last began with a double quote that the file never closes.

@@ -22,6 +22,16 @@ class ReadMark {
  public:
   ReadMark() : kept_(CopyOf(TablesOfReads(State()))) {}
 
+  /// How many records a mark keeps.
+  static int Records() {
+    const Session& session = State();
+    int records = session.CardTable.UpperBound() + session.TraitActions.UpperBound() +
+                  session.Sideboard.UpperBound() + session.Collection.UpperBound() +
+                  session.Templates.UpperBound() + session.CustomStrings.UpperBound();
+    for (const DeckRec& deck : session.Decks) records += deck.Cards.UpperBound();
+    return records;
+  }
+
   /// Takes back what files have changed since. Records keep their addresses, as Table does.
   void PutBack() const { TablesOfReads(State()) = kept_; }
 

@@ -17,6 +17,9 @@ namespace brindlemoor {
 
 namespace {
 
+/// Keys that are compared as fast as one item of an ordinary search.
+constexpr std::size_t kKeysOfItem = 4;
+
 bool LeadsOut(std::string_view file) {
   return file.starts_with('/') || file.starts_with('\\') ||
          file.find("..") != std::string_view::npos;
@@ -56,6 +59,7 @@ Card GetRefCard(std::string_view name, std::string_view file) {
   if (path.empty() || name.empty()) return {};
   PlayerState* entry = CachedFile(path);
   if (entry == nullptr) return {};
+  SpendWorkOnSearch(static_cast<std::size_t>(entry->Deck.UpperBound()));
   for (const Card& card : entry->Deck) {
     if (card.Name != name) continue;
     Card copy = card;
@@ -72,6 +76,7 @@ bool AddCustomString(std::string_view key, std::string_view value) {
   while (slot <= strings.UpperBound() && !strings[slot].Key.empty() && strings[slot].Key != key) {
     ++slot;
   }
+  SpendWorkOnSearch(static_cast<std::size_t>(slot) / kKeysOfItem);
   if (slot > limits::kCustomStrings) return false;
   if (slot > strings.UpperBound()) strings.Resize(slot);
   NoteCustomString(value);

@@ -232,8 +232,9 @@ struct CardEdit : Form {
   bool SaveCards(SaveOptions options);
   void SaveCollectionAs(std::string_view question, int starterFlag);
 
-  /// Reads the cards of a file in place of those in the editor.
-  void ReadCardList(const std::string& file);
+  /// Reads the cards of a file in place of those in the editor. False, with a message and no cards,
+  /// when the file can't be read to its end.
+  bool ReadCardList(const std::string& file);
 
   /// Has every control that changes the card tell the history.
   void WatchEdits();

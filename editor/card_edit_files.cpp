@@ -63,27 +63,32 @@ void CardEdit::loaddeckmen_Click() {
     copy_.RemoveOwn(state.CardFile);
   }
   const std::string source = copy_.Offer(*path);
-  ReadCardList(source);
-  state.CardFile = *path;
+  state.CardFile = ReadCardList(source) ? Text(*path) : Text();
   loadcommontraits();
   Image.CardFolder = path->substr(0, path->size() - FileNameOf(*path).size());
   AllIsSaved();
   if (source != *path) ListChanged();
 }
 
-void CardEdit::ReadCardList(const std::string& file) {
+bool CardEdit::ReadCardList(const std::string& file) {
   Session& state = State();
   // A cost card is read on top of the one that is there: only its name would be new.
   state.Collection = Pile(1);
   state.GameFileName = Text();
   Card costCard = std::exchange(state.CostCard, Card{});
-  ReadCards(file, state.Players[1], 1, "COLLECTION", 1);
+  const bool isWhole = ReadCards(file, state.Players[1], 1, "COLLECTION", 1);
+  // A part of the cards must not be saved in place of all.
+  if (!isWhole) {
+    state.Collection = Pile(1);
+    Desktop().MessageBox(Joined("Can't read all of ", FileNameOf(file), "."));
+  }
   if (state.CostCard.Name.empty()) state.CostCard = std::move(costCard);
   SortCards(state.Collection, "NAME");
   // What is edited belonged to the cards before; a card of no list stays.
   if (Lists.Place() > 0) BeginFreshCard();
   CardCombo.Select(0);
   LoadCombos();
+  return isWhole;
 }
 
 bool CardEdit::SaveCards(SaveOptions options) {

@@ -41,6 +41,7 @@ void StoreMasters(const Pile& definitions, const Text& file) {
   int lost = 0;
   for (const Card& card : definitions) {
     if (IsFree(card)) continue;
+    if (WorkIsSpent()) return;
     const int slot = MasterSlot(card.UniqueID);
     if (slot == 0) {
       ++lost;
@@ -61,8 +62,8 @@ void FillMasterCards(const std::vector<Text>& files, int capacity) {
     if (path.empty()) continue;
     PlayerState definitions;
     InitPlayer(definitions, kTemporaryState);
-    ReadCards(path, definitions, 1, "INDECK", 0);
-    StoreMasters(definitions.Deck, file);
+    // A definition of which lines are missing would take them from the player's cards.
+    if (ReadCards(path, definitions, 1, "INDECK", 0)) StoreMasters(definitions.Deck, file);
   }
 }
 
@@ -111,6 +112,7 @@ void RefreshCard(Card& card) {
 }
 
 void Refresh(const Piles& piles, int capacity) {
+  const WorkAccount account;
   {
     const ReadMark before;
     FillMasterCards(SourceFilesOf(piles), capacity);
@@ -118,7 +120,7 @@ void Refresh(const Piles& piles, int capacity) {
   }
   for (Pile* pile : piles) {
     for (Card& card : *pile) {
-      if (!IsFree(card)) RefreshCard(card);
+      if (!IsFree(card) && !WorkIsSpent()) RefreshCard(card);
     }
   }
   SeedFromClock();
@@ -136,6 +138,7 @@ int MasterSlot(std::string_view uniqueId) {
     const Text& present = masters[slot].UniqueID;
     if (present.empty() || present == uniqueId) return slot;
   }
+  SpendWorkOnSearch(static_cast<std::size_t>(count) * (kProbesPerElement + 1));
   int free = 0;
   for (int slot = 1; slot <= count; ++slot) {
     const Text& present = masters[slot].UniqueID;

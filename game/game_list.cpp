@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/desktop.h"
+#include "core/folder_lists.h"
 #include "core/limits.h"
 #include "core/paths.h"
 #include "core/state.h"
@@ -22,6 +23,8 @@ namespace brindlemoor {
 namespace {
 
 constexpr int kOpponentsPerRow = 8;
+constexpr std::string_view kLeftOut =
+    "The folder takes too much work to read: some games and opponents were left out.";
 constexpr std::string_view kExtension = ".txt";
 
 /// A file in which one of these comes before #GAMERULES is no game.
@@ -36,18 +39,8 @@ bool IsOneOf(const Words& words, std::string_view field) {
   return std::find(words.begin(), words.end(), field) != words.end();
 }
 
-/// The next N fields; those behind the end of the file are empty.
-template <std::size_t N>
-std::array<std::string, N> ReadFields(FieldStream& stream) {
-  std::array<std::string, N> fields;
-  for (std::string& field : fields) {
-    if (!stream.Read(field)) field.clear();
-  }
-  return fields;
-}
-
 std::vector<std::string> CardFileNames(const std::string& folder) {
-  std::vector<std::string> names = Desktop().Files().ListFiles(folder);
+  std::vector<std::string> names = Folders().FilesOf(folder).Files();
   std::erase_if(names, [](const std::string& name) {
     return name.size() < kExtension.size() ||
            !FoldEquals(std::string_view(name).substr(name.size() - kExtension.size()), kExtension);
@@ -55,15 +48,43 @@ std::vector<std::string> CardFileNames(const std::string& folder) {
   return names;
 }
 
-struct CardFile {
-  std::string Path;
-  std::string Bytes;
+/// The bytes of a file; "" when it can't be read, or when there is no work left for it.
+std::string BytesOf(const std::string& path) {
+  WorkBudget& work = State().Work;
+  if (work.IsSpent()) {
+    limits::ReportLimit(kLeftOut);
+    return "";
+  }
+  std::string bytes = Desktop().Files().Read(path).value_or("");
+  work.SpendOnFile(bytes.size());
+  return bytes;
+}
+
+/// The fields of a file, as long as there is work left for them.
+class Scan {
+ public:
+  explicit Scan(std::string bytes) : stream_(std::move(bytes)) {}
+
+  bool Read(std::string& field) {
+    WorkBudget& work = State().Work;
+    work.SpendOnFields(stream_.Position(), counted_);
+    if (work.IsSpent()) limits::ReportLimit(kLeftOut);
+    return !work.IsSpent() && stream_.Read(field);
+  }
+
+ private:
+  FieldStream stream_;
+  std::size_t counted_ = 0;
 };
 
-CardFile ReadCardFile(const std::string& folder, const std::string& name) {
-  CardFile file{Joined(folder, "/", name), {}};
-  file.Bytes = Desktop().Files().Read(file.Path).value_or("");
-  return file;
+/// The next N fields; those behind the end of the file are empty.
+template <std::size_t N>
+std::array<std::string, N> ReadFields(Scan& scan) {
+  std::array<std::string, N> fields;
+  for (std::string& field : fields) {
+    if (!scan.Read(field)) field.clear();
+  }
+  return fields;
 }
 
 /// Most card files hold none of the words that are looked for; they need not be taken apart.
@@ -76,10 +97,9 @@ bool Mentions(std::string_view bytes, std::string_view word) {
 std::string SubfolderFor(std::string_view reference) {
   std::string name = FileNameOf(reference);
   if (name == "." || name == "..") return "";
-  FileSystem& files = Desktop().Files();
   const std::string& programFolder = State().ProgramFolder;
-  if (name.empty() || files.FolderExists(Joined(programFolder, "/", name))) return name;
-  for (const std::string& folder : files.ListFolders(programFolder)) {
+  if (name.empty() || Desktop().Files().FolderExists(Joined(programFolder, "/", name))) return name;
+  for (const std::string& folder : Folders().SubfoldersOf(programFolder)) {
     if (FoldEquals(folder, name)) return folder;
   }
   return name;
@@ -94,8 +114,8 @@ int GameNamed(std::string_view name) {
   return 0;
 }
 
-void AddGame(FieldStream& stream, const std::string& file) {
-  const auto [name, banner, color, folder, helpPage] = ReadFields<5>(stream);
+void AddGame(Scan& scan, const std::string& file) {
+  const auto [name, banner, color, folder, helpPage] = ReadFields<5>(scan);
   Table<GameRec>& games = State().Games;
   if (name.empty() || GameNamed(name) != 0) return;
   int slot = 1;
@@ -116,17 +136,24 @@ void AddGame(FieldStream& stream, const std::string& file) {
   game.OpponentFiles.Reset(1);
 }
 
+/// A file that is looked at again when every game is known.
+struct CardFile {
+  std::string Path;
+  std::string Bytes;  ///< "" for those to be read again
+};
+constexpr std::size_t kMostKept = 64U << 20;  ///< bytes of such files
+
 /// Adds the game that a file of the program's folder declares.
 void ScanForGame(std::string bytes, const std::string& file) {
-  FieldStream stream(std::move(bytes));
-  for (std::string field; stream.Read(field);) {
-    if (field == "#GAMERULES") AddGame(stream, file);
+  Scan scan(std::move(bytes));
+  for (std::string field; scan.Read(field);) {
+    if (field == "#GAMERULES") AddGame(scan, file);
     if (field == "#GAMERULES" || IsOneOf(kNoGame, field)) return;
   }
 }
 
-void AddOpponent(FieldStream& stream, GameRec& game, const std::string& path) {
-  const auto fields = ReadFields<8>(stream);
+void AddOpponent(Scan& scan, GameRec& game, const std::string& path) {
+  const auto fields = ReadFields<8>(scan);
   if (game.Opponents.UpperBound() > limits::kGames) {
     limits::ReportLimit("A game has too many opponents: some were left out.");
     return;
@@ -142,16 +169,16 @@ void AddOpponent(FieldStream& stream, GameRec& game, const std::string& path) {
 /// Adds the opponents that a file holds, to a known game or, with 0, to the one that its #GAME line
 /// names.
 void ScanForOpponents(std::string bytes, const std::string& path, int knownGame) {
-  FieldStream stream(std::move(bytes));
+  Scan scan(std::move(bytes));
   int game = knownGame;
-  for (std::string field; stream.Read(field);) {
+  for (std::string field; scan.Read(field);) {
     if (IsOneOf(kNoOpponent, field)) return;
     if (field == "#GAME" && knownGame == 0) {
-      game = GameNamed(ReadFields<1>(stream)[0]);
+      game = GameNamed(ReadFields<1>(scan)[0]);
       if (game == 0) return;
     } else if (field == "#PLAYERCARD") {
       if (game == 0) return;
-      AddOpponent(stream, State().Games[game], path);
+      AddOpponent(scan, State().Games[game], path);
     }
   }
 }
@@ -187,27 +214,35 @@ void ComposeGame(std::string& html, const GameRec& game, int gameIndex) {
 }  // namespace
 
 void DiscoverGames() {
+  const WorkAccount account;
   const std::string& programFolder = State().ProgramFolder;
-  // Files that may name a game for their opponents wait until every game is known.
+  // Files that may name a game for their opponents wait until every game is known. Large ones are
+  // read again then.
   std::vector<CardFile> waiting;
+  std::size_t kept = 0;
   for (const std::string& name : CardFileNames(programFolder)) {
-    CardFile file = ReadCardFile(programFolder, name);
+    CardFile file{Joined(programFolder, "/", name), {}};
+    file.Bytes = BytesOf(file.Path);
     if (Mentions(file.Bytes, "#GAMERULES")) ScanForGame(file.Bytes, name);
-    if (Mentions(file.Bytes, "#GAME") && Mentions(file.Bytes, "#PLAYERCARD")) {
-      waiting.push_back(std::move(file));
-    }
+    if (!Mentions(file.Bytes, "#GAME") || !Mentions(file.Bytes, "#PLAYERCARD")) continue;
+    kept += file.Bytes.size();
+    if (kept > kMostKept) file.Bytes = std::string();
+    waiting.push_back(std::move(file));
   }
   const Table<GameRec>& games = State().Games;
   for (int game = 1; game <= games.UpperBound(); ++game) {
     if (games[game].Folder.empty()) continue;
     const std::string folder = Joined(programFolder, "/", games[game].Folder);
     for (const std::string& name : CardFileNames(folder)) {
-      CardFile file = ReadCardFile(folder, name);
-      if (!Mentions(file.Bytes, "#PLAYERCARD")) continue;
-      ScanForOpponents(std::move(file.Bytes), file.Path, game);
+      const std::string path = Joined(folder, "/", name);
+      std::string bytes = BytesOf(path);
+      if (Mentions(bytes, "#PLAYERCARD")) ScanForOpponents(std::move(bytes), path, game);
     }
   }
-  for (CardFile& file : waiting) ScanForOpponents(std::move(file.Bytes), file.Path, 0);
+  for (CardFile& file : waiting) {
+    if (file.Bytes.empty()) file.Bytes = BytesOf(file.Path);
+    ScanForOpponents(std::move(file.Bytes), file.Path, 0);
+  }
 }
 
 int FindGame(std::string_view name, std::string& problem) {
@@ -245,7 +280,11 @@ std::string ComposeGameList() {
 }
 
 void ShowGameList() {
-  AppendPage(ComposeGameList());
+  {
+    const WorkAccount account;
+    AppendPage(ComposeGameList());
+  }
+  if (State().LimitsReported.contains(kLeftOut)) AppendPage(Joined("<br>", kLeftOut, "<br>"));
   if (State().DebugMode == 1) AppendPage(Windows().NotesOnGames(State().ProgramFolder));
   WritePage("Display.html", "#000000");
   State().Links = {.Games = true};

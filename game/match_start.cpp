@@ -139,6 +139,7 @@ std::vector<int> OpenStore() {
 }  // namespace
 
 bool ReadMatchFiles(int gameIndex, int opponentIndex) {
+  const WorkAccount account;
   Session& session = State();
   const Text rules = session.Games[gameIndex].RulesFile;
   const Text opponent = session.Games[gameIndex].OpponentFiles[opponentIndex];
@@ -173,7 +174,8 @@ void BringInStartingCards() {
     PutFreeElementFirst(player.Deck);
     // Cards that come into the pile meanwhile stay there.
     const int last = player.Deck.UpperBound();
-    for (int position = 1; position <= last && player.Deck.Holds(position); ++position) {
+    for (int position = 1; position <= last && player.Deck.Holds(position) && !WorkIsSpent();
+         ++position) {
       const Card& card = player.Deck[position];
       if (IsFree(card)) continue;
       if (HasTrait(card, "STARTSINPLAY") || HasTrait(card, "PLAYER")) {
@@ -195,6 +197,7 @@ namespace {
 void OpenTable() {
   const WorkAccount account;
   Session& session = State();
+  ReapplyTraitActions(1);
   const std::vector<int> stores = session.StarterDeckFlag == 1 ? OpenStore() : std::vector<int>();
   BeginGame();
   for (const int slot : stores) {
@@ -234,7 +237,6 @@ void StartMatch(int gameIndex, int opponentIndex) {
     return;
   }
   ShufflePile(session.Players[2]);
-  ReapplyTraitActions(1);
   OpenTable();
   TakeTurn(1);
   session.StarterDeckFlag = 0;

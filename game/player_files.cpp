@@ -2,6 +2,7 @@
 #include "game/player_files.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/cards.h"
 #include "core/desktop.h"
@@ -12,6 +13,7 @@
 #include "data/card_writer.h"
 #include "data/field_text.h"
 #include "data/profiles.h"
+#include "data/read_mark.h"
 #include "data/saving.h"
 #include "game/card_refresh.h"
 #include "game/card_sorting.h"
@@ -66,11 +68,20 @@ void KeepDamagedFile(std::string_view fileName, const Problem& problem) {
 }  // namespace
 
 bool ReadPlayerFile(std::string_view fileName) {
-  const std::vector<Problem>& problems = State().Problems;
+  Session& session = State();
+  const std::vector<Problem>& problems = session.Problems;
   const std::size_t before = problems.size();
   const bool isThere = !FindCardFile(fileName).empty();
-  if (!ReadCardFile(fileName, State().Players[1], 0, "", 0) && isThere) {
-    Desktop().MessageBox(Joined("Can't read ", FileNameOf(fileName), "."));
+  const ReadMark mark;
+  PlayerState player = session.Players[1];
+  const FileRead read = ReadCardFile(fileName, session.Players[1], 0, "", 0);
+  if (read == FileRead::kCutOff) {
+    mark.PutBack();
+    session.Players[1] = std::move(player);
+  }
+  if (read != FileRead::kWhole && isThere) {
+    Desktop().MessageBox(Joined("Can't read ", FileNameOf(fileName), ".",
+                                read == FileRead::kCutOff ? "  It takes too much work." : ""));
     return false;
   }
   if (problems.size() > before) KeepDamagedFile(fileName, problems[before]);

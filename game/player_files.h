@@ -19,7 +19,8 @@ std::string OwnPlayerFileName();
 
 /// Reads a player file for side 1. What is wrong in it would be gone with the next save: then a
 /// copy of the file is kept beside it, and a message says so. False for a file that is there and
-/// can't be read, which a message says: nothing must be saved over it.
+/// can't be read to its end, which a message says: nothing has changed, and nothing must be saved
+/// over it.
 bool ReadPlayerFile(std::string_view fileName);
 
 /// Saves the player's cards, decks and tokens and the profile list. Nothing in debug mode and

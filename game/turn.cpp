@@ -146,7 +146,6 @@ Plays RunScripts(int skipPlays) {
 }
 
 void ShowReport(const Plays& plays) {
-  const WorkAccount account;  // a page shows right numbers after a turn that spent its own
   Session& session = State();
   const bool debug = session.DebugMode == 1;
   session.PageText.clear();  // events that ran meanwhile may have left a page half composed
@@ -174,8 +173,11 @@ void TakeTurn(int skipPlays) {
   session.RulesCard.InPlay = 1;
   session.CostCard.InPlay = 1;
   const Plays plays = RunScripts(skipPlays);
-  ShowReport(plays);
-  Windows().UpdateHand();
+  {
+    const WorkAccount account;  // a page shows right numbers after a turn that spent its own
+    ShowReport(plays);
+    Windows().UpdateHand();
+  }
   session.StatMasked = 0;
   session.StatNotMasked = 0;
   session.StatCancelled = 0;

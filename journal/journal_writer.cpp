@@ -51,6 +51,7 @@ std::string JournalWriter::Open(const std::string& path) {
 
 void JournalWriter::Fail(std::string_view reason) {
   Close();
+  failed_ = true;
   if (OnFailure) OnFailure(Joined("The journal ", path_, " ends here: ", reason, "."));
 }
 

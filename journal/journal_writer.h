@@ -27,6 +27,8 @@ class JournalWriter {
   const std::string& Path() const { return path_; }
   /// False before Open, and after a failure.
   bool Works() const { return file_ >= 0; }
+  /// True when a record could not be written: the journal lacks its end.
+  bool Failed() const { return failed_; }
 
   /// Told once when a record can't be written; none is written from then on.
   std::function<void(const std::string& problem)> OnFailure;
@@ -42,6 +44,7 @@ class JournalWriter {
   void Close();
 
   int file_ = -1;
+  bool failed_ = false;
   std::size_t written_ = 0;
   std::string path_;
   std::map<std::string, std::string> texts_;  // the last version of each

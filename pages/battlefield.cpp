@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "core/cards.h"
+#include "core/limits.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
@@ -75,7 +76,8 @@ std::string PlayerTable(const PlayerState& player) {
   const std::string shade = Shade(player.Color, 8);
   Pile& table = State().CardTable;
   int column = 0;
-  for (int slot = 1; slot <= table.UpperBound(); ++slot) {
+  // What no page would hold need not be composed.
+  for (int slot = 1; slot <= table.UpperBound() && html.size() <= limits::kPageBytes; ++slot) {
     Card& card = table[slot];
     if (IsFree(card) || card.Owner != player.PlayerNo || HasTrait(card, "INVISIBLE")) continue;
     if (column % kCardsPerRow == 0) html += "<tr>";

@@ -8,7 +8,7 @@
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "data/card_reading.h"
+#include "data/card_reader.h"
 #include "editor/program_session.h"
 #include "game/program_start.h"
 #include "language/traits.h"
@@ -38,7 +38,7 @@ std::vector<Card> CardsOfFile(const std::string& path) {
   InitPlayer(reader, 1);
   std::vector<Card> cards;
   aside.ReadDepth = 1;  // the order of the file
-  if (ReadCardFile(path, reader, 1, "", 1)) {
+  if (ReadCards(path, reader, 1, "", 1)) {
     for (const Pile* pile : {&reader.Deck, &aside.CardTable, &aside.Collection, &aside.Sideboard}) {
       AddLiving(cards, *pile);
     }
@@ -51,7 +51,7 @@ std::vector<Card> CardsOfFile(const std::string& path) {
 void ReadRulesNow(const std::string& path) {
   const OwnSequence sequence;
   ForgetRules();
-  ReadCardFile(path, State().GameDeck, 0, "", 0);
+  ReadCards(path, State().GameDeck, 0, "", 0);
 }
 
 }  // namespace

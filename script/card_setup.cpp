@@ -70,6 +70,7 @@ void AddEffect(Card& card, const Text& script, int targetType, const Text& trigg
   }
   int index = 1;
   while (card.Effects.Holds(index) && !card.Effects[index].Script.empty()) ++index;
+  SpendWorkOnSearch(static_cast<std::size_t>(index));
   if (index > limits::kCardItems) {
     limits::ReportLimit("A card has too many actions: one was left out.");
     return;

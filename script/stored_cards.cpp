@@ -90,6 +90,7 @@ void CreateCards(std::string_view name, std::string_view path, int owner, double
   Session& session = State();
   InitPlayer(session.GameDeck, kGameDeckState);
   Services().TakeCardsOut(path, session.GameDeck, "INDECK");
+  if (WorkIsSpent()) return;  // the card may lack lines
   const int index = FindModel(session.GameDeck.Deck, name);
   if (index == 0) {
     AddToBanner(Joined("<br>Card \"", name, "\" not found in \"", path, "\".<br>"));

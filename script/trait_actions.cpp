@@ -51,7 +51,7 @@ void Blank(Card& card, int effect) {
 }
 
 void ReapplyOverPile(Pile& pile, int force) {
-  for (int index = 1; index <= pile.UpperBound(); ++index) {
+  for (int index = 1; index <= pile.UpperBound() && !WorkIsSpent(); ++index) {
     if (force == 1) pile[index].TraitActionsApplied = 0;
     ApplyTraitActions(pile[index], "");
   }

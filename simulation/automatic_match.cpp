@@ -85,6 +85,7 @@ void BeginSession(const Stage& stage, std::uint64_t seed) {
 
 /// Number of the n-th opponent of a game that is, or is not, a starter deck or store.
 int FindOpponent(int gameIndex, bool starterDeck, int n) {
+  const WorkAccount account;
   const GameRec& game = State().Games[gameIndex];
   for (int opponent = 1; opponent <= game.Opponents.UpperBound(); ++opponent) {
     if (IsFree(game.Opponents[opponent])) continue;
@@ -168,8 +169,10 @@ std::string SavePage(const Stage& stage, int turn) {
   std::array<char, 32> name{};
   std::snprintf(name.data(), name.size(), "turn-%03d.html", turn);
   if (stage.OnPage) stage.OnPage(name.data(), page);
-  return stage.Pages.empty() ? ""
-                             : LocalFileSystem().Write(Joined(stage.Pages, "/", name.data()), page);
+  if (stage.Pages.empty()) return "";
+  const std::string path = Joined(stage.Pages, "/", name.data());
+  const std::string problem = LocalFileSystem().Write(path, page);
+  return problem.empty() ? "" : Joined("Can't write ", path, ": ", problem);
 }
 
 AutomaticMatchResult PlayTurns(const Stage& stage, int maximumTurns, std::ostream& out) {
@@ -203,9 +206,17 @@ std::string AbsoluteFolder(const std::string& folder) {
 }
 
 bool IsStarterDeck(const std::string& path) {
-  FieldStream stream(Desktop().Files().Read(path).value_or(""));
-  for (std::string field; stream.Read(field);) {
-    if (field == "#STARTERDECK") return true;
+  constexpr std::string_view kWord = "#STARTERDECK";
+  WorkBudget& work = State().Work;
+  if (work.StopsFile(path)) return false;
+  std::string bytes = Desktop().Files().Read(path).value_or("");
+  work.SpendOnFile(bytes.size());
+  if (bytes.find(kWord) == std::string::npos) return false;
+  FieldStream stream(std::move(bytes));
+  std::size_t counted = 0;
+  for (std::string field; !work.StopsFile(path) && stream.Read(field);) {
+    if (field == kWord) return true;
+    work.SpendOnFields(stream.Position(), counted);
   }
   return false;
 }

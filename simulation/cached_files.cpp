@@ -7,6 +7,8 @@ namespace brindlemoor {
 
 namespace {
 
+constexpr std::size_t kMostRemembered = 256U << 20;  // bytes of all files
+
 /// What the map holds for a key, found out when it is asked for first.
 template <class Value, class Find>
 const Value& Remembered(std::unordered_map<std::string, Value>& known, const std::string& key,
@@ -40,7 +42,11 @@ std::vector<std::string> CachedFileSystem::ListFolders(const std::string& folder
 
 std::optional<std::string> CachedFileSystem::Read(const std::string& path) const {
   if (!Exists(path)) return std::nullopt;
-  return Remembered(read_, path, [&] { return machine_.Read(path); });
+  if (const auto known = read_.find(path); known != read_.end()) return known->second;
+  auto bytes = machine_.Read(path);
+  if (remembered_ > kMostRemembered) return bytes;
+  remembered_ += bytes ? bytes->size() : 0;
+  return read_.emplace(path, std::move(bytes)).first->second;
 }
 
 }  // namespace brindlemoor

@@ -12,8 +12,8 @@
 
 namespace brindlemoor {
 
-/// Asks the machine for each file and folder once. What is written is dropped, nothing on the
-/// machine is changed, and the files of players are hidden.
+/// Asks the machine for each file and folder once (giant files are not all kept). What is written
+/// is dropped, nothing on the machine is changed, and the files of players are hidden.
 class CachedFileSystem : public FileSystem {
  public:
   /// A file that stands before one of the machine.
@@ -45,6 +45,7 @@ class CachedFileSystem : public FileSystem {
   mutable ByPath<std::vector<std::string>> files_;
   mutable ByPath<std::vector<std::string>> folders_;
   mutable ByPath<std::optional<std::string>> read_;
+  mutable std::size_t remembered_ = 0;  // bytes in read_
 };
 
 }  // namespace brindlemoor

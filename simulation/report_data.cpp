@@ -11,10 +11,23 @@ namespace {
 
 constexpr int kDigits = 4;
 
+/// A spreadsheet would carry such a text out instead of showing it; a number it only shows.
+bool LooksLikeFormula(std::string_view text) {
+  constexpr std::string_view kFormulaStarts = "=+-@\t\r";
+  if (text.empty() || kFormulaStarts.find(text.front()) == std::string_view::npos) return false;
+  const std::string_view digits = text.substr(1);
+  const bool signedNumber = (text.front() == '-' || text.front() == '+') && !digits.empty() &&
+                            digits.find_first_not_of("0123456789") == std::string_view::npos;
+  return !signedNumber;
+}
+
+/// A text as a field. An apostrophe before what looks like a formula makes it a text again.
 std::string CsvField(std::string_view text) {
-  if (text.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(text);
+  std::string shown = LooksLikeFormula(text) ? "'" : "";
+  shown += text;
+  if (shown.find_first_of(",\"\r\n") == std::string::npos) return shown;
   std::string field = "\"";
-  for (const char character : text) {
+  for (const char character : shown) {
     if (character == '"') field += '"';
     field += character;
   }

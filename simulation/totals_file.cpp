@@ -6,13 +6,18 @@
 #include <set>
 #include <utility>
 
+#include "text/encoding.h"
+#include "text/hash.h"
 #include "text/text.h"
 
 namespace brindlemoor {
 
 namespace {
 
-constexpr std::string_view kFirstLine = "brindle-sim\t1";
+constexpr std::string_view kFirstLine = "brindle-sim\t2";
+/// Files of the first version have no checksum behind their last word.
+constexpr std::string_view kFirstLineBefore = "brindle-sim\t1";
+constexpr std::string_view kLastWord = "end";
 /// No sum of one file is larger; a million of them still add up without overflow.
 constexpr Count kLargestSum = 1'000'000'000'000;
 
@@ -201,7 +206,7 @@ class Reader {
   }
   bool End(const Fields& fields) {
     ended_ = true;
-    return fields.size() == 1;
+    return fields.size() <= 2;  // the checksum has been looked at
   }
 
   TotalsFile& file_;
@@ -231,6 +236,22 @@ std::string ReadLines(Lines& lines, TotalsFile& file) {
     if (!reader.Take(fields)) return Joined("line ", lines.Number(), " is damaged");
   }
   return reader.Ended() && lines.AtEnd() ? "" : "it is cut off";
+}
+
+bool BeginsWithLine(std::string_view text, std::string_view line) {
+  return text.starts_with(line) && text.substr(line.size()).starts_with('\n');
+}
+
+/// Holds the bytes of a file against its last line. "" or what is wrong.
+std::string LastLineProblem(std::string_view bytes, bool hasChecksum) {
+  const std::size_t last = bytes.rfind(Joined("\n", kLastWord));
+  if (last == std::string_view::npos || !bytes.ends_with('\n')) return "it is cut off";
+  const std::string_view held = bytes.substr(0, last + 1);
+  const std::string_view line = bytes.substr(last + 1);
+  if (!hasChecksum) return line == Joined(kLastWord, "\n") ? "" : "it is cut off";
+  return line == Joined(kLastWord, "\t", HashOf(held), "\n")
+             ? ""
+             : "it is damaged: its checksum is another one";
 }
 
 /// How an option of a setup is compared.
@@ -271,26 +292,7 @@ std::string MissingShards(const std::set<int>& present, int shards) {
                                missing == 1 ? " is missing." : " are missing.");
 }
 
-}  // namespace
-
-std::string TotalsText(const TotalsFile& file) {
-  const SimulationSetup& setup = file.Setup;
-  std::string out;
-  AddLine(out, kFirstLine);
-  AddLine(out, "program", FieldText(setup.Program));
-  AddLine(out, "files", FieldText(setup.FilesHash));
-  AddLine(out, "game", FieldText(setup.Game));
-  AddLine(out, "seed", setup.Seed);
-  AddLine(out, "matches", setup.Matches);
-  AddLine(out, "turns", setup.MaximumTurns);
-  AddLine(out, "shard", setup.Shard, setup.Shards);
-  for (const std::string& name : setup.Opponents) AddLine(out, "opponent", FieldText(name));
-  for (const std::string& name : setup.Decks) AddLine(out, "deck", FieldText(name));
-  return out + SumsText(file.Sums);
-}
-
-std::string SumsText(const Totals& sums) {
-  std::string out;
+void AddSums(std::string& out, const Totals& sums) {
   for (std::size_t index = 0; index < sums.Pairings.size(); ++index) {
     const PairingTotals& pairing = sums.Pairings[index];
     for (std::size_t side = 1; side <= pairing.Seats.size(); ++side) {
@@ -306,7 +308,32 @@ std::string SumsText(const Totals& sums) {
             card.WhenHeld.Matches, card.WhenHeld.Wins, card.WhenHeld.Losses, card.TokenMatches,
             card.Tokens);
   }
-  AddLine(out, "end");
+}
+
+}  // namespace
+
+std::string TotalsText(const TotalsFile& file) {
+  const SimulationSetup& setup = file.Setup;
+  std::string out;
+  AddLine(out, kFirstLine);
+  AddLine(out, "program", FieldText(setup.Program));
+  AddLine(out, "files", FieldText(setup.FilesHash));
+  AddLine(out, "game", FieldText(setup.Game));
+  AddLine(out, "seed", setup.Seed);
+  AddLine(out, "matches", setup.Matches);
+  AddLine(out, "turns", setup.MaximumTurns);
+  AddLine(out, "shard", setup.Shard, setup.Shards);
+  for (const std::string& name : setup.Opponents) AddLine(out, "opponent", FieldText(name));
+  for (const std::string& name : setup.Decks) AddLine(out, "deck", FieldText(name));
+  AddSums(out, file.Sums);
+  AddLine(out, kLastWord, HashOf(out));
+  return out;
+}
+
+std::string SumsText(const Totals& sums) {
+  std::string out;
+  AddSums(out, sums);
+  AddLine(out, kLastWord);
   return out;
 }
 
@@ -318,13 +345,18 @@ std::string ReadSums(std::string_view text, const SimulationSetup& setup, Totals
   return problem;
 }
 
-std::string ReadTotals(std::string_view text, TotalsFile& file) {
+std::string ReadTotals(std::string_view bytes, TotalsFile& file) {
   file = {};
-  Lines lines(text);
-  std::vector<std::string_view> fields;
-  if (!text.starts_with(Joined(kFirstLine, "\n")) || !lines.Next(fields)) {
+  const bool hasChecksum = BeginsWithLine(bytes, kFirstLine);
+  if (!hasChecksum && !BeginsWithLine(bytes, kFirstLineBefore)) {
     return "it is no file of a simulation that this program can read";
   }
+  if (std::string problem = LastLineProblem(bytes, hasChecksum); !problem.empty()) return problem;
+  // Names become parts of JSON and HTML: they must be UTF-8, whatever the file holds.
+  const std::string text = DecodeFileText(std::string(bytes));
+  Lines lines(text);
+  std::vector<std::string_view> fields;
+  lines.Next(fields);
   if (std::string problem = ReadLines(lines, file); !problem.empty()) return problem;
   const SimulationSetup& setup = file.Setup;
   if (setup.Opponents.empty() || setup.Decks.empty() || setup.Matches < 1 ||

@@ -22,8 +22,9 @@ std::string TotalsText(const TotalsFile& file);
 std::string SumsText(const Totals& sums);
 std::string ReadSums(std::string_view text, const SimulationSetup& setup, Totals& sums);
 
-/// Reads such a text. "" or what is wrong with it; a text that was cut off is refused.
-std::string ReadTotals(std::string_view text, TotalsFile& file);
+/// Reads the bytes of such a text. "" or what is wrong with it: one that was cut off, or that does
+/// not fit to the checksum in its last line, is refused. Files of the first version have none.
+std::string ReadTotals(std::string_view bytes, TotalsFile& file);
 
 /// A file with the name by which problems are told.
 struct NamedTotals {

@@ -315,6 +315,7 @@ void DeckManager::SearchCollection() {
 }
 
 void DeckManager::UpdateDecks() {
+  const WorkAccount account;  // of looking for thumbnails
   SearchCollection();
   UpdateList(CardList::kDeck);
   UpdateList(CardList::kCollection);

@@ -116,7 +116,9 @@ void DeckManager::loadoppmen_Click() {
   PlayerState scratch;
   InitPlayer(scratch, 2);
   state.Decks[state.CurrentDeck].Cards.Reset(1);
-  ReadCards(path, scratch, 0, Joined("INPLAYERDECK:", int{state.CurrentDeck}), 1);
+  if (!ReadCards(path, scratch, 0, Joined("INPLAYERDECK:", int{state.CurrentDeck}), 1)) {
+    Desktop().MessageBox(Joined("Not all cards of ", FileNameOf(path), " could be read."));
+  }
   ForgetPreviews();
   UpdateDecks();
 }

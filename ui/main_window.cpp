@@ -227,6 +227,7 @@ bool MainWindow::Form_QueryClose() {
 }
 
 void UpdateHand() {
+  const WorkAccount account;  // of looking for thumbnails
   MainWindow& window = TheMainWindow();
   const Pile& hand = State().Players[1].Hand;
   for (int position = 1; position <= kHandPositions; ++position) {

@@ -59,7 +59,7 @@ int RunAuto(Arguments arguments) {
   RecordResult(journal, result);
   if (!result.Error.empty()) return Refuse(result.Error, kFailure);
   std::cout << "Pages: " << options.PagesFolder << '\n';
-  return kSuccess;
+  return journal.Failed() ? kWrongUsage : kSuccess;
 }
 
 }  // namespace brindlemoor

@@ -14,6 +14,7 @@
 #include <unistd.h>
 #include <utility>
 
+#include "platform/program_frame.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -36,13 +37,22 @@ bool WriteAll(int pipe, std::string_view bytes) {
   return true;
 }
 
+/// What a job throws is its answer: the way out of the program is not its own.
+JobAnswer AnswerOf(int job, const std::function<void()>& pieceDone, const JobWork& work) {
+  try {
+    return work(job, pieceDone);
+  } catch (...) {
+    return {ProblemInHand(), ""};
+  }
+}
+
 /// The other process. It ends without the ways of this program's end: what this process has not
 /// written yet is not its own.
 [[noreturn]] void BeJob(int job, int pipe, const JobWork& work) {
   const auto pieceDone = [pipe] {
     if (!WriteAll(pipe, ".")) ::_exit(1);  // nobody listens any more
   };
-  const JobAnswer answer = work(job, pieceDone);
+  const JobAnswer answer = AnswerOf(job, pieceDone, work);
   const bool good = answer.Problem.empty();
   const std::string text = Joined("\n", good ? kGood : kBad, good ? answer.Text : answer.Problem);
   ::_exit(WriteAll(pipe, text) ? 0 : 1);

@@ -3,6 +3,7 @@
 
 #include "apps/brindle/commands.h"
 #include "journal/journal_writer.h"
+#include "platform/program_frame.h"
 #include "simulation/report.h"
 
 namespace brindlemoor {
@@ -77,12 +78,19 @@ std::string OpenJournal(const std::string& path, JournalWriter& journal) {
 }  // namespace brindlemoor
 
 int main(int count, char** words) {
-  const std::vector<std::string_view> arguments(words + (count > 0 ? 1 : 0), words + count);
-  const int code = brindlemoor::Run(arguments);
+  using namespace brindlemoor;  // NOLINT: the program itself
+  OpenStandardStreams();
+  LetWritesFail();
+  const int code = RunProgram(
+      "brindle",
+      [&] {
+        return Run(std::vector<std::string_view>(words + (count > 0 ? 1 : 0), words + count));
+      },
+      kFailure);
   // A full disk shows when the last of the output is written.
   if (!std::cout.flush()) {
     std::cerr << "brindle: the output could not be written\n";
-    return brindlemoor::kWrongUsage;
+    return kWrongUsage;
   }
   return code;
 }

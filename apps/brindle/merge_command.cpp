@@ -1,10 +1,7 @@
 // brindle merge: the shards of a simulation, added up.
-#include <utility>
-
 #include "apps/brindle/commands.h"
 #include "apps/brindle/report_output.h"
 #include "platform/files.h"
-#include "text/encoding.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -24,10 +21,9 @@ constexpr std::array<Option<MergeOptions>, 3> kOptions = {{
 /// "" or what is wrong with the file.
 std::string ReadShard(const std::string& path, NamedTotals& shard) {
   shard.Name = path;
-  auto bytes = LocalFileSystem().Read(path);
+  const auto bytes = LocalFileSystem().Read(path);
   if (!bytes) return Joined("can't read ", path);
-  // Names become parts of JSON and HTML: they must be UTF-8, whatever the file holds.
-  const std::string problem = ReadTotals(DecodeFileText(std::move(*bytes)), shard.File);
+  const std::string problem = ReadTotals(*bytes, shard.File);
   return problem.empty() ? "" : Joined("can't use ", path, ": ", problem);
 }
 

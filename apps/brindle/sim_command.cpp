@@ -117,6 +117,13 @@ std::string PlayAll(const SimulationSetup& setup, int jobs, Stage& stage, Totals
   return problem;
 }
 
+/// The sums of a shard, or the report. kSuccess, or a code for the failure, which has been told.
+int WriteResult(const TotalsFile& result, const SimOptions& options) {
+  if (!options.IsShard) return WriteReport(MakeReport(result), options.Output);
+  const std::string problem = WriteOutput(options.Out, TotalsText(result));
+  return problem.empty() ? kSuccess : Refuse(problem, kWrongUsage);
+}
+
 }  // namespace
 
 int RunSim(Arguments arguments) {
@@ -143,9 +150,8 @@ int RunSim(Arguments arguments) {
                     journal.Works() ? &recorder : nullptr);
   if (!problem.empty()) return Refuse(problem, kFailure);
   journal.End();
-  if (!options.IsShard) return WriteReport(MakeReport(result), options.Output);
-  problem = WriteOutput(options.Out, TotalsText(result));
-  return problem.empty() ? kSuccess : Refuse(problem, kWrongUsage);
+  code = WriteResult(result, options);
+  return code == kSuccess && journal.Failed() ? kWrongUsage : code;
 }
 
 }  // namespace brindlemoor

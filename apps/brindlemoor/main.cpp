@@ -1,10 +1,14 @@
 // The desktop program.
 #include <QApplication>
+#include <QEvent>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "apps/brindlemoor/options.h"
@@ -18,6 +22,7 @@
 #include "journal/journal_writer.h"
 #include "journal/recording_platform.h"
 #include "journal/session_journal.h"
+#include "platform/program_frame.h"
 #include "platform/qt/browser_engine.h"
 #include "platform/qt/geometry_report.h"
 #include "platform/qt/qt_platform.h"
@@ -140,9 +145,40 @@ int Compose(const Options& options) {
   return kFailed;
 }
 
-}  // namespace
+/// The application, and its end where there is no memory for the work: what was begun can't be
+/// finished then, and nothing of it must be saved.
+class Application : public QApplication {
+ public:
+  using QApplication::QApplication;
 
-int main(int argc, char** argv) {
+  /// The toolkit lets nothing that is thrown pass; this is the floor above all handlers.
+  bool notify(QObject* receiver, QEvent* event) override {
+    if (ending_ && event->type() == QEvent::Timer) return true;
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (...) {
+      EndForProblem();
+    }
+  }
+
+  /// Tells the problem in hand and ends the program as it stands.
+  [[noreturn]] void EndForProblem() {
+    RunProgram(
+        "brindlemoor", []() -> int { throw; }, kFailed,
+        [this](const std::string& problem) {
+          if (std::exchange(ending_, true)) return;
+          QMessageBox::critical(nullptr, "Brindlemoor",
+                                QString::fromStdString(Joined("The program ends: ", problem,
+                                                              ".  What was saved is safe.")));
+        });
+    std::_Exit(kFailed);
+  }
+
+ private:
+  bool ending_ = false;
+};
+
+int RunDesktop(int argc, char** argv) {
   const Options options = ReadOptions(std::vector<std::string>(argv + 1, argv + argc));
   if (!options.Error.empty()) {
     std::fprintf(stderr, "brindlemoor: %s\n%s", options.Error.c_str(), HelpText());
@@ -160,9 +196,24 @@ int main(int argc, char** argv) {
     return kFailed;
   }
   PrepareBrowserEngine();
-  QApplication application(argc, argv);
+  Application application(argc, argv);
   QApplication::setApplicationName("brindlemoor");
   QApplication::setApplicationDisplayName("");
-  ApplyStyle(application);
-  return options.Compose ? Compose(options) : Play(options);
+  try {
+    ApplyStyle(application);
+    return options.Compose ? Compose(options) : Play(options);
+  } catch (...) {
+    application.EndForProblem();
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  OpenStandardStreams();
+  const int code = RunProgram(
+      "brindlemoor", [&] { return RunDesktop(argc, argv); }, kFailed);
+  if (std::fflush(stdout) == 0) return code;
+  std::fputs("brindlemoor: the output could not be written\n", stderr);
+  return kFailed;
 }

@@ -8,6 +8,7 @@ namespace {
 
 std::vector<std::string> Merged(const std::vector<std::string>& a,
                                 const std::vector<std::string>& b) {
+  if (a.empty()) return b;
   std::set<std::string> names(a.begin(), a.end());
   names.insert(b.begin(), b.end());
   return {names.begin(), names.end()};

@@ -1,10 +1,8 @@
 // Work that is shared among processes, and the commands that simulate with them.
 #include "apps/brindle/jobs.h"
 
-#include <array>
 #include <chrono>
 #include <csignal>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -14,6 +12,7 @@
 #include <thread>
 #include <unistd.h>
 
+#include "tests/simulation/tool_shell.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -62,18 +61,6 @@ TEST(JobsTest, AJobThatFailsEndsTheOthers) {
   EXPECT_EQ(run([](JobAnswer& answer) { answer.Problem = "no cards"; }), "no cards");
   EXPECT_EQ(run([](JobAnswer&) { std::raise(SIGKILL); }), "a job was ended: Killed");
   EXPECT_EQ(run([](JobAnswer&) { std::_Exit(0); }), "a job ended without an answer");
-}
-
-/// What a command line wrote, both outputs, and "status N" behind it.
-std::string Shell(const std::string& command) {
-  std::string text;
-  FILE* pipe = ::popen(Joined("{ ", command, "; } 2>&1").c_str(), "r");
-  if (pipe == nullptr) return "no shell";
-  std::array<char, 4096> buffer{};
-  while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
-    text.append(buffer.data(), count);
-  }
-  return text + Joined("status ", WEXITSTATUS(::pclose(pipe)));
 }
 
 class SimCommandTest : public ::testing::Test {

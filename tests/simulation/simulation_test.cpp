@@ -231,6 +231,34 @@ TEST_F(SimulationTest, ReportsHoldTheSameNumbersInEveryForm) {
   EXPECT_NE(ReportAsJson(report).find("\"deck\": \"Starter\", \"matches\": 40"), std::string::npos);
 }
 
+TEST(CsvTest, NoNameIsAFormula) {
+  const std::pair<const char*, const char*> names[] = {
+      {"=1+1", "'=1+1"},
+      {"+SUM(A1)", "'+SUM(A1)"},
+      {"-2+3", "'-2+3"},
+      {"@A1", "'@A1"},
+      {"\t=1", "'\t=1"},
+      {"\r=1", "\"'\r=1\""},
+      {"=\"a\",b", "\"'=\"\"a\"\",b\""},
+      {"-", "'-"},
+      {"-5", "-5"},
+      {"+3", "+3"},
+      {"Imp = 2", "Imp = 2"},
+      {"", ""},
+  };
+  for (const auto& [name, field] : names) {
+    Report report;
+    report.Pairings.emplace_back().Opponent = name;
+    report.Pairings[0].Tokens = -1;
+    CardReport& card = report.Cards.emplace_back();
+    card.Id = card.Sums.Name = name;
+    const std::string csv = ReportAsCsv(report);
+    EXPECT_NE(csv.find(Joined("\r\npairing,", field, ",")), std::string::npos) << csv;
+    EXPECT_NE(csv.find(Joined("\r\ncard,,,", field, ",", field, ",")), std::string::npos) << csv;
+    EXPECT_NE(csv.find(",-1.0000\r\n"), std::string::npos) << "numbers stay numbers";
+  }
+}
+
 TEST(ReportNumbersTest, AreWrittenForReading) {
   EXPECT_EQ(FixedText(-0.04, 1), "0.0");
   EXPECT_EQ(FixedText(12.345, 2), "12.35");

@@ -64,9 +64,30 @@ TEST(TotalsFileTest, ComesBackAsItWasWritten) {
   EXPECT_EQ(read.Sums.Cards.at("No id\n").Name, "No id\n");
 }
 
-TEST(TotalsFileTest, DamageIsRefused) {
+TEST(TotalsFileTest, AnyChangedByteIsRefused) {
   const std::string whole = TotalsText(ShardOf(1, 2).File);
   TotalsFile file;
+  ASSERT_EQ(ReadTotals(whole, file), "");
+  for (std::size_t at = 0; at < whole.size(); ++at) {
+    std::string damaged = whole;
+    damaged[at] = damaged[at] == '1' ? '2' : '1';
+    EXPECT_NE(ReadTotals(damaged, file), "") << "at " << at << ": " << whole.substr(0, at);
+  }
+  EXPECT_EQ(ReadTotals(Joined(whole, "more\n"), file),
+            "it is damaged: its checksum is another one");
+}
+
+/// The same file as the first version wrote it: without a checksum.
+std::string OfFirstVersion(std::string text) {
+  text.replace(text.find("\t2\n"), 3, "\t1\n");
+  return text.substr(0, text.rfind("end\t")) + "end\n";
+}
+
+TEST(TotalsFileTest, DamageOfTheFirstVersionIsRefused) {
+  const std::string whole = OfFirstVersion(TotalsText(ShardOf(1, 2).File));
+  TotalsFile file;
+  EXPECT_EQ(ReadTotals(whole, file), "");
+  EXPECT_EQ(file.Sums, ShardOf(1, 2).File.Sums);
   for (std::size_t size = 0; size < whole.size(); ++size) {
     EXPECT_NE(ReadTotals(whole.substr(0, size), file), "") << "cut at " << size;
   }
@@ -78,8 +99,9 @@ TEST(TotalsFileTest, DamageIsRefused) {
   };
   const std::pair<std::string, std::string> cases[] = {
       {"hello\n", "it is no file of a simulation that this program can read"},
-      {with("brindle-sim\t1", "brindle-sim\t2"),
+      {with("brindle-sim\t1", "brindle-sim\t3"),
        "it is no file of a simulation that this program can read"},
+      {with("brindle-sim\t1", "brindle-sim\t2"), "it is damaged: its checksum is another one"},
       {with("shard\t1\t2", "shard\t3\t2"), "line 8 is damaged"},
       {with("seed\t1", "seed\t-1"), "line 5 is damaged"},
       {with("matches\t5", "matches\t6"), "matches of its shard are missing"},
