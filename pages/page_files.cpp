@@ -6,9 +6,9 @@
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "pages/markup.h"
 #include "platform/controls.h"
 #include "text/addresses.h"
-#include "text/fold.h"
 
 namespace brindlemoor {
 
@@ -39,36 +39,6 @@ std::string WithBreaks(std::string_view text) {
   }
 }
 
-/// Where the next base tag of a page opens, npos when there is none.
-std::size_t FindBaseTag(std::string_view page, std::size_t from) {
-  constexpr std::string_view kTag = "<base";
-  constexpr std::string_view kNameEnds = " \t\n\f\r/>";
-  for (std::size_t at = page.find('<', from); at != std::string_view::npos;
-       at = page.find('<', at + 1)) {
-    const std::string_view rest = page.substr(at);
-    if (rest.size() <= kTag.size() || AsciiUpper(rest[1]) != 'B') continue;
-    const bool ends = kNameEnds.find(rest[kTag.size()]) != std::string_view::npos;
-    if (ends && FoldEquals(rest.substr(0, kTag.size()), kTag)) return at;
-  }
-  return std::string_view::npos;
-}
-
-/// A base tag in the text of a card would lead the program's own links on the page elsewhere. With
-/// a mark behind its name it is a tag that no browser knows; everything else stays as it is.
-std::string WithoutBaseTags(std::string page) {
-  std::size_t tag = FindBaseTag(page, 0);
-  if (tag == std::string::npos) return page;
-  std::string out;
-  out.reserve(page.size());
-  std::size_t passed = 0;
-  for (; tag != std::string::npos; tag = FindBaseTag(page, passed)) {
-    const std::size_t nameEnd = page.find_first_of("eE", tag) + 1;
-    out.append(page, passed, nameEnd - passed) += '-';
-    passed = nameEnd;
-  }
-  return out.append(page, passed);
-}
-
 }  // namespace
 
 void AppendPage(std::string_view text) {
@@ -82,7 +52,7 @@ void WritePage(std::string_view file, std::string_view /*color*/) {
   if (page.size() > limits::kPageBytes || page.find("\r\n") != std::string::npos) {
     page = WithBreaks(CutAtBound(page, limits::kPageBytes));
   }
-  page = WithoutBaseTags(std::move(page));
+  page = CleanMarkup(std::move(page));
   const std::string bytes =
       Joined("<HTML>\r\n", kBodyLine, "\r\n", page, "\r\n", "</body></HTML>\r\n");
   const std::string problem = Desktop().Files().Write(InProgramFolder(file), bytes);

@@ -10,8 +10,9 @@ struct BrowserView;
 /// Appends to PageText.
 void AppendPage(std::string_view text);
 
-/// Writes PageText as an HTML file of the program's folder, line ends as "<br>" and base tags
-/// without effect. The colour is not used. PageText stays.
+/// Writes PageText as an HTML file of the program's folder, line ends as "<br>". Whatever
+/// strangers' texts have brought onto the page, only the markup of the list is left on it
+/// (pages/shown_markup.h). The colour is not used. PageText stays.
 void WritePage(std::string_view file, std::string_view color);
 
 /// Shows a file of the program's folder in a view, lets events run and empties PageText.
