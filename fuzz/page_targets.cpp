@@ -97,8 +97,7 @@ class BrowserReading {
     const auto attributes = ShownAttributes();
     const auto row = std::ranges::find(attributes, name, &ShownAttribute::Name);
     MustHold(row != attributes.end(), "a page has an attribute that is not shown");
-    const auto bit = static_cast<unsigned>(row - attributes.begin());
-    MustHold((tag.Attributes >> bit & 1U) != 0, "a tag has an attribute of another tag");
+    MustHold(HasAttribute(tag, *row), "a tag has an attribute of another tag");
     MustHold(value.find('<') == std::string::npos, "the value of an attribute has a tag");
     if (name == "src") {
       const std::string address = Lower(value);

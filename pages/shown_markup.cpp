@@ -208,8 +208,12 @@ const ShownAttribute* FindShownAttribute(std::string_view name) {
   return Find(kAttributes, kAttributeLetters, name);
 }
 
+bool HasAttribute(const ShownTag& tag, const ShownAttribute& attribute) {
+  return (tag.Attributes >> (&attribute - kAttributes.data()) & 1U) != 0;
+}
+
 bool Shows(const ShownTag& tag, const ShownAttribute& attribute, std::string_view value) {
-  if ((tag.Attributes >> (&attribute - kAttributes.data()) & 1U) == 0) return false;
+  if (!HasAttribute(tag, attribute)) return false;
   switch (attribute.Value) {
     case AttributeValue::kPicture:
       return IsPicture(value);

@@ -34,7 +34,9 @@ std::span<const ShownAttribute> ShownAttributes();
 const ShownTag* FindShownTag(std::string_view name);
 const ShownAttribute* FindShownAttribute(std::string_view name);
 
-/// True when the tag shows the attribute and its value is what it must be.
+/// True when the tag may have the attribute.
+bool HasAttribute(const ShownTag& tag, const ShownAttribute& attribute);
+/// True when it may have it and the value is what it must be.
 bool Shows(const ShownTag& tag, const ShownAttribute& attribute, std::string_view value);
 
 /// Tags whose content is nothing to read: it goes with them.
