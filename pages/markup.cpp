@@ -136,13 +136,14 @@ Markup ReadTag(std::string_view text, std::size_t nameBegin, std::size_t nameEnd
     if (!shown && markup.Attribute.empty()) markup.Attribute = attribute.Name;
   }
   const std::size_t end = walker.End();
-  if (end == 0) return Broken(text);
-  markup.Source = text.substr(0, end);
   const bool bare = markup.Tag != nullptr && markup.Tag->NeedsThem && !markup.IsEnd && !hasShown;
-  if (markup.Tag == nullptr || bare) {
-    markup.Fate = MarkupFate::kHidden;
+  if (end == 0) {
+    markup = Broken(text);
   } else {
-    markup.Fate = markup.Attribute.empty() ? MarkupFate::kShown : MarkupFate::kTrimmed;
+    markup.Source = text.substr(0, end);
+    markup.Fate = markup.Tag == nullptr || bare ? MarkupFate::kHidden
+                  : markup.Attribute.empty()    ? MarkupFate::kShown
+                                                : MarkupFate::kTrimmed;
   }
   return markup;
 }
@@ -303,7 +304,8 @@ Markup ReadMarkup(std::string_view text) {
 std::string CleanMarkup(std::string page) {
   if (HasUnreadable(page)) std::erase_if(page, IsUnreadable);
   Cleaner cleaner(page);
-  return cleaner.Clean() ? cleaner.Take() : page;
+  if (cleaner.Clean()) return cleaner.Take();
+  return page;
 }
 
 }  // namespace brindlemoor

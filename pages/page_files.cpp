@@ -47,7 +47,9 @@ void AppendPage(std::string_view text) {
   page += CutAtBound(text, room);
 }
 
-void WritePage(std::string_view file, std::string_view /*color*/) {
+void WritePage(std::string_view file, std::string_view /*color*/) { WritePages({&file, 1}); }
+
+void WritePages(std::span<const std::string_view> files) {
   std::string& page = State().PageText;
   if (page.size() > limits::kPageBytes || page.find("\r\n") != std::string::npos) {
     page = WithBreaks(CutAtBound(page, limits::kPageBytes));
@@ -55,11 +57,13 @@ void WritePage(std::string_view file, std::string_view /*color*/) {
   page = CleanMarkup(std::move(page));
   const std::string bytes =
       Joined("<HTML>\r\n", kBodyLine, "\r\n", page, "\r\n", "</body></HTML>\r\n");
-  const std::string problem = Desktop().Files().Write(InProgramFolder(file), bytes);
-  if (problem.empty()) return;
-  // A page is written many times in a turn; one message is enough.
-  const std::string message = Joined("Can't write ", file, ": ", problem);
-  if (State().LimitsReported.insert(message).second) Desktop().MessageBox(message);
+  for (const std::string_view file : files) {
+    const std::string problem = Desktop().Files().Write(InProgramFolder(file), bytes);
+    if (problem.empty()) continue;
+    // A page is written many times in a turn; one message is enough.
+    const std::string message = Joined("Can't write ", file, ": ", problem);
+    if (State().LimitsReported.insert(message).second) Desktop().MessageBox(message);
+  }
 }
 
 void ShowInView(BrowserView& view, std::string_view file) {

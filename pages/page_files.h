@@ -1,6 +1,7 @@
 // Page files: composing text, writing it as an HTML file and showing it in a view.
 #pragma once
 
+#include <span>
 #include <string_view>
 
 namespace brindlemoor {
@@ -14,6 +15,8 @@ void AppendPage(std::string_view text);
 /// strangers' texts have brought onto the page, only the markup of the list is left on it
 /// (pages/shown_markup.h). The colour is not used. PageText stays.
 void WritePage(std::string_view file, std::string_view color);
+/// The same for a page that is kept in several files.
+void WritePages(std::span<const std::string_view> files);
 
 /// Shows a file of the program's folder in a view, lets events run and empties PageText.
 void ShowInView(BrowserView& view, std::string_view file);
