@@ -124,18 +124,21 @@ TEST_F(PageBoundsTest, APageFileThatIsTooLongIsShownAsText) {
 }
 
 TEST_F(PageBoundsTest, TheTextOfAPageIsWhatCanBeRead) {
-  const auto textOf = [this](const char* html) {
+  const auto textOf = [this](const QByteArray& html) {
     QFile file(folder_.filePath("Page.html"));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(html);
     file.close();
     return TextOfPage(file.fileName());
   };
-  EXPECT_EQ(textOf("<html><style>p{}</style><p>one<table><tr><td>two\r\n 2<TR>three</table>"),
-            "one\ntwo 2\nthree");
+  EXPECT_EQ(textOf("<html><style>p{}</style><p>one<table><tr><td>two\r\n 2<TD>3<TR>four</table>"),
+            "one\ntwo 2 3\nfour");
   EXPECT_EQ(textOf("<!-- x -->5 &lt; 6 &amp;lt; <b x='1'>M\xC3\xBChle</b><script>x"),
             QString("5 < 6 &lt; M\u00FChle") + "x");
   EXPECT_EQ(TextOfPage(folder_.filePath("missing.html")), "");
+  for (const char* piece : {"<svg ", "<!--", "&nbsp;", "<br> ", "<p"}) {
+    textOf(QByteArray(piece).repeated(50'000));  // a moment each, not minutes
+  }
 }
 
 }  // namespace
