@@ -23,6 +23,11 @@ void FileCheck::Message(const CheckedField& field) {
   NoteAll(field.Offset, CheckMessage(field.Text));
 }
 
+/// Where a colour is wrong, other fields have moved here.
+void FileCheck::Markup(const CheckedField& field) {
+  if (!colorIsWrong_) NoteAll(field.Offset, CheckMarkup(field.Text));
+}
+
 void FileCheck::Trait(const CheckedField& field) {
   const std::string_view text = field.Text;
   const std::string_view name = FieldAt(text, 1, ':');

@@ -32,6 +32,7 @@ class FileCheck {
   void Source(const CheckedField& field);
   void Reference(const CheckedField& field);
   void Message(const CheckedField& field);
+  void Markup(const CheckedField& field);
   void Number(const CheckedField& field);
   void Rarity(const CheckedField& field);
   void DeckRules(const CheckedField& field);

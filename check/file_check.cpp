@@ -24,6 +24,7 @@ constexpr auto kScriptCodes = std::to_array<CodeRow>({
     {FindingKind::kUnknownTarget, FindingCode::kUnknownTarget},
     {FindingKind::kUnknownValueWord, FindingCode::kUnknownValue},
     {FindingKind::kUnknownPlaceholder, FindingCode::kUnknownPlaceholder},
+    {FindingKind::kHiddenMarkup, FindingCode::kHiddenMarkup},
     {FindingKind::kQuoteInText, FindingCode::kQuote},
     {FindingKind::kRequirementBehindEffect, FindingCode::kLateRequirement},
     {FindingKind::kRequirementCancels, FindingCode::kCancellingRequirement},
@@ -62,6 +63,10 @@ constexpr auto kFieldRows = std::to_array<FieldRow>({
     {"#EFFECT", 1, &F::Target}, {"#EFFECT", 2, &F::Trigger}, {"#EFFECT", 3, &F::Script},
     {"#EXTRADATA", 1, &F::Rarity}, {"#EXTRADATA", 2, &F::EntersDuring}, {"#EXTRADATA", 3, &F::EntryScripts},
     {"#TRAITACTIONDESC", 1, &F::CaptionTrait},
+    {"#CARD", 2, &F::Markup}, {"#CARD", 8, &F::Markup}, {"#CARDINPLAYERDECK", 7, &F::Markup},
+    {"#CARDINDECK", 6, &F::Markup}, {"#CARDINPLAY", 6, &F::Markup}, {"#SIDEBOARDCARD", 6, &F::Markup},
+    {"#COLLECTION", 6, &F::Markup}, {"#TEMPLATE", 6, &F::Markup}, {"#NEUTRALCARD", 6, &F::Markup},
+    {"#TRAITACTIONDESC", 2, &F::Markup},
     {"#GAMERULES", 2, &F::Picture}, {"#GAMERULES", 3, &F::Color}, {"#GAMERULES", 5, &F::Picture},
 });
 /// Directives that speak of the card before.

@@ -41,6 +41,7 @@ constexpr std::array<FindingRow, static_cast<std::size_t>(C::kCount)> kRows = {{
     {"unknown-target", C::kUnknownTarget, kError, "a target word that is none"},
     {"unknown-value", C::kUnknownValue, kError, "a field of a value that counts nothing"},
     {"unknown-placeholder", C::kUnknownPlaceholder, kWarning, "a placeholder that stays in the text"},
+    {"hidden-markup", C::kHiddenMarkup, kWarning, "a tag or an attribute that no page shows"},
     {"quote", C::kQuote, kWarning, "a double quote that files hold in another form"},
     {"late-requirement", C::kLateRequirement, kWarning, "a requirement behind the effects that it should guard"},
     {"cancelling-requirement", C::kCancellingRequirement, kWarning, "a requirement of a reaction that calls the answered action off"},

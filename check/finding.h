@@ -38,6 +38,7 @@ enum class FindingCode : std::uint8_t {
   kUnknownTarget,
   kUnknownValue,
   kUnknownPlaceholder,
+  kHiddenMarkup,
   kQuote,
   kLateRequirement,
   kCancellingRequirement,

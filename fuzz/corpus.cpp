@@ -1,5 +1,6 @@
 // The targets as a table, and the inputs to begin with: what the shipped games hold.
 #include <algorithm>
+#include <random>
 #include <set>
 
 #include "core/cards.h"
@@ -115,6 +116,24 @@ Inputs Messages(const std::string& folder) {
   return Different(inputs);
 }
 
+/// Messages, and pieces of markup thrown together.
+Inputs Pages(const std::string& folder) {
+  constexpr std::string_view kPieces[] = {
+      "<",      "</",     "<!--",  "-->",  "<![CDATA[", "]]>",      "<?",       ">",    "/>",
+      " ",      "\t",     "/",     "=",    "\"",        "'",        "&#60;",    "x",    "b",
+      "script", "style",  "svg",   "img",  "a",         "table",    "<td",      "<img", "<font",
+      "src=",   "href=",  "color", "on=x", "CARD1",     "http:",    "//",       "\\",   "<script>",
+      "</b>",   "</svg>", "`",     "\r\n", "\x1B",      "\xC3\xA9", "style=\"", "<a "};
+  Inputs inputs = Messages(folder);
+  std::minstd_rand random(1);
+  for (int text = 0; text < 500; ++text) {
+    std::string input;
+    for (int piece = 0; piece < 25; ++piece) input += kPieces[random() % std::size(kPieces)];
+    inputs.push_back(std::move(input));
+  }
+  return inputs;
+}
+
 /// The files of a player who has opened the first starter deck.
 FolderFile PlayersFile(const std::string& folder, std::string_view ending) {
   FuzzSession session;
@@ -154,6 +173,7 @@ constexpr FuzzTarget kTargets[] = {
     {"script", FuzzScript, Scripts},
     {"value", FuzzValue, Values},
     {"message", FuzzMessage, Messages},
+    {"page", FuzzPage, Pages},
     {"player_file", FuzzPlayerFile, PlayerFiles},
     {"profile_list", FuzzProfileList, ProfileLists},
     {"links", FuzzLinks, Links},

@@ -15,6 +15,7 @@
 #include "language/target_types.h"
 #include "language/values.h"
 #include "pages/messages.h"
+#include "pages/shown_markup.h"
 #include "script/command_table.h"
 #include "text/text.h"
 
@@ -31,7 +32,9 @@ std::set<std::string, std::less<>> Words() {
                                               "AI",       "#ANY#",          "#ALL#", "COLLECTION",
                                               "OVERRIDE", "#GAMERULES",     "@@ ",   "\"",
                                               "CARD",     "MENUACTION:",    "GAME:", "HELP:",
-                                              "MENU:",    "INPLAYERDECK:1", "P6\n"};
+                                              "MENU:",    "INPLAYERDECK:1", "P6\n",  "<!--",
+                                              "-->",      "<![CDATA[",      "]]>",   "onload=",
+                                              "style=",   "src=http:",      "&lt;",  "&#60;"};
   for (const auto& family : CommandFamilies()) {
     for (const Command& row : family) words.emplace(Joined(row.Word, ":"));
   }
@@ -41,6 +44,9 @@ std::set<std::string, std::less<>> Words() {
   for (const TargetTypeRow& row : kTargetTypeRows) words.emplace(row.Word);
   for (const DirectiveRow& row : kDirectiveRows) words.emplace(Joined("\n", row.Word, ", "));
   for (const LocationRow& row : kLocationRows) words.emplace(Joined(row.Word, ", "));
+  for (const ShownTag& row : ShownTags()) words.emplace(Joined("<", row.Name, " "));
+  for (const std::string_view name : kSilentTags) words.emplace(Joined("</", name, ">"));
+  for (const ShownAttribute& row : ShownAttributes()) words.emplace(Joined(row.Name, "="));
   return words;
 }
 

@@ -39,6 +39,9 @@ inline void MustHold(bool holds, std::string_view what) {
   if (!holds) FuzzFailure(what);
 }
 
+/// Ends the program when a page file holds more than text and the markup that is shown.
+void MustBeHarmless(const std::string& page);
+
 /// Two player cards and some others with traits, trait actions, hands and decks. Nothing has run.
 void LayOutSmallTable();
 /// The files of a small game with a starter deck, a store and an opponent, as FolderText.

@@ -24,6 +24,7 @@ void FuzzCardFile(std::string_view bytes);     ///< a card data file: read, chec
 void FuzzScript(std::string_view bytes);       ///< lines of scripts for every trigger of a table
 void FuzzValue(std::string_view bytes);        ///< a value expression
 void FuzzMessage(std::string_view bytes);      ///< a message, and lines of custom strings
+void FuzzPage(std::string_view bytes);         ///< what stands on a page, written and read
 void FuzzPlayerFile(std::string_view bytes);   ///< a player file: read, saved, read again
 void FuzzProfileList(std::string_view bytes);  ///< the list of profiles, likewise
 void FuzzLinks(std::string_view bytes);        ///< lines of addresses that are clicked in a match

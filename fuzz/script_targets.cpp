@@ -100,6 +100,7 @@ void FuzzMessage(std::string_view bytes) {
   std::string text = lines[0];
   ExpandMessage(source, target, text, "<img>", "<img>");
   ShowCardDescription(source, 1);
+  MustBeHarmless(session.ReadFile("CardDesc.html"));
   CardSummary(source, 1);
   CardPanelHtml(source, 1);
 }

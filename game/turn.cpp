@@ -157,8 +157,7 @@ void ShowReport(const Plays& plays) {
   AppendPage(plays.Html);
   AppendPage(session.PhaseBanner);
   if (debug) AppendPage(DebugCounters());
-  WritePage("Display.html", "#000000");
-  WritePage("LastDiplayed.html", "#000000");  // the file is named so
+  WritePages(std::array<std::string_view, 2>{"Display.html", "LastDiplayed.html"});  // named so
   ShownLinks& links = State().Links;
   links.Games = false;
   links.Cards = std::exchange(links.Composed, {});

@@ -9,6 +9,7 @@
 #include "core/state.h"
 #include "lint/value_check.h"
 #include "lint/word_distance.h"
+#include "pages/markup.h"
 #include "pages/messages.h"
 
 namespace brindlemoor {
@@ -141,7 +142,51 @@ bool OpensTag(std::string_view text) {
   return text.size() > 1 && text[0] == '<' && (IsLetter(text[1]) || text[1] == '/');
 }
 
+/// Placeholders and fields are filled in before a page is composed.
+bool HoldsMark(std::string_view text) {
+  return text.find('$') != text.npos || std::ranges::count(text, '#') > 1 ||
+         HoldsCustomString(text);
+}
+
+/// A tag that is known and yet not shown as it is, or not at all.
+void CheckShownTag(FindingList& findings, const Markup& markup) {
+  if (HoldsMark(markup.Source)) return;
+  if (markup.Fate == MarkupFate::kTrimmed) {
+    findings.Add(
+        FindingKind::kHiddenMarkup, markup.Attribute,
+        Joined("Pages show ", Quoted(markup.Name), " without ", Quoted(markup.Attribute), "."));
+  } else {
+    findings.Add(FindingKind::kHiddenMarkup, markup.Source.substr(0, 1),
+                 markup.Name.size() == 1
+                     ? "Pages show no links but CARD, MENUACTION, GAME and HELP."
+                     : "Pages show pictures of the game's folders only.");
+  }
+}
+
+void CheckTag(FindingList& findings, std::string_view text) {
+  const Markup markup = ReadMarkup(text);
+  if (markup.Fate == MarkupFate::kShown || markup.IsEnd) return;
+  const std::string_view at = text.substr(0, 1);
+  if (markup.Tag != nullptr) {
+    CheckShownTag(findings, markup);
+  } else if (!markup.Name.empty() && !HoldsMark(markup.Name)) {
+    findings.Add(FindingKind::kHiddenMarkup, at,
+                 Joined("No page shows the tag ", Quoted(markup.Name), "."));
+  } else if (markup.Name.empty() && !HoldsMark(text.substr(0, text.find('>')))) {
+    findings.Add(FindingKind::kHiddenMarkup, at, "No browser could read this tag for sure.");
+  }
+}
+
 }  // namespace
+
+void CheckMarkupPart(FindingList& findings, std::string_view text) {
+  for (std::size_t at = text.find('<'); at != std::string_view::npos && !findings.Full();
+       at = text.find('<', at + 1)) {
+    const std::string_view rest = text.substr(at);
+    if (OpensTag(rest) || rest.starts_with("<!") || rest.starts_with("<?"))
+      CheckTag(findings, rest);
+  }
+}
 
 void CheckMessagePart(FindingList& findings, std::string_view text) {
   bool inTag = false;
@@ -162,11 +207,18 @@ void CheckMessagePart(FindingList& findings, std::string_view text) {
     }
     at = text.find_first_of("$#<>\"", at);
   }
+  CheckMarkupPart(findings, text);
 }
 
 std::vector<ScriptFinding> CheckMessage(std::string_view text) {
   FindingList findings(text);
   CheckMessagePart(findings, text);
+  return findings.Take();
+}
+
+std::vector<ScriptFinding> CheckMarkup(std::string_view text) {
+  FindingList findings(text);
+  CheckMarkupPart(findings, text);
   return findings.Take();
 }
 

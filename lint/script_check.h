@@ -19,6 +19,7 @@ enum class FindingKind : std::uint8_t {
   kUnknownTarget,
   kUnknownValueWord,
   kUnknownPlaceholder,
+  kHiddenMarkup,             ///< a tag or an attribute that no page shows
   kQuoteInText,              ///< a double quote where its form in files has another meaning
   kRequirementBehindEffect,  ///< understood, but it comes too late to keep the effect from
                              ///< happening
@@ -45,5 +46,7 @@ std::vector<ScriptFinding> CheckTrigger(std::string_view trigger);
 std::vector<ScriptFinding> CheckTarget(std::string_view target);
 std::vector<ScriptFinding> CheckValue(std::string_view expression);
 std::vector<ScriptFinding> CheckMessage(std::string_view text);
+/// Nothing but the markup of a text, such as a description.
+std::vector<ScriptFinding> CheckMarkup(std::string_view text);
 
 }  // namespace brindlemoor

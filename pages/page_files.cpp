@@ -6,9 +6,9 @@
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "pages/markup.h"
 #include "platform/controls.h"
 #include "text/addresses.h"
-#include "text/fold.h"
 
 namespace brindlemoor {
 
@@ -40,36 +40,6 @@ std::string WithBreaks(std::string_view text) {
   }
 }
 
-/// Where the next base tag of a page opens, npos when there is none.
-std::size_t FindBaseTag(std::string_view page, std::size_t from) {
-  constexpr std::string_view kTag = "<base";
-  constexpr std::string_view kNameEnds = " \t\n\f\r/>";
-  for (std::size_t at = page.find('<', from); at != std::string_view::npos;
-       at = page.find('<', at + 1)) {
-    const std::string_view rest = page.substr(at);
-    if (rest.size() <= kTag.size() || AsciiUpper(rest[1]) != 'B') continue;
-    const bool ends = kNameEnds.find(rest[kTag.size()]) != std::string_view::npos;
-    if (ends && FoldEquals(rest.substr(0, kTag.size()), kTag)) return at;
-  }
-  return std::string_view::npos;
-}
-
-/// A base tag in the text of a card would lead the program's own links on the page elsewhere. With
-/// a mark behind its name it is a tag that no browser knows; everything else stays as it is.
-std::string WithoutBaseTags(std::string page) {
-  std::size_t tag = FindBaseTag(page, 0);
-  if (tag == std::string::npos) return page;
-  std::string out;
-  out.reserve(page.size());
-  std::size_t passed = 0;
-  for (; tag != std::string::npos; tag = FindBaseTag(page, passed)) {
-    const std::size_t nameEnd = page.find_first_of("eE", tag) + 1;
-    out.append(page, passed, nameEnd - passed) += '-';
-    passed = nameEnd;
-  }
-  return out.append(page, passed);
-}
-
 }  // namespace
 
 void AppendPage(std::string_view text) {
@@ -78,19 +48,23 @@ void AppendPage(std::string_view text) {
   page += CutAtBound(text, room);
 }
 
-void WritePage(std::string_view file, std::string_view /*color*/) {
+void WritePage(std::string_view file, std::string_view /*color*/) { WritePages({&file, 1}); }
+
+void WritePages(std::span<const std::string_view> files) {
   std::string& page = State().PageText;
   if (page.size() > limits::kPageBytes || page.find("\r\n") != std::string::npos) {
     page = WithBreaks(CutAtBound(page, limits::kPageBytes));
   }
-  page = WithoutBaseTags(std::move(page));
+  page = CleanMarkup(std::move(page));
   const std::string bytes =
       Joined("<HTML>\r\n", kBodyLine, "\r\n", page, "\r\n", "</body></HTML>\r\n");
-  const std::string problem = Desktop().Files().Write(InProgramFolder(file), bytes);
-  if (problem.empty()) return;
-  // A page is written many times in a turn; one message is enough.
-  const std::string message = Joined("Can't write ", file, ": ", problem);
-  if (State().LimitsReported.insert(message).second) Desktop().MessageBox(message);
+  for (const std::string_view file : files) {
+    const std::string problem = Desktop().Files().Write(InProgramFolder(file), bytes);
+    if (problem.empty()) continue;
+    // A page is written many times in a turn; one message is enough.
+    const std::string message = Joined("Can't write ", file, ": ", problem);
+    if (State().LimitsReported.insert(message).second) Desktop().MessageBox(message);
+  }
 }
 
 void ShowInView(BrowserView& view, std::string_view file) {

@@ -1,6 +1,7 @@
 // Page files: composing text, writing it as an HTML file and showing it in a view.
 #pragma once
 
+#include <span>
 #include <string_view>
 
 namespace brindlemoor {
@@ -10,9 +11,12 @@ struct BrowserView;
 /// Appends to PageText.
 void AppendPage(std::string_view text);
 
-/// Writes PageText as an HTML file of the program's folder, line ends as "<br>" and base tags
-/// without effect. The colour is not used. PageText stays.
+/// Writes PageText as an HTML file of the program's folder, line ends as "<br>". Whatever
+/// strangers' texts have brought onto the page, only the markup of the list is left on it
+/// (pages/shown_markup.h). The colour is not used. PageText stays.
 void WritePage(std::string_view file, std::string_view color);
+/// The same for a page that is kept in several files.
+void WritePages(std::span<const std::string_view> files);
 
 /// Shows a file of the program's folder in a view, lets events run and empties PageText.
 void ShowInView(BrowserView& view, std::string_view file);

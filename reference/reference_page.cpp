@@ -12,6 +12,7 @@
 #include "language/target_types.h"
 #include "language/values.h"
 #include "pages/messages.h"
+#include "pages/shown_markup.h"
 #include "reference/examples.h"
 #include "reference/notes.h"
 #include "script/command_table.h"
@@ -39,7 +40,7 @@ pre { background: #16283c; color: #ffe3a0; margin: .3em 0; padding: .4em .8em; w
 <p><a href="MainHelp.html">Help</a></p>
 <h1>Reference for authors</h1>
 <p>Every word that card files and scripts are made of. The program writes this page from its own tables, so it tells what this version really does.</p>
-<p><a href="#files">Card files</a> &middot; <a href="#places">Places</a> &middot; <a href="#targets">Targets</a> &middot; <a href="#triggers">Triggers</a> &middot; <a href="#scripts">Scripts</a> &middot; <a href="#values">Values</a> &middot; <a href="#messages">Messages</a></p>
+<p><a href="#files">Card files</a> &middot; <a href="#places">Places</a> &middot; <a href="#targets">Targets</a> &middot; <a href="#triggers">Triggers</a> &middot; <a href="#scripts">Scripts</a> &middot; <a href="#values">Values</a> &middot; <a href="#messages">Messages</a> &middot; <a href="#markup">Markup</a></p>
 )";
 
 constexpr std::string_view kFilesIntro =
@@ -71,6 +72,10 @@ constexpr std::string_view kValuesIntro =
 
 constexpr std::string_view kMessagesIntro =
     R"(<p>Messages and descriptions may hold these marks. A word of a <code>#CUSTOMSTRING</code> line is filled in as well.</p>
+)";
+
+constexpr std::string_view kMarkupIntro =
+    R"(<p>Names, descriptions, captions and messages may hold these tags, with the attributes that stand beside them. Pages show nothing else: other tags and attributes, comments, style sheets and scripts are left out, and so is a tag that browsers would have to mend, such as one without its <code>&gt;</code>. A <code>&lt;</code> that opens no tag is text. Pictures come from the game's folders, by name. Links are those that the program makes itself. <code>brindle check</code> tells of markup that no page shows.</p>
 )";
 
 struct Family {
@@ -241,11 +246,24 @@ std::string Messages() {
   return html + "</dl>\n";
 }
 
+/// Every tag that pages show, with its attributes.
+std::string Markup() {
+  std::string html = Section("markup", "Markup", kMarkupIntro) + "<p class=\"words\">";
+  for (const ShownTag& tag : ShownTags()) {
+    std::string names;
+    for (const ShownAttribute& attribute : ShownAttributes()) {
+      if (HasAttribute(tag, attribute)) names += Joined(" ", attribute.Name);
+    }
+    html += Joined("<code>&lt;", tag.Name, "&gt;</code>", names, "<br>\n");
+  }
+  return html + "</p>\n";
+}
+
 }  // namespace
 
 std::string ReferencePage() {
   return Joined(kHead, Directives(), Locations(), Targets(), Triggers(), Commands(), Values(),
-                Messages(), "</body>\n</html>\n");
+                Messages(), Markup(), "</body>\n</html>\n");
 }
 
 std::string WriteReferencePage() {

@@ -19,12 +19,13 @@ std::string Escaped(char character) {
 }
 
 /// The characters that a browser takes as they stand, in quotes and whatever encoding it reads the
-/// page in. "&" is one where no letter follows: "&copy" is another character.
+/// page in. "&" is one where no letter follows: "&copy" is another character. A value with a "<"
+/// would look like one that has lost its closing quote.
 constexpr auto kPlainOnPage = [] {
   std::array<bool, 256> plain{};
   for (unsigned byte = ' '; byte < 0x7F; ++byte) {
     plain[byte] =
-        std::string_view("%#?\"\\&").find(static_cast<char>(byte)) == std::string_view::npos;
+        std::string_view("%#?\"\\&<").find(static_cast<char>(byte)) == std::string_view::npos;
   }
   return plain;
 }();

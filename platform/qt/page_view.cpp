@@ -2,13 +2,18 @@
 #include "platform/qt/page_view.h"
 
 #include <QEventLoop>
+#include <QFileInfo>
+#include <QPlainTextEdit>
 #include <QTimer>
 #include <QWebEngineLoadingInfo>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
+#include <utility>
 
 #include "platform/qt/event_loop.h"
 #include "platform/qt/page_policy.h"
+#include "platform/qt/page_text.h"
+#include "platform/qt/renderer_guard.h"
 
 namespace brindlemoor {
 
@@ -70,13 +75,25 @@ class PageView::Page : public QWebEnginePage {
 };
 
 PageView::PageView(QWebEngineProfile& profile, const PagePolicy& policy, QWidget* parent)
-    : QWebEngineView(parent), page_(std::make_unique<Page>(profile, policy, *this)) {
-  page_->setBackgroundColor(Qt::black);
-  setPage(page_.get());
+    : QWebEngineView(parent), profile_(profile), policy_(policy) {
+  TakeNewPage();
   setContextMenuPolicy(Qt::NoContextMenu);
   setAcceptDrops(false);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+}
+
+void PageView::TakeNewPage() {
+  guard_.reset();
+  const std::unique_ptr<Page> before = std::move(page_);
+  page_ = std::make_unique<Page>(profile_, policy_, *this);
+  page_->setBackgroundColor(Qt::black);
+  setPage(page_.get());
   connect(page_.get(), &QWebEnginePage::loadFinished, this, [this] { PageRead(); });
+  guard_ = std::make_unique<RendererGuard>(*page_, [this](PageEnd end) {
+    lost_ = true;
+    ShowAsText(end == PageEnd::kMemory ? "This page needed too much memory and is shown as text."
+                                       : "This page could not be shown and stands here as text.");
+  });
 }
 
 PageView::~PageView() = default;
@@ -93,7 +110,33 @@ void PageView::PageRead() {
   OnKeyTakerChange();
 }
 
+void PageView::ShowAsText(const QString& reason) {
+  if (text_ == nullptr) {
+    text_ = new QPlainTextEdit(this);
+    text_->setObjectName("PageText");
+    text_->setReadOnly(true);
+  }
+  text_->setPlainText(reason + "\n\n" + TextOfPage(page_->OwnLoad.toLocalFile()));
+  text_->setGeometry(rect());
+  text_->show();
+  text_->raise();
+}
+
+void PageView::resizeEvent(QResizeEvent* event) {
+  QWebEngineView::resizeEvent(event);
+  if (text_ != nullptr) text_->setGeometry(rect());
+}
+
 void PageView::Load(const QUrl& url) {
+  // What a lost page still announces must not be taken for news of this one.
+  if (std::exchange(lost_, false)) TakeNewPage();
+  page_->OwnLoad = url;
+  if (QFileInfo(url.toLocalFile()).size() > kLongestPage) {
+    ShowAsText("This page is too long and is shown as text.");
+    return;
+  }
+  if (text_ != nullptr) text_->hide();
+  guard_->PageBegins();
   QEventLoop loop;
   // A stop belongs to an earlier page that this one replaces. After a refused click the engine does
   // not announce the start, so only the end is waited for.
@@ -107,7 +150,6 @@ void PageView::Load(const QUrl& url) {
   const auto crash = connect(page_.get(), &QWebEnginePage::renderProcessTerminated, &loop,
                              [&loop] { loop.quit(); });
   QTimer::singleShot(kLoadLimit, &loop, &QEventLoop::quit);
-  page_->OwnLoad = url;
   page_->load(url);
   WakeEventLoop();
   loop.exec(QEventLoop::ExcludeUserInputEvents);

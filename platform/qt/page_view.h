@@ -7,11 +7,13 @@
 #include <memory>
 #include <string>
 
+class QPlainTextEdit;
 class QWebEngineProfile;
 
 namespace brindlemoor {
 
 class PagePolicy;
+class RendererGuard;
 
 /// A link's URL as the program's logic reads it: the scheme in lower case, escapes resolved.
 std::string LinkText(const QUrl& url);
@@ -29,7 +31,8 @@ class PageView : public QWebEngineView {
   std::function<void()> OnKeyTakerChange;
 
   /// Shows a page and returns when it has been read (or after a time limit). Events run meanwhile,
-  /// but no input of the user.
+  /// but no input of the user. A page that is too long, takes too much memory or ends its renderer
+  /// is shown as text, with the reason.
   void Load(const QUrl& url);
   /// The size of this page and of all that follow; 1 is their own.
   void SetZoom(double zoom);
@@ -37,14 +40,25 @@ class PageView : public QWebEngineView {
   QSize sizeHint() const override { return {180, 90}; }
   QSize minimumSizeHint() const override { return {120, 60}; }
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   class Page;
 
+  void TakeNewPage();
   void PageRead();
+  /// Shows the text of the page that was loaded last in front of the view, under a sentence.
+  void ShowAsText(const QString& reason);
 
+  QWebEngineProfile& profile_;
+  const PagePolicy& policy_;
   double zoom_ = 1.0;
-  QWidget* keyTaker_ = nullptr;  // as it was told last
-  std::unique_ptr<Page> page_;   // goes before the view that shows it
+  bool lost_ = false;               // the renderer of the page has gone
+  QWidget* keyTaker_ = nullptr;     // as it was told last
+  QPlainTextEdit* text_ = nullptr;  // stands in for a page that can't be shown
+  std::unique_ptr<Page> page_;      // goes before the view that shows it
+  std::unique_ptr<RendererGuard> guard_;
 };
 
 }  // namespace brindlemoor

@@ -44,6 +44,7 @@ TEST_F(PathsTest, APageReachesPicturesInFoldersOfAnyName) {
       {"/M\xC3\xBChle/x.jpg", "/M%C3%BChle/x.jpg"},
       {"/\"\\\t\n\x7F/x.jpg", "/%22%5C%09%0A%7F/x.jpg"},
       {"/R&amp;D/&copy.jpg", "/R%26amp;D/%26copy.jpg"},
+      {"/a<b>c/x.jpg", "/a%3Cb>c/x.jpg"},
       {"", ""},
   };
   for (const auto& [path, address] : rows) EXPECT_EQ(PageAddress(path), address);

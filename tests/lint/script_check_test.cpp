@@ -269,7 +269,12 @@ TEST_F(ScriptCheckTest, AWrongValueMessageTriggerOrTargetIsToldOfAtItsPlace) {
                             {"#TOKEN# left", Kind::kUnknownPlaceholder, 0, 0, "#TOKENS#"},
                             {"#MYTRAIT/HP", Kind::kUnknownPlaceholder, 0, 0},
                             {"#TRAIT#", Kind::kMissingArgument, 0, 6},
-                            {"#CARD/LSTCARD#", Kind::kUnknownValueWord, 0, 6, "LASTCARD"}});
+                            {"#CARD/LSTCARD#", Kind::kUnknownValueWord, 0, 6, "LASTCARD"},
+                            {"a <b>b</b><i c", Kind::kHiddenMarkup, 0, 10},
+                            {"<!-- b -->", Kind::kHiddenMarkup, 0, 0},
+                            {"<script>x</script>", Kind::kHiddenMarkup, 0, 0},
+                            {"<p align=left onclick=x>", Kind::kHiddenMarkup, 0, 14},
+                            {"<img src=//a.invalid>", Kind::kHiddenMarkup, 0, 0}});
   ExpectEach(CheckTrigger, {{"", Kind::kMissingArgument, 1, 0},
                             {"PHASE 1", Kind::kUnknownTrigger, 1, 0, "PHASE1"},
                             {"ENTERSPLAY", Kind::kUnknownTrigger, 1, 0, "ENTERPLAY"},
