@@ -56,7 +56,10 @@ bool HoldsGame(const std::string& folder) {
 class CheckSession {
  public:
   CheckSession() : before_(std::exchange(State(), Session{})) {}
-  ~CheckSession() { State() = std::move(before_); }
+  ~CheckSession() {
+    before_.Desktop->Files().KeepTo(before_.ProgramFolder);
+    State() = std::move(before_);
+  }
   CheckSession(const CheckSession&) = delete;
   CheckSession& operator=(const CheckSession&) = delete;
 
@@ -128,6 +131,7 @@ class Check {
     session_.Begin(folder, hidesNone);
     const std::string base = BaseOf(folder);
     session_.Begin(base, hidesNone);
+    Desktop().Files().TakeChoice(path);
     TakeGameStrings(base);
     CardSet set;
     AddFile(set, path, shown);

@@ -5,6 +5,7 @@
 
 #include "core/limits.h"
 #include "core/state.h"
+#include "text/one_line.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -24,7 +25,7 @@ WorkAccount::~WorkAccount() {
   if (work.StoppedCard.empty()) return;
   limits::ReportLimit(Joined(
       "Scripts took too many steps, and those of this turn that were left did not run. It was ",
-      "a script of \"", work.StoppedCard, "\" that took the last step."));
+      "a script of \"", OneLine(work.StoppedCard), "\" that took the last step."));
 }
 
 void SpendWork(std::int64_t steps) noexcept { State().Work.Spend(steps); }

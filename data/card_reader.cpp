@@ -63,6 +63,11 @@ std::string FindCardFile(std::string_view file) {
   return "";
 }
 
+void AddUnreadable(std::string_view file, const std::string& path) {
+  const std::string reason = Desktop().Files().WhyUnread(path);
+  AddProblem(file, 0, Joined("the file can't be read", reason.empty() ? "" : ": ", reason));
+}
+
 bool ReadCardFile(std::string_view file, PlayerState& player, int noDuplicates,
                   std::string_view forcedLocation, int keepExisting) {
   Session& session = State();
@@ -75,7 +80,7 @@ bool ReadCardFile(std::string_view file, PlayerState& player, int noDuplicates,
   std::optional<std::string> bytes;
   if (!path.empty()) bytes = Desktop().Files().Read(path);
   if (!bytes) {
-    AddProblem(file, 0, "the file can't be read");
+    AddUnreadable(file, path.empty() ? InCurrentFolder(file) : path);
     return false;
   }
   ++session.FilesRead;

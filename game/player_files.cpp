@@ -68,9 +68,10 @@ void KeepDamagedFile(std::string_view fileName, const Problem& problem) {
 bool ReadPlayerFile(std::string_view fileName) {
   const std::vector<Problem>& problems = State().Problems;
   const std::size_t before = problems.size();
-  const bool isThere = !FindCardFile(fileName).empty();
+  const FileSystem& files = Desktop().Files();
+  const bool isThere = !FindCardFile(fileName).empty() || IsThere(files, InCurrentFolder(fileName));
   if (!ReadCardFile(fileName, State().Players[1], 0, "", 0) && isThere) {
-    Desktop().MessageBox(Joined("Can't read ", FileNameOf(fileName), "."));
+    Desktop().MessageBox(CantRead(FileNameOf(fileName), InCurrentFolder(fileName)));
     return false;
   }
   if (problems.size() > before) KeepDamagedFile(fileName, problems[before]);

@@ -1,6 +1,7 @@
 // Page files: composing text, writing it as an HTML file and showing it in a view.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace brindlemoor {
@@ -10,11 +11,17 @@ struct BrowserView;
 /// Appends to PageText.
 void AppendPage(std::string_view text);
 
+/// Where a page lies that WritePage has written. It has its plain name in the program's folder; a
+/// second program on the same folder writes "Display-2.html" beside it, so that none shows what
+/// another wrote. Files that are no such page keep their name.
+std::string PagePath(std::string_view file);
+
 /// Writes PageText as an HTML file of the program's folder, line ends as "<br>" and base tags
 /// without effect. The colour is not used. PageText stays.
 void WritePage(std::string_view file, std::string_view color);
 
-/// Shows a file of the program's folder in a view, lets events run and empties PageText.
+/// Shows a page, or another file of the program's folder, in a view, lets events run and empties
+/// PageText.
 void ShowInView(BrowserView& view, std::string_view file);
 
 }  // namespace brindlemoor

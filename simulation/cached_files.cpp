@@ -43,4 +43,8 @@ std::optional<std::string> CachedFileSystem::Read(const std::string& path) const
   return Remembered(read_, path, [&] { return machine_.Read(path); });
 }
 
+std::string CachedFileSystem::WhyUnread(const std::string& path) const {
+  return BelongsToPlayers(path) ? "" : machine_.WhyUnread(path);
+}
+
 }  // namespace brindlemoor

@@ -43,8 +43,6 @@ class QtPlatform : public Platform {
   void MessageBox(std::string_view text) override;
   bool AskYesNo(std::string_view text) override;
   std::optional<std::string> AskText(std::string_view prompt) override;
-  std::optional<std::string> AskFile(const FileDialogRequest& request) override;
-  std::optional<std::string> AskFolder(std::string_view prompt) override;
   std::optional<std::int32_t> AskColor(std::int32_t present) override;
   std::vector<std::string> Drives() const override;
   QtImageLibrary& Images() override { return images_; }
@@ -75,6 +73,10 @@ class QtPlatform : public Platform {
   /// logic is in the middle of something, only the last is kept, so that a wild pointer does not
   /// nest handlers without end.
   void Hover(Form& form, const std::string& picture);
+
+ protected:
+  std::optional<std::string> ChooseFile(const FileDialogRequest& request) override;
+  std::optional<std::string> ChooseFolder(std::string_view prompt) override;
 
  private:
   struct ModalRun {
