@@ -31,6 +31,12 @@ const WrittenFormat kFormats[] = {
 constexpr int kMostMegabytes = 256;
 static_assert((qint64{kMostMegabytes} << 20) > kMostPicturePixels * 4);
 
+/// The bytes of a file. A place behind them, as damaged pictures name, is refused without a word.
+class FileBytes : public QBuffer {
+ public:
+  bool seek(qint64 position) override { return position <= size() && QBuffer::seek(position); }
+};
+
 /// An image file that is being read.
 class OpenImage {
  public:
@@ -102,7 +108,7 @@ class OpenImage {
   const FileSystem& files_;
   const std::string& path_;
   std::string bytes_;
-  QBuffer file_;  // of the bytes
+  FileBytes file_;
   QImageReader reader_;
   QSize size_;
   const char* kind_ = nullptr;
