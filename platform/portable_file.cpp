@@ -1,5 +1,5 @@
-// Files by the standard library alone, for systems without POSIX calls. It can't tell everything
-// apart that they can: rights count when a file is opened, and every program holds its own files.
+// Files by the standard library alone, for systems without POSIX calls. Rights count when a file is
+// opened, and no program can hold a file: each takes itself for the first on its folder.
 #include "platform/machine_file.h"
 
 #ifndef BRINDLEMOOR_POSIX_FILES
@@ -77,8 +77,10 @@ FileContent ReadRegularFile(const std::string& path) {
   const EntryKind kind = KindOfTarget(path);
   if (kind == EntryKind::kNothing) return {};
   if (kind == EntryKind::kFolder) return {std::nullopt, "it is a folder"};
-  if (kind != EntryKind::kFile) return {std::nullopt, "it is a device, no file"};
   std::error_code failure;
+  if (kind != EntryKind::kFile) {
+    return {std::nullopt, fs::is_fifo(path, failure) ? "it is a pipe" : "it is a device, no file"};
+  }
   const std::uintmax_t size = fs::file_size(path, failure);
   if (failure) return {std::nullopt, failure.message()};
   if (size > kLargestFile) {
@@ -111,6 +113,9 @@ std::string ReplaceFile(const std::string& path, std::string_view bytes) {
   std::string problem = WriteNewFile(beside, bytes);
   std::error_code failure;
   if (problem.empty()) {
+    if (old == EntryKind::kFile) {
+      fs::permissions(beside, fs::status(path, failure).permissions(), failure);
+    }
     fs::rename(beside, path, failure);
     if (failure) problem = failure.message();
   }

@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "check/game_check.h"
 #include "core/state.h"
 #include "data/profiles.h"
 #include "editor/card_preview.h"
@@ -236,6 +237,17 @@ TEST_F(StrangeFolderTest, WhatIsNoCardFileIsAProblemAndTheListIsShown) {
                    "away: the folder can't be listed, or is a link that leads out of the program's "
                    "folder\n",
                    "Own.txt", cant, leadsOut));
+  std::string unreadable;
+  for (const Finding& finding : CheckPaths({folder_}).Findings) {
+    if (finding.Code != FindingCode::kUnreadable) continue;
+    unreadable += Joined(finding.File.substr(folder_.size() + 1), " ", finding.Text, "\n");
+  }
+  const std::string cantBe = " This can't be read: ";
+  const std::string link = "it is a link that leads out of the program's folder.\n";
+  EXPECT_EQ(unreadable,
+            Joined(full ? "" : Joined("Large.txt", cantBe, "it is larger than 256 MB.\n"),
+                   "Pipe.txt", cantBe, "it is a pipe.\n", "Secret.txt", cantBe, link, "Zero.txt",
+                   cantBe, link, "away This can't be read.\nimps/Own.txt", cantBe, link));
   EXPECT_EQ(State().Games.UpperBound(), 2);
   EXPECT_EQ(State().Games[1].Opponents.UpperBound(), 1) << "Elsewhere has none";
   EXPECT_EQ(State().Games[2].Opponents.UpperBound(), 2);
