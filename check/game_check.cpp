@@ -56,7 +56,10 @@ bool HoldsGame(const std::string& folder) {
 class CheckSession {
  public:
   CheckSession() : before_(std::exchange(State(), Session{})) {}
-  ~CheckSession() { State() = std::move(before_); }
+  ~CheckSession() {
+    before_.Desktop->Files().KeepTo(before_.ProgramFolder);
+    State() = std::move(before_);
+  }
   CheckSession(const CheckSession&) = delete;
   CheckSession& operator=(const CheckSession&) = delete;
 
@@ -134,9 +137,14 @@ class Check {
     CheckFiles(set);
   }
 
-  void Unreadable(const std::string& shown) {
+  void Unreadable(const std::string& shown, const std::string& reason) {
     result_.CouldRead = false;
-    result_.Findings.push_back({shown, {}, FindingCode::kUnreadable, "This can't be read.", ""});
+    result_.Findings.push_back(
+        {shown,
+         {},
+         FindingCode::kUnreadable,
+         Joined("This can't be read", reason.empty() ? "" : ": ", reason, "."),
+         ""});
   }
 
   CheckResult Take() {
@@ -158,7 +166,7 @@ class Check {
     AddFiles(set, path, shown);
     for (const std::string& name : Desktop().Files().ListFolders(path)) {
       const std::string below = Joined(path, "/", name);
-      if (!Desktop().Files().FolderExists(below)) Unreadable(Joined(shown, "/", name));
+      if (!Desktop().Files().FolderExists(below)) Unreadable(Joined(shown, "/", name), "");
       AddFiles(set, below, Joined(shown, "/", name));
     }
     const SetFacts facts = CheckFiles(set);
@@ -199,7 +207,7 @@ class Check {
       ++result_.Files;
       read_.push_back(path);
     } else {
-      Unreadable(shown);
+      Unreadable(shown, Desktop().Files().WhyUnread(path));
     }
   }
 
@@ -224,17 +232,18 @@ class Check {
 
 CheckResult CheckPaths(const std::vector<std::string>& paths) {
   const std::shared_ptr<Platform> desktop = State().Desktop;
-  const FileSystem& files = desktop->Files();
+  FileSystem& files = desktop->Files();
   Check check;
   for (const std::string& shown : paths) {
     std::string path = shown;
     while (path.size() > 1 && path.back() == '/') path.pop_back();
+    files.TakeChoice(path);  // what is named is meant, whatever leads to it
     if (files.FolderExists(path)) {
       check.Folder(path, path);
     } else if (files.Exists(path)) {
       check.File(path, path);
     } else {
-      check.Unreadable(shown);
+      check.Unreadable(shown, files.WhyUnread(path));
     }
   }
   return check.Take();

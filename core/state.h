@@ -115,6 +115,8 @@ struct Session {
   std::string PhaseBanner;                            ///< what scripts have said this turn
   std::set<std::string, std::less<>> LimitsReported;  ///< bounds already named this turn
   ShownLinks Links;                                   ///< what a click in a view may ask for
+  std::set<std::string, std::less<>> PagesWritten;    ///< names of pages, see PagePath
+  int CopyOfProgram = 1;           ///< of the programs that run on this folder at the same time
   std::uint8_t TurnRunning = 0;    ///< 1 while a turn or the start of a match runs
   std::uint8_t OwnNavigation = 0;  ///< 1 while the program navigates a view
   std::uint8_t DebugMode = 0;

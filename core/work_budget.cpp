@@ -7,6 +7,7 @@
 #include "core/limits.h"
 #include "core/paths.h"
 #include "core/state.h"
+#include "text/one_line.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -16,7 +17,7 @@ namespace {
 void TellWhatWasStopped(const WorkBudget& work) {
   if (!work.StoppedFile.empty()) {
     limits::ReportLimit(Joined("Files took too many steps to read: the rest of \"",
-                               FileNameOf(work.StoppedFile), "\" was left out."));
+                               OneLine(FileNameOf(work.StoppedFile)), "\" was left out."));
   }
   if (work.SearchStopped) {
     limits::ReportLimit("Looking for files took too many steps: some were not found.");
@@ -24,7 +25,7 @@ void TellWhatWasStopped(const WorkBudget& work) {
   if (work.StoppedCard.empty()) return;
   limits::ReportLimit(Joined(
       "Scripts took too many steps, and those of this turn that were left did not run. It was ",
-      "a script of \"", work.StoppedCard, "\" that took the last step."));
+      "a script of \"", OneLine(work.StoppedCard), "\" that took the last step."));
 }
 
 }  // namespace

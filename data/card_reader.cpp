@@ -62,6 +62,11 @@ std::string FindCardFile(std::string_view file) {
   return alike.empty() ? "" : Joined(folder, "/", alike.front());
 }
 
+void AddUnreadable(std::string_view file, const std::string& path) {
+  const std::string reason = Desktop().Files().WhyUnread(path);
+  AddProblem(file, 0, Joined("the file can't be read", reason.empty() ? "" : ": ", reason));
+}
+
 FileRead ReadCardFile(std::string_view file, PlayerState& player, int noDuplicates,
                       std::string_view forcedLocation, int keepExisting) {
   const WorkAccount account;
@@ -75,7 +80,7 @@ FileRead ReadCardFile(std::string_view file, PlayerState& player, int noDuplicat
   std::optional<std::string> bytes;
   if (!path.empty()) bytes = Desktop().Files().Read(path);
   if (!bytes) {
-    AddProblem(file, 0, "the file can't be read");
+    AddUnreadable(file, path.empty() ? InCurrentFolder(file) : path);
     return FileRead::kNotOpened;
   }
   ++session.FilesRead;

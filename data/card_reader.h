@@ -20,6 +20,9 @@ bool ReadCards(std::string_view file, PlayerState& player, int noDuplicates,
 /// else is written in it changes nothing. False when the file can't be read to its end.
 bool TakeCardsOut(std::string_view file, PlayerState& player, std::string_view forcedLocation);
 
+/// Keeps as a problem of a file that it can't be read, and why, if something of its path is there.
+void AddUnreadable(std::string_view file, const std::string& path);
+
 /// The path under which ReadCards opens a file: in the current folder, where the exact name is
 /// missing one that differs in case only. "" when there is none.
 std::string FindCardFile(std::string_view file);

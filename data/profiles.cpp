@@ -68,7 +68,7 @@ bool HasProfile(const Text& name) {
 /// filled, or another program has written it since. False when it can't be read now.
 bool AddProfilesOfFile() {
   const std::string path = InProgramFolder(kListFile);
-  const auto stored = ProfilesOfFile(Desktop().Files().Exists(path) ? path : "");
+  const auto stored = ProfilesOfFile(IsThere(Desktop().Files(), path) ? path : "");
   if (!stored) return false;
   for (const ProfileRec& profile : *stored) {
     if (!HasProfile(profile.PlayerName)) State().Profiles.Append(profile);
@@ -100,8 +100,11 @@ bool BelongsToPlayers(std::string_view path) {
 void LoadProfiles() {
   Table<ProfileRec>& profiles = State().Profiles;
   profiles.Resize(0);
-  const auto stored = ProfilesOfFile(ResolvePath(kListFile, 0));
-  if (!stored) Desktop().MessageBox(Joined("Can't read ", kListFile, "."));
+  const std::string found = ResolvePath(kListFile, 0);
+  const std::string own = InProgramFolder(kListFile);
+  const std::string& path = IsThere(Desktop().Files(), own) ? own : found;
+  const auto stored = ProfilesOfFile(path);
+  if (!stored) Desktop().MessageBox(CantRead(kListFile, path));
   for (const ProfileRec& profile : stored.value_or(std::vector<ProfileRec>())) {
     profiles.Append(profile);
   }

@@ -33,4 +33,9 @@ bool SaveOrTell(const std::string& path, std::string_view shownName, std::string
   return false;
 }
 
+std::string CantRead(std::string_view shownName, const std::string& path) {
+  const std::string reason = Desktop().Files().WhyUnread(path);
+  return Joined("Can't read ", shownName, reason.empty() ? "" : ": ", reason, ".");
+}
+
 }  // namespace brindlemoor

@@ -8,6 +8,7 @@
 #include "data/card_file_writer.h"
 #include "data/card_reader.h"
 #include "data/card_writer.h"
+#include "data/saving.h"
 #include "editor/card_edit.h"
 #include "editor/editor_opening.h"
 #include "editor/replaced_file.h"
@@ -47,9 +48,9 @@ bool MayReplace(const std::string& path, SavedKind kind) {
 void CardEdit::loaddeckmen_Click() {
   Session& state = State();
   const auto path = Desktop().AskFile({.FileName = std::string(kAnyCardFile)});
-  if (!path || FileNameOf(*path) == kAnyCardFile || !Desktop().Files().Exists(*path)) return;
+  if (!path || FileNameOf(*path) == kAnyCardFile || !IsThere(Desktop().Files(), *path)) return;
   if (!Desktop().Files().Read(*path)) {
-    Desktop().MessageBox(Joined("Can't read ", FileNameOf(*path), "."));
+    Desktop().MessageBox(CantRead(FileNameOf(*path), *path));
     return;
   }
   if (HasUnsavedChanges()) {

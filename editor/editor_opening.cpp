@@ -27,7 +27,7 @@ void SuspendGame() {
   Session& session = State();
   auto suspended = std::make_shared<SuspendedGame>();
   suspended->Before = session;
-  suspended->Report = Desktop().Files().Read(InProgramFolder(kReportPage)).value_or("");
+  suspended->Report = Desktop().Files().Read(PagePath(kReportPage)).value_or("");
   session.Suspended = std::move(suspended);
   for (DeckRec& deck : session.Decks) deck.Cards.Reset(1);
 }
@@ -65,7 +65,7 @@ void ShowGameAgain(const std::string& report) {
     ShowGameList();
     return;
   }
-  Desktop().Files().Write(InProgramFolder(kReportPage), report);
+  Desktop().Files().Write(PagePath(kReportPage), report);
   ShowMain(kReportPage);
   if (session.GameOver == 1) {
     HideHand();

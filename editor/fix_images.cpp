@@ -49,6 +49,7 @@ std::string ConfirmedFolder() {
         Desktop().MessageBox(Joined("There are no .jpg files in ", folder, "."));
       } else if (Desktop().AskYesNo(Joined("Write all ", count, " .jpg files of ", folder,
                                            " anew with quality ", kFixedQuality, "?"))) {
+        Desktop().Files().TakeChoice(folder);
         return folder;
       }
     }

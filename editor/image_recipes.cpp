@@ -65,7 +65,7 @@ std::string LineOf(const ImageRecipe& recipe) {
 
 ImageRecipes::ImageRecipes(const std::string& folder) : path_(Joined(folder, kFileName)) {
   FileSystem& files = Desktop().Files();
-  if (!files.Exists(path_)) return;
+  if (!IsThere(files, path_)) return;
   const auto bytes = files.Read(path_);
   if (!bytes || bytes->size() > limits::kPageBytes) {
     problem_ = "the list that is there can't be read";

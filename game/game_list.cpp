@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -12,11 +13,13 @@
 #include "core/limits.h"
 #include "core/paths.h"
 #include "core/state.h"
+#include "data/card_reader.h"
 #include "data/field_stream.h"
 #include "game/windows.h"
 #include "pages/page_files.h"
 #include "text/addresses.h"
 #include "text/fold.h"
+#include "text/one_line.h"
 
 namespace brindlemoor {
 
@@ -26,6 +29,8 @@ constexpr int kOpponentsPerRow = 8;
 constexpr std::string_view kLeftOut =
     "The folder takes too much work to read: some games and opponents were left out.";
 constexpr std::string_view kExtension = ".txt";
+constexpr std::string_view kKeptOut =
+    "the folder can't be listed, or is a link that leads out of the program's folder";
 
 /// A file in which one of these comes before #GAMERULES is no game.
 constexpr std::array<std::string_view, 5> kNoGame = {"#GAME", "#CARDINDECK", "#PLAYERCARD",
@@ -55,9 +60,13 @@ std::string BytesOf(const std::string& path) {
     limits::ReportLimit(kLeftOut);
     return "";
   }
-  std::string bytes = Desktop().Files().Read(path).value_or("");
-  work.SpendOnFile(bytes.size());
-  return bytes;
+  std::optional<std::string> bytes = Desktop().Files().Read(path);
+  if (!bytes) {
+    AddUnreadable(FileNameOf(path), path);
+    return "";
+  }
+  work.SpendOnFile(bytes->size());
+  return std::move(*bytes);
 }
 
 /// The fields of a file, as long as there is work left for them.
@@ -103,6 +112,12 @@ std::string SubfolderFor(std::string_view reference) {
     if (FoldEquals(folder, name)) return folder;
   }
   return name;
+}
+
+/// True for a folder that is there and can't be listed, such as a link that leads elsewhere.
+bool IsKeptOut(const std::string& folder) {
+  const FileSystem& files = Desktop().Files();
+  return !files.FolderExists(folder) && !files.WhyUnread(folder).empty();
 }
 
 /// Index of a game, 0 for an unknown or empty name.
@@ -186,24 +201,26 @@ void ScanForOpponents(std::string bytes, const std::string& path, int knownGame)
 void ComposeOpponent(std::string& html, const GameRec& game, int gameIndex, int opponentIndex) {
   const Card& opponent = game.Opponents[opponentIndex];
   const std::string link = Joined("<a href=\"GAME:", gameIndex, ":", opponentIndex, "\">");
-  html += Joined("<td bgcolor=", game.Color, "><center><font color=#FFFFFF>");
+  html += Joined("<td bgcolor=", OneLine(game.Color), "><center><font color=#FFFFFF>");
   if (!opponent.Thumb.empty()) {
     html += Joined(link, "<img src=\"", PageAddress(ResolvePath(opponent.Thumb, 0)),
                    "\"></img><br></a>");
   }
-  html += Joined(link, opponent.Name, "</a></font></td>");
+  html += Joined(link, OneLine(opponent.Name), "</a></font></td>");
   if (opponentIndex % kOpponentsPerRow == 0) html += "</tr><tr>";
 }
 
 void ComposeGame(std::string& html, const GameRec& game, int gameIndex) {
-  html += Joined("<table><tr><td colspan=80 bgcolor=", game.Color, "><center><font color=#FFFFFF>");
+  html += Joined("<table><tr><td colspan=80 bgcolor=", OneLine(game.Color),
+                 "><center><font color=#FFFFFF>");
   if (!game.Banner.empty()) {
     html += Joined("<img src=\"", PageAddress(ResolvePath(game.Banner, 0)), "\"></img><br>");
   }
-  html += Joined(game.Name,
-                 "</font><font size=-2 color=FFFFFF><br>(Select an opponent from the portraits "
-                 "below)</font><br><a href=\"HELP:",
-                 game.HelpPage, "\">Click here for help on this game.</a></td></tr>", "<tr>");
+  html +=
+      Joined(OneLine(game.Name),
+             "</font><font size=-2 color=FFFFFF><br>(Select an opponent from the portraits "
+             "below)</font><br><a href=\"HELP:",
+             OneLine(game.HelpPage), "\">Click here for help on this game.</a></td></tr>", "<tr>");
   for (int opponent = 1; opponent <= game.Opponents.UpperBound(); ++opponent) {
     if (game.Opponents[opponent].Name.empty()) continue;
     ComposeOpponent(html, game, gameIndex, opponent);
@@ -233,6 +250,7 @@ void DiscoverGames() {
   for (int game = 1; game <= games.UpperBound(); ++game) {
     if (games[game].Folder.empty()) continue;
     const std::string folder = Joined(programFolder, "/", games[game].Folder);
+    if (IsKeptOut(folder)) AddProblem(games[game].Folder, 0, kKeptOut);
     for (const std::string& name : CardFileNames(folder)) {
       const std::string path = Joined(folder, "/", name);
       std::string bytes = BytesOf(path);

@@ -10,6 +10,7 @@
 #include "core/state.h"
 #include "language/traits.h"
 #include "script/run_action.h"
+#include "text/one_line.h"
 
 namespace brindlemoor {
 
@@ -103,11 +104,12 @@ constexpr std::array<Occasion, 4> kOccasions = {{
 }};
 
 std::string OccasionOf(const CardEffect& action) {
-  if (!action.MenuCaption.empty()) return Joined("\"", action.MenuCaption, "\"");
+  if (!action.MenuCaption.empty()) return Joined("\"", OneLine(action.MenuCaption), "\"");
   for (const Occasion& row : kOccasions) {
     if (row.Trigger == action.Trigger) return std::string(row.Words);
   }
-  return Joined(action.Trigger.View().starts_with("PHASE") ? "In " : "At ", action.Trigger);
+  return Joined(action.Trigger.View().starts_with("PHASE") ? "In " : "At ",
+                OneLine(action.Trigger));
 }
 
 std::string_view Verdict(int result) {
@@ -126,10 +128,10 @@ std::string_view Verdict(int result) {
 std::string TrialSentence(const Card& card, const ActionTrial& trial) {
   const std::string occasion = OccasionOf(card.Effects[trial.Effect]);
   const Pile& table = State().CardTable;
-  std::string sentence =
-      table.Holds(trial.Target)
-          ? Joined(occasion, ", on ", table[trial.Target].Name, ": ", Verdict(trial.Result))
-          : Joined(occasion, ": finds no target");
+  std::string sentence = table.Holds(trial.Target)
+                             ? Joined(occasion, ", on ", OneLine(table[trial.Target].Name), ": ",
+                                      Verdict(trial.Result))
+                             : Joined(occasion, ": finds no target");
   if (trial.Result != kRunClean && !trial.FailReason.empty()) {
     std::string_view reason = trial.FailReason;
     if (reason.ends_with('.')) reason.remove_suffix(1);

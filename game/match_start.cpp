@@ -10,6 +10,7 @@
 #include "core/state.h"
 #include "data/card_reader.h"
 #include "data/read_mark.h"
+#include "data/saving.h"
 #include "game/card_refresh.h"
 #include "game/game_list.h"
 #include "game/player_files.h"
@@ -63,7 +64,7 @@ bool HasOpponent(int gameIndex, int opponentIndex) {
 /// True when the file is still there; says so otherwise.
 bool CanRead(std::string_view file) {
   if (!FindCardFile(file).empty()) return true;
-  Desktop().MessageBox(Joined("Can't read ", file, "."));
+  Desktop().MessageBox(CantRead(file, InCurrentFolder(file)));
   return false;
 }
 
@@ -75,7 +76,7 @@ void OwnNothing() {
 }
 
 bool HasPlayerFile() {
-  return Desktop().Files().Exists(InProgramFolder(PlayerFileName(State().CurrentGame)));
+  return IsThere(Desktop().Files(), InProgramFolder(PlayerFileName(State().CurrentGame)));
 }
 
 bool ReadOwnFile() { return ReadPlayerFile(PlayerFileName(State().CurrentGame)); }

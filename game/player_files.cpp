@@ -71,7 +71,8 @@ bool ReadPlayerFile(std::string_view fileName) {
   Session& session = State();
   const std::vector<Problem>& problems = session.Problems;
   const std::size_t before = problems.size();
-  const bool isThere = !FindCardFile(fileName).empty();
+  const FileSystem& files = Desktop().Files();
+  const bool isThere = !FindCardFile(fileName).empty() || IsThere(files, InCurrentFolder(fileName));
   const ReadMark mark;
   PlayerState player = session.Players[1];
   const FileRead read = ReadCardFile(fileName, session.Players[1], 0, "", 0);
@@ -80,8 +81,10 @@ bool ReadPlayerFile(std::string_view fileName) {
     session.Players[1] = std::move(player);
   }
   if (read != FileRead::kWhole && isThere) {
-    Desktop().MessageBox(Joined("Can't read ", FileNameOf(fileName), ".",
-                                read == FileRead::kCutOff ? "  It takes too much work." : ""));
+    Desktop().MessageBox(
+        read == FileRead::kCutOff
+            ? Joined("Can't read ", FileNameOf(fileName), ".  It takes too much work.")
+            : CantRead(FileNameOf(fileName), InCurrentFolder(fileName)));
     return false;
   }
   if (problems.size() > before) KeepDamagedFile(fileName, problems[before]);

@@ -90,7 +90,7 @@ void ResetSides() {
 /// The name of a file of the profile, "" when it is gone. Folders in the name lead nowhere.
 std::string StoredFile(const Text& file) {
   const std::string name = FileNameOf(file);
-  return !name.empty() && Desktop().Files().Exists(InProgramFolder(name)) ? name : "";
+  return !name.empty() && IsThere(Desktop().Files(), InProgramFolder(name)) ? name : "";
 }
 
 }  // namespace

@@ -24,6 +24,7 @@ void OpenSession(std::shared_ptr<Platform> desktop, std::string folder) {
   session = Session{};
   session.Desktop = std::move(desktop);
   session.ProgramFolder = session.CurrentFolder = std::move(folder);
+  session.Desktop->Files().KeepTo(session.ProgramFolder);
   session.Services = &kServices;
   session.Windows = &kNoWindows;
 }

@@ -2,11 +2,7 @@
 #include "journal/journal_writer.h"
 
 #include <array>
-#include <cerrno>
 #include <ctime>
-#include <fcntl.h>
-#include <filesystem>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -20,8 +16,6 @@ namespace {
 
 constexpr std::size_t kLargestJournal = 250U << 20;  // a larger one would not be read
 
-std::string Reason() { return std::generic_category().message(errno); }
-
 std::string NameOfNow() {
   const std::time_t now = std::time(nullptr);
   std::tm local{};
@@ -33,24 +27,17 @@ std::string NameOfNow() {
 
 }  // namespace
 
-JournalWriter::~JournalWriter() { Close(); }
-
-void JournalWriter::Close() {
-  if (file_ >= 0) ::close(std::exchange(file_, -1));
-}
-
 std::string JournalWriter::Open(const std::string& path) {
-  std::error_code failure;
-  path_ = path;
-  if (std::filesystem::is_directory(path, failure)) path_ = Joined(path, "/", NameOfNow());
-  file_ = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0666);
-  if (file_ >= 0) return "";
-  if (errno == EEXIST) return Joined("The journal ", path_, " is there already.");
-  return Joined("Can't write the journal ", path_, ": ", Reason(), ".");
+  path_ = KindOfTarget(path) == EntryKind::kFolder ? Joined(path, "/", NameOfNow()) : path;
+  if (KindOf(path_) != EntryKind::kNothing) {
+    return Joined("The journal ", path_, " is there already.");
+  }
+  const std::string problem = file_.Create(path_);
+  return problem.empty() ? "" : Joined("Can't write the journal ", path_, ": ", problem, ".");
 }
 
 void JournalWriter::Fail(std::string_view reason) {
-  Close();
+  file_.Close();
   failed_ = true;
   if (OnFailure) OnFailure(Joined("The journal ", path_, " ends here: ", reason, "."));
 }
@@ -61,17 +48,13 @@ void JournalWriter::Add(std::string_view word, const JournalFields& fields) {
   written_ += line.size();
   if (written_ > kLargestJournal) return Fail("It is too long");
   // One call for the line, so that lines of processes that share the file stay whole.
-  for (std::string_view rest = line; !rest.empty();) {
-    const ssize_t count = ::write(file_, rest.data(), rest.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return Fail(Reason());
-    rest.remove_prefix(static_cast<std::size_t>(count));
-  }
+  const std::string problem = file_.Add(line);
+  if (!problem.empty()) Fail(problem);
 }
 
 void JournalWriter::End() {
   Add("end");
-  Close();
+  file_.Close();
 }
 
 void JournalWriter::AddText(const std::string& name, std::string_view bytes) {

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "journal/journal_text.h"
+#include "platform/machine_file.h"
 
 namespace brindlemoor {
 
@@ -19,14 +20,13 @@ class JournalWriter {
   JournalWriter() = default;
   JournalWriter(const JournalWriter&) = delete;
   JournalWriter& operator=(const JournalWriter&) = delete;
-  ~JournalWriter();
 
-  /// Begins a journal at a path, or in a folder under a name of the time. A file that is there
-  /// already is not touched. "" or why there can be no journal.
+  /// Begins a journal at a path, or in a folder under a name of the time. A file or a link that is
+  /// there already is not touched. "" or why there can be no journal.
   std::string Open(const std::string& path);
   const std::string& Path() const { return path_; }
   /// False before Open, and after a failure.
-  bool Works() const { return file_ >= 0; }
+  bool Works() const { return file_.IsOpen(); }
   /// True when a record could not be written: the journal lacks its end.
   bool Failed() const { return failed_; }
 
@@ -41,9 +41,8 @@ class JournalWriter {
 
  private:
   void Fail(std::string_view reason);
-  void Close();
 
-  int file_ = -1;
+  GrowingFile file_;
   bool failed_ = false;
   std::size_t written_ = 0;
   std::string path_;

@@ -23,7 +23,8 @@ namespace {
 
 /// The card files of a folder. The files of players take no part in such matches.
 std::vector<JournalRecord> CardFilesOf(const std::string& folder) {
-  std::vector<JournalRecord> files = StartStateOf(LocalFileSystem(), folder);
+  LocalFileSystem machine;
+  std::vector<JournalRecord> files = StartStateOf(machine, folder);
   std::erase_if(files, [](const JournalRecord& file) { return file.Word == "keep"; });
   return files;
 }

@@ -27,6 +27,11 @@ void RecordingFiles::Tell(std::string_view what, const std::string& path,
   writer_.Add("outside", answer);
 }
 
+void RecordingFiles::TakeChoice(const std::string& path) {
+  chosen_.insert(path);
+  below_.TakeChoice(path);
+}
+
 bool RecordingFiles::Exists(const std::string& path) const {
   const bool exists = below_.Exists(path);
   Tell("exists", path, exists ? JournalFields{"yes"} : JournalFields{});
@@ -53,9 +58,16 @@ std::vector<std::string> RecordingFiles::ListFolders(const std::string& folder) 
 
 std::optional<std::string> RecordingFiles::Read(const std::string& path) const {
   auto bytes = below_.Read(path);
-  const bool tells = bytes && bytes->size() <= kLargestTold;
+  const bool tells = bytes && bytes->size() <= kLargestTold &&
+                     (chosen_.contains(path) || IsCardFileName(path) || IsKeptWhole(path));
   Tell("read", path, tells ? JournalFields{*bytes} : JournalFields{});
   return bytes;
+}
+
+std::string RecordingFiles::WhyUnread(const std::string& path) const {
+  std::string reason = below_.WhyUnread(path);
+  Tell("unread", path, reason.empty() ? JournalFields{} : JournalFields{reason});
+  return reason;
 }
 
 void RecordingFiles::TellBefore(const std::string& name, const std::string& path) {
@@ -65,7 +77,8 @@ void RecordingFiles::TellBefore(const std::string& name, const std::string& path
   } else if (IsOpaque(name)) {
     writer_.Add("before", {name, "present"});
   } else {
-    writer_.Add("before", {name, "text", below_.Read(path).value_or("")});
+    const bool isLink = below_.Followed(path) != path;
+    writer_.Add("before", {name, "text", isLink ? "" : below_.Read(path).value_or("")});
   }
 }
 

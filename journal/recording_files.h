@@ -15,17 +15,23 @@ class JournalWriter;
 /// What lies in the program's folder is known from the state at the start, so only answers about
 /// files outside of it are told, and only where they differ from the one before (at first: that
 /// nothing is there). Before a file of the folder is changed for the first time, its text is told.
+/// Never told are the bytes of what a link leads to, and of files outside that the program has no
+/// business with: those that are no text files of cards or players and that no user chose.
 class RecordingFiles : public FileSystem {
  public:
   /// below, the writer and the folder (absolute) are those of the program that is recorded.
   RecordingFiles(FileSystem& below, JournalWriter& writer, std::string folder)
       : below_(below), writer_(writer), folder_(std::move(folder)) {}
 
+  void KeepTo(const std::string& programFolder) override { below_.KeepTo(programFolder); }
+  void TakeChoice(const std::string& path) override;
   bool Exists(const std::string& path) const override;
   bool FolderExists(const std::string& path) const override;
   std::vector<std::string> ListFiles(const std::string& folder) const override;
   std::vector<std::string> ListFolders(const std::string& folder) const override;
   std::optional<std::string> Read(const std::string& path) const override;
+  std::string WhyUnread(const std::string& path) const override;
+  std::string Followed(const std::string& path) const override { return below_.Followed(path); }
   std::string Write(const std::string& path, std::string_view bytes) override;
   std::string Remove(const std::string& path) override;
 
@@ -38,6 +44,7 @@ class RecordingFiles : public FileSystem {
   const std::string folder_;
   mutable std::map<std::string, JournalFields> told_;  // answers about the outside
   std::set<std::string> changed_;                      // files of the folder
+  std::set<std::string> chosen_;                       // paths
 };
 
 }  // namespace brindlemoor

@@ -147,14 +147,14 @@ std::optional<std::string> RecordingPlatform::AskText(std::string_view prompt) {
   return answer;
 }
 
-std::optional<std::string> RecordingPlatform::AskFile(const FileDialogRequest& request) {
+std::optional<std::string> RecordingPlatform::ChooseFile(const FileDialogRequest& request) {
   const Call call(moments_);
   auto answer = desktop_->AskFile(request);
   writer_.Add(request.Save ? "savefile" : "openfile", WithAnswer(request.FileName, answer));
   return answer;
 }
 
-std::optional<std::string> RecordingPlatform::AskFolder(std::string_view prompt) {
+std::optional<std::string> RecordingPlatform::ChooseFolder(std::string_view prompt) {
   const Call call(moments_);
   auto answer = desktop_->AskFolder(prompt);
   writer_.Add("openfolder", WithAnswer(prompt, answer));

@@ -32,8 +32,6 @@ class RecordingPlatform : public Platform, public EventObserver {
   void MessageBox(std::string_view text) override;
   bool AskYesNo(std::string_view text) override;
   std::optional<std::string> AskText(std::string_view prompt) override;
-  std::optional<std::string> AskFile(const FileDialogRequest& request) override;
-  std::optional<std::string> AskFolder(std::string_view prompt) override;
   std::optional<std::int32_t> AskColor(std::int32_t present) override;
   std::vector<std::string> Drives() const override;
   ImageLibrary& Images() override { return *images_; }
@@ -46,6 +44,10 @@ class RecordingPlatform : public Platform, public EventObserver {
 
   void EventBegins(const Form& form, const UserEvent& event) override;
   void EventEnds() override { moments_.EndEvent(); }
+
+ protected:
+  std::optional<std::string> ChooseFile(const FileDialogRequest& request) override;
+  std::optional<std::string> ChooseFolder(std::string_view prompt) override;
 
  private:
   std::shared_ptr<Platform> desktop_;

@@ -40,7 +40,7 @@ void ReplayFiles::SetBack(const Journal& journal) {
   }
 }
 
-std::vector<std::string> ReplayFiles::Differences() const {
+std::vector<std::string> ReplayFiles::Differences() {
   return StateDifferences(recordedState_, StartStateOf(inside_, folder_));
 }
 
@@ -83,6 +83,16 @@ std::optional<std::string> ReplayFiles::Read(const std::string& path) const {
   if (!IsOutside(name)) return inside_.Read(PathOf(name));
   const JournalFields& answer = Outside("read", name);
   return answer.empty() ? std::nullopt : std::optional(answer[0]);
+}
+
+std::string ReplayFiles::WhyUnread(const std::string& path) const {
+  const std::string name = JournalName(folder_, path);
+  if (IsOutside(name)) {
+    const JournalFields& answer = Outside("unread", name);
+    return answer.empty() ? "" : answer[0];
+  }
+  // A player's file that could not be read is in no journal.
+  return inside_.Contents.contains(PathOf(name)) ? "" : machine_.WhyUnread(PathOf(name));
 }
 
 std::optional<std::string> ReplayFiles::Failure(std::string_view what, const std::string& name) {

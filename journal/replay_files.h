@@ -22,15 +22,17 @@ class ReplayFiles : public FileSystem {
   ReplayFiles(const Journal& journal, JournalTape& tape, const std::string& folder);
 
   /// What differs from the journal in the state before the session, a line for each file.
-  std::vector<std::string> Differences() const;
+  std::vector<std::string> Differences();
   /// Gets the text of every page and other text file that is written.
   std::function<void(const std::string& name, std::string_view bytes)> OnText;
 
+  void KeepTo(const std::string& programFolder) override { machine_.KeepTo(programFolder); }
   bool Exists(const std::string& path) const override;
   bool FolderExists(const std::string& path) const override;
   std::vector<std::string> ListFiles(const std::string& folder) const override;
   std::vector<std::string> ListFolders(const std::string& folder) const override;
   std::optional<std::string> Read(const std::string& path) const override;
+  std::string WhyUnread(const std::string& path) const override;
   std::string Write(const std::string& path, std::string_view bytes) override;
   std::string Remove(const std::string& path) override;
 
@@ -39,6 +41,9 @@ class ReplayFiles : public FileSystem {
   class MovedFolder : public FileSystem {
    public:
     MovedFolder(std::string from, std::string to) : from_(std::move(from)), to_(std::move(to)) {}
+    void KeepTo(const std::string& programFolder) override {
+      machine_.KeepTo(Moved(programFolder));
+    }
     bool Exists(const std::string& path) const override { return machine_.Exists(Moved(path)); }
     bool FolderExists(const std::string& path) const override {
       return machine_.FolderExists(Moved(path));
@@ -51,6 +56,12 @@ class ReplayFiles : public FileSystem {
     }
     std::optional<std::string> Read(const std::string& path) const override {
       return machine_.Read(Moved(path));
+    }
+    std::string WhyUnread(const std::string& path) const override {
+      return machine_.WhyUnread(Moved(path));
+    }
+    std::string Followed(const std::string& path) const override {
+      return machine_.Followed(Moved(path)) == Moved(path) ? path : "";
     }
     std::string Write(const std::string&, std::string_view) override { return "read only"; }
     std::string Remove(const std::string&) override { return "read only"; }

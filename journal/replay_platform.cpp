@@ -178,11 +178,11 @@ std::optional<std::string> ReplayPlatform::AskText(std::string_view prompt) {
   return Answer("input", prompt, "asks for a text");
 }
 
-std::optional<std::string> ReplayPlatform::AskFile(const FileDialogRequest& request) {
+std::optional<std::string> ReplayPlatform::ChooseFile(const FileDialogRequest& request) {
   return Answer(request.Save ? "savefile" : "openfile", request.FileName, "asks for a file");
 }
 
-std::optional<std::string> ReplayPlatform::AskFolder(std::string_view prompt) {
+std::optional<std::string> ReplayPlatform::ChooseFolder(std::string_view prompt) {
   return Answer("openfolder", prompt, "asks for a folder");
 }
 

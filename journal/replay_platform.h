@@ -30,8 +30,6 @@ class ReplayPlatform : public Platform {
   void MessageBox(std::string_view text) override;
   bool AskYesNo(std::string_view text) override;
   std::optional<std::string> AskText(std::string_view prompt) override;
-  std::optional<std::string> AskFile(const FileDialogRequest& request) override;
-  std::optional<std::string> AskFolder(std::string_view prompt) override;
   std::optional<std::int32_t> AskColor(std::int32_t present) override;
   std::vector<std::string> Drives() const override;
   ImageLibrary& Images() override { return *images_; }
@@ -41,6 +39,10 @@ class ReplayPlatform : public Platform {
   void EndProgram() override;
   bool Ending() const override { return ending_; }
   std::uint64_t ClockSeed() override;
+
+ protected:
+  std::optional<std::string> ChooseFile(const FileDialogRequest& request) override;
+  std::optional<std::string> ChooseFolder(std::string_view prompt) override;
 
  private:
   class Call;

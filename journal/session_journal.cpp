@@ -1,6 +1,7 @@
 // Recording the start of a session, and playing one again.
 #include "journal/session_journal.h"
 
+#include <algorithm>
 #include <memory>
 
 #include "core/program_version.h"
@@ -14,13 +15,14 @@
 
 namespace brindlemoor {
 
-void WriteSessionHead(JournalWriter& writer, const SessionStart& start, const FileSystem& files) {
+void WriteSessionHead(JournalWriter& writer, const SessionStart& start, FileSystem& files) {
   Journal head;
   head.Program = kProgramVersion;
   head.Kind = kSessionJournal;
   head.Folder = start.Folder;
   head.Options["debug"] = start.Debug ? "1" : "0";
   head.Options["seed"] = start.Seed ? std::to_string(*start.Seed) : "clock";
+  if (start.Copy > 1) head.Options["copy"] = std::to_string(start.Copy);
   head.Files = StartStateOf(files, start.Folder);
   WriteHead(writer, head);
 }
@@ -33,6 +35,8 @@ ReplayResult ReplaySession(const Journal& journal, const ReplayOptions& options)
   auto desktop = std::make_shared<ReplayPlatform>(std::move(files), tape);
   OpenProgramSession(desktop, journal.Folder);
   State().DebugMode = journal.Number("debug") == 1 ? 1 : 0;
+  State().CopyOfProgram =
+      static_cast<int>(std::clamp<std::uint64_t>(journal.Number("copy"), 1, 99));
   desktop->Play(StartProgram);
   State() = Session{};
   tape.Result.CutOff = !journal.Ended;

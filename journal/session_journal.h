@@ -20,10 +20,11 @@ struct SessionStart {
   std::string Folder;  ///< absolute
   bool Debug = false;
   std::optional<std::uint64_t> Seed;
+  int Copy = 1;  ///< of the programs that ran on the folder
 };
 
 /// Writes the head of a session's journal: the start and the state of the program's folder.
-void WriteSessionHead(JournalWriter& writer, const SessionStart& start, const FileSystem& files);
+void WriteSessionHead(JournalWriter& writer, const SessionStart& start, FileSystem& files);
 
 /// How a journal is played again.
 struct ReplayOptions {

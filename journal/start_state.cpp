@@ -11,6 +11,7 @@
 #include "images/folder_pictures.h"
 #include "journal/journal_writer.h"
 #include "platform/files.h"
+#include "platform/program_copy.h"
 #include "text/fold.h"
 #include "text/hash.h"
 #include "text/text.h"
@@ -31,8 +32,13 @@ bool EndsFolded(std::string_view name, std::string_view ending) {
 }
 
 bool IsMadeAnew(std::string_view name) {
-  return name.ends_with(kJournalExtension) ||
+  return name.ends_with(kJournalExtension) || name.starts_with(kPassingFile) ||
          std::ranges::any_of(kPages, [&](std::string_view page) { return EndsFolded(name, page); });
+}
+
+/// A link may lend its name to anything: what it leads to is kept if that is a player's, too.
+bool MayBeKept(const FileSystem& files, const std::string& path) {
+  return files.Exists(path) && IsKeptWhole(files.Followed(path));
 }
 
 void AddFolder(const FileSystem& files, const std::string& folder, const std::string& shownAs,
@@ -42,8 +48,10 @@ void AddFolder(const FileSystem& files, const std::string& folder, const std::st
     const std::string path = Joined(folder, "/", name);
     const std::string shown = shownAs + name;
     if (IsKeptWhole(name)) {
-      records.push_back({0, "keep", {shown, files.Read(path).value_or("")}});
-    } else if (EndsFolded(name, kCardFile)) {
+      if (MayBeKept(files, path)) {
+        records.push_back({0, "keep", {shown, files.Read(path).value_or("")}});
+      }
+    } else if (IsCardFileName(name)) {
       records.push_back({0, "file", {shown, HashOf(files.Read(path).value_or(""))}});
     } else if (!IsMadeAnew(name)) {
       others.Add(name);
@@ -68,11 +76,14 @@ bool IsKeptWhole(std::string_view path) {
   return BelongsToPlayers(path) || EndsFolded(path, kUnsaved) || FileNameOf(path) == kDebugMarker;
 }
 
+bool IsCardFileName(std::string_view path) { return EndsFolded(path, kCardFile); }
+
 bool IsOpaque(std::string_view path) {
   return IsPictureName(FileNameOf(path)) || EndsFolded(path, kDocument);
 }
 
-std::vector<JournalRecord> StartStateOf(const FileSystem& files, const std::string& folder) {
+std::vector<JournalRecord> StartStateOf(FileSystem& files, const std::string& folder) {
+  files.KeepTo(folder);
   std::vector<JournalRecord> records;
   AddFolder(files, folder, "", records);
   for (const std::string& name : files.ListFolders(folder)) {

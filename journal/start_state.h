@@ -15,13 +15,17 @@ class FileSystem;
 /// of the debug mode. A journal keeps them whole.
 bool IsKeptWhole(std::string_view path);
 
+/// Files of cards: rules, opponents, decks.
+bool IsCardFileName(std::string_view path);
+
 /// Files whose bytes a replay neither makes nor compares: pictures and documents for printing.
 bool IsOpaque(std::string_view path);
 
-/// The records "keep NAME TEXT", "file NAME HASH" for the other card files and "others FOLDER HASH"
-/// for the names of what else lies in a folder (pages left out, they are made anew), of a folder
-/// and its direct subfolders.
-std::vector<JournalRecord> StartStateOf(const FileSystem& files, const std::string& folder);
+/// The records "keep NAME TEXT" (without what a link or a file that can't be read holds), "file
+/// NAME HASH" for the other card files and "others FOLDER HASH" for the names of what else lies in
+/// a folder (pages left out, they are made anew), of a folder and its direct subfolders. The files
+/// lead no further than that folder from then on.
+std::vector<JournalRecord> StartStateOf(FileSystem& files, const std::string& folder);
 
 /// What differs between two such states, a line for each file.
 std::vector<std::string> StateDifferences(const std::vector<JournalRecord>& journal,

@@ -14,6 +14,7 @@
 #include "pages/card_pages.h"
 #include "pages/messages.h"
 #include "text/addresses.h"
+#include "text/one_line.h"
 
 namespace brindlemoor {
 
@@ -41,7 +42,8 @@ std::string TitleRow(const PlayerState& player) {
   Text title = table.Holds(player.PlayerCard) ? table[player.PlayerCard].Name : Text();
   if (player.PlayerNo == 1) title = State().Profile.PlayerName;
   return Joined("<center><table align=center><tr><td colspan=80 bgcolor = ", Shade(player.Color, 4),
-                "><font color = ", player.Color, "><center>", title, "</font></td></tr>");
+                "><font color = ", OneLine(player.Color), "><center>", OneLine(title),
+                "</font></td></tr>");
 }
 
 std::string CardCell(Card& card, std::string_view shade) {
@@ -116,9 +118,9 @@ std::string TraitBadge(Card& card, std::string_view traitName, int mode) {
     std::string label = graphic.Label.Str();
     ExpandMessage(card, card, label, "", "");
     if (graphic.Picture.empty()) {
-      return Joined("<font size=+1 color=", graphic.FontColor, ">", label, "</font>");
+      return Joined("<font size=+1 color=", OneLine(graphic.FontColor), ">", label, "</font>");
     }
-    return Joined("<font size=+3 color=", graphic.FontColor, "><img src=\"",
+    return Joined("<font size=+3 color=", OneLine(graphic.FontColor), "><img src=\"",
                   PageAddress(ResolvePath(graphic.Picture, 0)), "\"></img>", label, "</font>");
   }
   return "";

@@ -12,6 +12,7 @@
 #include "pages/messages.h"
 #include "pages/page_files.h"
 #include "text/addresses.h"
+#include "text/one_line.h"
 
 namespace brindlemoor {
 
@@ -57,7 +58,7 @@ std::string ResourceHtml(std::string_view trait) {
 
 std::string ColoredName(Card& card) {
   if (card.NameColor.empty()) card.NameColor = "#FFFFFF";
-  return Joined("<font color=\"", card.NameColor, "\">", card.Name, "</font>");
+  return Joined("<font color=\"", OneLine(card.NameColor), "\">", OneLine(card.Name), "</font>");
 }
 
 std::string CardPictureHtml(const Card& card, int large, int side) {

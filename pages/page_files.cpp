@@ -1,6 +1,8 @@
 // Composing, writing and showing page files.
 #include "pages/page_files.h"
 
+#include <algorithm>
+
 #include "core/desktop.h"
 #include "core/limits.h"
 #include "core/paths.h"
@@ -48,6 +50,15 @@ void AppendPage(std::string_view text) {
   page += CutAtBound(text, room);
 }
 
+std::string PagePath(std::string_view file) {
+  const Session& session = State();
+  if (session.CopyOfProgram <= 1 || !session.PagesWritten.contains(file)) {
+    return InProgramFolder(file);
+  }
+  const std::size_t dot = std::min(file.rfind('.'), file.size());
+  return InProgramFolder(Joined(file.substr(0, dot), "-", session.CopyOfProgram, file.substr(dot)));
+}
+
 void WritePage(std::string_view file, std::string_view /*color*/) { WritePages({&file, 1}); }
 
 void WritePages(std::span<const std::string_view> files) {
@@ -59,7 +70,8 @@ void WritePages(std::span<const std::string_view> files) {
   const std::string bytes =
       Joined("<HTML>\r\n", kBodyLine, "\r\n", page, "\r\n", "</body></HTML>\r\n");
   for (const std::string_view file : files) {
-    const std::string problem = Desktop().Files().Write(InProgramFolder(file), bytes);
+    State().PagesWritten.emplace(file);
+    const std::string problem = Desktop().Files().Write(PagePath(file), bytes);
     if (problem.empty()) continue;
     // A page is written many times in a turn; one message is enough.
     const std::string message = Joined("Can't write ", file, ": ", problem);
@@ -69,7 +81,7 @@ void WritePages(std::span<const std::string_view> files) {
 
 void ShowInView(BrowserView& view, std::string_view file) {
   State().OwnNavigation = 1;
-  Desktop().Navigate(view, FileUrl(InProgramFolder(file)));
+  Desktop().Navigate(view, FileUrl(PagePath(file)));
   Desktop().PumpEvents();
   State().OwnNavigation = 0;
   State().PageText.clear();

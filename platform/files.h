@@ -6,14 +6,21 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/file_reach.h"
+
 namespace brindlemoor {
 
-/// What the program does with files. Paths are absolute UTF-8. Nothing throws.
+/// What the program does with files: the one way to them. Paths are absolute UTF-8. Nothing throws.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
-  /// True for a readable entry that is no folder.
+  /// How far the files may lead from now on (platform/file_reach.h): the program's folder, "" for
+  /// no bound, and what the user chose in a dialog.
+  virtual void KeepTo(const std::string& /*programFolder*/) {}
+  virtual void TakeChoice(const std::string& /*path*/) {}
+
+  /// True for a regular file that can be read.
   virtual bool Exists(const std::string& path) const = 0;
   virtual bool FolderExists(const std::string& path) const = 0;
   /// Names (not paths) of a folder's files, sorted by name; empty when it can't be listed.
@@ -22,24 +29,38 @@ class FileSystem {
   virtual std::vector<std::string> ListFolders(const std::string& folder) const = 0;
   /// The bytes of a file; nothing when it can't be read.
   virtual std::optional<std::string> Read(const std::string& path) const = 0;
-  /// Writes beside the file, flushes and renames over it. Returns "" or what went wrong; then the
-  /// old file is as it was.
+  /// Why what is there of this name is not read; "" where it can be or where nothing is.
+  virtual std::string WhyUnread(const std::string& /*path*/) const { return ""; }
+  /// Where a path of the program's folder leads by way of links.
+  virtual std::string Followed(const std::string& path) const { return path; }
+  /// Writes beside the file, flushes and renames over it; a link is replaced. Returns "" or what
+  /// went wrong; then the old file is as it was.
   virtual std::string Write(const std::string& path, std::string_view bytes) = 0;
   /// Removes a file, a link rather than its target. Returns "" or what went wrong; a file that is
   /// not there is removed already.
   virtual std::string Remove(const std::string& path) = 0;
 };
 
-/// The file system of the machine.
+/// True for what would be there if it could be read; what is saved must not take its place.
+bool IsThere(const FileSystem& files, const std::string& path);
+
+/// The file system of the machine. Only regular files are read and written, whatever a name says.
 class LocalFileSystem : public FileSystem {
  public:
+  void KeepTo(const std::string& programFolder) override { reach_.KeepTo(programFolder); }
+  void TakeChoice(const std::string& path) override { reach_.TakeChoice(path); }
   bool Exists(const std::string& path) const override;
   bool FolderExists(const std::string& path) const override;
   std::vector<std::string> ListFiles(const std::string& folder) const override;
   std::vector<std::string> ListFolders(const std::string& folder) const override;
   std::optional<std::string> Read(const std::string& path) const override;
+  std::string WhyUnread(const std::string& path) const override;
+  std::string Followed(const std::string& path) const override { return reach_.Followed(path); }
   std::string Write(const std::string& path, std::string_view bytes) override;
   std::string Remove(const std::string& path) override;
+
+ private:
+  FileReach reach_;
 };
 
 }  // namespace brindlemoor

@@ -1,4 +1,4 @@
-// Delivering an event to the logic, seen by whoever observes.
+// Delivering an event to the logic, seen by whoever observes, and noting what the user chooses.
 #include "platform/platform.h"
 
 namespace brindlemoor {
@@ -9,6 +9,18 @@ bool Platform::Deliver(Form& form, const UserEvent& event) {
   const bool answer = ApplyEvent(form, event);
   if (observer != nullptr) observer->EventEnds();
   return answer;
+}
+
+std::optional<std::string> Platform::AskFile(const FileDialogRequest& request) {
+  auto path = ChooseFile(request);
+  if (path) Files().TakeChoice(*path);
+  return path;
+}
+
+std::optional<std::string> Platform::AskFolder(std::string_view prompt) {
+  auto path = ChooseFolder(prompt);
+  if (path) Files().TakeChoice(*path);
+  return path;
 }
 
 }  // namespace brindlemoor

@@ -52,10 +52,10 @@ class Platform {
   virtual bool AskYesNo(std::string_view text) = 0;
   /// One line of input; nothing when it was cancelled.
   virtual std::optional<std::string> AskText(std::string_view prompt) = 0;
-  /// The chosen path; nothing when it was cancelled.
-  virtual std::optional<std::string> AskFile(const FileDialogRequest& request) = 0;
-  /// The path of a chosen folder; nothing when it was cancelled.
-  virtual std::optional<std::string> AskFolder(std::string_view prompt) = 0;
+  /// The chosen path; nothing when it was cancelled. Files there may be read and written.
+  std::optional<std::string> AskFile(const FileDialogRequest& request);
+  /// The path of a chosen folder; nothing when it was cancelled. The same holds for its files.
+  std::optional<std::string> AskFolder(std::string_view prompt);
   /// The chosen colour as red, green, blue bytes (high to low); nothing when it was cancelled.
   virtual std::optional<std::int32_t> AskColor(std::int32_t present) = 0;
 
@@ -77,6 +77,11 @@ class Platform {
 
   /// A number for seeding: the clock, or the next of the sequence that a fixed seed gives.
   virtual std::uint64_t ClockSeed() = 0;
+
+ protected:
+  /// What AskFile and AskFolder show.
+  virtual std::optional<std::string> ChooseFile(const FileDialogRequest& request) = 0;
+  virtual std::optional<std::string> ChooseFolder(std::string_view prompt) = 0;
 
  private:
   std::unique_ptr<FileSystem> files_;

@@ -36,6 +36,7 @@ void Folder(Scene& scene, WordReader& line) {
     return;
   }
   State().ProgramFolder = path;
+  scene.Files->KeepTo(path);
   State().CurrentFolder = path;
 }
 

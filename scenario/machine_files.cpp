@@ -2,7 +2,6 @@
 #include "scenario/machine_files.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <set>
 
 #include "data/profiles.h"
@@ -21,14 +20,24 @@ std::vector<std::string> Merged(std::vector<std::string> names,
 
 }  // namespace
 
+void MachineFiles::KeepTo(const std::string& programFolder) {
+  if (programFolder == programFolder_) return;
+  programFolder_ = programFolder;
+  machine_.KeepTo(programFolder);
+  exists_.clear();
+  folders_.clear();
+  files_.clear();
+  subfolders_.clear();
+  bytes_.clear();
+}
+
+std::string MachineFiles::WhyUnread(const std::string& path) const {
+  return BelongsToPlayers(path) ? "" : machine_.WhyUnread(path);
+}
+
 bool MachineFiles::Exists(const std::string& path) {
   const auto [entry, isNew] = exists_.try_emplace(path, false);
-  if (isNew) {
-    // A pipe or a device would be read for ever.
-    std::error_code failure;
-    entry->second = !BelongsToPlayers(path) && std::filesystem::is_regular_file(path, failure) &&
-                    machine_.Exists(path);
-  }
+  if (isNew) entry->second = !BelongsToPlayers(path) && machine_.Exists(path);
   return entry->second;
 }
 
@@ -86,6 +95,10 @@ std::optional<std::string> ScenarioFiles::Read(const std::string& path) const {
   if (Hides(path)) return std::nullopt;
   const std::string* bytes = machine_.Read(path);
   return bytes != nullptr ? std::optional<std::string>(*bytes) : std::nullopt;
+}
+
+std::string ScenarioFiles::WhyUnread(const std::string& path) const {
+  return MemoryFileSystem::Exists(path) || Hides(path) ? "" : machine_.WhyUnread(path);
 }
 
 std::string ScenarioFiles::Write(const std::string& path, std::string_view bytes) {

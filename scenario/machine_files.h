@@ -16,15 +16,20 @@ namespace brindlemoor {
 /// of a player's.
 class MachineFiles {
  public:
+  /// See FileSystem. What was looked up with another folder is looked up again.
+  void KeepTo(const std::string& programFolder);
+  void TakeChoice(const std::string& path) { machine_.TakeChoice(path); }
   bool Exists(const std::string& path);
   bool FolderExists(const std::string& path);
   const std::vector<std::string>& FilesOf(const std::string& folder);
   const std::vector<std::string>& FoldersOf(const std::string& folder);
   /// nullptr when the file can't be read.
   const std::string* Read(const std::string& path);
+  std::string WhyUnread(const std::string& path) const;
 
  private:
   LocalFileSystem machine_;
+  std::string programFolder_;
   std::unordered_map<std::string, bool> exists_;
   std::unordered_map<std::string, bool> folders_;
   std::unordered_map<std::string, std::vector<std::string>> files_;
@@ -37,11 +42,14 @@ class ScenarioFiles : public MemoryFileSystem {
  public:
   explicit ScenarioFiles(MachineFiles& machine) : machine_(machine) {}
 
+  void KeepTo(const std::string& programFolder) override { machine_.KeepTo(programFolder); }
+  void TakeChoice(const std::string& path) override { machine_.TakeChoice(path); }
   bool Exists(const std::string& path) const override;
   bool FolderExists(const std::string& path) const override;
   std::vector<std::string> ListFiles(const std::string& folder) const override;
   std::vector<std::string> ListFolders(const std::string& folder) const override;
   std::optional<std::string> Read(const std::string& path) const override;
+  std::string WhyUnread(const std::string& path) const override;
   std::string Write(const std::string& path, std::string_view bytes) override;
   std::string Remove(const std::string& path) override;
 

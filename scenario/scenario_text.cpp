@@ -263,6 +263,7 @@ std::string SplitScenarioLine(std::string_view line, std::vector<ScenarioToken>&
 
 ScenarioText ReadScenarioText(const std::string& path, MachineFiles& files) {
   ScenarioText text;
+  files.TakeChoice(path);
   ScenarioParser parser(text, files);
   if (parser.Read(path)) {
     parser.Finish();

@@ -10,6 +10,7 @@
 #include "script/run_epilogue.h"
 #include "script/run_services.h"
 #include "script/trait_actions.h"
+#include "text/one_line.h"
 
 namespace brindlemoor {
 namespace {
@@ -93,7 +94,8 @@ void CreateCards(std::string_view name, std::string_view path, int owner, double
   if (WorkIsSpent()) return;  // the card may lack lines
   const int index = FindModel(session.GameDeck.Deck, name);
   if (index == 0) {
-    AddToBanner(Joined("<br>Card \"", name, "\" not found in \"", path, "\".<br>"));
+    AddToBanner(
+        Joined("<br>Card \"", OneLine(name), "\" not found in \"", OneLine(path), "\".<br>"));
     return;
   }
   Card model = session.GameDeck.Deck[index];

@@ -54,8 +54,7 @@ void RemoveOldPages(const std::string& folder) {
   std::error_code failure;
   fs::directory_iterator entry(folder, failure);
   for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
-    std::error_code ignored;
-    if (IsReportPage(entry->path())) fs::remove(entry->path(), ignored);
+    if (IsReportPage(entry->path())) LocalFileSystem().Remove(entry->path().string());
   }
 }
 
@@ -66,7 +65,11 @@ std::string ChooseFolders(const AutomaticMatchOptions& options, Stage& stage) {
   if (!fs::is_directory(stage.Folder, failure)) return Joined("There is no folder ", stage.Folder);
   if (options.PagesFolder.empty()) return "";
   stage.Pages = AbsoluteFolder(options.PagesFolder);
-  if (stage.Folder == stage.Pages) return Joined("The pages can't go to ", stage.Pages);
+  FileReach reach;
+  reach.KeepTo(stage.Folder);
+  if (stage.Folder == stage.Pages || !reach.AllowsFolder(stage.Pages)) {
+    return Joined("The pages can't go to ", stage.Pages);
+  }
   fs::create_directories(stage.Pages, failure);
   return failure ? Joined("Can't make ", stage.Pages, ": ", failure.message()) : std::string();
 }

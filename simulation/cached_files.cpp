@@ -49,4 +49,8 @@ std::optional<std::string> CachedFileSystem::Read(const std::string& path) const
   return read_.emplace(path, std::move(bytes)).first->second;
 }
 
+std::string CachedFileSystem::WhyUnread(const std::string& path) const {
+  return BelongsToPlayers(path) ? "" : machine_.WhyUnread(path);
+}
+
 }  // namespace brindlemoor

@@ -25,11 +25,13 @@ class CachedFileSystem : public FileSystem {
   /// Gets what is written and dropped.
   std::function<void(std::string_view bytes)> OnWrite;
 
+  void KeepTo(const std::string& programFolder) override { machine_.KeepTo(programFolder); }
   bool Exists(const std::string& path) const override;
   bool FolderExists(const std::string& path) const override;
   std::vector<std::string> ListFiles(const std::string& folder) const override;
   std::vector<std::string> ListFolders(const std::string& folder) const override;
   std::optional<std::string> Read(const std::string& path) const override;
+  std::string WhyUnread(const std::string& path) const override;
   std::string Write(const std::string&, std::string_view bytes) override {
     if (OnWrite) OnWrite(bytes);
     return "";

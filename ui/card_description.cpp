@@ -9,6 +9,7 @@
 #include "pages/battlefield.h"
 #include "pages/card_pages.h"
 #include "pages/page_files.h"
+#include "text/one_line.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
@@ -21,7 +22,7 @@ std::string MenuLinks(const Card& card) {
   for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
     if (card.Effects[effect].MenuState == kOrdinaryAction) continue;
     links += Joined("<a href=\"MENUACTION:", card.GlobalID, ":", effect, "\">",
-                    card.Effects[effect].MenuCaption, "</a><br>");
+                    OneLine(card.Effects[effect].MenuCaption), "</a><br>");
   }
   return links;
 }

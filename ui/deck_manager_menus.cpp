@@ -8,6 +8,7 @@
 #include "data/card_reader.h"
 #include "data/opponent_files.h"
 #include "data/profiles.h"
+#include "data/saving.h"
 #include "data/starter_deck_file.h"
 #include "game/game_list.h"
 #include "game/player_files.h"
@@ -27,7 +28,7 @@ std::string AskCardFile(const FileDialogRequest& request) {
   if (!path) return "";
   const auto bytes = Desktop().Files().Read(*path);
   if (!bytes) {
-    Desktop().MessageBox(Joined("Can't read ", FileNameOf(*path), "."));
+    Desktop().MessageBox(CantRead(FileNameOf(*path), *path));
     return "";
   }
   for (const std::string_view word : kWords) {

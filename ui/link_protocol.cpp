@@ -18,6 +18,7 @@
 #include "pages/page_files.h"
 #include "text/addresses.h"
 #include "text/fold.h"
+#include "text/one_line.h"
 #include "ui/card_description.h"
 #include "ui/forms.h"
 
@@ -235,15 +236,15 @@ void ListPlays() {
 std::string MenuActionLine(Card& card, const CardEffect& effect) {
   const std::string name = ColoredName(card);
   if (effect.TargetType == kTargetCollection) {
-    return Joined(name, " uses special action \"", effect.MenuCaption,
+    return Joined(name, " uses special action \"", OneLine(effect.MenuCaption),
                   "\" on one of the cards in their collection.");
   }
   if (State().CardTable.Holds(effect.ChosenTarget)) {
-    return Joined(name, " uses special action \"", effect.MenuCaption, "\" on \"",
+    return Joined(name, " uses special action \"", OneLine(effect.MenuCaption), "\" on \"",
                   // The plan page has these bytes: no quote behind the name.
-                  State().CardTable[effect.ChosenTarget].Name, ".<br>");
+                  OneLine(State().CardTable[effect.ChosenTarget].Name), ".<br>");
   }
-  return Joined(name, " uses special action \"", effect.MenuCaption, "\".");
+  return Joined(name, " uses special action \"", OneLine(effect.MenuCaption), "\".");
 }
 
 void ListMenuActions() {

@@ -2,14 +2,13 @@
 #include "apps/brindle/output_file.h"
 
 #include <cerrno>
-#include <fcntl.h>
 #include <filesystem>
 #include <iostream>
-#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
 #include "platform/files.h"
+#include "platform/machine_file.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -23,26 +22,7 @@ std::string Refusal(const std::string& path, std::string_view reason) {
 std::string Reason() { return std::generic_category().message(errno); }
 
 /// A device or a pipe can't be replaced by a file.
-bool IsSpecial(const std::string& path) {
-  struct stat status {};
-  return ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
-}
-
-std::string WriteStraight(const std::string& path, std::string_view bytes) {
-  const int file = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
-  if (file < 0) return Refusal(path, Reason());
-  std::string problem;
-  while (!bytes.empty() && problem.empty()) {
-    const ssize_t written = ::write(file, bytes.data(), bytes.size());
-    if (written >= 0) {
-      bytes.remove_prefix(static_cast<std::size_t>(written));
-    } else if (errno != EINTR) {
-      problem = Refusal(path, Reason());
-    }
-  }
-  if (::close(file) != 0 && problem.empty()) problem = Refusal(path, Reason());
-  return problem;
-}
+bool IsSpecial(const std::string& path) { return KindOfTarget(path) == EntryKind::kOther; }
 
 std::string AbsolutePath(const std::string& path) {
   std::error_code failure;
@@ -65,8 +45,8 @@ std::string WriteOutput(const std::string& path, std::string_view bytes) {
     std::cout << bytes;  // the end of the program tells when that could not be written
     return "";
   }
-  if (IsSpecial(path)) return WriteStraight(path, bytes);
-  const std::string problem = LocalFileSystem().Write(AbsolutePath(path), bytes);
+  const std::string problem = IsSpecial(path) ? WriteToDevice(path, bytes)
+                                              : LocalFileSystem().Write(AbsolutePath(path), bytes);
   return problem.empty() ? "" : Refusal(path, problem);
 }
 

@@ -22,6 +22,7 @@
 #include "journal/journal_writer.h"
 #include "journal/recording_platform.h"
 #include "journal/session_journal.h"
+#include "platform/program_copy.h"
 #include "platform/program_frame.h"
 #include "platform/qt/browser_engine.h"
 #include "platform/qt/geometry_report.h"
@@ -67,14 +68,14 @@ void Say(Platform& desktop, const std::string& problem) {
 }
 
 /// Begins the journal of a session. "" or why there can be none.
-std::string OpenJournal(const Options& options, const std::string& folder, QtPlatform& desktop,
+std::string OpenJournal(const Options& options, const SessionStart& start, QtPlatform& desktop,
                         JournalWriter& journal) {
   std::string problem = journal.Open(options.Journal);
   if (!problem.empty()) return problem;
   journal.OnFailure = [&desktop](const std::string& failure) {
     Say(desktop, Joined(failure, "  The program goes on without it."));
   };
-  WriteSessionHead(journal, {folder, options.Debug, options.Seed}, desktop.Files());
+  WriteSessionHead(journal, start, desktop.Files());
   return "";
 }
 
@@ -101,9 +102,11 @@ int Play(const Options& options) {
     Say(*desktop, place.Error);
     return kFailed;
   }
+  const ProgramCopy copy(place.Folder);
   JournalWriter journal;
   if (!options.Journal.empty()) {
-    const std::string problem = OpenJournal(options, place.Folder, *desktop, journal);
+    const SessionStart start{place.Folder, options.Debug, options.Seed, copy.Number()};
+    const std::string problem = OpenJournal(options, start, *desktop, journal);
     if (!problem.empty()) {
       Say(*desktop, problem);
       return kFailed;
@@ -111,6 +114,7 @@ int Play(const Options& options) {
   }
   OpenProgramSession(desktop, place.Folder);
   State().DebugMode = options.Debug ? 1 : 0;
+  State().CopyOfProgram = copy.Number();
   Run(desktop, journal);
   report.reset();
   desktop->CloseWindows();

@@ -2,10 +2,11 @@
 #include "apps/brindlemoor/program_folder.h"
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 #include <unistd.h>
+
+#include "platform/files.h"
+#include "platform/machine_file.h"
 
 namespace brindlemoor {
 
@@ -16,9 +17,8 @@ namespace {
 constexpr const char* kFolderName = "brindlemoor";
 
 bool DeclaresGame(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  const std::string text{std::istreambuf_iterator<char>(stream), {}};
-  return text.find("#GAMERULES") != std::string::npos;
+  const auto text = LocalFileSystem().Read(file.string());
+  return text && text->find("#GAMERULES") != std::string::npos;
 }
 
 /// The folder can be listed and written, or why not.
@@ -43,20 +43,27 @@ bool BelongsToGame(const fs::path& file) {
   return file.extension() != ".py" && file.extension() != ".md";
 }
 
-/// Copies a folder with all that is in it; files that are there already stay as they are.
-std::error_code CopyGames(const fs::path& from, const fs::path& to) {
+/// Copies a folder with all that is in it; what is there already stays as it is. "" or what went
+/// wrong.
+std::string CopyGames(const fs::path& from, const fs::path& to) {
   std::error_code error;
   fs::create_directories(to, error);
+  LocalFileSystem files;
+  files.KeepTo(to.string());
+  std::string problem;
   fs::recursive_directory_iterator entry(from, error);
-  for (const fs::recursive_directory_iterator end; !error && entry != end; entry.increment(error)) {
+  for (const fs::recursive_directory_iterator end; !error && problem.empty() && entry != end;
+       entry.increment(error)) {
     const fs::path target = to / entry->path().lexically_relative(from);
-    if (!entry->is_directory(error) && !error && BelongsToGame(target)) {
-      fs::create_directories(target.parent_path(), error);
-      if (!error) fs::copy_file(entry->path(), target, fs::copy_options::skip_existing, error);
-    }
+    const bool isCopied = !entry->is_directory(error) && !error && BelongsToGame(target) &&
+                          KindOf(target.string()) == EntryKind::kNothing;
     if (error) break;
+    if (!isCopied) continue;
+    fs::create_directories(target.parent_path(), error);
+    const FileContent content = ReadRegularFile(entry->path().string());
+    problem = content.Bytes ? files.Write(target.string(), *content.Bytes) : content.Problem;
   }
-  return error;
+  return error ? error.message() : problem;
 }
 
 ProgramFolderResult UserFolder(const FolderChoice& choice) {
@@ -71,9 +78,8 @@ ProgramFolderResult UserFolder(const FolderChoice& choice) {
   if (HoldsGames(folder.string())) return Checked(folder);
   for (const std::string& games : choice.ShippedGames) {
     if (!HoldsGames(games)) continue;
-    if (const std::error_code error = CopyGames(games, folder)) {
-      return {"",
-              "The games can't be copied to \"" + folder.string() + "\": " + error.message() + "."};
+    if (const std::string problem = CopyGames(games, folder); !problem.empty()) {
+      return {"", "The games can't be copied to \"" + folder.string() + "\": " + problem + "."};
     }
     return Checked(folder);
   }

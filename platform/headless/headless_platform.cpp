@@ -83,11 +83,11 @@ std::optional<std::string> HeadlessPlatform::AskText(std::string_view prompt) {
   return TakeAnswer(TextAnswers, "input box", prompt);
 }
 
-std::optional<std::string> HeadlessPlatform::AskFile(const FileDialogRequest& request) {
+std::optional<std::string> HeadlessPlatform::ChooseFile(const FileDialogRequest& request) {
   return TakeAnswer(FileAnswers, request.Save ? "save dialog" : "open dialog", request.FileName);
 }
 
-std::optional<std::string> HeadlessPlatform::AskFolder(std::string_view prompt) {
+std::optional<std::string> HeadlessPlatform::ChooseFolder(std::string_view prompt) {
   return TakeAnswer(FolderAnswers, "folder dialog", prompt);
 }
 

@@ -48,8 +48,6 @@ class HeadlessPlatform : public Platform {
   void MessageBox(std::string_view text) override;
   bool AskYesNo(std::string_view text) override;
   std::optional<std::string> AskText(std::string_view prompt) override;
-  std::optional<std::string> AskFile(const FileDialogRequest& request) override;
-  std::optional<std::string> AskFolder(std::string_view prompt) override;
   std::optional<std::int32_t> AskColor(std::int32_t present) override;
   std::vector<std::string> Drives() const override { return {"/"}; }
   MemoryImageLibrary& Images() override { return images_; }
@@ -60,6 +58,10 @@ class HeadlessPlatform : public Platform {
   void EndProgram() override { ending_ = true; }
   bool Ending() const override { return ending_; }
   std::uint64_t ClockSeed() override { return seed_++; }
+
+ protected:
+  std::optional<std::string> ChooseFile(const FileDialogRequest& request) override;
+  std::optional<std::string> ChooseFolder(std::string_view prompt) override;
 
  private:
   /// True when the next expected message is this one.

@@ -43,6 +43,14 @@ std::optional<std::string> OverlayFileSystem::Read(const std::string& path) cons
   return Hides(path) ? std::nullopt : below_.Read(path);
 }
 
+std::string OverlayFileSystem::WhyUnread(const std::string& path) const {
+  return MemoryFileSystem::Exists(path) || Hides(path) ? "" : below_.WhyUnread(path);
+}
+
+std::string OverlayFileSystem::Followed(const std::string& path) const {
+  return MemoryFileSystem::Exists(path) ? path : below_.Followed(path);
+}
+
 std::string OverlayFileSystem::Remove(const std::string& path) {
   removed_.insert(path);
   return MemoryFileSystem::Remove(path);

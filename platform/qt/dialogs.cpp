@@ -74,7 +74,7 @@ std::optional<std::string> QtPlatform::AskText(std::string_view prompt) {
   return dialog.textValue().toStdString();
 }
 
-std::optional<std::string> QtPlatform::AskFile(const FileDialogRequest& request) {
+std::optional<std::string> QtPlatform::ChooseFile(const FileDialogRequest& request) {
   QFileDialog dialog(Owner());
   dialog.setAcceptMode(request.Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(request.Save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
@@ -99,7 +99,7 @@ std::optional<std::string> QtPlatform::AskFile(const FileDialogRequest& request)
   return file.toStdString();
 }
 
-std::optional<std::string> QtPlatform::AskFolder(std::string_view prompt) {
+std::optional<std::string> QtPlatform::ChooseFolder(std::string_view prompt) {
   QFileDialog dialog(Owner(), ToQt(prompt));
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOption(QFileDialog::ShowDirsOnly);

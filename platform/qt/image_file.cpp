@@ -43,7 +43,8 @@ class ByteWalk {
   void Skip(qint64 count) {
     const qint64 known = std::min(count, filled_ - at_);
     at_ += known;
-    if (count > known) file_.seek(file_.pos() + count - known);
+    // Some devices stay where they are when they are sent behind their end.
+    if (count > known) file_.seek(std::min(file_.pos() + count - known, file_.size()));
   }
   /// Goes behind the next byte of a value; false where there is none.
   bool SkipBehind(int value) {

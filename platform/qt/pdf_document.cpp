@@ -33,9 +33,9 @@ QRectF Place(const PrintArea& area) {
 }
 
 /// A picture in no more dots than its print has, which keeps the document small.
-QImage ReadForPrint(const std::string& file, QSize room) {
+QImage ReadForPrint(const FileSystem& files, const std::string& file, QSize room) {
   QImage image;
-  if (ReadImage(file, room, image) != kImageOk) return {};
+  if (ReadImage(files, file, room, image) != kImageOk) return {};
   const QSize printed = image.size().scaled(room, Qt::KeepAspectRatio).expandedTo({1, 1});
   if (image.width() <= printed.width()) return image;
   return image.scaled(printed, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
@@ -43,7 +43,7 @@ QImage ReadForPrint(const std::string& file, QSize room) {
 
 class QtPdfDocument : public PdfDocument {
  public:
-  explicit QtPdfDocument(PaperSize paper) : writer_(&buffer_) {
+  QtPdfDocument(const FileSystem& files, PaperSize paper) : files_(files), writer_(&buffer_) {
     pictures_.setMaxCost(kKeptKilobytes);
     buffer_.open(QIODevice::WriteOnly);
     writer_.setCreator("Brindlemoor");
@@ -79,7 +79,7 @@ class QtPdfDocument : public PdfDocument {
     const QString key = QString::number(room.width()) + 'x' + QString::number(room.height()) + ' ' +
                         QString::fromStdString(file);
     if (const QImage* known = pictures_.object(key)) return *known;
-    const QImage image = ReadForPrint(file, room);
+    const QImage image = ReadForPrint(files_, file, room);
     pictures_.insert(key, new QImage(image), 1 + image.sizeInBytes() / kKilobyte);
     return image;
   }
@@ -125,6 +125,7 @@ class QtPdfDocument : public PdfDocument {
   }
 
   QCache<QString, QImage> pictures_;
+  const FileSystem& files_;
   QBuffer buffer_;
   QPdfWriter writer_;
   QPainter painter_;  // ends before the writer goes
@@ -133,7 +134,7 @@ class QtPdfDocument : public PdfDocument {
 }  // namespace
 
 std::unique_ptr<PdfDocument> QtPlatform::NewPdf(PaperSize paper) {
-  return std::make_unique<QtPdfDocument>(paper);
+  return std::make_unique<QtPdfDocument>(Files(), paper);
 }
 
 }  // namespace brindlemoor

@@ -13,9 +13,9 @@ namespace {
 
 constexpr int kSpareSize = 2;  // times the box: what a reader may leave out is not seen then
 
-QPixmap ReadScaled(const QString& file, QSize box) {
+QPixmap ReadScaled(const FileSystem& files, const QString& file, QSize box) {
   QImage image;
-  if (ReadImage(file.toStdString(), kSpareSize * box, image) != kImageOk) return {};
+  if (ReadImage(files, file.toStdString(), kSpareSize * box, image) != kImageOk) return {};
   // Few-coloured images would be scaled within their own colours.
   image.convertTo(QImage::Format_ARGB32_Premultiplied);
   return QPixmap::fromImage(image.scaled(box, Qt::KeepAspectRatio, Qt::SmoothTransformation));
@@ -32,7 +32,7 @@ QPixmap PictureCache::Scaled(const QString& file, QSize box) {
   if (error) return {};
   const Key key{file, box, qint64{changed.time_since_epoch().count()}};
   if (const QPixmap* known = pictures_.object(key)) return *known;
-  const QPixmap picture = ReadScaled(file, box);
+  const QPixmap picture = ReadScaled(files_, file, box);
   const qsizetype cost = 1 + qsizetype{picture.width()} * picture.height() * 4 / kUnit;
   pictures_.insert(key, new QPixmap(picture), cost);
   return picture;

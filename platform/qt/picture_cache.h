@@ -6,14 +6,17 @@
 #include <QSize>
 #include <QString>
 
+#include "platform/files.h"
+
 namespace brindlemoor {
 
 /// Keeps scaled pictures by file, time of its last change and size of the box; also that a file is
 /// no picture. What was used longest ago leaves when the bound is reached.
 class PictureCache {
  public:
-  /// The bound in bytes of picture data.
-  explicit PictureCache(int bytes = 96 * 1024 * 1024) : pictures_(bytes / kUnit) {}
+  /// The files outlive this; the bound in bytes of picture data.
+  explicit PictureCache(const FileSystem& files, int bytes = 96 * 1024 * 1024)
+      : files_(files), pictures_(bytes / kUnit) {}
 
   /// The picture, as large as fits into box (device pixels) with its proportion kept; a null
   /// picture for a file that is missing or no image.
@@ -32,6 +35,7 @@ class PictureCache {
       return qHashMulti(seed, key.File, key.Box.width(), key.Box.height(), key.Changed);
     }
   };
+  const FileSystem& files_;
   QCache<Key, QPixmap> pictures_;
 };
 

@@ -2,14 +2,14 @@
 #include "platform/qt/qt_image_library.h"
 
 #include <QBuffer>
-#include <QFile>
-#include <QFileInfo>
 #include <QImage>
 #include <QImageReader>
 #include <QImageWriter>
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 
+#include "platform/machine_file.h"
 #include "platform/qt/image_file.h"
 
 namespace brindlemoor {
@@ -28,24 +28,28 @@ const WrittenFormat kFormats[] = {
     {{{4}, "*.WEBP"}, "webp"},
 };
 
-constexpr qint64 kLargestFile = qint64{256} << 20;
 constexpr int kMostMegabytes = 256;
 static_assert((qint64{kMostMegabytes} << 20) > kMostPicturePixels * 4);
+
+/// The bytes of a file. A place behind them, as damaged pictures name, is refused without a word.
+class FileBytes : public QBuffer {
+ public:
+  bool seek(qint64 position) override { return position <= size() && QBuffer::seek(position); }
+};
 
 /// An image file that is being read.
 class OpenImage {
  public:
-  explicit OpenImage(const std::string& path) : file_(QString::fromStdString(path)) {}
+  OpenImage(const FileSystem& files, const std::string& path) : files_(files), path_(path) {}
 
-  /// Opens the file and reads its head.
+  /// Reads the file, and of the picture its head.
   int Begin() {
-    const QString name = file_.fileName();
-    if (name.contains(QChar::Null)) return kImageInvalidParameter;
-    const QFileInfo info(name);
-    if (!info.exists()) return kImageFileNotFound;
-    // A pipe or a device could keep the program waiting.
-    if (!info.isFile() || !file_.open(QIODevice::ReadOnly)) return kImageAccessDenied;
-    if (file_.size() > kLargestFile) return kImageOutOfMemory;
+    if (path_.find('\0') != std::string::npos) return kImageInvalidParameter;
+    auto bytes = files_.Read(path_);
+    if (!bytes) return WhyUnread();
+    bytes_ = std::move(*bytes);
+    file_.setData(QByteArray::fromRawData(bytes_.data(), static_cast<qsizetype>(bytes_.size())));
+    file_.open(QIODevice::ReadOnly);
     kind_ = ImageReaderName(file_);
     if (kind_ == nullptr) return kImageUnknownFormat;
     if (!IsWholeImage(file_, kind_)) return kImageGenericError;
@@ -69,6 +73,13 @@ class OpenImage {
   }
 
  private:
+  int WhyUnread() const {
+    if (files_.WhyUnread(path_).empty()) return kImageFileNotFound;
+    std::error_code failure;
+    const auto size = std::filesystem::file_size(path_, failure);
+    return !failure && size > kLargestFile ? kImageOutOfMemory : kImageAccessDenied;
+  }
+
   bool IsTurned() const {
     return reader_.transformation().testFlag(QImageIOHandler::TransformationRotate90);
   }
@@ -94,7 +105,10 @@ class OpenImage {
     }
   }
 
-  QFile file_;
+  const FileSystem& files_;
+  const std::string& path_;
+  std::string bytes_;
+  FileBytes file_;
   QImageReader reader_;
   QSize size_;
   const char* kind_ = nullptr;
@@ -102,7 +116,7 @@ class OpenImage {
 
 }  // namespace
 
-QtImageLibrary::QtImageLibrary() {
+QtImageLibrary::QtImageLibrary(const FileSystem& files) : files_(files) {
   // Its own bound would be met far below that of the pixels.
   QImageReader::setAllocationLimit(kMostMegabytes);
 }
@@ -116,8 +130,8 @@ std::vector<ImageEncoder> QtImageLibrary::Encoders() const {
   return encoders;
 }
 
-int ReadImage(const std::string& path, QSize enough, QImage& picture) {
-  OpenImage file(path);
+int ReadImage(const FileSystem& files, const std::string& path, QSize enough, QImage& picture) {
+  OpenImage file(files, path);
   QImage read;
   int status = file.Begin();
   if (status == kImageOk) status = file.Read(read, enough);
@@ -130,7 +144,7 @@ int ReadImage(const std::string& path, QSize enough, QImage& picture) {
 
 int QtImageLibrary::Load(const std::string& path, Raster& picture) const {
   QImage image;
-  if (const int status = ReadImage(path, {}, image); status != kImageOk) return status;
+  if (const int status = ReadImage(files_, path, {}, image); status != kImageOk) return status;
   const int width = image.width();
   Raster read(width, image.height());
   for (int y = 0; y < image.height(); ++y) {
@@ -143,7 +157,7 @@ int QtImageLibrary::Load(const std::string& path, Raster& picture) const {
 }
 
 int QtImageLibrary::LoadSize(const std::string& path, PictureSize& size) const {
-  OpenImage file(path);
+  OpenImage file(files_, path);
   if (const int status = file.Begin(); status != kImageOk) return status;
   QSize found = file.UprightSize();
   if (!found.isValid()) {

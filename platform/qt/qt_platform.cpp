@@ -39,6 +39,8 @@ QtPlatform::QtPlatform(std::unique_ptr<FileSystem> files, const std::string& fol
                        std::optional<std::uint64_t> seed)
     : Platform(std::move(files)),
       policy_(QString::fromStdString(folder)),
+      pictures_(Files()),
+      images_(Files()),
       profile_(NewPageProfile(policy_)),
       lastFolder_(QString::fromStdString(folder)),
       seed_(seed) {

@@ -44,8 +44,6 @@ class QtPlatform : public Platform, public WindowHost {
   void MessageBox(std::string_view text) override;
   bool AskYesNo(std::string_view text) override;
   std::optional<std::string> AskText(std::string_view prompt) override;
-  std::optional<std::string> AskFile(const FileDialogRequest& request) override;
-  std::optional<std::string> AskFolder(std::string_view prompt) override;
   std::optional<std::int32_t> AskColor(std::int32_t present) override;
   std::vector<std::string> Drives() const override;
   QtImageLibrary& Images() override { return images_; }
@@ -68,6 +66,10 @@ class QtPlatform : public Platform, public WindowHost {
     views_.insert(&model, {&window, &widget});
   }
   void QueueClick(BrowserView& view, const QUrl& url) override;
+
+ protected:
+  std::optional<std::string> ChooseFile(const FileDialogRequest& request) override;
+  std::optional<std::string> ChooseFolder(std::string_view prompt) override;
 
  private:
   struct ModalRun {

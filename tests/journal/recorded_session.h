@@ -48,7 +48,7 @@ class RecordedSession : public testing::Test {
 
   /// Records a program that a user uses; the bytes of its journal.
   template <class User>
-  std::string Record(User user, bool ends = true) {
+  std::string Record(User user, bool ends = true, int copy = 1) {
     const std::filesystem::path path = root_ / "session.journal";
     std::filesystem::remove(path);
     JournalWriter writer;
@@ -56,9 +56,10 @@ class RecordedSession : public testing::Test {
     auto desktop = std::make_shared<HeadlessPlatform>(std::make_unique<LocalFileSystem>(), 7);
     desktop_ = desktop.get();
     desktop_->AcceptMessages = true;
-    WriteSessionHead(writer, {Folder(), false, 7}, desktop->Files());
+    WriteSessionHead(writer, {Folder(), false, 7, copy}, desktop->Files());
     auto recorder = std::make_shared<RecordingPlatform>(desktop, writer, Folder());
     OpenProgramSession(recorder, Folder());
+    State().CopyOfProgram = copy;
     desktop_->ModalForms.emplace_back([this](Form& menu) {
       const bool known = std::filesystem::exists(root_ / "game/PlayerProfiles.txt");
       if (!known) desktop_->TextAnswers = {"Ann"};

@@ -118,7 +118,8 @@ class ImageLibraryTest : public testing::Test {
   }
 
   QTemporaryDir folder_;
-  QtImageLibrary library_;
+  LocalFileSystem files_;
+  QtImageLibrary library_{files_};
 };
 
 /// True when no part of the colours is far from that of the other.

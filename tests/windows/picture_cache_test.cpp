@@ -34,7 +34,8 @@ class PictureCacheTest : public testing::Test {
   }
 
   QTemporaryDir folder_;
-  PictureCache cache_;
+  LocalFileSystem files_;
+  PictureCache cache_{files_};
 };
 
 TEST_F(PictureCacheTest, PicturesKeepTheirProportionAndColour) {

@@ -1,0 +1,22 @@
+// Taking the lowest free number.
+#include "platform/program_copy.h"
+
+#include "text/text.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kMostCopies = 99;
+
+}  // namespace
+
+ProgramCopy::ProgramCopy(const std::string& folder) {
+  for (int number = 1; number <= kMostCopies; ++number) {
+    if (!held_.Take(Joined(folder, "/", kPassingFile, number, ".lock"))) continue;
+    number_ = number;
+    return;
+  }
+}
+
+}  // namespace brindlemoor
