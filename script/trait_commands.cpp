@@ -221,7 +221,7 @@ Step SubTokens(Run& run) { return ChangeTokens(run, -1); }
 
 Step DeclareTrait(Run&) { return Step::kNext; }
 
-constexpr std::array<Command, 20> kRows{{
+constexpr auto kRows = std::to_array<Command>({
     {"MODTRAIT", 2, false, InTest::kRuns, ModTargetTrait,
      "TRAIT VALUE | adds to a trait of the target, which gets it if need be"},
     {"MODMYTRAIT", 2, false, InTest::kRuns, ModSourceTrait,
@@ -262,7 +262,7 @@ constexpr std::array<Command, 20> kRows{{
     {"TRAIT", 2, false, InTest::kRuns, DeclareTrait,
      "TRAIT WORD | gives the action a trait of its own; does nothing when it is reached", false,
      CommandRole::kDeclares},
-}};
+});
 
 }  // namespace
 

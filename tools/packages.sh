@@ -4,6 +4,7 @@
 build_packages="g++ cmake ninja-build qt6-base-dev qt6-webengine-dev qt6-image-formats-plugins libgl-dev fonts-dejavu-core"
 test_packages="libgtest-dev xvfb xdotool imagemagick python3"
 lint_packages="clang-format clang-tidy"
+bench_packages="libbenchmark-dev"
 
 say() { printf '%s\n' "$*" >&2; }
 

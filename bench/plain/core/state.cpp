@@ -1,6 +1,7 @@
 // The one session and the problems of files, for the plain engine: equal texts are not shared.
 #include "core/state.h"
 
+#include "core/desktop.h"
 #include "core/limits.h"
 
 namespace brindlemoor {
@@ -9,6 +10,8 @@ Session& State() noexcept {
   static Session session;
   return session;
 }
+
+Platform& Desktop() { return *State().Desktop; }
 
 Text InternText(std::string_view text) { return text; }
 

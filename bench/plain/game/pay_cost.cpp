@@ -56,7 +56,7 @@ bool PayCost(const Card& card, Payment payment) {
   session.CancelState = cancel;
   if (failures > 0 || WorkIsSpent()) {
     session.PhaseBanner = banner;
-    if (mode != 0) return false;
+    if (payment == Payment::kIsTested) return false;
     session.RulesCard = rules;
     session.Players = players;
     session.Collection = collection;

@@ -72,7 +72,7 @@ double CountAll(const std::string& word, int owner, const std::string& required,
   for (int slot = 1; slot <= table.UpperBound() && !WorkIsSpent(); ++slot) {
     const Card& card = table[slot];
     if (IsFree(card) || (owner > 0 && card.Owner != owner)) continue;
-    if (!required.empty() && !HasTrait(card, required, "")) continue;
+    if (!required.empty() && !HasTrait(card, required)) continue;
     if (byName) {
       if (card.Name == word) ++total;
       continue;

@@ -2,6 +2,7 @@
 #include "script/parsed_script.h"
 
 #include "core/strings.h"
+#include "language/traits.h"
 #include "script/command_table.h"
 #include "text/fold.h"
 
@@ -60,6 +61,10 @@ bool ParsedScript::HasField(std::string_view text) const {
     if (word.empty()) return false;
     if (word == text) return true;
   }
+}
+
+bool HasTrait(const Card& card, const TraitName& name, const Text& script) {
+  return ParsedScript::Of(script).DeclaresFolded(name.View()) || HasTrait(card, name);
 }
 
 }  // namespace brindlemoor

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/records.h"
+#include "core/trait_item.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -37,5 +39,8 @@ class ParsedScript {
  private:
   std::string_view script_;
 };
+
+/// As the engine's.
+bool HasTrait(const Card& card, const TraitName& name, const Text& script);
 
 }  // namespace brindlemoor
