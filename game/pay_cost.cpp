@@ -87,8 +87,9 @@ bool PayCost(const Card& card, Payment payment) {
   Card work = card;
 
   ModifyCost(work, payment);
-  Card tested = work;  // the payment begins as the test did
-  const int failures = FireTrigger(tested, "COST", -1, 0, 1);
+  std::optional<Card> toPayWith;  // the payment begins as the test did
+  if (payment == Payment::kIsMade) toPayWith = work;
+  const int failures = FireTrigger(work, "COST", -1, 0, 1);
   session.CardTable = table;
   session.HitTable = hits;
   session.PageText = page;
@@ -98,7 +99,7 @@ bool PayCost(const Card& card, Payment payment) {
     if (belongings) belongings->PutBack();
     return false;
   }
-  if (payment == Payment::kIsMade) FireTrigger(work, "COST");
+  if (toPayWith) FireTrigger(*toPayWith, "COST");
   session.CancelState = cancel;
   return true;
 }

@@ -38,9 +38,7 @@ class Text {
   Text(Text&& other) noexcept : rep_(std::exchange(other.rep_, nullptr)) {}
   /// Assigning what is there already, as a snapshot that is put back mostly does, writes nothing.
   Text& operator=(const Text& other) noexcept {
-    if (rep_ == other.rep_) return *this;
-    Text copy(other);
-    std::swap(rep_, copy.rep_);
+    if (rep_ != other.rep_) Replace(other);
     return *this;
   }
   Text& operator=(Text&& other) noexcept {
@@ -139,10 +137,10 @@ class Text {
   static Rep* New(std::size_t size, std::uint32_t room) {
     return new (::operator new(sizeof(Rep) + size + room)) Rep{.room = room, .size = size};
   }
-  static void Delete(Rep* rep) noexcept {
-    rep->~Rep();
-    ::operator delete(rep);
-  }
+  // Out of line, so that what is common, assigning the same storage and letting go of a shared one,
+  // stays small enough to be inlined into the copies of records.
+  void Replace(const Text& other) noexcept;
+  static void Delete(Rep* rep) noexcept;
 
   Rep* rep_ = nullptr;
 };
