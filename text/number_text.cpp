@@ -1,9 +1,9 @@
 // Printing of numbers.
-#include "text/joined.h"
-
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+
+#include "text/joined.h"
 
 namespace brindlemoor {
 
