@@ -121,7 +121,7 @@ std::string DoubtOf(const std::string& file, const GameRec& game) {
   std::string others;
   constexpr std::size_t kMostNamed = 5;
   for (const Text& rules : game.Namesakes) {
-    if (others.size() > 0) others += ", ";
+    if (!others.empty()) others += ", ";
     others += OneLine(rules);
     if (&rules - game.Namesakes.data() + 1 == kMostNamed) break;
   }
