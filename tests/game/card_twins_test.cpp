@@ -87,6 +87,10 @@ TEST_F(CardTwinsTest, NoOrderOfTheSearchChangesAnOwnedCard) {
     }
     files_->Contents.erase(path);
   }
+  WriteFile("Root.txt", Definition("own", "Root.txt"));
+  EXPECT_EQ(Refreshed("Root.txt"), "own");
+  files_->Contents["/Root.txt"] = "";
+  EXPECT_EQ(Refreshed("Root.txt"), "stored") << "a twin in the folder above";
   WriteFile("imps/Cards.txt", Definition("own"));
   for (int n = 0; n <= limits::kTwinFolders; ++n) WriteFile(Joined("n", n, "/x.txt"), "");
   EXPECT_EQ(Refreshed(), "stored");
@@ -118,7 +122,8 @@ TEST_F(CardTwinsTest, AFileThatTakesInOneOfTwoChangesNoOwnedCardEither) {
 
 TEST_F(CardTwinsTest, IncludesAndReferencesTakeTheFirstAndSaySoOnce) {
   WriteFile("Deck.txt", "#INCLUDE, Cards.txt, INDECK\n");
-  WriteFile("References.txt", "#REFINDECK, Imp, Draw.txt\n#REFINDECK, Imp, Draw.txt\n");
+  WriteFile("References.txt", "#REFINDECK, Imp, Draw.txt\n#REFINDECK, Imp, Shared.txt\n");
+  WriteFile("Shared.txt", "#INCLUDE, Draw.txt, INDECK\n");
   WriteFile("aaa/Draw.txt", "#CARDINDECK, Imp, , , , , stranger\n");
   WriteFile("imps/Draw.txt", "#CARDINDECK, Imp, , , , , own\n");
   EXPECT_EQ(DeckOf("Deck.txt"), "stranger ");
@@ -155,11 +160,27 @@ TEST_F(CardTwinsTest, CreatedCardsAndRulesAreThoseOfTheGameInProgress) {
   EXPECT_EQ(TakeReferencedFile("Tokens.txt"), "/game/aaa/Tokens.txt");
 }
 
+/// Where the folder "link" is a link to "imps".
+class LinkedFiles : public MemoryFileSystem {
+ public:
+  std::string Followed(const std::string& path) const override {
+    constexpr std::string_view kLink = "/game/link/";
+    return path.starts_with(kLink) ? Joined("/game/imps/", path.substr(kLink.size())) : path;
+  }
+};
+
 TEST_F(CardTwinsTest, AnotherWayToTheSameFileIsNoTwin) {
-  files_->Contents.erase("/game/aaa/Cards.txt");
+  const std::shared_ptr<Platform> first = State().Desktop;
+  auto files = std::make_unique<LinkedFiles>();
+  for (const char* path : {"/game/imps/Cards.txt", "/game/link/Cards.txt", "/Top.txt"}) {
+    files->Contents[path] =
+        Definition("own", std::string_view(path) == "/Top.txt" ? "Top.txt" : "Cards.txt");
+  }
+  State().Desktop = std::make_shared<HeadlessPlatform>(std::move(files));
+  EXPECT_EQ(Refreshed(), "own");
   State().ProgramFolder = State().CurrentFolder = "/";
-  files_->Contents["/Cards.txt"] = Definition("own");
-  EXPECT_EQ(Refreshed(), "own") << "the folder above the topmost is itself";
+  EXPECT_EQ(Refreshed("Top.txt"), "own") << "the folder above the topmost is itself";
+  State().Desktop = first;
 }
 
 TEST_F(CardTwinsTest, ASecondGameOfANameIsTold) {
