@@ -48,6 +48,8 @@ constexpr std::array<FindingRow, static_cast<std::size_t>(C::kCount)> kRows = {{
     {"trait-never-given", C::kTraitNeverGiven, kWarning, "a trait that is asked for and that no card ever has"},
     {"unknown-deck-rule", C::kUnknownDeckRule, kError, "a word of the deck rules that is none"},
     {"deck-rule", C::kDeckRule, kWarning, "a deck that breaks the rules of its game"},
+    {"duplicate-game", C::kDuplicateGame, kError, "a game with the name of another one; it is not listed"},
+    {"duplicate-file", C::kDuplicateFile, kWarning, "two card files of one name in folders that are searched for it"},
 }};
 // clang-format on
 

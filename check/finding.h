@@ -45,6 +45,8 @@ enum class FindingCode : std::uint8_t {
   kTraitNeverGiven,
   kUnknownDeckRule,
   kDeckRule,
+  kDuplicateGame,
+  kDuplicateFile,
   kCount
 };
 

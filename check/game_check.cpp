@@ -10,6 +10,7 @@
 #include "check/card_set.h"
 #include "check/deck_check.h"
 #include "check/file_check.h"
+#include "check/name_check.h"
 #include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
@@ -171,6 +172,7 @@ class Check {
     }
     const SetFacts facts = CheckFiles(set);
     CheckTraits(facts, result_.Findings);
+    CheckNames(set, shown, result_.Findings);
     CheckDecks(path, shown, result_.Findings);
   }
 

@@ -10,6 +10,7 @@ inline constexpr int kTableCards = 32767;               ///< slots are 16-bit
 inline constexpr int kTraitBitNames = 240;              ///< 8 words of bits
 inline constexpr int kNestedRuns = 10;                  ///< script runs in progress
 inline constexpr std::int64_t kStepsOfTurn = 4000000;   ///< see core/work_budget.h
+inline constexpr int kTwinFolders = 1000;               ///< in which a second file is looked for
 inline constexpr int kNestedReads = 50;                 ///< files that include one another
 inline constexpr int kCustomStringValues = 255;         ///< values of one custom string
 inline constexpr int kCustomStrings = 10000;            ///< custom strings of a game

@@ -25,11 +25,6 @@ std::string InFolder(std::string_view folder, std::string_view name) {
   return folder.ends_with('/') ? Joined(folder, name) : Joined(folder, "/", name);
 }
 
-std::string_view ParentFolder(std::string_view folder) {
-  const std::size_t separator = folder.rfind('/');
-  return separator == std::string_view::npos || separator == 0 ? "/" : folder.substr(0, separator);
-}
-
 /// No system has longer names of files; a reference may be of any length.
 constexpr std::size_t kLongestName = 255;
 /// For one look at whether a file is there.
@@ -49,7 +44,7 @@ bool Holds(std::string_view folder, std::string_view name, std::string& path) {
 std::string FindFile(std::string_view name) {
   FolderLists& lists = Folders();
   const std::string& program = State().ProgramFolder;
-  const std::string_view parent = ParentFolder(program);
+  const std::string parent = ParentFolder(program);
   std::string path;
   if (Holds(program, name, path) || Holds(parent, name, path)) return path;
   const std::vector<std::string>& subfolders = lists.SubfoldersOf(program);
@@ -73,6 +68,28 @@ std::string FindFile(std::string_view name) {
 
 }  // namespace
 
+std::string ParentFolder(std::string_view folder) {
+  const std::size_t separator = folder.rfind('/');
+  const bool isTop = separator == std::string_view::npos || separator == 0;
+  return std::string(isTop ? "/" : folder.substr(0, separator));
+}
+
+bool CanBeFileName(std::string_view name) {
+  return !name.empty() && name.size() <= kLongestName && name != "." && name != ".." &&
+         name.find('\0') == std::string_view::npos;
+}
+
+std::string FileInFolder(const std::string& folder, std::string_view name) {
+  std::string path = InFolder(folder, name);
+  const FileSystem& files = Desktop().Files();
+  if (files.Exists(path)) return path;
+  for (const std::string_view present : Folders().FilesOf(folder).FilesLike(name)) {
+    path = InFolder(folder, present);
+    if (files.Exists(path)) return path;
+  }
+  return "";
+}
+
 std::string& FileNameOnly(std::string& path) {
   if (path.find('/') == std::string::npos && path.find('\\') == std::string::npos) return path;
   const std::string walked = WithForwardSlashes(path);
@@ -92,9 +109,7 @@ std::string ResolvePath(std::string_view file, int asUrl) {
   EnterProgramFolder();
   const std::string name = FileNameOf(file);
   SpendWorkOnText(file.size());
-  const bool impossible = name.empty() || name.size() > kLongestName || name == "." ||
-                          name == ".." || name.find('\0') != std::string::npos;
-  if (impossible) return "";
+  if (!CanBeFileName(name)) return "";
   std::string path = FindFile(name);
   if (asUrl != 1 || path.empty()) return path;
   return Joined(kFileScheme, PageAddress(std::move(path)));

@@ -17,6 +17,16 @@ std::string FileNameOf(std::string_view path);
 /// "file://" URL as pages hold it.
 std::string ResolvePath(std::string_view file, int asUrl);
 
+/// False for a name that no file can have.
+bool CanBeFileName(std::string_view name);
+
+/// The path of a file of one folder; where the exact name is missing, of one that differs in case
+/// only. "" for none.
+std::string FileInFolder(const std::string& folder, std::string_view name);
+
+/// The folder above one; that of "/" is itself.
+std::string ParentFolder(std::string_view folder);
+
 /// Makes the program's folder the current one.
 void EnterProgramFolder();
 

@@ -96,7 +96,7 @@ inline constexpr int kHandPositions = 10;  ///< of the hand of a side
 
 /// One side of the game.
 struct PlayerState {
-  Text FileName;                ///< only in RefCache entries
+  Text FileName;                ///< only in ReferenceFile
   std::int32_t PlayerCard = 0;  ///< slot of the side's player card
   Pile Deck;                    ///< draw pile; the top is the last element, element 1 stays free
   Pile StartDeck;               ///< copy of Deck at the end of a file read
@@ -105,6 +105,12 @@ struct PlayerState {
   std::uint8_t PlayerNo = 0;    ///< 1 human, 2 computer, 3 neutral, or one of those below
   Text Color;                   ///< colour of the side
   std::int32_t Tokens = 0;
+};
+
+/// A file that is read for its cards, and what those depend on.
+struct ReferenceFile : PlayerState {
+  Text GameFolder;         ///< the folder in which files were looked for first
+  bool TookTwins = false;  ///< it takes in the first of several files of a name
 };
 
 /// The PlayerNo of states that are no side's.
@@ -116,10 +122,11 @@ struct GameRec {
   Text Name;
   Text Color;  ///< background of its table on the list
   Text RulesFile;
-  Pile Opponents;             ///< only Name, Thumb and Description; element 1 is free
-  Table<Text> OpponentFiles;  ///< parallel to Opponents
-  Text Folder;                ///< subfolder of the opponents
-  Text Banner;                ///< picture file
+  std::vector<Text> Namesakes;  ///< rules files of other games of this name, which are left out
+  Pile Opponents;               ///< only Name, Thumb and Description; element 1 is free
+  Table<Text> OpponentFiles;    ///< parallel to Opponents
+  Text Folder;                  ///< subfolder of the opponents
+  Text Banner;                  ///< picture file
   Text HelpPage;
 };
 

@@ -82,7 +82,7 @@ struct Session {
   Text GameFileName;                 ///< value of #GAMEFILE
   std::uint8_t StarterDeckFlag = 0;  ///< 1 after a file with #STARTERDECK
   Pile MasterCards;                  ///< hash table of master definitions
-  Table<PlayerState> RefCache;       ///< files read for #REF... directives
+  Table<ReferenceFile> RefCache;     ///< files read for #REF... directives
   Table<Template> Templates;
   CropCoordinates Crop;                ///< of the image that the editor composes
   FolderFiles RandomPictures;          ///< those that PickRandomFile drew from last
@@ -99,6 +99,7 @@ struct Session {
   std::array<Text, limits::kNestedReads + 1> OpenPaths;
   int FilesRead = 0;              ///< files of the outermost read in progress
   std::vector<Problem> Problems;  ///< what readers found wrong
+  int TwinsTaken = 0;             ///< see TakeReferencedFile
 
   // Planning and clicks.
   /// Hand positions in play order; 0 free.

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "core/card_files.h"
 #include "core/cards.h"
 #include "core/desktop.h"
 #include "core/limits.h"
@@ -66,7 +67,7 @@ bool CardReader::MayInclude(std::string_view file, std::string_view path) const 
 void CardReader::Include(const DirectiveRow&) {
   const std::string file = fields_[0];
   const std::string location = fields_[1];
-  const std::string path = file.empty() ? "" : ResolvePath(file, 0);
+  const std::string path = file.empty() ? "" : TakeReferencedFile(file);
   if (path.empty()) {
     Problem(Joined("the file \"", file, "\" is not there"));
   } else if (!MayInclude(file, path)) {

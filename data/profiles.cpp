@@ -15,6 +15,7 @@
 #include "data/field_text.h"
 #include "data/saving.h"
 #include "text/encoding.h"
+#include "text/file_names.h"
 #include "text/fold.h"
 
 namespace brindlemoor {
@@ -24,6 +25,10 @@ namespace {
 constexpr std::string_view kListFile = "PlayerProfiles.txt";
 constexpr std::string_view kWord = "#PLAYERPROFILE";
 constexpr int kLongestName = 100;
+/// No system has longer names of files; the longest ending of names that are typed is
+/// "_Starter.txt".
+constexpr std::size_t kFileNameBytes = 255;
+constexpr std::string_view kLongestEnding = "_Starter.txt";
 
 std::string ProfileLine(const ProfileRec& profile) {
   const std::string files = Joined(profile.PlayerFile, ":", profile.RulesFile);
@@ -132,6 +137,9 @@ std::string RefuseNameInFiles(std::string_view name) {
   if (Characters(name) > kLongestName) {
     return Joined("The name is longer than ", kLongestName, " characters.");
   }
+  if (name.size() + kLongestEnding.size() > kFileNameBytes) {
+    return "The name is too long: it takes more bytes than a file name can have.";
+  }
   if (name.front() == '.') return "The name begins with a dot.";
   if (name.find_first_of(kNotInFileNames) != std::string_view::npos) {
     return "The name holds one of the characters / \\ : * ? \" < > |, which no file name can hold.";
@@ -148,7 +156,12 @@ std::string RefusePlayerName(std::string_view name) {
       return "There is a player of this name already.";
     }
   }
-  return RefuseNameInFiles(name);
+  std::string refusal = RefuseNameInFiles(name);
+  if (refusal.empty() && EncodedForFileName(name, "_").size() > kPlayerNameBytes) {
+    refusal = Joined("The name is too long: in the names of files it may take ", kPlayerNameBytes,
+                     " bytes. Letters with accents take 2 to 4, \"_\" and \"%\" take 3.");
+  }
+  return refusal;
 }
 
 }  // namespace brindlemoor

@@ -1,6 +1,7 @@
 // The profile list "PlayerProfiles.txt".
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -13,10 +14,10 @@ void SaveProfiles();
 /// True for the files that the program writes for its players: player files and the profile list.
 bool BelongsToPlayers(std::string_view path);
 
-/// Characters that no file name can hold on some system.
-inline constexpr std::string_view kNotInFileNames = "/\\:*?\"<>|";
+/// The most bytes that a player's name may take in the name of a file.
+inline constexpr std::size_t kPlayerNameBytes = 100;
 
-/// Why a name can't be part of a file name, "" when it can.
+/// Why a name can't be the beginning of a file name such as "Rook_Starter.txt", "" when it can.
 std::string RefuseNameInFiles(std::string_view name);
 /// Why a player's name can't be taken, "" when it can: it becomes part of a file name.
 std::string RefusePlayerName(std::string_view name);

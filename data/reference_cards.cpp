@@ -1,6 +1,7 @@
 // What files add to shared tables: cards of other files, custom strings and trait graphics.
 #include <utility>
 
+#include "core/card_files.h"
 #include "core/cards.h"
 #include "core/desktop.h"
 #include "core/limits.h"
@@ -26,28 +27,49 @@ bool LeadsOut(std::string_view file) {
 }
 
 /// The path of a referenced file, "" when it is not there. A reference that names its own way only
-/// counts by its last component.
+/// counts by its last component; one that names a folder below means the file there.
 std::string ReferencedPath(std::string_view file) {
-  if (!file.empty() && !LeadsOut(file)) {
+  const bool isPlain = file.find_first_of("/\\") == std::string_view::npos;
+  if (isPlain) {
+    std::string own = FileOfOwnGame(file);
+    if (!own.empty()) return own;
+  }
+  const bool isInOrder = isPlain && State().CurrentFolder == State().ProgramFolder;
+  if (!file.empty() && !isInOrder && !LeadsOut(file)) {
     std::string path = InCurrentFolder(file);
     if (Desktop().Files().Exists(path)) return path;
   }
-  return ResolvePath(file, 0);
+  return TakeReferencedFile(file);
+}
+
+Text FolderOfGame() {
+  const Session& session = State();
+  return session.Games.Holds(session.CurrentGame) ? session.Games[session.CurrentGame].Folder
+                                                  : Text();
 }
 
 /// The cache entry of a file, read now if it is not there; nullptr when it can't be read.
-PlayerState* CachedFile(const std::string& path) {
-  Table<PlayerState>& cache = State().RefCache;
-  for (PlayerState& entry : cache) {
-    if (entry.FileName == path) return &entry;
+ReferenceFile* CachedFile(const std::string& path) {
+  Session& session = State();
+  Table<ReferenceFile>& cache = session.RefCache;
+  const Text folder = FolderOfGame();
+  for (ReferenceFile& entry : cache) {
+    if (entry.FileName != path || entry.GameFolder != folder) continue;
+    session.TwinsTaken += entry.TookTwins ? 1 : 0;
+    return &entry;
   }
   cache.Resize(cache.UpperBound() + 1);
   const int last = cache.UpperBound();
-  PlayerState& entry = cache[last];
+  ReferenceFile& entry = cache[last];
   InitPlayer(entry, kTemporaryState);
   // Named before it is read, so that a file that refers to itself finds what it has so far.
   entry.FileName = path;
-  if (TakeCardsOut(path, entry, "")) return &entry;
+  entry.GameFolder = folder;
+  const int before = session.TwinsTaken;
+  if (TakeCardsOut(path, entry, "")) {
+    entry.TookTwins = session.TwinsTaken != before;
+    return &entry;
+  }
   cache.Resize(last - 1);
   return nullptr;
 }
@@ -57,7 +79,7 @@ PlayerState* CachedFile(const std::string& path) {
 Card GetRefCard(std::string_view name, std::string_view file) {
   const std::string path = ReferencedPath(file);
   if (path.empty() || name.empty()) return {};
-  PlayerState* entry = CachedFile(path);
+  const ReferenceFile* entry = CachedFile(path);
   if (entry == nullptr) return {};
   SpendWorkOnSearch(static_cast<std::size_t>(entry->Deck.UpperBound()));
   for (const Card& card : entry->Deck) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "core/card_files.h"
 #include "core/cards.h"
 #include "core/paths.h"
 #include "core/random.h"
@@ -55,16 +56,33 @@ void StoreMasters(const Pile& definitions, const Text& file) {
                     State().MasterCards.UpperBound(), " different cards"));
 }
 
+constexpr std::string_view kStay = "cards stay as they are stored";
+
+/// The definitions of one file. None are taken of a file that may be another one than the player's
+/// cards came from.
+void StoreMastersOf(const Text& file) {
+  const ReferencedFile found = FindReferencedFile(file);
+  if (found.Path.empty()) return;
+  if (!found.IsSure()) {
+    AddTwins(file, found, kStay);
+    return;
+  }
+  PlayerState definitions;
+  InitPlayer(definitions, kTemporaryState);
+  const int before = State().TwinsTaken;
+  // A definition of which lines are missing would take them from the player's cards.
+  if (!ReadCards(found.Path, definitions, 1, "INDECK", 0)) return;
+  if (State().TwinsTaken == before) {
+    StoreMasters(definitions.Deck, file);
+  } else {
+    AddProblemOnce(file, Joined("\"", FileNameOf(found.Path),
+                                "\" takes in a file of which there are two: ", kStay));
+  }
+}
+
 void FillMasterCards(const std::vector<Text>& files, int capacity) {
   State().MasterCards.Reset(capacity);
-  for (const Text& file : files) {
-    const std::string path = ResolvePath(file, 0);
-    if (path.empty()) continue;
-    PlayerState definitions;
-    InitPlayer(definitions, kTemporaryState);
-    // A definition of which lines are missing would take them from the player's cards.
-    if (ReadCards(path, definitions, 1, "INDECK", 0)) StoreMasters(definitions.Deck, file);
-  }
+  for (const Text& file : files) StoreMastersOf(file);
 }
 
 /// A copy of the master for the side of the card. The master changes sides before, so that the

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/card_files.h"
 #include "core/desktop.h"
 #include "core/folder_lists.h"
 #include "core/limits.h"
@@ -20,6 +21,7 @@
 #include "text/addresses.h"
 #include "text/fold.h"
 #include "text/one_line.h"
+#include "text/quoting.h"
 
 namespace brindlemoor {
 
@@ -129,10 +131,21 @@ int GameNamed(std::string_view name) {
   return 0;
 }
 
+/// A second game of a name is told of, not listed.
+void AddNamesake(GameRec& listed, const std::string& file) {
+  if (listed.Namesakes.size() < limits::kGames) listed.Namesakes.emplace_back(file);
+  AddProblemOnce(file, Joined("the game of \"", file, "\" is not listed: that of \"",
+                              listed.RulesFile, "\" has the same name"));
+}
+
 void AddGame(Scan& scan, const std::string& file) {
   const auto [name, banner, color, folder, helpPage] = ReadFields<5>(scan);
   Table<GameRec>& games = State().Games;
-  if (name.empty() || GameNamed(name) != 0) return;
+  if (name.empty()) return;
+  if (const int listed = GameNamed(name); listed != 0) {
+    AddNamesake(games[listed], file);
+    return;
+  }
   int slot = 1;
   while (slot <= games.UpperBound() && !games[slot].Name.empty()) ++slot;
   if (slot > limits::kGames) {
@@ -228,6 +241,11 @@ void ComposeGame(std::string& html, const GameRec& game, int gameIndex) {
   html += "</tr></table>";
 }
 
+std::string NamesakeLine(std::string_view listed, std::string_view leftOut) {
+  return Joined("<br>Two games have one name: that of ", HtmlText(listed), " is listed, that of ",
+                HtmlText(leftOut), " is left out.<br>");
+}
+
 }  // namespace
 
 void DiscoverGames() {
@@ -301,6 +319,9 @@ void ShowGameList() {
   {
     const WorkAccount account;
     AppendPage(ComposeGameList());
+  }
+  for (const GameRec& game : State().Games) {
+    for (const Text& file : game.Namesakes) AppendPage(NamesakeLine(game.RulesFile, file));
   }
   if (State().LimitsReported.contains(kLeftOut)) AppendPage(Joined("<br>", kLeftOut, "<br>"));
   if (State().DebugMode == 1) AppendPage(Windows().NotesOnGames(State().ProgramFolder));

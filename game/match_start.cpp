@@ -13,6 +13,7 @@
 #include "data/saving.h"
 #include "game/card_refresh.h"
 #include "game/game_list.h"
+#include "game/player_file_names.h"
 #include "game/player_files.h"
 #include "game/program_start.h"
 #include "game/turn.h"
@@ -76,10 +77,10 @@ void OwnNothing() {
 }
 
 bool HasPlayerFile() {
-  return IsThere(Desktop().Files(), InProgramFolder(PlayerFileName(State().CurrentGame)));
+  return IsThere(Desktop().Files(), InProgramFolder(StoredPlayerFile(State().CurrentGame)));
 }
 
-bool ReadOwnFile() { return ReadPlayerFile(PlayerFileName(State().CurrentGame)); }
+bool ReadOwnFile() { return ReadPlayerFile(StoredPlayerFile(State().CurrentGame)); }
 
 /// Opponents and starter decks may have been saved in the deck manager.
 void FindGamesAgain() {
@@ -153,10 +154,10 @@ bool ReadMatchFiles(int gameIndex, int opponentIndex) {
   session.CardTable.Resize(std::max(session.Players[1].PlayerCard, session.Players[2].PlayerCard));
   session.Sideboard.Reset(1);
   InitPlayer(session.GameDeck, kGameDeckState);
+  session.CurrentGame = static_cast<std::int16_t>(gameIndex);  // whose files come first
   ReadCards(rules, session.GameDeck, 0, "", 0);
   session.Profile.RulesFile = rules;
   session.CurrentFolder = folder.empty() ? session.ProgramFolder : InProgramFolder(folder);
-  session.CurrentGame = static_cast<std::int16_t>(gameIndex);
   ReadCards(opponent, session.Players[2], 0, "", 0);
   EnterProgramFolder();
   return true;
@@ -220,6 +221,7 @@ void StartMatch(int gameIndex, int opponentIndex) {
     BackToList();
     return;
   }
+  TellPlayerFileLeftAlone(gameIndex);
   if (session.StarterDeckFlag == 0 && !ChooseDeck()) {
     if (Desktop().Ending()) return;
     before.PutBack();

@@ -1,7 +1,6 @@
 // Writing the player file, and the end of a game.
 #include "game/player_files.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "core/cards.h"
@@ -17,6 +16,7 @@
 #include "data/saving.h"
 #include "game/card_refresh.h"
 #include "game/card_sorting.h"
+#include "game/player_file_names.h"
 #include "game/windows.h"
 #include "text/text.h"
 
@@ -43,11 +43,6 @@ std::string PlayerFileText() {
   }
   AppendCards(out, session.Collection, "COLLECTION");
   return out;
-}
-
-bool FitsFileName(char character) {
-  return static_cast<unsigned char>(character) >= 0x20 &&
-         kNotInFileNames.find(character) == std::string_view::npos;
 }
 
 /// Once for each damage: a copy that is there already has been told of.
@@ -91,21 +86,6 @@ bool ReadPlayerFile(std::string_view fileName) {
   return true;
 }
 
-std::string PlayerFileName(int gameIndex) {
-  const Session& session = State();
-  if (!session.Games.Holds(gameIndex)) return "";
-  std::string name = Joined(session.Profile.PlayerName, "_", session.Games[gameIndex].Name, ".plr");
-  std::replace_if(
-      name.begin(), name.end(), [](char character) { return !FitsFileName(character); }, '_');
-  return name;
-}
-
-std::string OwnPlayerFileName() {
-  const Session& session = State();
-  return session.CurrentGame != 0 ? PlayerFileName(session.CurrentGame)
-                                  : FileNameOf(session.Profile.PlayerFile);
-}
-
 namespace {
 
 /// The second and third deck count as well: a player may have put everything there.
@@ -130,6 +110,7 @@ void WritePlayerFile(std::string_view fileName) {
   if (!OwnsCards()) return;
   EnterProgramFolder();
   if (!SaveOrTell(InCurrentFolder(name), name, PlayerFileText())) return;
+  session.Profile.RulesFile = RulesOfOwnFile();
   session.Profile.PlayerFile = name;
   SaveProfiles();
 }

@@ -9,14 +9,6 @@ namespace brindlemoor {
 /// Tokens of a player who has no stored file yet.
 inline constexpr int kFirstTokens = 500;
 
-/// Name of the player file of the current profile for a game: "Ann_Goblins.plr". What a file name
-/// can't hold is written as "_". "" for a number that is no game.
-std::string PlayerFileName(int gameIndex);
-
-/// The player file in use: that of the game in progress, or at the list of games the one that was
-/// read there. "" for none.
-std::string OwnPlayerFileName();
-
 /// Reads a player file for side 1. What is wrong in it would be gone with the next save: then a
 /// copy of the file is kept beside it, and a message says so. False for a file that is there and
 /// can't be read to its end, which a message says: nothing has changed, and nothing must be saved

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "core/card_files.h"
 #include "core/cards.h"
 #include "core/limits.h"
 #include "core/paths.h"
@@ -90,7 +91,7 @@ Step DuplicateMe(Run& run) { return QueueCopies(run, run.Source); }
 
 Step CreateCard(Run& run) {
   const auto file = run.Argument(3);
-  const std::string path = ResolvePath(file, 0);
+  const std::string path = TakeReferencedFile(file);
   if (path.empty()) {
     run.Show(Joined("<br>File not found:", file, "<br>"));
     return Step::kNext;

@@ -16,6 +16,7 @@
 #include "data/profiles.h"
 #include "game/game_list.h"
 #include "game/match_start.h"
+#include "game/player_file_names.h"
 #include "game/player_files.h"
 #include "game/program_start.h"
 #include "game/turn.h"

@@ -134,8 +134,9 @@ std::string Stage::Seat(const Contender& side1, const Contender& side2) {
   ReapplyTraitActions(1);
   RefreshPlayers();
   session.MasterCards.Reset(1);
-  // The end of a match saves the player of a game; without the list there is nothing to save.
-  session.Games.Reset(0);
+  // The end of a match saves the player of a game; for one without a name there is nothing to save.
+  session.Games.Reset(gameIndex_);
+  session.Games[gameIndex_].Folder = folder;
   session.Log = log_;
   seated_ = session;
   return "";

@@ -7,6 +7,7 @@
 #include "core/state.h"
 #include "game/card_sorting.h"
 #include "game/deck_rules.h"
+#include "game/player_file_names.h"
 #include "game/player_files.h"
 #include "pages/card_pages.h"
 #include "pages/page_files.h"

@@ -11,6 +11,7 @@
 #include "data/saving.h"
 #include "data/starter_deck_file.h"
 #include "game/game_list.h"
+#include "game/player_file_names.h"
 #include "game/player_files.h"
 #include "language/traits.h"
 #include "script/card_setup.h"

@@ -8,6 +8,7 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "game/plans.h"
+#include "game/player_file_names.h"
 #include "game/player_files.h"
 #include "game/program_start.h"
 #include "game/turn.h"

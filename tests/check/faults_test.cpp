@@ -61,24 +61,28 @@ TEST_F(FaultsTest, EveryFaultyFileHasItsFindingAndNoOther) {
     EXPECT_EQ(found, ExpectedIn(entry.path())) << entry.path().filename();
   }
   EXPECT_GT(files, 30);
-  // Traits and decks need a whole game, a quote can't stand in a file, and files here can be read.
-  const std::set<FindingCode> elsewhere = {FindingCode::kUnreadable, FindingCode::kQuote,
-                                           FindingCode::kTraitNeverGiven, FindingCode::kDeckRule};
+  // Traits, decks and shared names need a whole game, a quote can't stand in a file, and files here
+  // can be read.
+  const std::set<FindingCode> elsewhere = {
+      FindingCode::kUnreadable, FindingCode::kQuote,         FindingCode::kTraitNeverGiven,
+      FindingCode::kDeckRule,   FindingCode::kDuplicateGame, FindingCode::kDuplicateFile};
   for (const FindingRow& row : FindingRows()) {
     EXPECT_NE(codes.contains(row.Code), elsewhere.contains(row.Code)) << row.Word;
   }
 }
 
 TEST_F(FaultsTest, AGameIsCheckedAcrossItsFiles) {
-  const fs::path folder = Here() / "game_faults";
-  const CheckResult result = CheckPaths({folder.string()});
-  std::vector<std::string> found;
-  for (const Finding& finding : result.Findings) {
-    found.push_back(fs::path(finding.File).lexically_relative(folder).string() + " " +
-                    Shown(finding));
+  for (const auto& [name, files] : {std::pair("game_faults", 2), std::pair("shared_names", 4)}) {
+    const fs::path folder = Here() / name;
+    const CheckResult result = CheckPaths({folder.string()});
+    std::vector<std::string> found;
+    for (const Finding& finding : result.Findings) {
+      found.push_back(fs::path(finding.File).lexically_relative(folder).string() + " " +
+                      Shown(finding));
+    }
+    EXPECT_EQ(found, ExpectedIn(folder / "Lanterns.txt"));
+    EXPECT_EQ(result.Files, files);
   }
-  EXPECT_EQ(found, ExpectedIn(folder / "Lanterns.txt"));
-  EXPECT_EQ(result.Files, 2);
 }
 
 // The whole of them, the folder of one game's opponents alone, and each file by itself.

@@ -2,6 +2,7 @@
 #include "editor/editor_opening.h"
 
 #include "game/match_start.h"
+#include "game/player_file_names.h"
 #include "game/player_files.h"
 #include "game/program_start.h"
 #include "game/turn.h"

@@ -200,8 +200,8 @@ TEST_F(StrangeFolderTest, AFileOfThePlayerThatLeadsElsewhereIsNeitherReadNorRepl
     SaveProfiles();
     const std::string why =
         isPipe ? "it is a pipe" : "it is a link that leads out of the program's folder";
-    const std::vector<std::string> told = {Joined("Can't read ", kOwnFile, ": ", why, "."),
-                                           Joined("Can't read PlayerProfiles.txt: ", why, "."),
+    const std::vector<std::string> told = {Joined("Can't read PlayerProfiles.txt: ", why, "."),
+                                           Joined("Can't read ", kOwnFile, ": ", why, "."),
                                            "Can't save PlayerProfiles.txt: it can't be read."};
     EXPECT_EQ(desktop_->Messages, told);
     for (const char* name : {kOwnFile, "PlayerProfiles.txt"}) {
