@@ -11,7 +11,7 @@
 #include "images/folder_pictures.h"
 #include "journal/journal_writer.h"
 #include "platform/files.h"
-#include "platform/program_copy.h"
+#include "platform/passing_names.h"
 #include "text/fold.h"
 #include "text/hash.h"
 #include "text/text.h"

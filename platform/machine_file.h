@@ -49,6 +49,9 @@ std::string WriteToDevice(const std::string& path, std::string_view bytes);
 /// already.
 std::string RemoveFile(const std::string& path);
 
+/// What a folder holds is there after a loss of power, too, where the system can promise that.
+void FlushFolder(const std::string& folder);
+
 /// A file that grows line by line; it did not exist before.
 class GrowingFile {
  public:
@@ -69,6 +72,13 @@ class GrowingFile {
   int file_ = -1;
   std::string path_;
 };
+
+/// Whether this system lets files be held: where not, every program holds all of them.
+#ifdef BRINDLEMOOR_POSIX_FILES
+inline constexpr bool kFilesAreHeld = true;
+#else
+inline constexpr bool kFilesAreHeld = false;
+#endif
 
 /// A file that one program at a time holds, and that is gone with it.
 class HeldFile {

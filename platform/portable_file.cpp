@@ -7,9 +7,9 @@
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
-#include <random>
 #include <system_error>
 
+#include "platform/passing_names.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -38,11 +38,6 @@ EntryKind KindOfType(fs::file_type type) {
     default:
       return EntryKind::kOther;
   }
-}
-
-std::string NameBeside() {
-  std::random_device random;
-  return Joined(".brindlemoor-", random(), "-", random(), "-", random(), ".part~");
 }
 
 /// "" or what went wrong.
@@ -109,7 +104,7 @@ std::string ReplaceFile(const std::string& path, std::string_view bytes) {
       !std::fstream(path, std::ios::binary | std::ios::in | std::ios::out)) {
     return Reason(std::errc::permission_denied);
   }
-  const fs::path beside = fs::path(path).parent_path() / NameBeside();
+  const fs::path beside = fs::path(path).parent_path() / PassingName(kPartEnding);
   std::string problem = WriteNewFile(beside, bytes);
   std::error_code failure;
   if (problem.empty()) {
@@ -134,6 +129,8 @@ std::string RemoveFile(const std::string& path) {
   fs::remove(path, failure);
   return failure ? failure.message() : "";
 }
+
+void FlushFolder(const std::string&) {}
 
 GrowingFile::~GrowingFile() = default;
 

@@ -7,13 +7,13 @@
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
-#include <random>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
 
+#include "platform/passing_names.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -110,20 +110,6 @@ int WriteNewFile(const std::string& path, std::string_view bytes, const struct s
   return written ? 0 : errno;
 }
 
-/// Its length does not grow with that of the file's name, which may be as long as the system
-/// allows.
-std::string NameBeside() {
-  constexpr std::string_view kDigits = "0123456789abcdef";
-  std::random_device random;
-  std::string name = ".brindlemoor-";
-  for (int word = 0; word < 4; ++word) {
-    for (unsigned rest = random(), digit = 0; digit < 8; ++digit, rest >>= 4U) {
-      name += kDigits[rest & 0xFU];
-    }
-  }
-  return name += ".part~";
-}
-
 /// Why a file may not take the place of what is there; "" when it may.
 std::string RefuseReplacing(const std::string& path, const struct stat& old) {
   if (S_ISLNK(old.st_mode)) return "";
@@ -181,7 +167,7 @@ std::string ReplaceFile(const std::string& path, std::string_view bytes) {
   std::string beside;
   int error = EEXIST;
   for (int attempt = 0; attempt < kNameAttempts && error == EEXIST; ++attempt) {
-    beside = folder + NameBeside();
+    beside = folder + PassingName(kPartEnding);
     error = WriteNewFile(beside, bytes, keepsRights ? &old : nullptr);
   }
   if (error == EEXIST) return Reason(error);
@@ -190,9 +176,13 @@ std::string ReplaceFile(const std::string& path, std::string_view bytes) {
     ::unlink(beside.c_str());
     return Reason(error);
   }
+  FlushFolder(folder);
+  return "";
+}
+
+void FlushFolder(const std::string& folder) {
   const OpenFile entries(folder, O_RDONLY | O_DIRECTORY);
   if (entries.IsOpen()) Flush(entries.Descriptor());
-  return "";
 }
 
 std::string WriteToDevice(const std::string& path, std::string_view bytes) {

@@ -1,6 +1,7 @@
 // Taking the lowest free number.
 #include "platform/program_copy.h"
 
+#include "platform/passing_names.h"
 #include "text/text.h"
 
 namespace brindlemoor {

@@ -2,14 +2,10 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "platform/machine_file.h"
 
 namespace brindlemoor {
-
-/// What the names of the program's own passing files begin with.
-inline constexpr std::string_view kPassingFile = ".brindlemoor-";
 
 /// One of the programs that run on a folder at the same time. Each holds a small file of the folder
 /// that says its number; the file goes with it, and a crash lets go of it, too.

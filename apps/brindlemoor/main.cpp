@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "apps/brindlemoor/folder_filling.h"
 #include "apps/brindlemoor/options.h"
 #include "apps/brindlemoor/program_folder.h"
 #include "core/program_version.h"
@@ -102,6 +103,7 @@ int Play(const Options& options) {
     Say(*desktop, place.Error);
     return kFailed;
   }
+  RemoveOldParts(place.Folder);
   const ProgramCopy copy(place.Folder);
   JournalWriter journal;
   if (!options.Journal.empty()) {
@@ -215,6 +217,7 @@ int RunDesktop(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   OpenStandardStreams();
+  LetWritesFail();
   const int code = RunProgram(
       "brindlemoor", [&] { return RunDesktop(argc, argv); }, kFailed);
   if (std::fflush(stdout) == 0) return code;

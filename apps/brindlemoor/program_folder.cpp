@@ -2,11 +2,15 @@
 #include "apps/brindlemoor/program_folder.h"
 
 #include <filesystem>
+#include <optional>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
-#include "platform/files.h"
+#include "apps/brindlemoor/folder_filling.h"
 #include "platform/machine_file.h"
+#include "platform/machine_folder.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 
@@ -15,11 +19,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* kFolderName = "brindlemoor";
-
-bool DeclaresGame(const fs::path& file) {
-  const auto text = LocalFileSystem().Read(file.string());
-  return text && text->find("#GAMERULES") != std::string::npos;
-}
 
 /// The folder can be listed and written, or why not.
 ProgramFolderResult Checked(const fs::path& folder) {
@@ -38,32 +37,42 @@ ProgramFolderResult Checked(const fs::path& folder) {
   return {name, ""};
 }
 
-/// The tools and notes of those who make the games stay behind.
-bool BelongsToGame(const fs::path& file) {
-  return file.extension() != ".py" && file.extension() != ".md";
+/// Whether a folder holds games; nothing when that can't be seen, because something is unreadable.
+std::optional<bool> LookForGames(const std::string& folder) {
+  if (KindOfTarget(folder) == EntryKind::kNothing) return false;
+  bool isSeen = true;
+  std::error_code error;
+  fs::directory_iterator entry(folder, error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+    std::error_code ignored;
+    if (entry->path().extension() != ".txt" || !entry->is_regular_file(ignored)) continue;
+    const FileContent content = ReadRegularFile(entry->path().string());
+    if (content.Bytes && content.Bytes->find("#GAMERULES") != std::string::npos) return true;
+    isSeen = isSeen && content.Bytes.has_value();
+  }
+  return isSeen && !error ? std::optional(false) : std::nullopt;
 }
 
-/// Copies a folder with all that is in it; what is there already stays as it is. "" or what went
-/// wrong.
-std::string CopyGames(const fs::path& from, const fs::path& to) {
-  std::error_code error;
-  fs::create_directories(to, error);
-  LocalFileSystem files;
-  files.KeepTo(to.string());
-  std::string problem;
-  fs::recursive_directory_iterator entry(from, error);
-  for (const fs::recursive_directory_iterator end; !error && problem.empty() && entry != end;
-       entry.increment(error)) {
-    const fs::path target = to / entry->path().lexically_relative(from);
-    const bool isCopied = !entry->is_directory(error) && !error && BelongsToGame(target) &&
-                          KindOf(target.string()) == EntryKind::kNothing;
-    if (error) break;
-    if (!isCopied) continue;
-    fs::create_directories(target.parent_path(), error);
-    const FileContent content = ReadRegularFile(entry->path().string());
-    problem = content.Bytes ? files.Write(target.string(), *content.Bytes) : content.Problem;
+/// The same for the user's folder, which has none as long as they are not all there.
+std::optional<bool> HasAllGames(const std::string& folder) {
+  return IsUnfilled(folder) ? false : LookForGames(folder);
+}
+
+std::string CantCopy(const std::string& folder, const std::string& problem) {
+  return Joined("The games can't be copied to \"", folder, "\": ", problem, ".");
+}
+
+/// Fills the user's folder from the first place that has games. "" or what is wrong.
+std::string Fill(const std::vector<std::string>& shipped, const std::string& folder) {
+  for (const std::string& games : shipped) {
+    if (!LookForGames(games).value_or(true)) continue;
+    const std::string problem = FillFolder(games, folder);
+    return problem.empty() ? "" : CantCopy(folder, problem);
   }
-  return error ? error.message() : problem;
+  if (HoldsGames(folder)) return "";
+  return Joined("There are no games in \"", folder,
+                "\", and none were installed with the program.  Name a folder with games on the "
+                "command line.");
 }
 
 ProgramFolderResult UserFolder(const FolderChoice& choice) {
@@ -74,34 +83,29 @@ ProgramFolderResult UserFolder(const FolderChoice& choice) {
     }
     base = fs::path(choice.Home) / ".local" / "share";
   }
-  const fs::path folder = base / kFolderName;
-  if (HoldsGames(folder.string())) return Checked(folder);
-  for (const std::string& games : choice.ShippedGames) {
-    if (!HoldsGames(games)) continue;
-    if (const std::string problem = CopyGames(games, folder); !problem.empty()) {
-      return {"", "The games can't be copied to \"" + folder.string() + "\": " + problem + "."};
-    }
-    return Checked(folder);
+  const std::string folder = (base / kFolderName).string();
+  std::optional<FillingTurn> turn;
+  const bool isFilled = HasAllGames(folder).value_or(true);
+  if (!isFilled) {
+    const std::string problem = MakeFolder(base.string());
+    if (!problem.empty()) return {"", CantCopy(folder, problem)};
   }
-  return {"", "There are no games in \"" + folder.string() +
-                  "\", and none were installed with the program.  Name a folder with games on the "
-                  "command line."};
+  if (!isFilled || FillingTurn::IsDue(folder)) turn.emplace(folder, !isFilled);
+  // Another start may have filled it meanwhile.
+  const std::optional<bool> hasGames = HasAllGames(folder);
+  std::string problem = hasGames ? "" : Checked(folder).Error;
+  if (!hasGames && problem.empty()) {
+    problem = Joined("The text files of \"", folder, "\" can't all be read, so it can't be told ",
+                     "whether there are games.");
+  } else if (problem.empty() && !*hasGames) {
+    problem = Fill(choice.ShippedGames, folder);
+  }
+  return problem.empty() ? Checked(folder) : ProgramFolderResult{"", std::move(problem)};
 }
 
 }  // namespace
 
-bool HoldsGames(const std::string& folder) {
-  std::error_code error;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    const fs::path& file = entry->path();
-    std::error_code ignored;
-    if (file.extension() == ".txt" && entry->is_regular_file(ignored) && DeclaresGame(file)) {
-      return true;
-    }
-  }
-  return false;
-}
+bool HoldsGames(const std::string& folder) { return LookForGames(folder).value_or(false); }
 
 ProgramFolderResult FindProgramFolder(const FolderChoice& choice) {
   if (!choice.Argument.empty()) return Checked(choice.Argument);

@@ -7,6 +7,7 @@
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -108,6 +109,16 @@ int close(int descriptor) {
 int rename(const char* from, const char* to) {
   static auto* const real = Real<int(const char*, const char*)>("rename");
   return Fails() ? -1 : real(from, to);
+}
+
+int mkdir(const char* path, mode_t mode) {
+  static auto* const real = Real<int(const char*, mode_t)>("mkdir");
+  return Fails() ? -1 : real(path, mode);
+}
+
+int unlink(const char* path) {
+  static auto* const real = Real<int(const char*)>("unlink");
+  return Fails() ? -1 : real(path);
 }
 
 DIR* opendir(const char* path) {

@@ -86,6 +86,23 @@ class FirstStart(harness.WindowTest):
         games = list((self.folder / "data" / "brindlemoor").glob("*.txt"))
         self.assertTrue(any("#GAMERULES" in game.read_text(encoding="utf-8") for game in games))
 
+    def test_a_first_start_that_fails_is_told_of_and_mended(self):
+        data = self.folder / "data"
+        home = {"XDG_DATA_HOME": str(data)}
+        limited = harness.Program(self.display, self.folder, environment=home, file_size=20_000)
+        self.addCleanup(limited.stop)
+        message = limited.wait_for("dialog").text
+        self.assertIn("The games can't be copied", message)
+        self.assertIn("too large", message)
+        limited.click("button", "OK")
+        self.assertEqual(limited.wait_for_end(), 1)
+        self.assertEqual([entry.name for entry in data.iterdir()], [], "something was left")
+        self.started = harness.Program(self.display, self.folder, environment=home)
+        self.addCleanup(self.started.stop)
+        self.started.wait_for("window", "ProfileMenu")
+        self.assertTrue((data / "brindlemoor" / "Wickwater.txt").exists())
+        self.close_and_check(CHOOSER)
+
     def test_a_folder_that_cannot_be_used_is_named(self):
         run = self.start(self.folder / "nowhere")
         self.assertIn("nowhere", run.wait_for("dialog").text)

@@ -6,6 +6,7 @@ and links are, clicks there with xdotool and looks at window titles, files and t
 
 import ctypes
 import os
+import resource
 import shutil
 import signal
 import subprocess
@@ -165,7 +166,8 @@ def _send_delete_window(display_name, window):
 class Program:
     """The running program and what of it can be seen."""
 
-    def __init__(self, display, folder, *arguments, environment=None):
+    def __init__(self, display, folder, *arguments, environment=None, file_size=None):
+        """file_size is the most bytes that its files may have, None for no bound."""
         self.display = display
         self.folder = Path(folder)
         self._scratch = Path(tempfile.mkdtemp(prefix="brindlemoor-run-"))
@@ -175,7 +177,9 @@ class Program:
                      "BRINDLEMOOR_TEST_GEOMETRY": str(self._report), **(environment or {})}
         self.process = subprocess.Popen([program(), *map(str, arguments)], env=variables,
                                         stdout=subprocess.DEVNULL, stderr=self._errors,
-                                        start_new_session=True)
+                                        start_new_session=True,
+                                        preexec_fn=file_size and (lambda: resource.setrlimit(
+                                            resource.RLIMIT_FSIZE, (file_size, file_size))))
 
     def errors(self):
         self._errors.flush()

@@ -1,11 +1,16 @@
 // Which folder the program takes.
 #include "apps/brindlemoor/program_folder.h"
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <thread>
 #include <unistd.h>
+
+#include "apps/brindlemoor/folder_filling.h"
+#include "platform/machine_file.h"
 
 namespace brindlemoor {
 namespace {
@@ -69,8 +74,55 @@ TEST_F(ProgramFolderTest, TheFirstStartCopiesTheGamesAndLaterOnesLeaveThemAlone)
   EXPECT_FALSE(fs::exists(Path("data/brindlemoor/pebbles/Miller.txt")));
 }
 
+TEST_F(ProgramFolderTest, WhatKilledStartsLeftIsTakenAwayAndNothingElse) {
+  const std::string digits(32, 'a');
+  const std::string half = "data/.brindlemoor-" + digits + ".new~";
+  Write(half + "/Pebbles.txt", "half");
+  Write("data/.brindlemoor-mine.new~/Pebbles.txt", "the user's");
+  Write("elsewhere/file", "behind a link");
+  fs::create_directory_symlink(Path("elsewhere"), root_ / half / "link");
+  ASSERT_EQ(FindProgramFolder(choice_).Error, "");
+  EXPECT_FALSE(fs::exists(Path(half)));
+  EXPECT_TRUE(fs::exists(Path("data/.brindlemoor-mine.new~/Pebbles.txt")));
+  EXPECT_TRUE(fs::exists(Path("elsewhere/file")));
+
+  // A start that another one has begun meanwhile holds its folder.
+  Write(half + "/Pebbles.txt", "half");
+  {
+    HeldFile other;
+    ASSERT_TRUE(other.Take(Path("data/.brindlemoor-filling.lock")));
+    Write("data/brindlemoor/.brindlemoor-filling", "begun");
+    std::thread end([&] {
+      std::this_thread::sleep_for(std::chrono::milliseconds(200));
+      EXPECT_TRUE(fs::exists(Path(half)));
+      fs::remove(Path("data/brindlemoor/.brindlemoor-filling"));
+      fs::remove_all(Path(half));
+      fs::remove(Path("data/.brindlemoor-filling.lock"));
+    });
+    EXPECT_EQ(FindProgramFolder(choice_).Error, "");
+    end.join();
+  }
+}
+
+TEST_F(ProgramFolderTest, OnlyOldPartsOfSavesAreRemoved) {
+  const std::string names[] = {"data/.brindlemoor-aa.part~", "data/low/.brindlemoor-bb.part~",
+                               "data/.brindlemoor-cc.part~", "data/Ann.part~",
+                               "data/.brindlemoor-1.lock"};
+  for (const std::string& name : names) {
+    Write(name, "");
+    const auto age = std::chrono::hours(name.find("cc") == name.npos ? 25 : 23);
+    fs::last_write_time(Path(name), fs::file_time_type::clock::now() - age);
+  }
+  RemoveOldParts(Path("data"));
+  for (const std::string& name : names) {
+    const bool isOldPart = name == names[0] || name == names[1];
+    EXPECT_EQ(fs::exists(Path(name)), !isOldPart) << name;
+  }
+}
+
 TEST_F(ProgramFolderTest, WhatIsWrongIsSaid) {
   Write("data/file", "");
+  Write("taken/brindlemoor", "a file");
   const struct {
     std::string Argument, DataHome, Home;
     bool Shipped;
@@ -81,12 +133,14 @@ TEST_F(ProgramFolderTest, WhatIsWrongIsSaid) {
       {"", "", "", true, "no home folder"},
       {"", Path("data/file"), "", true, "can't be copied"},
       {"", Path("data"), "", false, "There are no games"},
+      {"", Path("taken"), "", true, "is not a folder"},
   };
   for (const auto& row : cases) {
     choice_.Argument = row.Argument;
     choice_.DataHome = row.DataHome;
     choice_.Home = row.Home;
-    if (!row.Shipped) choice_.ShippedGames.clear();
+    choice_.ShippedGames.clear();
+    if (row.Shipped) choice_.ShippedGames = {Path("shipped")};
     const ProgramFolderResult result = FindProgramFolder(choice_);
     EXPECT_EQ(result.Folder, "");
     EXPECT_NE(result.Error.find(row.Words), std::string::npos) << result.Error;
