@@ -37,7 +37,7 @@ class Text {
   }
   Text(Text&& other) noexcept : rep_(std::exchange(other.rep_, nullptr)) {}
   /// Assigning what is there already, as a snapshot that is put back mostly does, writes nothing.
-  Text& operator=(const Text& other) noexcept {
+  Text& operator=(const Text& other) noexcept {  // NOLINT(bugprone-unhandled-self-assignment)
     if (rep_ != other.rep_) Replace(other);
     return *this;
   }
