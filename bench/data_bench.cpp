@@ -9,6 +9,7 @@
 #include "data/card_reader.h"
 #include "data/profiles.h"
 #include "game/player_files.h"
+#include "game/player_saving.h"
 #include "script/card_setup.h"
 
 namespace brindlemoor {

@@ -58,6 +58,7 @@ constexpr auto kFieldRows = std::to_array<FieldRow>({
     {"#DECKRULES", 1, &F::DeckRules},
     {"#TRAITACTION", 1, &F::TraitActionName},
     {"#RULESCARD", 0, &F::NewCard}, {"#COSTCARD", 0, &F::NewCard},
+    {"#DECKNAME", 1, &F::DeckNumber},
     {"#TOKENS", 1, &F::Number}, {"#TEMPLATEDATA", 3, &F::Number}, {"#DUPLICATE", 1, &F::Number},
     {"#TRAIT", 1, &F::Trait},
     {"#EFFECT", 1, &F::Target}, {"#EFFECT", 2, &F::Trigger}, {"#EFFECT", 3, &F::Script},

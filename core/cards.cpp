@@ -71,6 +71,8 @@ void PutFreeElementFirst(Pile& pile) {
   if (free != 1) std::swap(pile[1], pile[free]);
 }
 
+std::string DefaultDeckName(int deck) { return Joined("Deck #", deck); }
+
 int SellValue(const Card& card) { return card.Rarity / 10 + 1; }
 
 Card* OwnerCard(const Card& card) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "core/records.h"
@@ -37,6 +38,9 @@ void ShuffleCards(Pile& pile);
 /// Brings a free element of a draw pile to position 1, which is never drawn; where there is none,
 /// one is made.
 void PutFreeElementFirst(Pile& pile);
+
+/// The name of a deck that the player has not named: "Deck #1".
+std::string DefaultDeckName(int deck);
 
 /// What the store pays for a card: Rarity / 10, rounded down, plus 1.
 int SellValue(const Card& card);

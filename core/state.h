@@ -3,6 +3,8 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -75,6 +77,10 @@ struct Session {
   std::uint8_t CurrentDeck = 1;
   Table<ProfileRec> Profiles;
   ProfileRec Profile;  ///< PlayerName, PlayerFile, RulesFile in use
+  /// Hashes of player files, by path, as this program read or wrote them last.
+  std::map<std::string, std::string, std::less<>> PlayerFilesSeen;
+  std::string FileLeftAlone;    ///< hash of a changed player file that the user wants to keep
+  std::string OwnedWhenStored;  ///< hash of what the player owned at the last read or save
 
   // Games and files.
   Table<GameRec> Games;

@@ -78,4 +78,8 @@ std::string_view Trimmed(std::string_view text) noexcept {
   return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
 }
 
+std::string CountText(int count, std::string_view what) {
+  return Joined(count, " ", what, count == 1 ? "" : "s");
+}
+
 }  // namespace brindlemoor

@@ -61,4 +61,7 @@ std::int32_t ColorValue(std::string_view color);
 /// Takes a colour value apart: for "#RRGGBB", high is RR, middle is GG, low is BB.
 void SplitColor(std::int32_t value, int& low, int& middle, int& high);
 
+/// "1 image", "3 images".
+std::string CountText(int count, std::string_view what);
+
 }  // namespace brindlemoor

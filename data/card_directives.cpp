@@ -194,6 +194,16 @@ void CardReader::Tokens(const DirectiveRow&) {
   player_.Tokens = ReadWholeNumber(Field(0), "the number of tokens", kLeast, kMost);
 }
 
+void CardReader::NameOfDeck(const DirectiveRow&) {
+  // Only a file of the player may name the player's decks.
+  if (&player_ != &State().Players[1]) return;
+  const int current = deckNumber_;
+  if (ReadDeckNumber(Field(0)) && !Field(1).empty()) {
+    State().Decks[deckNumber_].DeckName = Field(1);
+  }
+  deckNumber_ = current;
+}
+
 void CardReader::TemplateData(const DirectiveRow& row) {
   Table<Template>& templates = State().Templates;
   const int last = LastPosition(kTemplatePile);

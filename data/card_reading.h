@@ -40,6 +40,7 @@ class CardReader {
   void DeckRules(const DirectiveRow& row);
   void TraitAction(const DirectiveRow& row);
   void Tokens(const DirectiveRow& row);
+  void NameOfDeck(const DirectiveRow& row);
   void TemplateData(const DirectiveRow& row);
   void Nothing(const DirectiveRow& row);
   void BeginRulesCard(const DirectiveRow& row);

@@ -29,7 +29,7 @@ bool IsDirectiveCase(std::string_view text) {
 }  // namespace
 
 // clang-format off
-const std::array<DirectiveRow, 28> kDirectiveRows = {{
+const std::array<DirectiveRow, 29> kDirectiveRows = {{
     {"#INCLUDE", 2, &R::Include, kNoPile, false, "file, location",
      "reads another file; the location, when not empty, replaces that of its ordinary cards"},
     {"#STARTERDECK", 0, &R::StarterDeck, kNoPile, false, "",
@@ -61,6 +61,8 @@ const std::array<DirectiveRow, 28> kDirectiveRows = {{
     {"#REFCOLLECTION", 2, &R::Reference, kCollectionPile, false, kReference,
      "a copy of another file's card in the collection"},
     {"#TOKENS", 1, &R::Tokens, kNoPile, false, "number", "the player's tokens"},
+    {"#DECKNAME", 2, &R::NameOfDeck, kNoPile, false, "deck number, name",
+     "what the player has called one of their decks; counts in the player's own file"},
     {"#TEMPLATE", 6, &R::ShortCard, kTemplatePile, false, kShortLine, "a template of the editor"},
     {"#TEMPLATEDATA", 3, &R::TemplateData, kNoPile, false,
      "background, thumbnail border, border colour", "the pictures of the last template"},

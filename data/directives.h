@@ -55,7 +55,7 @@ struct ForeignDirectiveRow {
   std::string_view Meaning;  ///< one line for authors
 };
 
-extern const std::array<DirectiveRow, 28> kDirectiveRows;
+extern const std::array<DirectiveRow, 29> kDirectiveRows;
 extern const std::array<ForeignDirectiveRow, 4> kForeignDirectiveRows;
 extern const std::array<LocationRow, 12> kLocationRows;
 

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <optional>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -14,9 +16,11 @@
 #include "data/field_stream.h"
 #include "data/field_text.h"
 #include "data/saving.h"
+#include "platform/passing_names.h"
 #include "text/encoding.h"
 #include "text/file_names.h"
 #include "text/fold.h"
+#include "text/hash.h"
 
 namespace brindlemoor {
 
@@ -62,24 +66,47 @@ std::optional<std::vector<ProfileRec>> ProfilesOfFile(const std::string& path) {
   return profiles;
 }
 
-bool HasProfile(const Text& name) {
-  for (const ProfileRec& profile : State().Profiles) {
-    if (profile.PlayerName == name) return true;
-  }
-  return false;
+bool IsAmong(const std::vector<ProfileRec>& profiles, const Text& name) {
+  return std::ranges::find(profiles, name, &ProfileRec::PlayerName) != profiles.end();
 }
 
-/// Adds what the file has and the table has not: the file could not be read when the table was
-/// filled, or another program has written it since. False when it can't be read now.
-bool AddProfilesOfFile() {
+/// Takes the lines of the file for all players but the present one: another program may have
+/// written it since. False when it can't be read now.
+bool TakeProfilesOfFile() {
   const std::string path = InProgramFolder(kListFile);
-  const auto stored = ProfilesOfFile(IsThere(Desktop().Files(), path) ? path : "");
-  if (!stored) return false;
-  for (const ProfileRec& profile : *stored) {
-    if (!HasProfile(profile.PlayerName)) State().Profiles.Append(profile);
+  auto profiles = ProfilesOfFile(IsThere(Desktop().Files(), path) ? path : "");
+  if (!profiles) return false;
+  Table<ProfileRec>& table = State().Profiles;
+  for (const ProfileRec& profile : table) {
+    if (!profile.PlayerName.empty() && !IsAmong(*profiles, profile.PlayerName)) {
+      profiles->push_back(profile);
+    }
   }
+  if (profiles->empty()) return true;
+  table.Resize(0);
+  for (const ProfileRec& profile : *profiles) table.Append(profile);
   return true;
 }
+
+/// The list between its read and its write is one program's alone. One that is stuck is not waited
+/// for any longer.
+class ListInHand {
+ public:
+  ListInHand() {
+    using namespace std::chrono_literals;
+    constexpr int kLooks = 100;
+    for (int look = 0; look < kLooks; ++look) {
+      if (Desktop().Files().Hold(path_) != HoldResult::kByAnother) return;
+      std::this_thread::sleep_for(20ms);
+    }
+  }
+  ~ListInHand() { Desktop().Files().LetGo(path_); }
+  ListInHand(const ListInHand&) = delete;
+  ListInHand& operator=(const ListInHand&) = delete;
+
+ private:
+  const std::string path_ = InProgramFolder(Joined(kPassingFile, "profiles.lock"));
+};
 
 int Characters(std::string_view text) {
   int count = 0;
@@ -102,6 +129,11 @@ bool BelongsToPlayers(std::string_view path) {
           FoldEquals(std::string_view(name).substr(name.size() - kPlayerFile.size()), kPlayerFile));
 }
 
+bool HoldPlayer(std::string_view name) {
+  const std::string lock = Joined(kPassingFile, "player-", HashOf(name), ".lock");
+  return Desktop().Files().Hold(InProgramFolder(lock)) != HoldResult::kByAnother;
+}
+
 void LoadProfiles() {
   Table<ProfileRec>& profiles = State().Profiles;
   profiles.Resize(0);
@@ -118,8 +150,9 @@ void LoadProfiles() {
 
 void SaveProfiles() {
   Session& session = State();
+  const ListInHand list;
   if (session.Profiles.UpperBound() == 0) LoadProfiles();
-  if (!AddProfilesOfFile()) {
+  if (!TakeProfilesOfFile()) {
     Desktop().MessageBox(Joined("Can't save ", kListFile, ": it can't be read."));
     return;
   }

@@ -11,6 +11,8 @@ namespace brindlemoor {
 void LoadProfiles();
 /// Writes the list, the current profile copied onto its line. Says so when that fails.
 void SaveProfiles();
+/// Takes a player for this program, to its end. False when another program on the folder has them.
+bool HoldPlayer(std::string_view name);
 /// True for the files that the program writes for its players: player files and the profile list.
 bool BelongsToPlayers(std::string_view path);
 

@@ -21,6 +21,10 @@ std::string WellFormed(std::string_view text) {
 
 }  // namespace
 
+std::string TextAsSaved(std::string_view text) {
+  return IsUtf8(text) ? std::string(text) : WellFormed(text);
+}
+
 std::string SaveText(const std::string& path, std::string_view text) {
   FileSystem& files = Desktop().Files();
   return IsUtf8(text) ? files.Write(path, text) : files.Write(path, WellFormed(text));

@@ -6,6 +6,9 @@
 
 namespace brindlemoor {
 
+/// A text as it is saved: valid UTF-8.
+std::string TextAsSaved(std::string_view text);
+
 /// Writes a text to a path as valid UTF-8. Returns "" or what went wrong; then the old file is as
 /// it was.
 std::string SaveText(const std::string& path, std::string_view text);

@@ -4,6 +4,7 @@
 #include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
+#include "core/strings.h"
 #include "editor/card_edit.h"
 #include "editor/image_composer.h"
 #include "ui/forms.h"

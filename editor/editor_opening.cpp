@@ -55,7 +55,7 @@ void PutSessionBack(Session before) {
 void ShowGameAgain(const std::string& report) {
   MainWindow& window = TheMainWindow();
   const Session& session = State();
-  window.debugmen.Checked = session.DebugMode == 1;
+  window.ShowDebugMode();
   window.Command1.Caption = session.GameOver == 1 ? "End Game" : "Take Turn";
   if (session.CurrentGame == 0) {
     HideHand();

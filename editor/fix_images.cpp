@@ -7,6 +7,7 @@
 #include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
+#include "core/strings.h"
 #include "data/saving.h"
 #include "editor/card_edit.h"
 #include "editor/picture_files.h"

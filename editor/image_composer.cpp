@@ -6,6 +6,7 @@
 
 #include "core/cards.h"
 #include "core/desktop.h"
+#include "core/strings.h"
 #include "images/folder_pictures.h"
 
 namespace brindlemoor {

@@ -110,8 +110,4 @@ std::string ShortList::Told() const {
   return count_ <= kToldNames ? names_ : Joined(names_, " and ", count_ - kToldNames, " more");
 }
 
-std::string CountText(int count, std::string_view what) {
-  return Joined(count, " ", what, count == 1 ? "" : "s");
-}
-
 }  // namespace brindlemoor

@@ -57,7 +57,4 @@ class ShortList {
   int count_ = 0;
 };
 
-/// "1 image", "3 images".
-std::string CountText(int count, std::string_view what);
-
 }  // namespace brindlemoor

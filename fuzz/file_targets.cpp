@@ -10,6 +10,7 @@
 #include "fuzz/fuzz_session.h"
 #include "fuzz/fuzz_targets.h"
 #include "game/player_files.h"
+#include "game/player_saving.h"
 #include "images/image_bridge.h"
 #include "images/picture_picker.h"
 #include "platform/controls.h"

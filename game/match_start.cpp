@@ -15,6 +15,7 @@
 #include "game/game_list.h"
 #include "game/player_file_names.h"
 #include "game/player_files.h"
+#include "game/player_saving.h"
 #include "game/program_start.h"
 #include "game/turn.h"
 #include "game/windows.h"
@@ -43,6 +44,8 @@ struct BeforeMatch {
   std::int16_t CurrentGame = State().CurrentGame;
   std::uint8_t CurrentDeck = State().CurrentDeck;
   ProfileRec Profile = State().Profile;
+  std::string OwnedWhenStored = State().OwnedWhenStored;
+  decltype(Session::PlayerFilesSeen) PlayerFilesSeen = State().PlayerFilesSeen;
 
   /// Takes out what the files brought, so that another opponent can be chosen.
   void PutBack() const {
@@ -53,6 +56,10 @@ struct BeforeMatch {
     session.CurrentGame = CurrentGame;
     session.CurrentDeck = CurrentDeck;
     session.Profile = Profile;
+    session.OwnedWhenStored = OwnedWhenStored;
+    // What was saved over the file that these cards came from counts: it is read again.
+    const Text& own = Profile.PlayerFile;
+    if (!own.empty() && session.PlayerFilesSeen != PlayerFilesSeen) ReadPlayerFile(own);
   }
 };
 
@@ -243,6 +250,7 @@ void StartMatch(int gameIndex, int opponentIndex) {
   OpenTable();
   TakeTurn(1);
   session.StarterDeckFlag = 0;
+  StorePlayer();  // a starter deck has given its cards
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Writing the player file, and the end of a game.
+// Reading the player file, and the end of a game.
 #include "game/player_files.h"
 
 #include <utility>
@@ -9,41 +9,16 @@
 #include "core/state.h"
 #include "data/card_reader.h"
 #include "data/card_reading.h"
-#include "data/card_writer.h"
-#include "data/field_text.h"
-#include "data/profiles.h"
 #include "data/read_mark.h"
 #include "data/saving.h"
-#include "game/card_refresh.h"
-#include "game/card_sorting.h"
 #include "game/player_file_names.h"
+#include "game/player_saving.h"
 #include "game/windows.h"
 #include "text/text.h"
 
 namespace brindlemoor {
 
 namespace {
-
-void AppendCards(std::string& out, const Pile& pile, std::string_view location) {
-  for (const Card& stored : pile) {
-    if (IsFree(stored)) continue;
-    // The writer blanks what traits brought; the stored card keeps it.
-    Card card = stored;
-    out += CardToText(card, location);
-    out += kLineEnd;
-  }
-}
-
-std::string PlayerFileText() {
-  const Session& session = State();
-  std::string out = Joined("#PLAYERDECK", kLineEnd, kLineEnd, kLineEnd, "#TOKENS, ",
-                           session.Players[1].Tokens, kLineEnd, kLineEnd);
-  for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) {
-    AppendCards(out, session.Decks[deck].Cards, Joined("INPLAYERDECK:", deck));
-  }
-  AppendCards(out, session.Collection, "COLLECTION");
-  return out;
-}
 
 /// Once for each damage: a copy that is there already has been told of.
 void KeepDamagedFile(std::string_view fileName, const Problem& problem) {
@@ -60,6 +35,13 @@ void KeepDamagedFile(std::string_view fileName, const Problem& problem) {
              FileNameOf(copy), "."));
 }
 
+void ForgetDeckNames() {
+  FixedTable<DeckRec, kDecks>& decks = State().Decks;
+  for (int deck = 1; deck <= decks.UpperBound(); ++deck) {
+    decks[deck].DeckName = DefaultDeckName(deck);
+  }
+}
+
 }  // namespace
 
 bool ReadPlayerFile(std::string_view fileName) {
@@ -70,8 +52,10 @@ bool ReadPlayerFile(std::string_view fileName) {
   const bool isThere = !FindCardFile(fileName).empty() || IsThere(files, InCurrentFolder(fileName));
   const ReadMark mark;
   PlayerState player = session.Players[1];
+  NotePlayerFile(fileName);
+  ForgetDeckNames();
   const FileRead read = ReadCardFile(fileName, session.Players[1], 0, "", 0);
-  if (read == FileRead::kCutOff) {
+  if (read != FileRead::kWhole) {
     mark.PutBack();
     session.Players[1] = std::move(player);
   }
@@ -83,36 +67,8 @@ bool ReadPlayerFile(std::string_view fileName) {
     return false;
   }
   if (problems.size() > before) KeepDamagedFile(fileName, problems[before]);
+  if (read == FileRead::kWhole) NoteStoredPlayer();
   return true;
-}
-
-namespace {
-
-/// The second and third deck count as well: a player may have put everything there.
-bool OwnsCards() {
-  const Session& session = State();
-  bool owns = HoldsCards(session.Collection);
-  for (const DeckRec& deck : session.Decks) owns = owns || HoldsCards(deck.Cards);
-  return owns;
-}
-
-}  // namespace
-
-void WritePlayerFile(std::string_view fileName) {
-  Session& session = State();
-  // While the card editor is open the collection is not the player's.
-  if (session.DebugMode == 1 || session.Suspended != nullptr || fileName.empty()) return;
-  const std::string name(fileName);
-  session.SaleMode = 0;
-  RefreshCollection();
-  for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) SortDeck(deck);
-  SortCollection();
-  if (!OwnsCards()) return;
-  EnterProgramFolder();
-  if (!SaveOrTell(InCurrentFolder(name), name, PlayerFileText())) return;
-  session.Profile.RulesFile = RulesOfOwnFile();
-  session.Profile.PlayerFile = name;
-  SaveProfiles();
 }
 
 void EndGame() {

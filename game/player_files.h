@@ -15,12 +15,6 @@ inline constexpr int kFirstTokens = 500;
 /// over it.
 bool ReadPlayerFile(std::string_view fileName);
 
-/// Saves the player's cards, decks and tokens and the profile list. Nothing in debug mode and
-/// while the card editor is open, and nothing without a name or when neither a deck nor the
-/// collection holds a card. A file that can't be written is told in a message box and stays as it
-/// was.
-void WritePlayerFile(std::string_view fileName);
-
 /// Ends the game in progress: saves the player, hides the hand, "End Game" on the main button.
 void EndGame();
 

@@ -40,7 +40,7 @@ void ResetTables() {
   ForgetTraitBits();
   for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) {
     DeckRec& record = session.Decks[deck];
-    if (record.DeckName.empty()) record.DeckName = Joined("Deck #", deck);
+    if (record.DeckName.empty()) record.DeckName = DefaultDeckName(deck);
     record.Cards.Reset(1);
   }
 }

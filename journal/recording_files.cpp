@@ -108,4 +108,13 @@ std::string RecordingFiles::Remove(const std::string& path) {
   return problem;
 }
 
+HoldResult RecordingFiles::Hold(const std::string& path) {
+  const HoldResult result = below_.Hold(path);
+  // What can't be held at all is taken for held, in a replay too.
+  if (result == HoldResult::kByAnother) {
+    writer_.Add("failed", {"hold", JournalName(folder_, path), "another program holds it"});
+  }
+  return result;
+}
+
 }  // namespace brindlemoor

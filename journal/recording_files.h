@@ -34,6 +34,8 @@ class RecordingFiles : public FileSystem {
   std::string Followed(const std::string& path) const override { return below_.Followed(path); }
   std::string Write(const std::string& path, std::string_view bytes) override;
   std::string Remove(const std::string& path) override;
+  HoldResult Hold(const std::string& path) override;
+  void LetGo(const std::string& path) override { below_.LetGo(path); }
 
  private:
   void Tell(std::string_view what, const std::string& path, JournalFields answer) const;

@@ -140,6 +140,13 @@ bool RecordingPlatform::AskYesNo(std::string_view text) {
   return answer;
 }
 
+SaveAnswer RecordingPlatform::AskSaving(std::string_view text) {
+  const Call call(moments_);
+  const SaveAnswer answer = desktop_->AskSaving(text);
+  writer_.Add("saving", {std::string(text), WordOf(answer)});
+  return answer;
+}
+
 std::optional<std::string> RecordingPlatform::AskText(std::string_view prompt) {
   const Call call(moments_);
   auto answer = desktop_->AskText(prompt);

@@ -31,6 +31,7 @@ class RecordingPlatform : public Platform, public EventObserver {
   void RaiseForm(Form& form) override;
   void MessageBox(std::string_view text) override;
   bool AskYesNo(std::string_view text) override;
+  SaveAnswer AskSaving(std::string_view text) override;
   std::optional<std::string> AskText(std::string_view prompt) override;
   std::optional<std::int32_t> AskColor(std::int32_t present) override;
   std::vector<std::string> Drives() const override;

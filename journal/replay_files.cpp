@@ -131,4 +131,9 @@ std::string ReplayFiles::Remove(const std::string& path) {
   return IsOutside(name) ? "" : inside_.Remove(PathOf(name));
 }
 
+HoldResult ReplayFiles::Hold(const std::string& path) {
+  if (tape_.Stopped()) return HoldResult::kHeld;
+  return Failure("hold", JournalName(folder_, path)) ? HoldResult::kByAnother : HoldResult::kHeld;
+}
+
 }  // namespace brindlemoor

@@ -174,6 +174,10 @@ bool ReplayPlatform::AskYesNo(std::string_view text) {
   return Answer("question", text, "asks yes or no") == "yes";
 }
 
+SaveAnswer ReplayPlatform::AskSaving(std::string_view text) {
+  return SaveAnswerOf(Answer("saving", text, "asks whether to save").value_or(""));
+}
+
 std::optional<std::string> ReplayPlatform::AskText(std::string_view prompt) {
   return Answer("input", prompt, "asks for a text");
 }

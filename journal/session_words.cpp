@@ -1,6 +1,8 @@
 // Events and encoders as fields.
 #include "journal/session_words.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 
 namespace brindlemoor {
@@ -29,7 +31,24 @@ std::optional<ImageEncoderId> ReadId(const std::string& text) {
   return id;
 }
 
+struct SaveAnswerRow {
+  SaveAnswer Answer;
+  std::string_view Word;
+};
+constexpr std::array<SaveAnswerRow, 3> kSaveAnswers = {{{SaveAnswer::kSave, "save"},
+                                                        {SaveAnswer::kDiscard, "discard"},
+                                                        {SaveAnswer::kCancel, "cancel"}}};
+
 }  // namespace
+
+std::string WordOf(SaveAnswer answer) {
+  return std::string(std::ranges::find(kSaveAnswers, answer, &SaveAnswerRow::Answer)->Word);
+}
+
+SaveAnswer SaveAnswerOf(std::string_view word) {
+  const auto row = std::ranges::find(kSaveAnswers, word, &SaveAnswerRow::Word);
+  return row == kSaveAnswers.end() ? SaveAnswer::kCancel : row->Answer;
+}
 
 std::optional<int> ReadInt(const std::string& text) { return ReadWhole<int>(text); }
 std::optional<std::uint64_t> ReadUnsigned(const std::string& text) {

@@ -71,4 +71,13 @@ std::string LocalFileSystem::Remove(const std::string& path) {
   return reach_.AllowsWriting(path) ? RemoveFile(path) : std::string(kOutside);
 }
 
+HoldResult LocalFileSystem::Hold(const std::string& path) {
+  if (held_.contains(path)) return HoldResult::kHeld;
+  if (!reach_.AllowsWriting(path)) return HoldResult::kImpossible;
+  auto file = std::make_unique<HeldFile>();
+  const HoldResult result = file->Take(path);
+  if (result == HoldResult::kHeld) held_[path] = std::move(file);
+  return result;
+}
+
 }  // namespace brindlemoor

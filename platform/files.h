@@ -1,12 +1,15 @@
 // File operations behind an interface, so that tests can let each of them fail.
 #pragma once
 
+#include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/file_reach.h"
+#include "platform/machine_file.h"
 
 namespace brindlemoor {
 
@@ -39,6 +42,11 @@ class FileSystem {
   /// Removes a file, a link rather than its target. Returns "" or what went wrong; a file that is
   /// not there is removed already.
   virtual std::string Remove(const std::string& path) = 0;
+
+  /// Holds a passing file of the program's folder until LetGo, or to the program's end: of all
+  /// programs on the folder, one at a time. Whoever holds it holds it again.
+  virtual HoldResult Hold(const std::string& /*path*/) { return HoldResult::kHeld; }
+  virtual void LetGo(const std::string& /*path*/) {}
 };
 
 /// True for what would be there if it could be read; what is saved must not take its place.
@@ -58,9 +66,12 @@ class LocalFileSystem : public FileSystem {
   std::string Followed(const std::string& path) const override { return reach_.Followed(path); }
   std::string Write(const std::string& path, std::string_view bytes) override;
   std::string Remove(const std::string& path) override;
+  HoldResult Hold(const std::string& path) override;
+  void LetGo(const std::string& path) override { held_.erase(path); }
 
  private:
   FileReach reach_;
+  std::map<std::string, std::unique_ptr<HeldFile>> held_;
 };
 
 }  // namespace brindlemoor

@@ -80,6 +80,13 @@ inline constexpr bool kFilesAreHeld = true;
 inline constexpr bool kFilesAreHeld = false;
 #endif
 
+/// Whether a program has what one program at a time may have.
+enum class HoldResult {
+  kHeld,
+  kByAnother,
+  kImpossible  ///< the folder takes no such file, or the system can't hold one
+};
+
 /// A file that one program at a time holds, and that is gone with it.
 class HeldFile {
  public:
@@ -88,9 +95,8 @@ class HeldFile {
   HeldFile& operator=(const HeldFile&) = delete;
   ~HeldFile();
 
-  /// Takes hold of a file, made where it is missing; false when another program holds it or it
-  /// can't be had.
-  bool Take(const std::string& path);
+  /// Takes hold of a file, made where it is missing.
+  HoldResult Take(const std::string& path);
 
  private:
   int file_ = -1;

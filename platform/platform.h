@@ -25,6 +25,9 @@ struct FileDialogRequest {
   std::string DefaultExtension{};
 };
 
+/// What is to become of something unsaved.
+enum class SaveAnswer { kCancel, kSave, kDiscard };
+
 /// A desktop: windows, dialogs, browser views, events, files and the clock. One side draws real
 /// widgets (platform/qt), the other only keeps values (platform/headless).
 class Platform {
@@ -50,6 +53,8 @@ class Platform {
   virtual void MessageBox(std::string_view text) = 0;
   /// A modal question; true for yes.
   virtual bool AskYesNo(std::string_view text) = 0;
+  /// A modal question with three buttons; closing it is a cancel.
+  virtual SaveAnswer AskSaving(std::string_view text) = 0;
   /// One line of input; nothing when it was cancelled.
   virtual std::optional<std::string> AskText(std::string_view prompt) = 0;
   /// The chosen path; nothing when it was cancelled. Files there may be read and written.

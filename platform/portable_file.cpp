@@ -152,9 +152,9 @@ std::string GrowingFile::Add(std::string_view bytes) {
 
 HeldFile::~HeldFile() = default;
 
-bool HeldFile::Take(const std::string& path) {
+HoldResult HeldFile::Take(const std::string& path) {
   path_ = path;
-  return true;
+  return HoldResult::kHeld;
 }
 
 }  // namespace brindlemoor

@@ -220,23 +220,36 @@ HeldFile::~HeldFile() {
   ::close(file_);
 }
 
-bool HeldFile::Take(const std::string& path) {
+namespace {
+
+HoldResult TryToHold(int file, const std::string& path) {
+  struct stat held {};
+  struct stat named {};
+  if (::fstat(file, &held) != 0 || !S_ISREG(held.st_mode)) return HoldResult::kImpossible;
+  if (::flock(file, LOCK_EX | LOCK_NB) != 0) {
+    return errno == EWOULDBLOCK ? HoldResult::kByAnother : HoldResult::kImpossible;
+  }
+  // The program that held it may have taken it away meanwhile: then another one has the name.
+  const bool isNamed = ::lstat(path.c_str(), &named) == 0 && held.st_ino == named.st_ino &&
+                       held.st_dev == named.st_dev;
+  return isNamed ? HoldResult::kHeld : HoldResult::kByAnother;
+}
+
+}  // namespace
+
+HoldResult HeldFile::Take(const std::string& path) {
   const int file =
       ::open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY,
              kNewFileRights);
-  struct stat held {};
-  struct stat named {};
-  // The program that held it may have taken it away meanwhile: then another one has the name.
-  const bool isHeld = file >= 0 && ::fstat(file, &held) == 0 && S_ISREG(held.st_mode) &&
-                      ::flock(file, LOCK_EX | LOCK_NB) == 0 && ::lstat(path.c_str(), &named) == 0 &&
-                      held.st_ino == named.st_ino && held.st_dev == named.st_dev;
-  if (isHeld) {
+  if (file < 0) return HoldResult::kImpossible;
+  const HoldResult result = TryToHold(file, path);
+  if (result == HoldResult::kHeld) {
     file_ = file;
     path_ = path;
-  } else if (file >= 0) {
+  } else {
     ::close(file);
   }
-  return isHeld;
+  return result;
 }
 
 }  // namespace brindlemoor

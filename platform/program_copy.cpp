@@ -14,7 +14,8 @@ constexpr int kMostCopies = 99;
 
 ProgramCopy::ProgramCopy(const std::string& folder) {
   for (int number = 1; number <= kMostCopies; ++number) {
-    if (!held_.Take(Joined(folder, "/", kPassingFile, number, ".lock"))) continue;
+    const std::string lock = Joined(folder, "/", kPassingFile, number, ".lock");
+    if (held_.Take(lock) != HoldResult::kHeld) continue;
     number_ = number;
     return;
   }

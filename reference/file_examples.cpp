@@ -27,6 +27,7 @@ constexpr auto kDirectives = std::to_array<TextExample>({
     {"#COLLECTION", "#COLLECTION, \"Cricket\", cricket.jpg, cricket-mini.jpg, #9CE07A, , \"Singer. Hums 1.\""},
     {"#REFCOLLECTION", "#REFCOLLECTION, \"Cricket\", YawnwoodCards.txt"},
     {"#TOKENS", "#TOKENS, 40"},
+    {"#DECKNAME", "#DECKNAME, 2, \"All the crickets\""},
     {"#TEMPLATE", "#TEMPLATE, \"Singer\", , , #9CE07A, , \"Singer. Hums 1.\""},
     {"#TEMPLATEDATA", "#TEMPLATE, \"Singer\", , , #9CE07A, , \"Singer. Hums 1.\"\n"
                       "#TEMPLATEDATA, backs-generic.bmp, , 8052890"},

@@ -20,6 +20,7 @@ class SimulationDesktop : public HeadlessPlatform {
 
   void MessageBox(std::string_view) override {}
   bool AskYesNo(std::string_view) override { return false; }
+  SaveAnswer AskSaving(std::string_view) override { return SaveAnswer::kDiscard; }
   void RaiseForm(Form&) override {}
   void Navigate(BrowserView&, const std::string&) override {}
   std::uint64_t ClockSeed() override { return seed_++; }

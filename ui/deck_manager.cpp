@@ -14,6 +14,7 @@
 #include "ui/card_search.h"
 #include "ui/deck_chart.h"
 #include "ui/forms.h"
+#include "ui/leaving.h"
 #include "ui/owned_targets.h"
 
 namespace brindlemoor {
@@ -55,14 +56,14 @@ Layout Arrange(DeckManager& form) {
              3);
   middle.Title = "Collection";
 
-  Layout right =
-      Column({Cell(form.HintLabel), Cell(form.WB, 1), Cell(form.DeckDrawing, 0, 0, kChartHeight),
-              Row({Cell(form.Label1, 0, 130),
-                   {.Direction = Layout::Kind::kControl, .Stretch = 1},
-                   Cell(form.Command5),
-                   Cell(form.Command3)}),
-              Cell(form.Command2, 0, 0, 40)},
-             4);
+  Layout right = Column({Cell(form.NothingSaved), Cell(form.HintLabel), Cell(form.WB, 1),
+                         Cell(form.DeckDrawing, 0, 0, kChartHeight),
+                         Row({Cell(form.Label1, 0, 130),
+                              {.Direction = Layout::Kind::kControl, .Stretch = 1},
+                              Cell(form.Command5),
+                              Cell(form.Command3)}),
+                         Cell(form.Command2, 0, 0, 40)},
+                        4);
   return Row({std::move(left), std::move(middle), std::move(right)});
 }
 
@@ -166,6 +167,7 @@ void DeckManager::NameControls() {
   Command2.ToolTip = "Start the game with the currently selected deck.";
   Command2.Click = [this] { Command2_Click(); };
   Cardcount.Caption = "Cards:";
+  NothingSaved.Caption = std::string(kNothingSaved);
   Label1.Caption = "Tokens";
   Label1.ToolTip =
       "This is how many tokens you have.  Tokens are used to purchase and enhance new cards at the "
@@ -190,7 +192,9 @@ void DeckManager::NameMenus() {
   savestarterdeckmen.Click = [this] { savestarterdeckmen_Click(); };
   loadplrmen.Click = [this] { loadplrmen_Click(); };
   backmen.Click = [this] { backmen_Click(); };
-  quitmen.Click = [] { Desktop().EndProgram(); };
+  quitmen.Click = [] {
+    if (MayLeavePlayer(Leaving::kAsksFirst)) Desktop().EndProgram();
+  };
   helpmen.Click = [this] { helpmen_Click(); };
   helpmen.Shortcut = "F1";
   filemen.Items = {&savedeckmen, &saveasopponent, &loadoppmen, &savestarterdeckmen,
@@ -212,6 +216,7 @@ void DeckManager::Form_Load() {
   const bool own = state.DeckManagerMode == kOwnCards;
   const bool decks = state.DeckManagerMode != kTestPosition;
   if (!own) Command3.Visible = false;
+  NothingSaved.Visible = own && state.DebugMode == 1;
   savedeckmen.Visible = own;
   loadplrmen.Visible = own && state.PickingCard == 0;
   saveasopponent.Visible = decks;

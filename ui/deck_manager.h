@@ -43,6 +43,7 @@ struct DeckManager : Form {
   Button Command2{"Command2"};
   Label Cardcount{"Cardcount"};
   Label Label1{"Label1"};
+  Label NothingSaved{"NothingSaved"};  ///< shown in debug mode
   BrowserView WB{"WB"};
   TextBox SearchText{"SearchText"};  ///< filters what CollectPic shows
   Button AddAll{"AddAll"};           ///< puts what CollectPic goes through into the deck

@@ -8,7 +8,7 @@
 #include "game/card_sorting.h"
 #include "game/deck_rules.h"
 #include "game/player_file_names.h"
-#include "game/player_files.h"
+#include "game/player_saving.h"
 #include "pages/card_pages.h"
 #include "pages/page_files.h"
 #include "script/run_action.h"
@@ -99,6 +99,7 @@ void DeckManager::Sell(CardList list, int position) {
   std::int32_t& tokens = State().Players[1].Tokens;
   tokens = std::min(tokens, kMost) + SellValue(Cards(list)[position]);
   Remove(list, position);
+  StorePlayer();
   // What was previewed counts as seen, so that the answer stays until the pointer goes elsewhere.
   State().PageText = "<font color=#FF3311>Ha ha ha!  It's mine now!</font>";
   ShowPage();

@@ -13,6 +13,7 @@
 #include "game/game_list.h"
 #include "game/player_file_names.h"
 #include "game/player_files.h"
+#include "game/player_saving.h"
 #include "language/traits.h"
 #include "script/card_setup.h"
 #include "ui/deck_manager.h"
@@ -70,7 +71,9 @@ void KeepCopyOfPlayerFile() {
   const auto bytes = Desktop().Files().Read(path);
   if (!bytes) return;
   const std::string failure = Desktop().Files().Write(path + ".before", *bytes);
-  if (!failure.empty()) {
+  if (failure.empty()) {
+    NotePlayerFile(OwnPlayerFileName());
+  } else {
     Desktop().MessageBox(Joined("No copy of your player file could be kept: ", failure));
   }
 }
@@ -93,6 +96,7 @@ void DeckManager::savedeckmen_Click() {
   const auto path =
       Desktop().AskFile({.Save = true, .FileName = "*.plr", .DefaultExtension = "plr"});
   if (!path) return;
+  NotePlayerFile(*path);  // the dialog has asked whether to replace it
   WritePlayerFile(*path);
   UpdateDecks();
 }
@@ -106,6 +110,7 @@ void DeckManager::loadplrmen_Click() {
   if (path.empty()) return;
   KeepCopyOfPlayerFile();
   ReadPlayerFile(path);
+  NoteUnstoredPlayer();
   ShowDeckNames();
   ForgetPreviews();
   UpdateDecks();

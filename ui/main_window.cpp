@@ -10,6 +10,7 @@
 #include "game/plans.h"
 #include "game/player_file_names.h"
 #include "game/player_files.h"
+#include "game/player_saving.h"
 #include "game/program_start.h"
 #include "game/turn.h"
 #include "pages/card_pages.h"
@@ -19,6 +20,7 @@
 #include "ui/editor_door.h"
 #include "ui/forms.h"
 #include "ui/hint_page.h"
+#include "ui/leaving.h"
 #include "ui/link_protocol.h"
 #include "ui/owned_targets.h"
 
@@ -51,8 +53,8 @@ Layout HandStrip(MainWindow& window) {
 }
 
 Layout Arrange(MainWindow& window) {
-  return Row({Column({HandStrip(window), Cell(window.Command1, 0, 0, kTurnButtonHeight),
-                      Cell(window.InPlayWB, 1)}),
+  return Row({Column({HandStrip(window), Cell(window.NothingSaved),
+                      Cell(window.Command1, 0, 0, kTurnButtonHeight), Cell(window.InPlayWB, 1)}),
               Column({Cell(window.backbutton, 0, 0, kBackButtonHeight), Cell(window.WB, 1)}, 1),
               Column({Cell(window.Picture1, 0, kPictureWidth, kPictureHeight),
                       Cell(window.CardDescWB, 1, kPictureWidth)})});
@@ -72,6 +74,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
   }
   Command1.Caption = "Take Turn";
   Command1.Click = [this] { Command1_Click(); };
+  NothingSaved.Caption = std::string(kNothingSaved);
   backbutton.Caption = "<<< Back to Game";
   backbutton.Visible = false;
   backbutton.Click = [this] { backbutton_Click(); };
@@ -109,7 +112,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
 
 void MainWindow::Form_Load() {
   deckmanagermen.Enabled = State().DeckManagerMode == 0;
-  debugmen.Checked = State().DebugMode == 1;
+  ShowDebugMode();
   Caption = Joined("Brindlemoor version ", kProgramVersion);
   EnterProgramFolder();
   ShowInView(InPlayWB, "blank.htm");
@@ -121,9 +124,11 @@ namespace {
 
 /// To the list of games; a test game leads back to the editor that began it.
 void LeaveEndedGame() {
+  if (!MayLeavePlayer(Leaving::kSavesFirst)) return;
   if (State().TestFromEditor == 1) {
     TheEditorDoor().BackToCardEditor();
   } else {
+    State().PageText.clear();
     NewGame();
   }
 }
@@ -134,13 +139,13 @@ void MainWindow::Command1_Click() {
   Session& state = State();
   if (state.TurnRunning == 1) return;
   if (state.GameOver == 1) {
-    state.PageText.clear();
     LeaveEndedGame();
     return;
   }
   // At the game list there is no turn to take.
   if (state.CurrentGame == 0 && state.TestFromEditor == 0) return;
   TakeTurn(0);
+  StorePlayer();
   UpdateHand();
   ForgetSelection();
   ShowPlayMenu();
@@ -211,7 +216,12 @@ void MainWindow::fullsizemen_Click() {
 
 void MainWindow::debugmen_Click() {
   State().DebugMode = State().DebugMode == 1 ? 0 : 1;
+  ShowDebugMode();
+}
+
+void MainWindow::ShowDebugMode() {
   debugmen.Checked = State().DebugMode == 1;
+  NothingSaved.Visible = State().DebugMode == 1;
 }
 
 void MainWindow::helpmen_Click() { ShowHelp("MainHelp.html"); }
@@ -220,6 +230,7 @@ void MainWindow::hintmen_Click() { ShowHint(); }
 
 bool MainWindow::Form_QueryClose() {
   if (State().TestFromEditor == 0) {
+    if (!MayLeavePlayer(Leaving::kSavesFirst)) return true;
     Desktop().EndProgram();
     return false;
   }

@@ -20,6 +20,7 @@ struct MainWindow : Form {
   PictureBox Picture1{"Picture1"};
   std::array<std::unique_ptr<PictureBox>, kHandPositions + 1> Picture2;  ///< from 1
   std::array<std::unique_ptr<Label>, kHandPositions> HandLabel;  ///< from 0, i for Picture2(i + 1)
+  Label NothingSaved{"NothingSaved"};                            ///< shown in debug mode
   Button Command1{"Command1"};
   Button backbutton{"backbutton"};
 
@@ -59,6 +60,8 @@ struct MainWindow : Form {
   void helpmen_Click();
   void hintmen_Click();
   bool Form_QueryClose();
+  /// Its check mark, and the word that nothing is saved.
+  void ShowDebugMode();
 };
 
 /// Shows a file of the program's folder in the main view, lets events run and empties PageText.

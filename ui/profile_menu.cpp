@@ -72,12 +72,20 @@ void ProfileMenu::VScroll1_Change() {
 
 namespace {
 
-void TakeProfile(const ProfileRec& profile) {
+/// False, with a message, for a player of another program.
+bool TakeProfile(const ProfileRec& profile) {
   Session& state = State();
+  if (!HoldPlayer(profile.PlayerName)) {
+    Desktop().MessageBox(Joined(profile.PlayerName,
+                                " is playing in another window of the program on this folder.  "
+                                "Choose another player, or end that one first."));
+    return false;
+  }
   state.Profile = profile;
   if (!ResolvePath(profile.PlayerFile, 0).empty()) {
     ReadPlayerFile(profile.PlayerFile);
   }
+  return true;
 }
 
 /// Asks until the name can be part of a file name or the box is cancelled; "" then.
@@ -85,7 +93,8 @@ std::string AskNewName() {
   while (true) {
     std::string name = Desktop().AskText("New Player Name?").value_or("");
     if (name.empty()) return name;
-    const std::string refusal = RefusePlayerName(name);
+    std::string refusal = RefusePlayerName(name);
+    if (refusal.empty() && !HoldPlayer(name)) refusal = "There is a player of this name already.";
     if (refusal.empty()) return name;
     Desktop().MessageBox(refusal);
   }
@@ -97,7 +106,7 @@ void ProfileMenu::Command1_Click(int index) {
   Session& state = State();
   const int profile = ScrollOffset + index;
   if (profile >= 1 && state.Profiles.Holds(profile)) {
-    TakeProfile(state.Profiles[profile]);
+    if (!TakeProfile(state.Profiles[profile])) return;
   } else {
     // A new player starts afresh: what an earlier profile left in these fields is not theirs.
     state.Profile = ProfileRec{};

@@ -105,6 +105,7 @@ void StartTestPosition() {
   Session& state = State();
   state.DeckManagerMode = 0;
   state.DebugMode = 1;
+  TheMainWindow().ShowDebugMode();
   ForgetPlans();
   ClearTable();
   ReadRules(rules);

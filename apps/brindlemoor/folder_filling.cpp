@@ -111,13 +111,12 @@ void RemoveOldPartsOf(LocalFileSystem& files, const std::string& folder) {
 FillingTurn::FillingTurn(const std::string& folder, bool waits) {
   const std::string lock = LockOf(folder);
   const auto end = std::chrono::steady_clock::now() + (waits ? kLongestWait : 0s);
-  bool isHeld = held_.Take(lock);
-  // What can't be held at all is not waited for: no file of another start is ever in the way.
-  while (!isHeld && KindOf(lock) == EntryKind::kFile && std::chrono::steady_clock::now() < end) {
+  HoldResult result = held_.Take(lock);
+  while (result == HoldResult::kByAnother && std::chrono::steady_clock::now() < end) {
     std::this_thread::sleep_for(kBetweenLooks);
-    isHeld = held_.Take(lock);
+    result = held_.Take(lock);
   }
-  if (!isHeld || !kFilesAreHeld) return;
+  if (result != HoldResult::kHeld || !kFilesAreHeld) return;
   for (const std::string& half : HalfMade(folder)) RemoveFolder(half);
 }
 

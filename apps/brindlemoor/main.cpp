@@ -16,6 +16,7 @@
 #include "apps/brindlemoor/program_folder.h"
 #include "core/program_version.h"
 #include "core/state.h"
+#include "core/strings.h"
 #include "editor/compose_folder.h"
 #include "editor/picture_files.h"
 #include "editor/program_session.h"

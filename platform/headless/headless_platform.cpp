@@ -78,6 +78,10 @@ bool HeadlessPlatform::AskYesNo(std::string_view text) {
   return TakeAnswer(YesNoAnswers, "question", text);
 }
 
+SaveAnswer HeadlessPlatform::AskSaving(std::string_view text) {
+  return TakeAnswer(SaveAnswers, "question about saving", text);
+}
+
 std::optional<std::string> HeadlessPlatform::AskText(std::string_view prompt) {
   Questions.emplace_back(prompt);
   return TakeAnswer(TextAnswers, "input box", prompt);

@@ -23,6 +23,7 @@ class HeadlessPlatform : public Platform {
   // What the caller prepares.
   std::deque<std::string> ExpectedMessages;  ///< message boxes to come, whole texts
   std::deque<bool> YesNoAnswers;
+  std::deque<SaveAnswer> SaveAnswers;
   std::deque<std::optional<std::string>> TextAnswers;  ///< nothing stands for a cancel
   std::deque<std::optional<std::string>> FileAnswers;
   std::deque<std::optional<std::string>> FolderAnswers;
@@ -47,6 +48,7 @@ class HeadlessPlatform : public Platform {
   void RaiseForm(Form& form) override;
   void MessageBox(std::string_view text) override;
   bool AskYesNo(std::string_view text) override;
+  SaveAnswer AskSaving(std::string_view text) override;
   std::optional<std::string> AskText(std::string_view prompt) override;
   std::optional<std::int32_t> AskColor(std::int32_t present) override;
   std::vector<std::string> Drives() const override { return {"/"}; }

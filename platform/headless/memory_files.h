@@ -12,7 +12,8 @@ namespace brindlemoor {
 class MemoryFileSystem : public FileSystem {
  public:
   std::map<std::string, std::string> Contents;  ///< bytes by absolute path
-  std::string WriteError;  ///< when not empty, writes and removals fail with it
+  bool OthersHold = false;  ///< another program holds whatever this one asks for
+  std::string WriteError;   ///< when not empty, writes and removals fail with it
 
   bool Exists(const std::string& path) const override { return Contents.contains(path); }
   bool FolderExists(const std::string& path) const override;
@@ -21,6 +22,9 @@ class MemoryFileSystem : public FileSystem {
   std::optional<std::string> Read(const std::string& path) const override;
   std::string Write(const std::string& path, std::string_view bytes) override;
   std::string Remove(const std::string& path) override;
+  HoldResult Hold(const std::string&) override {
+    return OthersHold ? HoldResult::kByAnother : HoldResult::kHeld;
+  }
 };
 
 }  // namespace brindlemoor

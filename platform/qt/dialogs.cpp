@@ -60,6 +60,20 @@ bool QtPlatform::AskYesNo(std::string_view text) {
   return !ending_ && box.clickedButton() == box.button(QMessageBox::Yes);
 }
 
+SaveAnswer QtPlatform::AskSaving(std::string_view text) {
+  QMessageBox box(Owner());
+  PrepareBox(box, text);
+  box.setIcon(QMessageBox::Question);
+  box.setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+  box.setDefaultButton(QMessageBox::Save);
+  box.setEscapeButton(QMessageBox::Cancel);
+  RunDialog(box);
+  if (ending_) return SaveAnswer::kCancel;
+  if (box.clickedButton() == box.button(QMessageBox::Save)) return SaveAnswer::kSave;
+  return box.clickedButton() == box.button(QMessageBox::Discard) ? SaveAnswer::kDiscard
+                                                                 : SaveAnswer::kCancel;
+}
+
 std::optional<std::string> QtPlatform::AskText(std::string_view prompt) {
   QInputDialog dialog(Owner());
   dialog.setWindowTitle(kTitle);

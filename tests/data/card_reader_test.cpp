@@ -77,6 +77,7 @@ constexpr std::string_view kEveryDirective = R"(********************************
 #EXTRADATA, 50, TURNSTART, MODTRAIT:HP:1$|$, ,
 #DUPLICATE, 2
 #REFINDECK, Ogre, other.txt
+#DECKNAME, 3, Ogres
 #CARD, COLLECTION, Last, id1, src.txt, p.jpg, q.jpg, , "Text, long"
 #INCLUDE, more.txt, INDECK
 )";

@@ -7,6 +7,7 @@
 #include "data/card_writer.h"
 #include "data/opponent_files.h"
 #include "game/player_files.h"
+#include "game/player_saving.h"
 #include "language/target_types.h"
 #include "script/card_setup.h"
 #include "script/trait_changes.h"

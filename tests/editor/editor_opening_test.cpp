@@ -4,6 +4,7 @@
 #include "game/match_start.h"
 #include "game/player_file_names.h"
 #include "game/player_files.h"
+#include "game/player_saving.h"
 #include "game/program_start.h"
 #include "game/turn.h"
 #include "language/target_types.h"

@@ -19,6 +19,7 @@
 #include "editor/program_session.h"
 #include "game/match_start.h"
 #include "game/player_files.h"
+#include "game/player_saving.h"
 #include "game/program_start.h"
 #include "language/traits.h"
 #include "platform/headless/headless_platform.h"
@@ -61,7 +62,17 @@ void OwnCards(int version) {
   session.Players[1].Tokens = 100 * version;
 }
 
-void OwnSome(HeadlessPlatform&, const std::string&, int version) { OwnCards(version); }
+/// As if the player had been read before.
+void OwnSome(HeadlessPlatform&, const std::string&, int version) {
+  OwnCards(version);
+  NotePlayerFile("Ann_Small.plr");
+}
+
+/// Another program has written the player file since.
+void OwnElsewhere(HeadlessPlatform& desktop, const std::string&, int version) {
+  OwnCards(version);
+  desktop.YesNoAnswers = {true};
+}
 
 /// A set of cards in the editor, and what its dialogs are answered with.
 void LoadIntoEditor(HeadlessPlatform& desktop, const std::string& folder, int version) {
@@ -99,6 +110,8 @@ void ComposeImage(HeadlessPlatform&, const std::string&, int version) {
 
 constexpr Saving kSavings[] = {
     {"save_player", OwnSome, [](const std::string&, int) { TheMainWindow().saveplrmen.Click(); }},
+    {"save_over_change", OwnElsewhere,
+     [](const std::string&, int) { TheMainWindow().saveplrmen.Click(); }},
     {"save_profiles", [](HeadlessPlatform&, const std::string&, int) {},
      [](const std::string&, int version) {
        LoadProfiles();
@@ -184,13 +197,14 @@ class SavingFaultsTest : public testing::TestWithParam<Saving> {
 };
 
 bool IsPage(const std::string& name) { return name.ends_with(".html"); }
+bool IsLock(const std::string& name) { return name.ends_with(".lock"); }
 bool IsLeftOver(const std::string& name) { return name.ends_with(".part~"); }
 
 /// Every file is the old one or the new one. The number of those that are neither new.
 int CountOld(const Files& files, const Files& before, const Files& after, bool killed) {
   int old = 0;
   for (const auto& [name, bytes] : files) {
-    if (IsPage(name) || (killed && IsLeftOver(name))) continue;
+    if (IsPage(name) || IsLock(name) || (killed && IsLeftOver(name))) continue;
     const auto was = before.find(name);
     const auto is = after.find(name);
     const bool isOld = was != before.end() && was->second == bytes;

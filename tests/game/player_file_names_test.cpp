@@ -5,6 +5,7 @@
 
 #include "game/match_start.h"
 #include "game/player_files.h"
+#include "game/player_saving.h"
 #include "game/program_start.h"
 #include "tests/support/session_test.h"
 #include "text/file_names.h"

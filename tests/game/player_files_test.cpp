@@ -5,6 +5,7 @@
 
 #include "data/profiles.h"
 #include "game/player_file_names.h"
+#include "game/player_saving.h"
 #include "script/card_setup.h"
 #include "tests/support/saved_cards.h"
 #include "tests/support/session_test.h"
@@ -69,6 +70,7 @@ TEST_F(PlayerFilesTest, AnOldFileStaysWhenNothingShallBeWritten) {
     EndGame();
   }
   State().CurrentGame = 1;
+  NotePlayerFile(kFile);
   files_->WriteError = "no space";
   desktop_->ExpectedMessages = {"Can't save Ann_Goblins.plr: no space"};
   WritePlayerFile(kFile);

@@ -46,6 +46,28 @@ TEST_F(LocalFilesTest, WritesAndReadsAnyBytesAndKeepsRights) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 1) << "nothing is left beside it";
 }
 
+TEST_F(LocalFilesTest, OneProgramAtATimeHoldsAName) {
+  LocalFileSystem other;
+  EXPECT_EQ(files_.Hold(In("lock")), HoldResult::kHeld);
+  EXPECT_EQ(files_.Hold(In("lock")), HoldResult::kHeld);
+  EXPECT_EQ(other.Hold(In("lock")), HoldResult::kByAnother);
+  EXPECT_EQ(other.Hold(In("missing/lock")), HoldResult::kImpossible);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    LocalFileSystem killed;
+    ::_exit(killed.Hold(In("second")) == HoldResult::kHeld ? 0 : 1);
+  }
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+  EXPECT_TRUE(fs::exists(In("second"))) << "a killed program takes nothing away";
+  EXPECT_EQ(other.Hold(In("second")), HoldResult::kHeld);
+  files_.LetGo(In("lock"));
+  EXPECT_EQ(other.Hold(In("lock")), HoldResult::kHeld);
+  other.LetGo(In("lock"));
+  EXPECT_FALSE(fs::exists(In("lock")));
+}
+
 TEST_F(LocalFilesTest, AFailedWriteSaysWhyAndLeavesEverythingAsItWas) {
   fs::create_directory(In("folder"));
   ASSERT_EQ(::mkfifo(In("pipe").c_str(), 0600), 0);

@@ -219,7 +219,7 @@ TEST(ReferenceProofs, EveryExampleDoesWhatItsLineSaysForBothSides) {
   }
   if (!HasFailure()) fs::remove_all(folder);
   // A player's files and the list of games are read by other readers than those of scenarios.
-  const std::set<std::string> elsewhere = {"directive #PLAYERPROFILE"};
+  const std::set<std::string> elsewhere = {"directive #PLAYERPROFILE", "directive #DECKNAME"};
   // The player's stored cards, tokens and clicks, and what only the computer is asked.
   const std::set<std::string> oneSided = {"command BOOSTER",       "command BOOSTERWITHREQS",
                                           "command BOOSTERCARD",   "command PERMANENT",

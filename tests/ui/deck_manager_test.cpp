@@ -4,6 +4,7 @@
 #include "data/card_reader.h"
 #include "game/game_list.h"
 #include "game/match_start.h"
+#include "game/player_saving.h"
 #include "game/turn.h"
 #include "language/target_types.h"
 #include "script/card_entry.h"
@@ -360,6 +361,7 @@ TEST_F(DeckManagerTest, WrongFilesChangeNothingAndRightOnesAreRead) {
   form_.loadplrmen.Click();
   EXPECT_EQ(Collection() + form_.Label1.Caption.Get(), "Gift Tokens: 7");
   EXPECT_EQ(ReadFile("Ann_Goblins.plr.before"), "the player's own");
+  EXPECT_TRUE(PlayerIsUnsaved());
   form_.savedeckmen.Click();
   EXPECT_NE(ReadFile("copy.plr").find("Gift"), std::string::npos);
   State().DebugMode = 1;

@@ -162,6 +162,7 @@ TEST_F(MainWindowTest, MenuEntriesDoWhatTheySay) {
   EXPECT_TRUE(window_.fullsizemen.Checked && State().FullSizeImages == 1);
   window_.debugmen.Click();
   EXPECT_TRUE(window_.debugmen.Checked && State().DebugMode == 1);
+  EXPECT_TRUE(window_.NothingSaved.Visible);
   window_.EditMen.Click();
   EXPECT_FALSE(window_.Shown);
   WriteFile("MainHelp.html", "<html>help</html>");

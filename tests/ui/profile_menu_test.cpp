@@ -38,6 +38,19 @@ TEST_F(ProfileMenuTest, NamesThatNoFileCanHaveAreRefusedWithTheReason) {
   EXPECT_EQ(desktop_->Messages.size(), 4u);
 }
 
+TEST_F(ProfileMenuTest, APlayerOfAnotherProgramIsRefused) {
+  EXPECT_EQ(Choose(0, {"Ann"}), "Ann");
+  files_->OthersHold = true;
+  desktop_->AcceptMessages = true;
+  EXPECT_EQ(Choose(1), "");
+  ASSERT_EQ(desktop_->Messages.size(), 1U);
+  EXPECT_TRUE(desktop_->Messages[0].starts_with("Ann is playing in another window"));
+  EXPECT_EQ(Choose(0, {"Bo", std::nullopt}), "") << "made by another program just now";
+  EXPECT_EQ(ReadFile("PlayerProfiles.txt").find("Bo"), std::string::npos);
+  files_->OthersHold = false;
+  EXPECT_EQ(Choose(1), "Ann");
+}
+
 TEST_F(ProfileMenuTest, MoreThanSevenProfilesScroll) {
   const auto captions = [](const ProfileMenu& form) {
     std::string all;

@@ -90,7 +90,7 @@ TEST_F(ProgramFolderTest, WhatKilledStartsLeftIsTakenAwayAndNothingElse) {
   Write(half + "/Pebbles.txt", "half");
   {
     HeldFile other;
-    ASSERT_TRUE(other.Take(Path("data/.brindlemoor-filling.lock")));
+    ASSERT_EQ(other.Take(Path("data/.brindlemoor-filling.lock")), HoldResult::kHeld);
     Write("data/brindlemoor/.brindlemoor-filling", "begun");
     std::thread end([&] {
       std::this_thread::sleep_for(std::chrono::milliseconds(200));

@@ -1,0 +1,20 @@
+// Leaving what the player owns: for another game, or for good.
+#pragma once
+
+#include <string_view>
+
+namespace brindlemoor {
+
+/// What the windows say all the time while nothing the player owns is saved.
+inline constexpr std::string_view kNothingSaved = "Debug mode: nothing is saved.";
+
+enum class Leaving {
+  kSavesFirst,  ///< asks only when that fails
+  kAsksFirst
+};
+
+/// Sees to it that nothing the player owns is lost unnoticed: saves it, or asks whether to save it,
+/// to let it go or to stay. False to stay.
+bool MayLeavePlayer(Leaving leaving);
+
+}  // namespace brindlemoor
