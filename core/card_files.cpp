@@ -14,9 +14,6 @@ namespace brindlemoor {
 
 namespace {
 
-/// For one look through the list of a folder.
-constexpr std::int64_t kStepsOfLook = 3;
-
 /// A look for a second file of the name of the one that was found.
 class TwinSearch {
  public:
@@ -25,7 +22,7 @@ class TwinSearch {
 
   /// True when the folder holds one, which Twin is then.
   bool In(const std::string& folder) {
-    SpendWork(kStepsOfLook);
+    SpendWorkOnLook();
     const auto alike = lists_.FilesOf(folder).FilesLike(name_);
     return std::ranges::any_of(
         alike, [&](std::string_view present) { return Is(Joined(folder, "/", present)); });
@@ -33,7 +30,7 @@ class TwinSearch {
   /// The same for a folder that is not the program's own: only the very name counts there, so that
   /// it need not be listed.
   bool InParent(const std::string& folder) {
-    SpendWork(kStepsOfLook);
+    SpendWorkOnLook();
     return Is(Joined(folder == "/" ? "" : folder, "/", name_));
   }
   const std::string& Twin() const { return twin_; }
@@ -83,7 +80,7 @@ std::string FileOfOwnGame(std::string_view file) {
   SpendWorkOnText(file.size());
   const std::string name = FileNameOf(file);
   if (!CanBeFileName(name)) return "";
-  SpendWork(kStepsOfLook);
+  SpendWorkOnLook();
   const Text& folder = session.Games[session.CurrentGame].Folder;
   return FileInFolder(folder.empty() ? session.ProgramFolder : InProgramFolder(folder), name);
 }

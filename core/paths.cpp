@@ -27,12 +27,10 @@ std::string InFolder(std::string_view folder, std::string_view name) {
 
 /// No system has longer names of files; a reference may be of any length.
 constexpr std::size_t kLongestName = 255;
-/// For one look at whether a file is there.
-constexpr std::int64_t kStepsOfLook = 3;
 
 /// True when the folder holds the file, whose path is filled in in any case.
 bool Holds(std::string_view folder, std::string_view name, std::string& path) {
-  SpendWork(kStepsOfLook);
+  SpendWorkOnLook();
   path.reserve(folder.size() + 1 + name.size());
   path.assign(folder);
   if (!folder.ends_with('/')) path += '/';

@@ -58,6 +58,8 @@ void SpendWorkOnText(std::size_t bytes) noexcept { State().Work.SpendOnText(byte
 
 void SpendWorkOnSearch(std::size_t items) noexcept { State().Work.SpendOnSearch(items); }
 
+void SpendWorkOnLook() noexcept { State().Work.SpendOnLook(); }
+
 bool WorkIsSpent() noexcept { return State().Work.IsSpent(); }
 
 bool StopsForWork(const Card& acting) { return State().Work.Stops(acting.Name); }

@@ -40,6 +40,11 @@ struct WorkBudget {
     constexpr std::size_t kItemsOfStep = 16;
     Spend(static_cast<std::int64_t>(items / kItemsOfStep));
   }
+  /// For one look at whether a folder holds a file.
+  void SpendOnLook() noexcept {
+    constexpr std::int64_t kStepsOfLook = 3;
+    Spend(kStepsOfLook);
+  }
   /// For a file that is opened and read.
   void SpendOnFile(std::size_t bytes) noexcept {
     constexpr std::int64_t kStepsOfOpening = 32;
@@ -98,6 +103,8 @@ void SpendWork(std::int64_t steps) noexcept;
 void SpendWorkOnText(std::size_t bytes) noexcept;
 /// The same for a look through so many items of a list.
 void SpendWorkOnSearch(std::size_t items) noexcept;
+/// The same for one look at whether a folder holds a file.
+void SpendWorkOnLook() noexcept;
 
 /// True when nothing is left of the present account: scripts end where they stand, and loops that
 /// would start more of them end too. Without an account there is no end.

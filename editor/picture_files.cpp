@@ -11,6 +11,7 @@
 #include "images/image_bridge.h"
 #include "platform/controls.h"
 #include "text/fold.h"
+#include "text/hex_digits.h"
 
 namespace brindlemoor {
 
@@ -49,16 +50,14 @@ std::string MiniOf(const std::string& path) {
 }
 
 std::string CardImageName(std::string_view uniqueId, std::string_view ending) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string id(uniqueId);
   std::erase(id, ' ');
   std::string name = "Card-";
   for (std::size_t at = 0; at < id.size(); ++at) {
-    const auto byte = static_cast<unsigned char>(id[at]);
     if (FitsInName(id, at)) {
       name += id[at];
     } else {
-      name += Joined('_', kDigits[byte >> 4U], kDigits[byte & 0xFU]);
+      AppendHex(name += '_', static_cast<unsigned char>(id[at]), kLargeHexDigits);
     }
   }
   return name.append(ending);

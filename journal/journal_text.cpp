@@ -5,12 +5,12 @@
 #include <charconv>
 
 #include "text/encoding.h"
+#include "text/hex_digits.h"
 
 namespace brindlemoor {
 
 namespace {
 
-constexpr std::string_view kHex = "0123456789abcdef";
 constexpr std::string_view kPlain =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-+._()/";
 
@@ -30,7 +30,7 @@ void AppendEscaped(std::string& out, char character, bool isUtf8) {
   if ((byte >= 0x20 && byte < 0x7F) || (byte >= 0x80 && isUtf8)) {
     out += character;
   } else {
-    ((out += "\\x") += kHex[byte >> 4U]) += kHex[byte & 15U];
+    AppendHex(out += "\\x", byte);
   }
 }
 

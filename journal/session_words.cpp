@@ -5,11 +5,11 @@
 #include <array>
 #include <charconv>
 
+#include "text/hex_digits.h"
+
 namespace brindlemoor {
 
 namespace {
-
-constexpr std::string_view kHex = "0123456789abcdef";
 
 template <class Number>
 std::optional<Number> ReadWhole(const std::string& text, int base = 10) {
@@ -90,7 +90,7 @@ JournalFields FieldsOf(const std::vector<ImageEncoder>& encoders) {
   JournalFields fields;
   for (const ImageEncoder& encoder : encoders) {
     std::string& id = fields.emplace_back();
-    for (const std::uint8_t byte : encoder.Id) (id += kHex[byte >> 4U]) += kHex[byte & 15U];
+    for (const std::uint8_t byte : encoder.Id) AppendHex(id, byte);
     fields.push_back(encoder.FilenameExtension);
   }
   return fields;

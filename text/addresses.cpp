@@ -6,16 +6,16 @@
 #include <charconv>
 
 #include "text/fold.h"
-#include "text/joined.h"
+#include "text/hex_digits.h"
 
 namespace brindlemoor {
 
 namespace {
 
 std::string Escaped(char character) {
-  constexpr std::string_view kHex = "0123456789ABCDEF";
-  const auto byte = static_cast<unsigned char>(character);
-  return Joined('%', kHex[byte >> 4U], kHex[byte & 0xFU]);
+  std::string escaped = "%";
+  AppendHex(escaped, static_cast<unsigned char>(character), kLargeHexDigits);
+  return escaped;
 }
 
 /// The characters that a browser takes as they stand, in quotes and whatever encoding it reads the

@@ -3,6 +3,7 @@
 
 #include "text/encoding.h"
 #include "text/hash.h"
+#include "text/hex_digits.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -23,7 +24,6 @@ bool IsPlain(char character, std::string_view alsoEncoded) {
 }  // namespace
 
 std::string EncodedForFileName(std::string_view name, std::string_view alsoEncoded) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string encoded;
   encoded.reserve(name.size());
   for (const char character : name) {
@@ -31,8 +31,7 @@ std::string EncodedForFileName(std::string_view name, std::string_view alsoEncod
       encoded += character;
       continue;
     }
-    const auto byte = static_cast<unsigned char>(character);
-    encoded += Joined('%', kDigits[byte >> 4U], kDigits[byte & 15U]);
+    AppendHex(encoded += '%', static_cast<unsigned char>(character), kLargeHexDigits);
   }
   return encoded;
 }

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "text/hex_digits.h"
+
 namespace brindlemoor {
 
 /// A 64-bit FNV-1a hash of pieces of bytes; where one piece ends counts. It guards against
@@ -17,9 +19,10 @@ class Hash {
   }
   /// 16 hexadecimal digits.
   std::string Text() const {
-    constexpr std::string_view kDigits = "0123456789abcdef";
     std::string text;
-    for (int shift = 60; shift >= 0; shift -= 4) text += kDigits[(state_ >> shift) & 15U];
+    for (int shift = 56; shift >= 0; shift -= 8) {
+      AppendHex(text, static_cast<unsigned char>(state_ >> shift));
+    }
     return text;
   }
 

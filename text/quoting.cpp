@@ -1,18 +1,18 @@
 // Writing JSON and HTML.
 #include "text/quoting.h"
 
+#include "text/hex_digits.h"
+
 namespace brindlemoor {
 
 std::string JsonText(std::string_view text) {
-  constexpr std::string_view kHex = "0123456789abcdef";
   std::string json = "\"";
   for (const char character : text) {
     const auto byte = static_cast<unsigned char>(character);
     if (character == '"' || character == '\\') {
       (json += '\\') += character;
     } else if (byte < ' ') {
-      json += "\\u00";
-      (json += kHex[byte / 16]) += kHex[byte % 16];
+      AppendHex(json += "\\u00", byte);
     } else {
       json += character;
     }
