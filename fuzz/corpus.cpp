@@ -10,6 +10,7 @@
 #include "data/card_reader.h"
 #include "fuzz/fuzz_session.h"
 #include "fuzz/fuzz_targets.h"
+#include "fuzz/made_folder.h"
 #include "game/match_start.h"
 #include "game/player_files.h"
 #include "game/program_start.h"
@@ -168,6 +169,8 @@ Inputs Images(const std::string&) {
 
 Inputs Matches(const std::string& folder) { return {SmallGame(), FolderText(TextFilesOf(folder))}; }
 
+Inputs Folders(const std::string&) { return StrangeFolders(SmallGame()); }
+
 constexpr FuzzTarget kTargets[] = {
     {"card_file", FuzzCardFile, CardFiles},
     {"script", FuzzScript, Scripts},
@@ -179,6 +182,7 @@ constexpr FuzzTarget kTargets[] = {
     {"links", FuzzLinks, Links},
     {"image", FuzzImage, Images},
     {"match", FuzzMatch, Matches},
+    {"folder", FuzzFolder, Folders},
 };
 
 }  // namespace

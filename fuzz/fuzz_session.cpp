@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include "core/cards.h"
 #include "core/random.h"
@@ -48,13 +49,11 @@ void PutPlayer(int side) {
 
 }  // namespace
 
-FuzzSession::FuzzSession() {
-  auto files = std::make_unique<MemoryFileSystem>();
-  files_ = files.get();
+FuzzProgram::FuzzProgram(std::unique_ptr<FileSystem> files, std::string folder) {
   auto desktop = std::make_shared<HeadlessPlatform>(std::move(files));
   desktop->AcceptMessages = true;
   desktop_ = desktop.get();
-  OpenProgramSession(std::move(desktop), std::string(kFuzzFolder));
+  OpenProgramSession(std::move(desktop), std::move(folder));
   State().Work.Limit = kSteps;
   State().Profile.PlayerName = "Ann";
   PrepareTables();
@@ -62,18 +61,19 @@ FuzzSession::FuzzSession() {
   State().RulesCard.Name = "RulesCard";
 }
 
-FuzzSession::~FuzzSession() {
+FuzzProgram::~FuzzProgram() {
   MustHold(State().RunDepth == 0, "a run is still in progress");
   MustHold(State().Work.Accounts == 0, "an account of work is still open");
   State() = Session{};
 }
 
 void FuzzSession::WriteFile(std::string_view name, std::string_view bytes) {
-  files_->Contents[Joined(kFuzzFolder, "/", name)] = bytes;
+  static_cast<MemoryFileSystem&>(Desktop().Files()).Contents[Joined(kFuzzFolder, "/", name)] =
+      bytes;
 }
 
-std::string FuzzSession::ReadFile(std::string_view name) const {
-  return files_->Read(Joined(kFuzzFolder, "/", name)).value_or("");
+std::string FuzzSession::ReadFile(std::string_view name) {
+  return Desktop().Files().Read(Joined(kFuzzFolder, "/", name)).value_or("");
 }
 
 void FuzzFailure(std::string_view what) {

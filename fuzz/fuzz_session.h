@@ -1,6 +1,7 @@
 // What the targets work in: a session on files in memory, a small table, a small game.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,23 +15,29 @@ namespace brindlemoor {
 
 inline constexpr std::string_view kFuzzFolder = "/game";
 
-/// A fresh session; its scripts may do so little that an input takes a moment.
-class FuzzSession {
+/// A fresh session of the player Ann; its scripts may do so little that an input takes a moment.
+class FuzzProgram {
  public:
-  FuzzSession();
-  ~FuzzSession();
-  FuzzSession(const FuzzSession&) = delete;
-  FuzzSession& operator=(const FuzzSession&) = delete;
+  FuzzProgram(std::unique_ptr<FileSystem> files, std::string folder);
+  ~FuzzProgram();
+  FuzzProgram(const FuzzProgram&) = delete;
+  FuzzProgram& operator=(const FuzzProgram&) = delete;
 
   HeadlessPlatform& Desktop() { return *desktop_; }
+
+ private:
+  HeadlessPlatform* desktop_;
+};
+
+/// The same on files in memory.
+class FuzzSession : public FuzzProgram {
+ public:
+  FuzzSession() : FuzzProgram(std::make_unique<MemoryFileSystem>(), std::string(kFuzzFolder)) {}
+
   /// A file of the program's folder.
   void WriteFile(std::string_view name, std::string_view bytes);
   /// Its bytes, "" when it is not there.
-  std::string ReadFile(std::string_view name) const;
-
- private:
-  MemoryFileSystem* files_;
-  HeadlessPlatform* desktop_;
+  std::string ReadFile(std::string_view name);
 };
 
 /// Ends the program with a word: something that must hold does not.
@@ -54,6 +61,10 @@ struct FolderFile {
 };
 std::string FolderText(const std::vector<FolderFile>& files);
 std::vector<FolderFile> FilesOfText(std::string_view text);
+
+/// Plays a few turns against the first opponents of the first game of the folder. Decks are made of
+/// all cards.
+void PlayOpponents(HeadlessPlatform& desktop);
 
 /// The lines of a text, without their ends.
 std::vector<std::string> LinesOf(std::string_view text);

@@ -30,5 +30,6 @@ void FuzzProfileList(std::string_view bytes);  ///< the list of profiles, likewi
 void FuzzLinks(std::string_view bytes);        ///< lines of addresses that are clicked in a match
 void FuzzImage(std::string_view bytes);        ///< a picture file by way of the image bridge
 void FuzzMatch(std::string_view bytes);        ///< a game folder (see FolderText): a whole match
+void FuzzFolder(std::string_view bytes);       ///< a folder of the disk (see MadeFolder): all of it
 
 }  // namespace brindlemoor

@@ -25,8 +25,8 @@ void WriteGame(FuzzSession& session, std::string_view text) {
 }
 
 /// Puts all cards into the deck and plays, whenever the deck manager comes up.
-void PlayDeckManagers(FuzzSession& session) {
-  session.Desktop().ModalForms.assign(20, [](Form& form) {
+void PlayDeckManagers(HeadlessPlatform& desktop) {
+  desktop.ModalForms.assign(20, [](Form& form) {
     if (&form != &TheDeckManager()) return;
     TheDeckManager().AddAll.Click();
     TheDeckManager().Command2_Click();
@@ -64,7 +64,7 @@ void Click(std::string_view line) {
 void FuzzLinks(std::string_view bytes) {
   FuzzSession session;
   WriteGame(session, SmallGame());
-  PlayDeckManagers(session);
+  PlayDeckManagers(session.Desktop());
   NewGame();
   ChooseGame(1, 1);
   EndGame();
@@ -85,8 +85,12 @@ void FuzzLinks(std::string_view bytes) {
 void FuzzMatch(std::string_view bytes) {
   FuzzSession session;
   WriteGame(session, bytes);
-  PlayDeckManagers(session);
   NewGame();
+  PlayOpponents(session.Desktop());
+}
+
+void PlayOpponents(HeadlessPlatform& desktop) {
+  PlayDeckManagers(desktop);
   const int opponents = std::min(State().Games[1].OpponentFiles.UpperBound(), 3);
   for (int opponent = 1; opponent <= opponents; ++opponent) {
     ChooseGame(1, opponent);
