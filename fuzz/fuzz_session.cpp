@@ -49,12 +49,17 @@ void PutPlayer(int side) {
 
 }  // namespace
 
-FuzzProgram::FuzzProgram(std::unique_ptr<FileSystem> files, std::string folder) {
+HeadlessPlatform& OpenFuzzProgram(std::unique_ptr<FileSystem> files, std::string folder) {
   auto desktop = std::make_shared<HeadlessPlatform>(std::move(files));
+  HeadlessPlatform& opened = *desktop;
   desktop->AcceptMessages = true;
-  desktop_ = desktop.get();
   OpenProgramSession(std::move(desktop), std::move(folder));
   State().Work.Limit = kSteps;
+  return opened;
+}
+
+FuzzProgram::FuzzProgram(std::unique_ptr<FileSystem> files, std::string folder)
+    : desktop_(&OpenFuzzProgram(std::move(files), std::move(folder))) {
   State().Profile.PlayerName = "Ann";
   PrepareTables();
   InitCard(State().RulesCard, 1, 1);

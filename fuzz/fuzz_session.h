@@ -15,7 +15,10 @@ namespace brindlemoor {
 
 inline constexpr std::string_view kFuzzFolder = "/game";
 
-/// A fresh session of the player Ann; its scripts may do so little that an input takes a moment.
+/// A fresh session; its scripts may do so little that an input takes a moment.
+HeadlessPlatform& OpenFuzzProgram(std::unique_ptr<FileSystem> files, std::string folder);
+
+/// The same of the player Ann; what an input leaves behind goes with it.
 class FuzzProgram {
  public:
   FuzzProgram(std::unique_ptr<FileSystem> files, std::string folder);
@@ -61,6 +64,11 @@ struct FolderFile {
 };
 std::string FolderText(const std::vector<FolderFile>& files);
 std::vector<FolderFile> FilesOfText(std::string_view text);
+
+/// Puts all cards into the deck and plays, whenever the deck manager comes up.
+void PlayDeckManagers(HeadlessPlatform& desktop);
+/// The first opponent of a game's list; the element before it is free.
+inline constexpr int kFirstOpponent = 2;
 
 /// Plays a few turns against the first opponents of the first game of the folder. Decks are made of
 /// all cards.

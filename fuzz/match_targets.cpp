@@ -17,20 +17,12 @@ namespace brindlemoor {
 
 namespace {
 
+constexpr int kOpponents = 3;
 constexpr int kTurns = 3;
 constexpr int kMostClicks = 100;
 
 void WriteGame(FuzzSession& session, std::string_view text) {
   for (const FolderFile& file : FilesOfText(text)) session.WriteFile(file.Name, file.Bytes);
-}
-
-/// Puts all cards into the deck and plays, whenever the deck manager comes up.
-void PlayDeckManagers(HeadlessPlatform& desktop) {
-  desktop.ModalForms.assign(20, [](Form& form) {
-    if (&form != &TheDeckManager()) return;
-    TheDeckManager().AddAll.Click();
-    TheDeckManager().Command2_Click();
-  });
 }
 
 void PlayTurns() {
@@ -66,10 +58,11 @@ void FuzzLinks(std::string_view bytes) {
   WriteGame(session, SmallGame());
   PlayDeckManagers(session.Desktop());
   NewGame();
-  ChooseGame(1, 1);
+  ChooseGame(1, kFirstOpponent);
   EndGame();
   NewGame();
-  ChooseGame(1, 2);
+  ChooseGame(1, kFirstOpponent + 1);
+  MustHold(State().CurrentGame == 1, "there is no match whose links could be clicked");
   // Known numbers, so that links can name the cards.
   int number = 100;
   for (Card& card : State().CardTable) {
@@ -89,11 +82,18 @@ void FuzzMatch(std::string_view bytes) {
   PlayOpponents(session.Desktop());
 }
 
+void PlayDeckManagers(HeadlessPlatform& desktop) {
+  desktop.ModalForms.assign(20, [](Form& form) {
+    if (&form != &TheDeckManager()) return;
+    TheDeckManager().AddAll.Click();
+    TheDeckManager().Command2_Click();
+  });
+}
+
 void PlayOpponents(HeadlessPlatform& desktop) {
   PlayDeckManagers(desktop);
-  const int opponents = std::min(State().Games[1].OpponentFiles.UpperBound(), 3);
-  for (int opponent = 1; opponent <= opponents; ++opponent) {
-    ChooseGame(1, opponent);
+  for (int opponent = 0; opponent < kOpponents; ++opponent) {
+    ChooseGame(1, kFirstOpponent + opponent);
     PlayTurns();
     EndGame();
     NewGame();
