@@ -174,7 +174,7 @@ Inputs Folders(const std::string&) { return StrangeFolders(SmallGame()); }
 Inputs Writers(const std::string&) {
   return {
       "1NAnn\n2NBo\n1G0\n2G0\n1E\n2E\n1C\n1T5\n1S\n2S\n1Q\n2Q\n1P1\n2P0\n2P1\n",
-      "1NAnn\n2NAnn\n2P0\n2P1\n2NBo\n1NCy\n2K\n2NDi\n1K\n1P0\n2P3\n",
+      "1NAnn\n2NBo\n1G0\n", "1NAnn\n2NAnn\n2P0\n2P1\n2NBo\n1NCy\n2K\n2NDi\n1K\n1P0\n2P3\n",
       "1NAnn\n1G0\n1X\n1S\n1Y\n1T5\n1S\n1X\n1T5\n1Y\n1A\n1E\n1U\n1Q\n2P0\n2G1\n2X\n2U\n2E\n",
       "1NAnn\n1G0\n1E\n1U\n1G1\n1B\n1Rfast, \"small\"\n1A\n1W\n1U\n1K\n2P0\n2G2\n2B\n2D\n2S\n2Q\n"};
 }

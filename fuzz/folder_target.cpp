@@ -19,6 +19,19 @@ namespace {
 
 constexpr std::size_t kEditedFiles = 3;
 
+/// The machine's files; no page holds the secret even for a moment.
+class SearchedFiles : public LocalFileSystem {
+ public:
+  explicit SearchedFiles(const MadeFolder& folder) : folder_(folder) {}
+  std::string Write(const std::string& path, std::string_view bytes) override {
+    folder_.MustNotTell(bytes);
+    return LocalFileSystem::Write(path, bytes);
+  }
+
+ private:
+  const MadeFolder& folder_;
+};
+
 /// Opens files in the card editor and saves them, as an author does who looks at a game.
 void EditFiles(HeadlessPlatform& desktop, std::vector<std::string> files) {
   files.resize(std::min(files.size(), kEditedFiles));
@@ -34,7 +47,7 @@ void EditFiles(HeadlessPlatform& desktop, std::vector<std::string> files) {
 }
 
 void RunProgram(const MadeFolder& folder) {
-  FuzzProgram program(std::make_unique<LocalFileSystem>(), folder.Path());
+  FuzzProgram program(std::make_unique<SearchedFiles>(folder), folder.Path());
   const ProgramCopy copy(folder.Path());
   State().CopyOfProgram = copy.Number();
   StartProgram();

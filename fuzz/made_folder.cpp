@@ -209,13 +209,17 @@ std::map<std::string, std::string> MadeFolder::Rest() const {
   return rest;
 }
 
+void MadeFolder::MustNotTell(std::string_view bytes) const {
+  MustHold(bytes.find(secret_) == std::string::npos,
+           "a file of the folder holds what stands outside of it");
+}
+
 void MadeFolder::MustHaveKeptTheRest() const {
   MustHold(Rest() == rest_, "something has changed outside of the program's folder");
   for (const auto& entry : fs::recursive_directory_iterator(folder_)) {
     if (entry.symlink_status().type() != fs::file_type::regular) continue;
     if (entry.file_size() > kLargestSearched) continue;
-    MustHold(BytesOf(entry.path()).find(secret_) == std::string::npos,
-             Joined(entry.path().string(), " holds what stands outside of the program's folder"));
+    MustNotTell(BytesOf(entry.path()));
   }
 }
 

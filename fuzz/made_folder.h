@@ -34,6 +34,8 @@ class MadeFolder {
   std::string Path() const { return folder_.string(); }
   /// Regular files with ".txt" names that no link leads to, by path.
   std::vector<std::string> CardFiles() const;
+  /// Ends the program when bytes that it writes hold the secret.
+  void MustNotTell(std::string_view bytes) const;
   /// Ends the program when something has changed outside of the folder, or the secret is in it.
   void MustHaveKeptTheRest() const;
 
