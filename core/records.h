@@ -153,6 +153,16 @@ struct ProfileRec {
   Text RulesFile;   ///< rules file of the last match
 };
 
+/// The file that holds what the player owns, and what it is compared with. Hashes are "" for none.
+struct PlayerFileRec {
+  std::string Path = {};    ///< absolute; "" while what is owned came from no file
+  std::string OnDisk = {};  ///< of its bytes as this program read or wrote them last
+  std::string Owned = {};   ///< of what was owned then
+  std::string LeftAlone =
+      {};                  ///< of bytes that others have written and that the user wants to keep
+  std::string LetGo = {};  ///< of what is owned and unsaved, and shall stay so
+};
+
 /// A custom string: one of its values is picked at random.
 struct CustomStringRec {
   Text Key;

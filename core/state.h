@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -77,10 +76,7 @@ struct Session {
   std::uint8_t CurrentDeck = 1;
   Table<ProfileRec> Profiles;
   ProfileRec Profile;  ///< PlayerName, PlayerFile, RulesFile in use
-  /// Hashes of player files, by path, as this program read or wrote them last.
-  std::map<std::string, std::string, std::less<>> PlayerFilesSeen;
-  std::string FileLeftAlone;    ///< hash of a changed player file that the user wants to keep
-  std::string OwnedWhenStored;  ///< hash of what the player owned at the last read or save
+  PlayerFileRec StoredPlayer;
 
   // Games and files.
   Table<GameRec> Games;

@@ -12,6 +12,7 @@
 #include "core/strings.h"
 #include "data/card_reader.h"
 #include "data/card_reading.h"
+#include "data/field_text.h"
 #include "language/target_types.h"
 #include "language/traits.h"
 #include "script/card_setup.h"
@@ -195,11 +196,11 @@ void CardReader::Tokens(const DirectiveRow&) {
 }
 
 void CardReader::NameOfDeck(const DirectiveRow&) {
-  // Only a file of the player may name the player's decks.
-  if (&player_ != &State().Players[1]) return;
+  // Only the player's own file may name the player's decks, not those that it includes.
+  if (&player_ != &State().Players[1] || State().ReadDepth != 1) return;
   const int current = deckNumber_;
   if (ReadDeckNumber(Field(0)) && !Field(1).empty()) {
-    State().Decks[deckNumber_].DeckName = Field(1);
+    State().Decks[deckNumber_].DeckName = FreeTextOf(Field(1));
   }
   deckNumber_ = current;
 }

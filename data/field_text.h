@@ -17,6 +17,12 @@ std::string QuotedField(std::string_view text);
 /// "&quot".
 std::string PlainField(std::string_view text);
 
+/// Any text at all, as QuotedField; what the format has no way to tell ("#", line ends, "&") stands
+/// in it as "&num" and the like.
+std::string FreeTextField(std::string_view text);
+/// The text of a field that FreeTextField has written.
+std::string FreeTextOf(std::string_view field);
+
 /// A name: in double quotes as it stands. The format has no double quote between quotes, so a name
 /// that holds one goes without quotes where it can, else its own become "&quot".
 std::string NameField(std::string_view name);

@@ -148,21 +148,27 @@ void LoadProfiles() {
   if (profiles.UpperBound() == 0) profiles.Resize(1);
 }
 
-void SaveProfiles() {
+namespace {
+
+/// "" or what went wrong. Nobody is asked or told anything while other programs wait for the list.
+std::string SaveList() {
   Session& session = State();
   const ListInHand list;
-  if (session.Profiles.UpperBound() == 0) LoadProfiles();
-  if (!TakeProfilesOfFile()) {
-    Desktop().MessageBox(Joined("Can't save ", kListFile, ": it can't be read."));
-    return;
-  }
+  if (!TakeProfilesOfFile()) return "it can't be read.";
   std::string text;
   for (ProfileRec& profile : session.Profiles) {
     if (profile.PlayerName == session.Profile.PlayerName) profile = session.Profile;
     if (!profile.PlayerName.empty()) text += ProfileLine(profile);
   }
   text += kLineEnd;
-  SaveOrTell(InProgramFolder(kListFile), kListFile, text);
+  return SaveText(InProgramFolder(kListFile), text);
+}
+
+}  // namespace
+
+void SaveProfiles() {
+  const std::string failure = SaveList();
+  if (!failure.empty()) Desktop().MessageBox(Joined("Can't save ", kListFile, ": ", failure));
 }
 
 std::string RefuseNameInFiles(std::string_view name) {

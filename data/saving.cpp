@@ -27,7 +27,7 @@ std::string TextAsSaved(std::string_view text) {
 
 std::string SaveText(const std::string& path, std::string_view text) {
   FileSystem& files = Desktop().Files();
-  return IsUtf8(text) ? files.Write(path, text) : files.Write(path, WellFormed(text));
+  return IsUtf8(text) ? files.Write(path, text) : files.Write(path, TextAsSaved(text));
 }
 
 bool SaveOrTell(const std::string& path, std::string_view shownName, std::string_view text) {

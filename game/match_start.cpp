@@ -2,6 +2,7 @@
 #include "game/match_start.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "core/cards.h"
@@ -13,6 +14,7 @@
 #include "data/saving.h"
 #include "game/card_refresh.h"
 #include "game/game_list.h"
+#include "game/leaving.h"
 #include "game/player_file_names.h"
 #include "game/player_files.h"
 #include "game/player_saving.h"
@@ -44,8 +46,7 @@ struct BeforeMatch {
   std::int16_t CurrentGame = State().CurrentGame;
   std::uint8_t CurrentDeck = State().CurrentDeck;
   ProfileRec Profile = State().Profile;
-  std::string OwnedWhenStored = State().OwnedWhenStored;
-  decltype(Session::PlayerFilesSeen) PlayerFilesSeen = State().PlayerFilesSeen;
+  PlayerFileRec StoredPlayer = State().StoredPlayer;
 
   /// Takes out what the files brought, so that another opponent can be chosen.
   void PutBack() const {
@@ -56,10 +57,10 @@ struct BeforeMatch {
     session.CurrentGame = CurrentGame;
     session.CurrentDeck = CurrentDeck;
     session.Profile = Profile;
-    session.OwnedWhenStored = OwnedWhenStored;
+    const PlayerFileRec now = std::exchange(session.StoredPlayer, StoredPlayer);
     // What was saved over the file that these cards came from counts: it is read again.
-    const Text& own = Profile.PlayerFile;
-    if (!own.empty() && session.PlayerFilesSeen != PlayerFilesSeen) ReadPlayerFile(own);
+    const bool isOfGame = !now.Path.empty() && now.Path == StoredPlayer.Path;
+    if (isOfGame && now.OnDisk != StoredPlayer.OnDisk) ReadPlayerFile(now.Path);
   }
 };
 
@@ -74,13 +75,6 @@ bool CanRead(std::string_view file) {
   if (!FindCardFile(file).empty()) return true;
   Desktop().MessageBox(CantRead(file, InCurrentFolder(file)));
   return false;
-}
-
-/// The cards of another game's player file are not of this game.
-void OwnNothing() {
-  Session& session = State();
-  session.Collection.Reset(1);
-  for (DeckRec& deck : session.Decks) deck.Cards.Reset(1);
 }
 
 bool HasPlayerFile() {
@@ -239,7 +233,7 @@ void StartMatch(int gameIndex, int opponentIndex) {
   // For a match the file has been read: read again, its cards would no longer be the stored twins
   // of those in the deck.
   if (session.StarterDeckFlag == 1 && !HasPlayerFile()) {
-    OwnNothing();
+    OwnNothing();  // the cards of another game's player file are not of this game
     session.Players[1].Tokens = kFirstTokens;
   } else if (session.StarterDeckFlag == 1 && !ReadOwnFile()) {
     before.PutBack();
@@ -258,6 +252,8 @@ void StartMatch(int gameIndex, int opponentIndex) {
 void ChooseGame(int gameIndex, int opponentIndex) {
   Session& session = State();
   if (session.TurnRunning == 1 || !HasOpponent(gameIndex, opponentIndex)) return;
+  // The player's file of that game is read.
+  if (!MayLeavePlayer(Leaving::kSavesFirst)) return;
   session.TurnRunning = 1;
   StartMatch(gameIndex, opponentIndex);
   session.TurnRunning = 0;

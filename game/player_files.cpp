@@ -49,10 +49,13 @@ bool ReadPlayerFile(std::string_view fileName) {
   const std::vector<Problem>& problems = session.Problems;
   const std::size_t before = problems.size();
   const FileSystem& files = Desktop().Files();
-  const bool isThere = !FindCardFile(fileName).empty() || IsThere(files, InCurrentFolder(fileName));
+  const std::string found = FindCardFile(fileName);
+  const std::string path = found.empty() ? InCurrentFolder(fileName) : found;
+  const bool isThere = !found.empty() || IsThere(files, path);
+  // Before the read: what is written meanwhile counts as changed.
+  const std::string bytes = files.Read(path).value_or("");
   const ReadMark mark;
   PlayerState player = session.Players[1];
-  NotePlayerFile(fileName);
   ForgetDeckNames();
   const FileRead read = ReadCardFile(fileName, session.Players[1], 0, "", 0);
   if (read != FileRead::kWhole) {
@@ -60,15 +63,22 @@ bool ReadPlayerFile(std::string_view fileName) {
     session.Players[1] = std::move(player);
   }
   if (read != FileRead::kWhole && isThere) {
-    Desktop().MessageBox(
-        read == FileRead::kCutOff
-            ? Joined("Can't read ", FileNameOf(fileName), ".  It takes too much work.")
-            : CantRead(FileNameOf(fileName), InCurrentFolder(fileName)));
+    Desktop().MessageBox(read == FileRead::kCutOff ? Joined("Can't read ", FileNameOf(fileName),
+                                                            ".  It takes too much work.")
+                                                   : CantRead(FileNameOf(fileName), path));
     return false;
   }
   if (problems.size() > before) KeepDamagedFile(fileName, problems[before]);
-  if (read == FileRead::kWhole) NoteStoredPlayer();
+  if (read == FileRead::kWhole) NotePlayerRead(path, bytes);
   return true;
+}
+
+void OwnNothing() {
+  Session& session = State();
+  session.Collection.Reset(1);
+  for (DeckRec& deck : session.Decks) deck.Cards.Reset(1);
+  ForgetDeckNames();
+  session.StoredPlayer = {};
 }
 
 void EndGame() {
@@ -76,7 +86,7 @@ void EndGame() {
   session.GameOver = 1;
   session.PickingCard = 0;
   session.DeckManagerMode = 0;
-  WritePlayerFile(PlayerFileName(session.CurrentGame));
+  WritePlayerFile(PlayerFileName(session.CurrentGame), Saving::kByItself);
   Windows().HideHand();
   Windows().SetTurnButton("End Game");
 }

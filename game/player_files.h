@@ -15,6 +15,9 @@ inline constexpr int kFirstTokens = 500;
 /// over it.
 bool ReadPlayerFile(std::string_view fileName);
 
+/// Takes all cards, decks and their names from the player in memory. No file loses them.
+void OwnNothing();
+
 /// Ends the game in progress: saves the player, hides the hand, "End Game" on the main button.
 void EndGame();
 

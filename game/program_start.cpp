@@ -83,7 +83,9 @@ void ResetSides() {
   Pile& hand = session.Players[1].Hand;
   hand.Reset(kHandPositions);
   for (Card& card : hand) InitCard(card, 1, 0);
-  session.Collection.Resize(1);
+  // A card that stayed would be taken for all that the player owns where the file can't be read.
+  session.Collection.Reset(1);
+  session.StoredPlayer = {};
   RenumberAllTraitBits();
 }
 

@@ -8,13 +8,14 @@
 #include "core/paths.h"
 #include "core/state.h"
 #include "game/card_sorting.h"
+#include "game/leaving.h"
 #include "pages/page_files.h"
 #include "platform/arrangement.h"
 #include "text/encoding.h"
 #include "ui/card_search.h"
 #include "ui/deck_chart.h"
 #include "ui/forms.h"
-#include "ui/leaving.h"
+#include "ui/nothing_saved.h"
 #include "ui/owned_targets.h"
 
 namespace brindlemoor {

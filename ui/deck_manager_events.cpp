@@ -265,13 +265,13 @@ void DeckManager::Command2_Click() {
     return;
   }
   if (!DeckIsReady()) return;
-  WritePlayerFile(OwnPlayerFileName());
+  WritePlayerFile(OwnPlayerFileName(), Saving::kByItself);
   Desktop().HideForm(*this);
 }
 
 void DeckManager::backmen_Click() {
   State().SaleMode = 0;
-  WritePlayerFile(OwnPlayerFileName());
+  WritePlayerFile(OwnPlayerFileName(), Saving::kByItself);
   GaveUp = true;
   Desktop().HideForm(*this);
 }
@@ -289,7 +289,7 @@ bool DeckManager::Form_QueryClose() {
   }
   if (state.DeckManagerMode != kOwnCards) return false;
   const bool ready = DeckIsReady();
-  WritePlayerFile(OwnPlayerFileName());
+  WritePlayerFile(OwnPlayerFileName(), Saving::kByItself);
   UpdateDecks();
   return !ready;
 }

@@ -24,8 +24,8 @@ namespace {
 
 /// A file of the user's choice that holds cards or tokens; "" with a message for any other.
 std::string AskCardFile(const FileDialogRequest& request) {
-  constexpr std::array<std::string_view, 5> kWords = {"#PLAYERDECK", "#CARD", "#COLLECTION",
-                                                      "#TOKENS", "#INCLUDE"};
+  constexpr std::array<std::string_view, 4> kWords = {"#CARD", "#COLLECTION", "#TOKENS",
+                                                      "#INCLUDE"};
   const auto path = Desktop().AskFile(request);
   if (!path) return "";
   const auto bytes = Desktop().Files().Read(*path);
@@ -65,17 +65,17 @@ std::string NewGameFile(std::string_view name, std::string_view ending) {
   return Desktop().AskYesNo(question) ? path : std::string();
 }
 
-/// The next save takes what is loaded for the player's own; the file as it was stays beside it.
-void KeepCopyOfPlayerFile() {
-  const std::string path = InProgramFolder(OwnPlayerFileName());
-  const auto bytes = Desktop().Files().Read(path);
-  if (!bytes) return;
-  const std::string failure = Desktop().Files().Write(path + ".before", *bytes);
-  if (failure.empty()) {
-    NotePlayerFile(OwnPlayerFileName());
-  } else {
+/// The next save takes what was loaded for the player's own; the file as it was stays beside it.
+void TakeLoadedPlayer() {
+  const std::string own = InProgramFolder(OwnPlayerFileName());
+  const std::string bytes = Desktop().Files().Read(own).value_or("");
+  const std::string copy = PathOfCopy(own, ".before", bytes);
+  const std::string failure = bytes.empty() ? "" : Desktop().Files().Write(copy, bytes);
+  if (!failure.empty()) {
     Desktop().MessageBox(Joined("No copy of your player file could be kept: ", failure));
   }
+  // Without a copy the save asks once more.
+  NotePlayerLoaded(failure.empty() ? bytes : "");
 }
 
 bool DeckHoldsCards() {
@@ -96,7 +96,6 @@ void DeckManager::savedeckmen_Click() {
   const auto path =
       Desktop().AskFile({.Save = true, .FileName = "*.plr", .DefaultExtension = "plr"});
   if (!path) return;
-  NotePlayerFile(*path);  // the dialog has asked whether to replace it
   WritePlayerFile(*path);
   UpdateDecks();
 }
@@ -108,9 +107,8 @@ void DeckManager::loadplrmen_Click() {
   }
   const std::string path = AskCardFile({.FileName = "*.plr;*.txt", .DefaultExtension = "plr"});
   if (path.empty()) return;
-  KeepCopyOfPlayerFile();
-  ReadPlayerFile(path);
-  NoteUnstoredPlayer();
+  if (!ReadPlayerFile(path)) return;
+  if (path != InProgramFolder(OwnPlayerFileName())) TakeLoadedPlayer();
   ShowDeckNames();
   ForgetPreviews();
   UpdateDecks();

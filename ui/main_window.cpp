@@ -7,6 +7,7 @@
 #include "core/program_version.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "game/leaving.h"
 #include "game/plans.h"
 #include "game/player_file_names.h"
 #include "game/player_files.h"
@@ -20,8 +21,8 @@
 #include "ui/editor_door.h"
 #include "ui/forms.h"
 #include "ui/hint_page.h"
-#include "ui/leaving.h"
 #include "ui/link_protocol.h"
+#include "ui/nothing_saved.h"
 #include "ui/owned_targets.h"
 
 namespace brindlemoor {
@@ -188,7 +189,8 @@ void MainWindow::Picture2_MouseUp(int position, MouseButton button) {
 }
 
 void MainWindow::newgamemen_Click() {
-  if (State().TurnRunning == 1) return;
+  // What the end saves by itself is asked about while the match can still go on.
+  if (State().TurnRunning == 1 || !MayLeavePlayer(Leaving::kSavesFirst)) return;
   EndGame();
   LeaveEndedGame();
 }
@@ -198,7 +200,11 @@ void MainWindow::deckmanagermen_Click() {
   if (State().TurnRunning == 0) ShowDeckManagerInGame();
 }
 
-void MainWindow::EditMen_Click() { TheEditorDoor().OpenCardEditor(); }
+void MainWindow::EditMen_Click() {
+  // While the editor is open nothing of the player is saved.
+  if (State().TurnRunning == 1 || !MayLeavePlayer(Leaving::kSavesFirst)) return;
+  TheEditorDoor().OpenCardEditor();
+}
 
 void MainWindow::saveplrmen_Click() {
   const OwnedTargets targets;

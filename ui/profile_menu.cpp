@@ -72,15 +72,25 @@ void ProfileMenu::VScroll1_Change() {
 
 namespace {
 
+/// The line of a player as it stands now: the list that the chooser shows may be old.
+ProfileRec PresentLine(const ProfileRec& shown) {
+  LoadProfiles();
+  for (const ProfileRec& line : State().Profiles) {
+    if (line.PlayerName == shown.PlayerName) return line;
+  }
+  return shown;
+}
+
 /// False, with a message, for a player of another program.
-bool TakeProfile(const ProfileRec& profile) {
+bool TakeProfile(const ProfileRec& shown) {
   Session& state = State();
-  if (!HoldPlayer(profile.PlayerName)) {
-    Desktop().MessageBox(Joined(profile.PlayerName,
+  if (!HoldPlayer(shown.PlayerName)) {
+    Desktop().MessageBox(Joined(shown.PlayerName,
                                 " is playing in another window of the program on this folder.  "
                                 "Choose another player, or end that one first."));
     return false;
   }
+  const ProfileRec profile = PresentLine(shown);
   state.Profile = profile;
   if (!ResolvePath(profile.PlayerFile, 0).empty()) {
     ReadPlayerFile(profile.PlayerFile);
@@ -93,6 +103,7 @@ std::string AskNewName() {
   while (true) {
     std::string name = Desktop().AskText("New Player Name?").value_or("");
     if (name.empty()) return name;
+    LoadProfiles();  // another program may have added one
     std::string refusal = RefusePlayerName(name);
     if (refusal.empty() && !HoldPlayer(name)) refusal = "There is a player of this name already.";
     if (refusal.empty()) return name;
@@ -106,7 +117,8 @@ void ProfileMenu::Command1_Click(int index) {
   Session& state = State();
   const int profile = ScrollOffset + index;
   if (profile >= 1 && state.Profiles.Holds(profile)) {
-    if (!TakeProfile(state.Profiles[profile])) return;
+    const ProfileRec shown = state.Profiles[profile];
+    if (!TakeProfile(shown)) return;
   } else {
     // A new player starts afresh: what an earlier profile left in these fields is not theirs.
     state.Profile = ProfileRec{};

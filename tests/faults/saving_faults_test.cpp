@@ -11,6 +11,8 @@
 #include <unistd.h>
 
 #include "core/cards.h"
+#include "core/desktop.h"
+#include "core/paths.h"
 #include "core/random.h"
 #include "core/state.h"
 #include "data/profiles.h"
@@ -65,7 +67,8 @@ void OwnCards(int version) {
 /// As if the player had been read before.
 void OwnSome(HeadlessPlatform&, const std::string&, int version) {
   OwnCards(version);
-  NotePlayerFile("Ann_Small.plr");
+  const std::string path = InProgramFolder("Ann_Small.plr");
+  NotePlayerRead(path, Desktop().Files().Read(path).value_or(""));
 }
 
 /// Another program has written the player file since.

@@ -70,7 +70,7 @@ TEST_F(PlayerFilesTest, AnOldFileStaysWhenNothingShallBeWritten) {
     EndGame();
   }
   State().CurrentGame = 1;
-  NotePlayerFile(kFile);
+  NotePlayerRead(std::string(kFolder) + "/" + kFile, "old");
   files_->WriteError = "no space";
   desktop_->ExpectedMessages = {"Can't save Ann_Goblins.plr: no space"};
   WritePlayerFile(kFile);

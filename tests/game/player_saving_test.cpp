@@ -1,10 +1,10 @@
 // Player files as a database: when they are saved, and what is never saved over.
 #include "game/player_saving.h"
 
+#include "game/leaving.h"
 #include "game/player_files.h"
 #include "tests/support/saved_cards.h"
 #include "tests/support/session_test.h"
-#include "ui/leaving.h"
 
 namespace brindlemoor {
 namespace {
@@ -115,7 +115,7 @@ TEST_F(PlayerSavingTest, NamesOfDecksLastAndAreOnlyThePlayersOwn) {
   EXPECT_TRUE(ReadPlayerFile(kFile));
   EXPECT_EQ(Joined(State().Decks[1].DeckName, "|", State().Decks[2].DeckName, "|",
                    State().Decks[3].DeckName),
-            "Deck #1|Fast, &quotsmall&quot ones|Deck #3");
+            "Deck #1|Fast, \"small\" ones|Deck #3");
   WriteFile("enemy.txt", "#DECKNAME, 1, mine\n#CARDINDECK, Imp, , , , , \n");
   ReadCards("enemy.txt", State().Players[2], 0, "", 0);
   EXPECT_EQ(State().Decks[1].DeckName, "Deck #1");
@@ -140,9 +140,13 @@ TEST_F(PlayerSavingTest, NothingIsLostUnnoticedWhenThePlayerLeaves) {
   EXPECT_TRUE(MayLeavePlayer(Leaving::kAsksFirst));
   EXPECT_NE(ReadFile(kFile).find("#TOKENS, 8"), std::string::npos);
   files_->WriteError = "";
+  StorePlayer();
+  EXPECT_TRUE(MayLeavePlayer(Leaving::kSavesFirst));
+  EXPECT_NE(ReadFile(kFile).find("#TOKENS, 8"), std::string::npos) << "let go of";
+  State().Players[1].Tokens = 10;
   desktop_->SaveAnswers = {SaveAnswer::kSave};
   EXPECT_TRUE(MayLeavePlayer(Leaving::kAsksFirst));
-  EXPECT_NE(ReadFile(kFile).find("#TOKENS, 9"), std::string::npos);
+  EXPECT_NE(ReadFile(kFile).find("#TOKENS, 10"), std::string::npos);
 }
 
 }  // namespace

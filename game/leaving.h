@@ -1,12 +1,7 @@
 // Leaving what the player owns: for another game, or for good.
 #pragma once
 
-#include <string_view>
-
 namespace brindlemoor {
-
-/// What the windows say all the time while nothing the player owns is saved.
-inline constexpr std::string_view kNothingSaved = "Debug mode: nothing is saved.";
 
 enum class Leaving {
   kSavesFirst,  ///< asks only when that fails
