@@ -26,7 +26,7 @@ struct RecordRow {
   std::size_t Least;
   std::size_t Most;
 };
-constexpr std::array<RecordRow, 34> kRows = {{
+constexpr std::array<RecordRow, 35> kRows = {{
     {"program", Part::kHead, 1, 1},
     {"kind", Part::kHead, 1, 1},
     {"folder", Part::kHead, 1, 1},
@@ -53,6 +53,7 @@ constexpr std::array<RecordRow, 34> kRows = {{
     {"document", Part::kRecords, 1, 1},
     {"outside", Part::kRecords, 2, kManyFields},
     {"before", Part::kRecords, 2, 3},
+    {"changed", Part::kRecords, 2, 3},
     {"write", Part::kRecords, 5, 5},
     {"picture", Part::kRecords, 1, 1},
     {"remove", Part::kRecords, 1, 1},

@@ -6,6 +6,7 @@
 #include "journal/journal_writer.h"
 #include "journal/program_paths.h"
 #include "journal/start_state.h"
+#include "text/hash.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -15,6 +16,13 @@ namespace {
 constexpr std::size_t kLargestTold = 16U << 20;  // bytes of a file outside
 
 }  // namespace
+
+RecordingFiles::RecordingFiles(FileSystem& below, JournalWriter& writer, std::string folder)
+    : below_(below), writer_(writer), folder_(std::move(folder)) {
+  for (const JournalRecord& kept : KeptFilesOf(below_, folder_)) {
+    known_[kept.Fields[0]] = {"text", HashOf(kept.Fields[1])};
+  }
+}
 
 void RecordingFiles::Tell(std::string_view what, const std::string& path,
                           JournalFields answer) const {
@@ -32,7 +40,27 @@ void RecordingFiles::TakeChoice(const std::string& path) {
   below_.TakeChoice(path);
 }
 
+void RecordingFiles::TellChange(const std::string& path) const {
+  const std::string name = JournalName(folder_, path);
+  if (IsOutside(name) || !IsKeptWhole(name) || !IsKeptWhole(below_.Followed(path))) return;
+  JournalFields state{"absent"};
+  std::string bytes;
+  if (auto text = below_.Read(path)) {
+    state = {"text", HashOf(*text)};
+    bytes = std::move(*text);
+  } else if (std::string reason = below_.WhyUnread(path); !reason.empty()) {
+    state = {"unread", reason};
+  }
+  JournalFields& known = known_.try_emplace(name, JournalFields{"absent"}).first->second;
+  if (known == state || bytes.size() > kLargestTold) return;
+  known = state;
+  if (state[0] == "text") state[1] = std::move(bytes);
+  state.insert(state.begin(), name);
+  writer_.Add("changed", state);
+}
+
 bool RecordingFiles::Exists(const std::string& path) const {
+  TellChange(path);
   const bool exists = below_.Exists(path);
   Tell("exists", path, exists ? JournalFields{"yes"} : JournalFields{});
   return exists;
@@ -57,6 +85,7 @@ std::vector<std::string> RecordingFiles::ListFolders(const std::string& folder) 
 }
 
 std::optional<std::string> RecordingFiles::Read(const std::string& path) const {
+  TellChange(path);
   auto bytes = below_.Read(path);
   const bool tells = bytes && bytes->size() <= kLargestTold &&
                      (chosen_.contains(path) || IsCardFileName(path) || IsKeptWhole(path));
@@ -65,6 +94,7 @@ std::optional<std::string> RecordingFiles::Read(const std::string& path) const {
 }
 
 std::string RecordingFiles::WhyUnread(const std::string& path) const {
+  TellChange(path);
   std::string reason = below_.WhyUnread(path);
   Tell("unread", path, reason.empty() ? JournalFields{} : JournalFields{reason});
   return reason;
@@ -92,6 +122,7 @@ std::string RecordingFiles::Write(const std::string& path, std::string_view byte
     writer_.Add("picture", {name});
   } else {
     writer_.AddText(name, bytes);
+    known_[name] = {"text", HashOf(bytes)};
   }
   return problem;
 }
@@ -102,6 +133,7 @@ std::string RecordingFiles::Remove(const std::string& path) {
   std::string problem = below_.Remove(path);
   if (problem.empty()) {
     writer_.Add("remove", {name});
+    known_[name] = {"absent"};
   } else {
     writer_.Add("failed", {"remove", name, problem});
   }

@@ -15,13 +15,13 @@ class JournalWriter;
 /// What lies in the program's folder is known from the state at the start, so only answers about
 /// files outside of it are told, and only where they differ from the one before (at first: that
 /// nothing is there). Before a file of the folder is changed for the first time, its text is told.
+/// What others make of a player's file meanwhile is told when the program looks at it.
 /// Never told are the bytes of what a link leads to, and of files outside that the program has no
 /// business with: those that are no text files of cards or players and that no user chose.
 class RecordingFiles : public FileSystem {
  public:
   /// below, the writer and the folder (absolute) are those of the program that is recorded.
-  RecordingFiles(FileSystem& below, JournalWriter& writer, std::string folder)
-      : below_(below), writer_(writer), folder_(std::move(folder)) {}
+  RecordingFiles(FileSystem& below, JournalWriter& writer, std::string folder);
 
   void KeepTo(const std::string& programFolder) override { below_.KeepTo(programFolder); }
   void TakeChoice(const std::string& path) override;
@@ -40,13 +40,17 @@ class RecordingFiles : public FileSystem {
  private:
   void Tell(std::string_view what, const std::string& path, JournalFields answer) const;
   void TellBefore(const std::string& name, const std::string& path);
+  void TellChange(const std::string& path) const;
 
   FileSystem& below_;
   JournalWriter& writer_;
   const std::string folder_;
   mutable std::map<std::string, JournalFields> told_;  // answers about the outside
-  std::set<std::string> changed_;                      // files of the folder
-  std::set<std::string> chosen_;                       // paths
+  // Players' files of the folder as the journal knows them: the fields of "changed", a hash for the
+  // text.
+  mutable std::map<std::string, JournalFields> known_;
+  std::set<std::string> changed_;  // files of the folder
+  std::set<std::string> chosen_;   // paths
 };
 
 }  // namespace brindlemoor

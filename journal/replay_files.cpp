@@ -55,8 +55,20 @@ const JournalFields& ReplayFiles::Outside(std::string_view what, const std::stri
   return answer;
 }
 
+void ReplayFiles::TakeChange(const std::string& name) const {
+  const JournalRecord* next = tape_.Next();
+  if (next == nullptr || next->Word != "changed" || next->Fields[0] != name) return;
+  const JournalFields& fields = tape_.Take().Fields;
+  const std::string& told = fields.size() == 3 ? fields[2] : "";
+  unread_.erase(name);
+  inside_.Contents.erase(PathOf(name));
+  if (fields[1] == "text") inside_.Contents[PathOf(name)] = told;
+  if (fields[1] == "unread") unread_[name] = told;
+}
+
 bool ReplayFiles::Exists(const std::string& path) const {
   const std::string name = JournalName(folder_, path);
+  TakeChange(name);
   return IsOutside(name) ? !Outside("exists", name).empty() : inside_.Exists(PathOf(name));
 }
 
@@ -80,6 +92,7 @@ std::vector<std::string> ReplayFiles::ListFolders(const std::string& folder) con
 
 std::optional<std::string> ReplayFiles::Read(const std::string& path) const {
   const std::string name = JournalName(folder_, path);
+  TakeChange(name);
   if (!IsOutside(name)) return inside_.Read(PathOf(name));
   const JournalFields& answer = Outside("read", name);
   return answer.empty() ? std::nullopt : std::optional(answer[0]);
@@ -91,7 +104,9 @@ std::string ReplayFiles::WhyUnread(const std::string& path) const {
     const JournalFields& answer = Outside("unread", name);
     return answer.empty() ? "" : answer[0];
   }
-  // A player's file that could not be read is in no journal.
+  TakeChange(name);
+  if (const auto unread = unread_.find(name); unread != unread_.end()) return unread->second;
+  // A link that led elsewhere is in no journal.
   return inside_.Contents.contains(PathOf(name)) ? "" : machine_.WhyUnread(PathOf(name));
 }
 

@@ -78,6 +78,8 @@ class ReplayFiles : public FileSystem {
   void SetBack(const Journal& journal);
   /// The answer about something outside; empty for what is not there.
   const JournalFields& Outside(std::string_view what, const std::string& name) const;
+  /// What others made of a player's file before the program looked at it.
+  void TakeChange(const std::string& name) const;
   /// What went wrong at the same place of the session; nothing when it went well.
   std::optional<std::string> Failure(std::string_view what, const std::string& name);
 
@@ -85,7 +87,8 @@ class ReplayFiles : public FileSystem {
   JournalTape& tape_;
   const std::vector<JournalRecord> recordedState_;
   MovedFolder machine_;
-  OverlayFileSystem inside_;
+  mutable OverlayFileSystem inside_;
+  mutable std::map<std::string, std::string> unread_;     // why a player's file could not be read
   std::set<std::string> absent_;                          // paths of files that were not there
   mutable std::map<std::string, JournalFields> outside_;  // answers, as they stand
 };

@@ -41,17 +41,24 @@ bool MayBeKept(const FileSystem& files, const std::string& path) {
   return files.Exists(path) && IsKeptWhole(files.Followed(path));
 }
 
-void AddFolder(const FileSystem& files, const std::string& folder, const std::string& shownAs,
+void AddKept(const FileSystem& files, const std::string& folder, const std::string& shownAs,
+             std::vector<JournalRecord>& records) {
+  for (const std::string& name : files.ListFiles(folder)) {
+    const std::string path = Joined(folder, "/", name);
+    if (IsKeptWhole(name) && MayBeKept(files, path)) {
+      records.push_back({0, "keep", {shownAs + name, files.Read(path).value_or("")}});
+    }
+  }
+}
+
+void AddOthers(const FileSystem& files, const std::string& folder, const std::string& shownAs,
                std::vector<JournalRecord>& records) {
   Hash others;
   for (const std::string& name : files.ListFiles(folder)) {
     const std::string path = Joined(folder, "/", name);
     const std::string shown = shownAs + name;
-    if (IsKeptWhole(name)) {
-      if (MayBeKept(files, path)) {
-        records.push_back({0, "keep", {shown, files.Read(path).value_or("")}});
-      }
-    } else if (IsCardFileName(name)) {
+    if (IsKeptWhole(name)) continue;
+    if (IsCardFileName(name)) {
       records.push_back({0, "file", {shown, HashOf(files.Read(path).value_or(""))}});
     } else if (!IsMadeAnew(name)) {
       others.Add(name);
@@ -82,12 +89,21 @@ bool IsOpaque(std::string_view path) {
   return IsPictureName(FileNameOf(path)) || EndsFolded(path, kDocument);
 }
 
-std::vector<JournalRecord> StartStateOf(FileSystem& files, const std::string& folder) {
+std::vector<JournalRecord> KeptFilesOf(FileSystem& files, const std::string& folder) {
   files.KeepTo(folder);
   std::vector<JournalRecord> records;
-  AddFolder(files, folder, "", records);
+  AddKept(files, folder, "", records);
   for (const std::string& name : files.ListFolders(folder)) {
-    AddFolder(files, Joined(folder, "/", name), name + "/", records);
+    AddKept(files, Joined(folder, "/", name), name + "/", records);
+  }
+  return records;
+}
+
+std::vector<JournalRecord> StartStateOf(FileSystem& files, const std::string& folder) {
+  std::vector<JournalRecord> records = KeptFilesOf(files, folder);
+  AddOthers(files, folder, "", records);
+  for (const std::string& name : files.ListFolders(folder)) {
+    AddOthers(files, Joined(folder, "/", name), name + "/", records);
   }
   return records;
 }

@@ -91,9 +91,11 @@ TEST_F(PlayerSavingTest, ThatAllCardsAreGoneIsSavedOverWhatWasRead) {
   State().Players[1].Tokens = 90;
   EXPECT_TRUE(WritePlayerFile(kFile));
   EXPECT_EQ(ReadFile(kFile), "#PLAYERDECK\r\n\r\n\r\n#TOKENS, 90\r\n\r\n");
+  State().SaleMode = 1;
   WriteFile("Ann_Elves.plr", "unread");
   EXPECT_TRUE(WritePlayerFile("Ann_Elves.plr"));
   EXPECT_EQ(ReadFile("Ann_Elves.plr"), "unread");
+  EXPECT_EQ(State().SaleMode, 0);
 }
 
 TEST_F(PlayerSavingTest, OnlyTheOwnFileCountsAsStored) {

@@ -71,6 +71,34 @@ TEST_F(KeptFilesTest, FilesBesideTheFolderAreToldIfTheyAreCardsOrChosen) {
   }
 }
 
+TEST_F(KeptFilesTest, WhatOthersMakeOfAPlayersFileMeanwhileIsPlayedAgain) {
+  const fs::path own = root_ / "game/Ann_Wickwater.plr";
+  const std::string journal = Record([&] {
+    PlayAWhile();
+    const auto sell = [this](Form& decks) {
+      Do(decks, {.Control = "Command5"});
+      Do(decks, {.Kind = UserEventKind::kPress, .Control = "DeckPic(1)", .Number = 0});
+      Do(decks, {.Kind = UserEventKind::kMenu, .Control = "quitmen"});
+      Do(decks, {.Kind = UserEventKind::kClose});
+    };
+    const std::string bytes = ReadBytes(own);
+    desktop_->SaveAnswers = {SaveAnswer::kCancel, SaveAnswer::kCancel};
+    WriteBytes(own, bytes + "\r\n");
+    desktop_->YesNoAnswers = {false};
+    desktop_->ModalForms.emplace_back(sell);
+    Menu("deckmanagermen");
+    fs::remove(own);
+    fs::create_directory(own);  // which can't be read
+    desktop_->ModalForms.emplace_back(sell);
+    Menu("deckmanagermen");
+    EXPECT_TRUE(desktop_->YesNoAnswers.empty() && desktop_->SaveAnswers.empty());
+    EXPECT_NE(desktop_->Messages.back().find("can't be read"), std::string::npos);
+    fs::remove(own);
+    WriteBytes(own, bytes);
+  });
+  EXPECT_EQ(Replay(journal).Difference, "");
+}
+
 TEST_F(KeptFilesTest, ASecondProgramIsPlayedAgainWithItsOwnPages) {
   const std::string journal = Record([this] { PlayAWhile(); }, true, 2);
   EXPECT_NE(journal.find("write Display-2.html"), journal.npos);
