@@ -81,7 +81,7 @@ class TwoPrograms(shipped_game.ShippedGameTest):
 
         self.display.ask_to_close(TITLE)
         self.wait_for_question(NOT_SAVED)
-        self.display.key("alt+s")
+        self.display.key("Return")  # "Save"
         self.wait_for_question(CHANGED)
         self.display.key("alt+y")
         self.assertEqual(self.run_.wait_for_end(), 0, self.run_.errors())
