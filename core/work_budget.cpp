@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <exception>
 
+#include "core/desktop.h"
 #include "core/limits.h"
 #include "core/paths.h"
 #include "core/state.h"
@@ -37,6 +38,7 @@ WorkAccount::WorkAccount() {
   work.StoppedCard.clear();
   work.StoppedFile.clear();
   work.SearchStopped = false;
+  work.NextStop = std::min(work.Bound(), WorkBudget::kStepsBetweenLooks);
   State().Lists.Forget();
 }
 
@@ -44,12 +46,20 @@ WorkAccount::~WorkAccount() {
   // The session may be another one by now.
   WorkBudget& work = State().Work;
   if (work.Accounts == 0 || --work.Accounts > 0) return;
+  work.NextStop = WorkBudget::kNever;
   work.Most = std::max(work.Most, work.Done);
   State().Lists.Forget();
   try {
     TellWhatWasStopped(work);
   } catch (const std::exception&) {  // no memory for the sentence: the work is bounded all the same
   }
+}
+
+bool WorkBudget::StopsHere() noexcept {
+  if (Done >= Bound()) return true;
+  NextStop = std::min(Bound(), Done + kStepsBetweenLooks);
+  Desktop().ServeWindows();
+  return false;
 }
 
 void SpendWork(std::int64_t steps) noexcept { State().Work.Spend(steps); }

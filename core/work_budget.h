@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,12 @@ struct WorkBudget {
   std::string StoppedCard{};   ///< whose script was ended first in this account, "" for none
   std::string StoppedFile{};   ///< the file whose reading was ended first, "" for none
   bool SearchStopped = false;  ///< a file was not looked for everywhere
+  /// Where IsSpent looks closer: the end of the account, or the next service of the windows.
+  std::int64_t NextStop = kNever;
+
+  static constexpr std::int64_t kNever = std::numeric_limits<std::int64_t>::max();
+  /// The desktop serves its windows this often (Platform::ServeWindows).
+  static constexpr std::int64_t kStepsBetweenLooks = 10000;
 
   void Spend(std::int64_t steps) noexcept {
     Done += steps;
@@ -64,9 +71,8 @@ struct WorkBudget {
     constexpr std::int64_t kStepsOfOpening = 32;
     Spend(kStepsOfOpening + static_cast<std::int64_t>(entries));
   }
-  bool IsSpent() const noexcept {
-    return Accounts > 0 && Done >= (Limit > 0 ? Limit : limits::kStepsOfTurn);
-  }
+  /// May let the desktop show itself; no event reaches the logic in there.
+  bool IsSpent() noexcept { return Done >= NextStop && StopsHere(); }
   /// The same for a script of a card that would go on or begin.
   bool Stops(std::string_view acting) {
     if (!IsSpent()) return false;
@@ -84,6 +90,12 @@ struct WorkBudget {
     SearchStopped = SearchStopped || IsSpent();
     return IsSpent();
   }
+
+  /// The number of steps at which the present account is spent.
+  std::int64_t Bound() const noexcept { return Limit > 0 ? Limit : limits::kStepsOfTurn; }
+
+ private:
+  bool StopsHere() noexcept;
 };
 
 /// While one exists, work is counted together: a turn, the judging of a hand, a single run, the

@@ -39,6 +39,7 @@ class RecordingPlatform : public Platform, public EventObserver {
   std::unique_ptr<PdfDocument> NewPdf(PaperSize paper) override;
   void Navigate(BrowserView& view, const std::string& url) override;
   void PumpEvents() override;
+  void ServeWindows() noexcept override { desktop_->ServeWindows(); }
   void EndProgram() override { desktop_->EndProgram(); }
   bool Ending() const override { return desktop_->Ending(); }
   std::uint64_t ClockSeed() override;

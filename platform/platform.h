@@ -76,6 +76,9 @@ class Platform {
   virtual void Navigate(BrowserView& view, const std::string& url) = 0;
   /// Lets waiting events run once.
   virtual void PumpEvents() = 0;
+  /// Called now and then in the middle of long work: windows are painted and menus open, but no
+  /// event is delivered, as half of a table may have been changed.
+  virtual void ServeWindows() noexcept {}
   /// Ends the program: no further page is shown and the event loop stops.
   virtual void EndProgram() = 0;
   virtual bool Ending() const = 0;

@@ -30,6 +30,7 @@ class HeadlessPlatform : public Platform {
   std::deque<std::optional<std::int32_t>> ColorAnswers;
   std::deque<std::function<void(Form&)>> ModalForms;  ///< plays the user of each modal form
   std::function<void()> OnPump;                       ///< events that wait
+  std::function<void()> OnWork;                       ///< in the middle of long work
   bool AcceptMessages = false;                        ///< message boxes need not be expected
   bool BlanksForLineEnds = false;  ///< a blank of an expected message may stand for a line end
 
@@ -57,6 +58,9 @@ class HeadlessPlatform : public Platform {
   std::unique_ptr<PdfDocument> NewPdf(PaperSize paper) override;
   void Navigate(BrowserView& view, const std::string& url) override;
   void PumpEvents() override;
+  void ServeWindows() noexcept override {
+    if (OnWork) OnWork();
+  }
   void EndProgram() override { ending_ = true; }
   bool Ending() const override { return ending_; }
   std::uint64_t ClockSeed() override { return seed_++; }

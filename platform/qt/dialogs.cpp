@@ -11,6 +11,7 @@
 
 #include "platform/qt/event_loop.h"
 #include "platform/qt/qt_platform.h"
+#include "platform/qt/within.h"
 
 namespace brindlemoor {
 
@@ -35,10 +36,14 @@ bool QtPlatform::RunDialog(QDialog& dialog) {
   if (ending_) return false;
   dialogs_.push_back(&dialog);
   WakeEventLoop();
-  const bool logicRan = std::exchange(logicRuns_, false);
-  const int result = dialog.exec();
-  logicRuns_ = logicRan;
+  int result = 0;
+  {
+    const Within waiting(logicRuns_, false);
+    const Within noPump(pumps_, false);
+    result = dialog.exec();
+  }
   dialogs_.erase(std::find(dialogs_.begin(), dialogs_.end(), &dialog));
+  ServeWaiting();
   return result == QDialog::Accepted && !ending_;
 }
 

@@ -25,7 +25,22 @@ constexpr double kZoomStep = 0.1;
 
 FormWindow::FormWindow(Form& form, WindowHost& host) : form_(form), host_(host) {
   setObjectName(QString::fromStdString(form.Name));
-  Bind(form, [this] { setWindowTitle(QString::fromStdString(form_.Caption)); });
+  Bind(form, [this] { ShowTitle(); });
+}
+
+void FormWindow::ShowTitle() {
+  const QString caption = QString::fromStdString(form_.Caption);
+  setWindowTitle(closes_ ? "Closing: " + caption : caption);
+}
+
+void FormWindow::ShowThatItCloses(bool closes) {
+  closes_ = closes;
+  ShowTitle();
+  if (closes) {
+    setCursor(Qt::WaitCursor);
+  } else {
+    unsetCursor();
+  }
 }
 
 void FormWindow::EndBuilding() {

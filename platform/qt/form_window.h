@@ -31,6 +31,8 @@ class FormWindow : public QMainWindow {
 
   /// Shows the window; a modal one blocks owner, or all windows when there is no owner.
   void Present(bool modal, QWidget* owner);
+  /// Shows that the user's wish to close has arrived and waits for the end of a handler.
+  void ShowThatItCloses(bool closes);
 
   // For the bindings of controls.
 
@@ -67,11 +69,13 @@ class FormWindow : public QMainWindow {
   void AddZoomKeys();
   void SetZoom(double zoom);
   void TakeFirstSize(QWidget* owner);
+  void ShowTitle();
 
   Form& form_;
   WindowHost& host_;
   bool building_ = true;
   bool sized_ = false;
+  bool closes_ = false;
   double zoom_ = 1.0;
   std::vector<Observed*> bound_;
   std::vector<Mnemonic> mnemonics_;

@@ -9,31 +9,16 @@
 #include <QWebEngineProfile>
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 #include "platform/qt/event_loop.h"
 #include "platform/qt/form_building.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/page_profile.h"
 #include "platform/qt/page_view.h"
+#include "platform/qt/within.h"
 
 namespace brindlemoor {
-
-namespace {
-
-/// A value for as long as a scope lasts.
-class Within {
- public:
-  Within(bool& variable, bool value) : variable_(variable), old_(variable) { variable = value; }
-  ~Within() { variable_ = old_; }
-  Within(const Within&) = delete;
-  Within& operator=(const Within&) = delete;
-
- private:
-  bool& variable_;
-  const bool old_;
-};
-
-}  // namespace
 
 QtPlatform::QtPlatform(std::unique_ptr<FileSystem> files, const std::string& folder,
                        std::optional<std::uint64_t> seed)
@@ -60,6 +45,7 @@ void QtPlatform::Run() {
 
 void QtPlatform::CloseWindows() {
   ending_ = true;
+  waiting_.clear();
   clicks_.clear();
   views_.clear();
   windows_.clear();
@@ -101,9 +87,13 @@ void QtPlatform::ShowForm(Form& form, bool modal) {
   QEventLoop loop;
   modal_.push_back({&form, &loop});
   WakeEventLoop();
-  const Within waiting(logicRuns_, false);
-  loop.exec();
+  {
+    const Within waiting(logicRuns_, false);
+    const Within noPump(pumps_, false);
+    loop.exec();
+  }
   modal_.pop_back();
+  ServeWaiting();
 }
 
 void QtPlatform::HideForm(Form& form) {
@@ -121,6 +111,11 @@ void QtPlatform::HideForm(Form& form) {
 
 /// A program without any window could never be ended by its user.
 void QtPlatform::EndWhenNothingIsShown() {
+  if (looks_) {
+    looksForWindows_ = true;
+    return;
+  }
+  looksForWindows_ = false;
   const bool idle = running_ && !ending_ && QThread::currentThread()->loopLevel() == 1;
   if (!idle) return;
   const bool shown = std::any_of(windows_.begin(), windows_.end(),
@@ -149,19 +144,18 @@ void QtPlatform::LoadPage(PageView& view, const QUrl& url) {
   ++pagesBeingRead_;
   view.Load(url);
   --pagesBeingRead_;
-  if (!clicks_.empty()) {
-    QTimer::singleShot(0, QCoreApplication::instance(), [this] { DeliverClicks(); });
-  }
+  sinceEvents_.start();
+  ServeWaiting();
 }
 
 void QtPlatform::QueueClick(BrowserView& view, const QUrl& url) {
-  if (ending_) return;
+  if (ending_ || looks_) return;
   clicks_.push_back({&view, url});
   QTimer::singleShot(0, QCoreApplication::instance(), [this] { DeliverClicks(); });
 }
 
 void QtPlatform::DeliverClicks() {
-  while (pagesBeingRead_ == 0 && !ending_ && !clicks_.empty()) {
+  while (!looks_ && pagesBeingRead_ == 0 && !ending_ && !clicks_.empty()) {
     const LinkClick click = clicks_.front();
     clicks_.pop_front();
     const ViewPlace place = views_.value(click.View);
@@ -175,8 +169,9 @@ void QtPlatform::DeliverClicks() {
 }
 
 bool QtPlatform::Deliver(Form& form, const UserEvent& event) {
-  const Within running(logicRuns_, true);
-  return Platform::Deliver(form, event);
+  if (!MustWait(form)) return DeliverNow(form, event);
+  Postpone(form, event);
+  return true;
 }
 
 void QtPlatform::Hover(Form& form, const std::string& picture) {
@@ -190,7 +185,7 @@ void QtPlatform::Hover(Form& form, const std::string& picture) {
 }
 
 void QtPlatform::DeliverHovers() {
-  if (hovering_ || logicRuns_) return;
+  if (hovering_ || logicRuns_ || looks_) return;
   const Within hovering(hovering_, true);
   while (nextHover_ && !ending_) {
     const HoveredPicture next = *std::exchange(nextHover_, std::nullopt);
@@ -202,9 +197,11 @@ void QtPlatform::PumpEvents() {
   if (ending_) return;
   WakeEventLoop();
   const Within waiting(logicRuns_, false);
+  const Within pump(pumps_, true);
   ++pumpsRunning_;
   QCoreApplication::processEvents();
   --pumpsRunning_;
+  sinceEvents_.start();
 }
 
 void QtPlatform::EndProgram() {

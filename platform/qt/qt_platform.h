@@ -1,6 +1,7 @@
 // QtPlatform: the desktop with real windows.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QUrl>
 #include <deque>
@@ -51,6 +52,7 @@ class QtPlatform : public Platform, public WindowHost {
   std::unique_ptr<PdfDocument> NewPdf(PaperSize paper) override;
   void Navigate(BrowserView& view, const std::string& url) override;
   void PumpEvents() override;
+  void ServeWindows() noexcept override;
   void EndProgram() override;
   bool Ending() const override { return ending_; }
   std::uint64_t ClockSeed() override;
@@ -58,7 +60,7 @@ class QtPlatform : public Platform, public WindowHost {
   // What windows and bindings ask.
 
   bool Deliver(Form& form, const UserEvent& event) override;
-  bool InsideLogic() const override { return pagesBeingRead_ > 0 || pumpsRunning_ > 0; }
+  bool InsideLogic() const override { return pagesBeingRead_ > 0 || pumpsRunning_ > 0 || looks_; }
   PictureCache& Pictures() override { return pictures_; }
   void Hover(Form& form, const std::string& picture) override;
   QWebEngineProfile& PageProfile() override { return *profile_; }
@@ -89,6 +91,11 @@ class QtPlatform : public Platform, public WindowHost {
     BrowserView* View;
     QUrl Url;
   };
+  struct WaitingEvent {
+    Form* Window;
+    UserEvent Event;
+    int Handler;  ///< how deep the handler is nested that it waits for
+  };
 
   FormWindow& WindowOf(Form& form);
   /// The window that a new modal window or dialog stands before; nothing before the first one.
@@ -100,6 +107,16 @@ class QtPlatform : public Platform, public WindowHost {
   void DeliverHovers();
   void EndWhenNothingIsShown();
 
+  // Events that come while a handler works (events_during_work.cpp).
+  void LookAtEvents();
+  bool MustWait(const Form& form) const;
+  void Postpone(Form& form, const UserEvent& event);
+  bool DeliverNow(Form& form, const UserEvent& event);
+  /// Serves what waits for the end of a handler, as soon as an event loop runs.
+  void ServeWaiting();
+  void DeliverWaiting();
+  bool CanBeDelivered(const WaitingEvent& waiting) const;
+
   PagePolicy policy_;
   PictureCache pictures_;
   QtImageLibrary images_;
@@ -109,11 +126,17 @@ class QtPlatform : public Platform, public WindowHost {
   std::vector<ModalRun> modal_;
   std::vector<QDialog*> dialogs_;
   std::deque<LinkClick> clicks_;
+  std::deque<WaitingEvent> waiting_;
   std::optional<HoveredPicture> nextHover_;
   QString lastFolder_;  // of the file dialogs
   std::optional<std::uint64_t> seed_;
   int pagesBeingRead_ = 0;
   int pumpsRunning_ = 0;
+  int handlers_ = 0;              // events that are being delivered, one within the other
+  QElapsedTimer sinceEvents_;     // since events could last run
+  bool looks_ = false;            // at events in the middle of work
+  bool pumps_ = false;            // a pump runs the innermost event loop
+  bool looksForWindows_ = false;  // whether one is left, when the handler is done
   bool hovering_ = false;
   bool logicRuns_ = false;  // a handler, which waits for nothing at the moment
   bool running_ = false;

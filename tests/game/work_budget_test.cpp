@@ -60,6 +60,18 @@ TEST_F(WorkBudgetTest, TheSameFilesAndSeedEndAtTheSameStep) {
   EXPECT_EQ(Dump(State().CardTable), first);
 }
 
+TEST_F(WorkBudgetTest, TheDesktopServesItsWindowsInTheMiddleOfIt) {
+  State().Work.Limit = 100000;
+  auto& desktop = static_cast<HeadlessPlatform&>(*State().Desktop);
+  int served = 0;
+  desktop.OnWork = [&served] { ++served; };
+  TakeTurn(1);
+  EXPECT_GE(State().Work.Most, State().Work.Limit);
+  EXPECT_GE(served, 8);
+  EXPECT_LE(served, 10);
+  EXPECT_FALSE(State().Work.IsSpent()) << "outside of an account";
+}
+
 TEST_F(WorkBudgetTest, NothingIsPaidPlayedOrLostOnceItIsSpent) {
   Card card = MakeCard("Imp", 1);
   GiveAction(card, "COST", "OWNER", "MODTRAIT:MANA:-1");
