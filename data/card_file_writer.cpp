@@ -111,7 +111,7 @@ std::string CardFileText(std::string_view filename, std::string_view location,
     AddRecord(out, CardStoreHead(deckName, kStoreCards, kStorePrice));
   }
   if (IncludesCardFile(filename, deckName, starterFlag)) {
-    AddRecord(out, "#INCLUDE, ", PlainField(State().CardFile));
+    AddRecord(out, "#INCLUDE, ", PlainField(FileNameOf(State().CardFile)));
     // The empty location of the include.
     AddRecord(out);
     return out;

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "core/records.h"
+#include "data/read_mark.h"
 #include "editor/edited_card.h"
 #include "editor/edited_image.h"
 #include "editor/edited_lists.h"
@@ -252,6 +254,7 @@ struct CardEdit : Form {
   std::string UnsavedText() const;
 
   UnsavedCopy copy_;
+  std::optional<ReadMark> beforeFiles_;  // what a file begins with; not in the reduced form
   bool copyIsOld_ = false;
   std::string previewShown_;  // the text of the preview's page
 };

@@ -27,9 +27,11 @@ void CardEdit::Form_Load() {
     state.CardFile = Text();
     state.GameFileName = Text();
     state.Collection.Reset(1);
+    state.CostCard = Card{};  // that of the match behind is none of these cards'
     BeginFreshCard();
   }
   state.Templates.Reset(1);
+  beforeFiles_.emplace();
   LoadCombos();
   copy_ = {};
   AllIsSaved();
@@ -47,14 +49,14 @@ bool CardEdit::Form_QueryClose() {
       Image.ForgetForeground();
     }
   }
-  if (Desktop().AskYesNo("Save cards now?")) {
-    StoreCurrentCard();
-    if (Lists.HoldsEdited() && Image.IsUnsaved()) return true;
-    // The cards of the reduced form are the player's: they do not go into an author's file.
-    const Text cardFile = single ? std::exchange(state.CardFile, Text()) : Text();
-    const bool saved = SaveCards({});
-    if (single) state.CardFile = cardFile;
-    if (!saved) return true;
+  if (HasUnsavedChanges()) {
+    const SaveAnswer answer = Desktop().AskSaving("Save cards now?");
+    if (answer == SaveAnswer::kCancel) return true;
+    if (answer == SaveAnswer::kSave) {
+      StoreCurrentCard();
+      if (Lists.HoldsEdited() && Image.IsUnsaved()) return true;
+      if (!SaveCards({})) return true;
+    }
   }
   if (!single) {
     copy_.RemoveOwn(state.CardFile);

@@ -73,17 +73,15 @@ void CardEdit::loaddeckmen_Click() {
 
 bool CardEdit::ReadCardList(const std::string& file) {
   Session& state = State();
-  // A cost card is read on top of the one that is there: only its name would be new.
+  // What the last file declared beside the cards is none of this one's.
+  if (beforeFiles_) beforeFiles_->PutBack();
   state.Collection = Pile(1);
-  state.GameFileName = Text();
-  Card costCard = std::exchange(state.CostCard, Card{});
   const bool isWhole = ReadCards(file, state.Players[1], 1, "COLLECTION", 1);
   // A part of the cards must not be saved in place of all.
   if (!isWhole) {
     state.Collection = Pile(1);
     Desktop().MessageBox(Joined("Can't read all of ", FileNameOf(file), "."));
   }
-  if (state.CostCard.Name.empty()) state.CostCard = std::move(costCard);
   SortCards(state.Collection, "NAME");
   // What is edited belonged to the cards before; a card of no list stays.
   if (Lists.Place() > 0) BeginFreshCard();

@@ -7,6 +7,7 @@
 #include "core/cards.h"
 #include "core/paths.h"
 #include "core/state.h"
+#include "game/looking.h"
 #include "pages/card_pages.h"
 #include "pages/page_files.h"
 #include "script/run_action.h"
@@ -22,14 +23,13 @@ constexpr std::string_view kPreviewPage = "CardPreview.html";
 /// The editor shows the picture at its full size; here the words below it must be seen.
 constexpr std::string_view kSmallPicture = "<img width=\"150\" height=\"225\" src=\"";
 
-/// The card as it enters play; the picture and the banner of the main window stay as they are.
+/// The card as it enters play; the picture of the main window stays as it is.
 std::string PreviewHtml(Card& card) {
   if (IsFree(card)) return "";
-  const std::string banner = State().PhaseBanner;
+  const Looking looking;
   const std::string painted = TheMainWindow().Picture1.Picture;
   RunEntryScripts(card);
   std::string summary = CardSummary(card, 1);
-  State().PhaseBanner = banner;
   TheMainWindow().Picture1.Picture = painted;
   const std::string picture = ResolvePath(card.Picture, 0);
   if (picture.empty()) return summary;

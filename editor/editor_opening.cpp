@@ -112,7 +112,8 @@ void EditCardImage(Card& card) {
   session.EditCard = card;
   TheCardEdit().Form_Load();
   Desktop().ShowForm(TheCardEdit(), true);
-  card = session.EditCard;
+  card.Picture = session.EditCard.Picture;
+  card.Thumb = session.EditCard.Thumb;
   session.SingleCardEdit = 0;
 }
 

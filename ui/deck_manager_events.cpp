@@ -7,6 +7,7 @@
 #include "core/state.h"
 #include "game/card_sorting.h"
 #include "game/deck_rules.h"
+#include "game/looking.h"
 #include "game/player_file_names.h"
 #include "game/player_saving.h"
 #include "pages/card_pages.h"
@@ -40,6 +41,18 @@ void DeckManager::Picture_MouseMove(CardList list, int index) {
   if (!IsFree(card)) Preview(card);
 }
 
+namespace {
+
+/// The card as it will enter play.
+std::string EnteringPage(Card card) {
+  const Looking looking;
+  RunEntryScripts(card);
+  const std::string summary = CardSummary(card, 1);
+  return Joined("<img src=\"", PageAddress(ResolvePath(card.Picture, 0)), "\"></img><br>", summary);
+}
+
+}  // namespace
+
 void DeckManager::Preview(const Card& card) {
   Session& state = State();
   state.PageText.clear();
@@ -48,14 +61,7 @@ void DeckManager::Preview(const Card& card) {
                       SellValue(card),
                       " Tokens</font> for this card.<br>Just click to make the sale..."));
   } else {
-    // The card as it will enter play; what its scripts say is no part of any turn.
-    Card entering = card;
-    const std::string banner = state.PhaseBanner;
-    RunEntryScripts(entering);
-    state.PhaseBanner = banner;
-    const std::string summary = CardSummary(entering, 1);
-    AppendPage(Joined("<img src=\"", PageAddress(ResolvePath(entering.Picture, 0)), "\"></img><br>",
-                      summary));
+    AppendPage(EnteringPage(card));
   }
   ShowPage();
 }

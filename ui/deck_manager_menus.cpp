@@ -8,6 +8,7 @@
 #include "data/card_reader.h"
 #include "data/opponent_files.h"
 #include "data/profiles.h"
+#include "data/read_mark.h"
 #include "data/saving.h"
 #include "data/starter_deck_file.h"
 #include "game/game_list.h"
@@ -78,6 +79,19 @@ void TakeLoadedPlayer() {
   NotePlayerLoaded(failure.empty() ? bytes : "");
 }
 
+/// Reads a file for the player; what it says of rules is none of the match that waits behind.
+bool ReadPlayerOnly(const std::string& path) {
+  Session& session = State();
+  const ReadMark before;
+  if (!ReadPlayerFile(path)) return false;
+  const Pile collection = session.Collection;
+  const FixedTable<DeckRec, kDecks> decks = session.Decks;
+  before.PutBack();
+  session.Collection = collection;
+  session.Decks = decks;
+  return true;
+}
+
 bool DeckHoldsCards() {
   const Session& state = State();
   if (HoldsCards(state.Decks[state.CurrentDeck].Cards)) return true;
@@ -107,7 +121,7 @@ void DeckManager::loadplrmen_Click() {
   }
   const std::string path = AskCardFile({.FileName = "*.plr;*.txt", .DefaultExtension = "plr"});
   if (path.empty()) return;
-  if (!ReadPlayerFile(path)) return;
+  if (!ReadPlayerOnly(path)) return;
   if (path != InProgramFolder(OwnPlayerFileName())) TakeLoadedPlayer();
   ShowDeckNames();
   ForgetPreviews();
@@ -121,9 +135,13 @@ void DeckManager::loadoppmen_Click() {
   PlayerState scratch;
   InitPlayer(scratch, 2);
   state.Decks[state.CurrentDeck].Cards.Reset(1);
+  const ReadMark before;
   if (!ReadCards(path, scratch, 0, Joined("INPLAYERDECK:", int{state.CurrentDeck}), 1)) {
     Desktop().MessageBox(Joined("Not all cards of ", FileNameOf(path), " could be read."));
   }
+  const Pile cards = state.Decks[state.CurrentDeck].Cards;
+  before.PutBack();  // what else it holds is not asked for
+  state.Decks[state.CurrentDeck].Cards = cards;
   ForgetPreviews();
   UpdateDecks();
 }

@@ -69,8 +69,8 @@ TEST_F(CardFileWriterTest, WritesEveryKindOfFileToTheByte) {
       "tokens), \"MODTOKENS:-5:ECHO:You tear open a pack of boosters!<br>The following cards have "
       "been added to your collection.:BOOSTER:8\"\r\n\r\n";
   const std::string game = "\r\n#GAMEFILE, rules.txt\r\n\r\n";
-  const std::string include = "\r\n#INCLUDE, C:\\sets\\cards.txt\r\n\r\n";
-  const std::string quoted = "\r\n#INCLUDE, \"/sets/Own, cards.txt\"\r\n\r\n";
+  const std::string include = "\r\n#INCLUDE, cards.txt\r\n\r\n";
+  const std::string quoted = "\r\n#INCLUDE, \"Own, cards.txt\"\r\n\r\n";
   const struct {
     std::string_view GameFile, CardFile, DeckName;
     int Starter;

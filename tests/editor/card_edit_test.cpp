@@ -201,13 +201,14 @@ TEST_F(CardEditTest, StoresAndStarterDecksIncludeTheCardFile) {
   EXPECT_NE(ReadFile("store.txt").find("8 new cards from the Lamps set"), std::string::npos);
   EXPECT_NE(ReadFile("starter.txt").find("#NEUTRALCARD, Sparks"), std::string::npos);
   for (const char* file : {"store.txt", "starter.txt"}) {
-    EXPECT_NE(ReadFile(file).find("#INCLUDE, /game/cards.txt"), std::string::npos);
+    EXPECT_NE(ReadFile(file).find("#INCLUDE, cards.txt"), std::string::npos);
     EXPECT_EQ(ReadFile(file).find("Gnu"), std::string::npos);
   }
   EXPECT_EQ(State().CardFile, "/game/cards.txt");
 }
 
 TEST_F(CardEditTest, TheCostCardsActionsRunOnTheChosenCard) {
+  LoadCards({NamedCard("Ape", {"PRICE:1"}), NamedCard("Bat", {"PRICE:1"})});
   State().CostCard = MakeCard("CostCard", 1);
   Card& cost = State().CostCard;
   AddEffect(cost, "REQTRAIT:FLYING:SETTRAIT:COST:99", kTargetSelf, "COST", 0, "SELF");
@@ -215,7 +216,6 @@ TEST_F(CardEditTest, TheCostCardsActionsRunOnTheChosenCard) {
   AddEffect(cost, "", kTargetAll, "", 0, "ALL");
   form_.UpdateCard();
   form_.CostButton.Click();  // no card is chosen
-  LoadCards({NamedCard("Ape", {"PRICE:1"}), NamedCard("Bat", {"PRICE:1"})});
   EXPECT_TRUE(form_.CostButton.Visible);
   Choose(2);
   Type(form_.ValueText[0], "5");
@@ -244,6 +244,23 @@ TEST_F(CardEditTest, TheCostCardsActionsRunOnTheChosenCard) {
   EXPECT_FALSE(form_.CostButton.Visible);
 }
 
+TEST_F(CardEditTest, AFileThatIsLoadedEndsWhatTheLastOneDeclared) {
+  WriteFile("store.txt",
+            "#COSTCARD\r\n#EFFECT, SELF, COST, \"MODTRAIT:PRICE:1\"\r\n#STARTERDECK\r\n"
+            "#TEMPLATE, Beast, , , , , \r\n#RULESCARD\r\n#EFFECT, SELF, PHASE1, \"ECHO:x\"\r\n");
+  WriteFile("plain.txt", "#CARD, COLLECTION, Ape, , , , , , \r\n");
+  const auto declared = [] {
+    const Session& state = State();
+    return Joined(state.CostCard.Name, " ", int{state.StarterDeckFlag}, " ",
+                  state.Templates[1].Card.Name, " ", state.RulesCard.Effects.UpperBound());
+  };
+  const std::string before = declared();
+  Load("store.txt");
+  EXPECT_EQ(declared(), "CostCard 1 Beast 1");
+  Load("plain.txt");
+  EXPECT_EQ(declared(), before);
+}
+
 TEST_F(CardEditTest, TheReducedFormChangesOnlyThePicture) {
   LoadCards({NamedCard("Ape")});
   State().SingleCardEdit = 1;
@@ -258,13 +275,9 @@ TEST_F(CardEditTest, TheReducedFormChangesOnlyThePicture) {
   WriteFile("own.jpg", PictureBytes(2, 3, 0));
   WriteFile("own-mini.jpg", PictureBytes(2, 2, 0));
   desktop_->ModalForms = {Pick("/game/own.jpg"), Pick("/game/own-mini.jpg")};
-  desktop_->FileAnswers = {std::nullopt, "/game/mine.txt"};
   form_.loadgraphicmen.Click();
   EXPECT_EQ(form_.MiniPic.Picture.Get(), "/game/own-mini.jpg");
-  desktop_->YesNoAnswers = {true, true, false};
-  EXPECT_TRUE(form_.QueryClose()) << "the wanted save was cancelled";
-  EXPECT_FALSE(form_.QueryClose());
-  EXPECT_NE(ReadFile("mine.txt").find("Owned"), std::string::npos);
+  EXPECT_FALSE(form_.QueryClose()) << "no file has changed: nothing to ask";
   EXPECT_EQ(State().CardFile, "/game/cards.txt");
   EXPECT_FALSE(form_.QueryClose());
   EXPECT_EQ(State().TestFromEditor, 0);

@@ -172,7 +172,7 @@ TEST_F(CardImagesTest, AFailedWriteKeepsTheForegroundForThisCardOnly) {
   EXPECT_EQ(Stored(1).Picture, "");
   EXPECT_EQ(PixelOf(form_.MainPic, 150, 225), kRed);
   // A save that was wanted on leaving keeps the form open.
-  desktop_->YesNoAnswers = {true};
+  desktop_->SaveAnswers = {SaveAnswer::kSave};
   EXPECT_TRUE(form_.QueryClose());
   files_->WriteError = "";
   form_.Command6.Click();
@@ -192,7 +192,8 @@ TEST_F(CardImagesTest, AFailedWriteKeepsTheForegroundForThisCardOnly) {
   EXPECT_EQ(Images(), "||");
   EXPECT_EQ(form_.MiniPic.Drawing.Get(), nullptr);
   // A card without a name is none: its image holds nobody up.
-  desktop_->YesNoAnswers = {true, true};
+  desktop_->YesNoAnswers = {true};
+  desktop_->SaveAnswers = {SaveAnswer::kSave};
   form_.Command4.Click();
   Compose("/art/red.jpg");
   EXPECT_FALSE(form_.QueryClose());

@@ -51,8 +51,9 @@ class EditorOpeningTest : public CardEditTest {
     Load("cards.txt");
   }
   void LeaveEditor() {
-    desktop_->YesNoAnswers = {false};
+    desktop_->SaveAnswers = {SaveAnswer::kDiscard};
     EXPECT_FALSE(form_.QueryClose());
+    desktop_->SaveAnswers.clear();
     form_.Shown = false;
   }
   void BeginTest() {
@@ -240,7 +241,7 @@ TEST_F(EditorOpeningTest, AnOwnedCardGetsAnotherImageInTheReducedForm) {
       EXPECT_EQ(form_.CardText[0].Text.Get(), "Own");
       desktop_->ModalForms = {Pick("/game/new.jpg"), Pick("/game/new-mini.jpg")};
       form_.loadgraphicmen.Click();
-      desktop_->YesNoAnswers = {false};
+      Type(form_.DescText, "typed");
       EXPECT_FALSE(form_.QueryClose());
     });
     decks_.CollectPic[0]->MouseUp(MouseButton::kLeft);
@@ -250,6 +251,7 @@ TEST_F(EditorOpeningTest, AnOwnedCardGetsAnotherImageInTheReducedForm) {
   });
   main_.deckmanagermen.Click();
   EXPECT_EQ(State().Decks[1].Cards[2].Picture, "new.jpg");
+  EXPECT_EQ(State().Decks[1].Cards[2].Description, "") << "the picture, and nothing else";
   EXPECT_EQ(State().SingleCardEdit, 0);
 }
 

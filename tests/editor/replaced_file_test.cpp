@@ -47,7 +47,7 @@ TEST_F(ReplacedFileTest, WhatTheEditorWroteIsReplacedUnasked) {
       SetCardFile(withCardFile);
       Save(kind, file);
       EXPECT_EQ(ReadFile(file), written);
-      EXPECT_EQ(written.find("#INCLUDE, /game") != std::string::npos,
+      EXPECT_EQ(written.find("#INCLUDE, cards.txt") != std::string::npos,
                 withCardFile && kind != kCards);
     }
   }

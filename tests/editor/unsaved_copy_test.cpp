@@ -32,8 +32,9 @@ class UnsavedCopyTest : public CardEditTest {
     return ReadFile(copy).find(text) != std::string::npos;
   }
   void Leave() {
-    desktop_->YesNoAnswers = {false};
+    desktop_->SaveAnswers = {SaveAnswer::kDiscard};
     EXPECT_FALSE(form_.QueryClose());
+    desktop_->SaveAnswers.clear();
   }
 };
 

@@ -190,7 +190,9 @@ TEST_F(DeckManagerTest, ThePreviewShowsTheCardAsItWillEnterPlay) {
   Own({"Elf", "Orc"});
   State().Collection[1].Picture = "elf.jpg";
   State().Collection[1].Description = "An elf.";
-  State().Collection[1].EntryScripts = "SETMYNAME:Old Elf:ECHO:psst$|$SETTRAIT:AGE:9$|$";
+  State().Collection[1].EntryScripts =
+      "SETMYNAME:Old Elf:ECHO:psst$|$SETTRAIT:AGE:9$|$MODTOKENS:50$|$WINGAME$|$";
+  const std::int32_t tokens = State().Players[1].Tokens;
   State().PhaseBanner = "said before";
   Open();
   form_.CollectPic[0]->MouseMove();
@@ -198,6 +200,8 @@ TEST_F(DeckManagerTest, ThePreviewShowsTheCardAsItWillEnterPlay) {
   EXPECT_NE(page.find("<img src=\"/game/elf.jpg\"></img><br><p><font"), std::string::npos) << page;
   EXPECT_NE(page.find("An elf."), std::string::npos);
   EXPECT_FALSE(HasTrait(State().Collection[1], "AGE"));
+  EXPECT_EQ(State().Players[1].Tokens, tokens);
+  EXPECT_EQ(State().GameOver, 0);
   EXPECT_EQ(State().PhaseBanner, "said before");
   const std::size_t shown = desktop_->Navigations.size();
   form_.CollectPic[0]->MouseMove();
@@ -335,10 +339,16 @@ TEST_F(DeckManagerTest, AStarterDeckGivesTheCardsOfTheDeckToANewPlayer) {
 
 TEST_F(DeckManagerTest, WrongFilesChangeNothingAndRightOnesAreRead) {
   WriteFile("picture.plr", "\xFF\xD8\xFF\xE0 JFIF");
-  WriteFile("friend.plr", "#PLAYERDECK\n#TOKENS, 7\n#CARD, COLLECTION, Gift, , , , , , \n");
-  WriteFile("army.txt", "#CARD, INDECK, Wolf, , , , , , \n#CARD, COLLECTION, Fox, , , , , , \n");
+  WriteFile("friend.plr",
+            "#PLAYERDECK\n#TOKENS, 7\n#CARD, COLLECTION, Gift, , , , , , \n"
+            "#DECKRULES, \"TRAITLIMIT:#ANY#:1\"\n");
+  WriteFile("army.txt",
+            "#CARD, INDECK, Wolf, , , , , , \n#CARD, COLLECTION, Fox, , , , , , \n"
+            "#TEMPLATE, Beast, , , , , \n#GAMEFILE, wolves.txt\n#STARTERDECK\n"
+            "#DECKRULES, \"TRAITLIMIT:#ANY#:1\"\n");
   Own({"Elf"});
   State().Decks[1].Cards[1] = MakeCard("Bat", 1);
+  const int templates = State().Templates.UpperBound();
   Open();
   desktop_->FileAnswers = {"/game/picture.plr", "/game/none.plr", std::nullopt, "/game/picture.plr",
                            "/game/army.txt"};
@@ -354,6 +364,11 @@ TEST_F(DeckManagerTest, WrongFilesChangeNothingAndRightOnesAreRead) {
   EXPECT_EQ(Deck(1) + "| " + Collection(), "Bat | Elf ");
   form_.loadoppmen.Click();
   EXPECT_EQ(Shown(form_.DeckPic), "Wolf Fox ") << "every card of the file, wherever it would go";
+  EXPECT_EQ(Collection(), "Elf ");
+  EXPECT_EQ(Joined(State().GameFileName, int{State().StarterDeckFlag}, State().DeckRules,
+                   State().Templates.UpperBound()),
+            Joined("0", templates))
+      << "and nothing else of it";
 
   WriteFile("Ann_Goblins.plr", "the player's own");
   Open();
@@ -361,6 +376,7 @@ TEST_F(DeckManagerTest, WrongFilesChangeNothingAndRightOnesAreRead) {
   form_.loadplrmen.Click();
   EXPECT_EQ(Collection() + form_.Label1.Caption.Get(), "Gift Tokens: 7");
   EXPECT_EQ(ReadFile("Ann_Goblins.plr.before"), "the player's own");
+  EXPECT_EQ(State().DeckRules, "") << "the match that waits has rules of its own";
   EXPECT_TRUE(PlayerIsUnsaved());
   form_.savedeckmen.Click();
   EXPECT_NE(ReadFile("copy.plr").find("Gift"), std::string::npos);

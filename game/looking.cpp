@@ -1,0 +1,25 @@
+// Putting the session back.
+#include "game/looking.h"
+
+#include "data/card_reader.h"
+#include "game/card_play.h"
+#include "game/windows.h"
+#include "script/run_services.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr RunServices kServices = {TakeCardsOut, PayCost, [] {}};
+
+}  // namespace
+
+Looking::Looking() : kept_(State()) {
+  State().Services = &kServices;
+  State().Windows = &kNoWindows;
+}
+
+// Records keep their addresses in a copy, not in a move.
+Looking::~Looking() { State() = kept_; }
+
+}  // namespace brindlemoor
