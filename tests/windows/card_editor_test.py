@@ -79,9 +79,11 @@ class CardEditorTest(shipped_game.ShippedGameTest):
         return self.saved_file.read_text(encoding="utf-8")
 
     def leave(self):
+        changed = self.run_.find("window", "CardEdit", EDITOR + " *")
         self.display.ask_to_close(EDITOR)
-        self.run_.wait_for("dialog", text="Save cards now?")
-        self.run_.click("button", "No")
+        if changed:
+            self.run_.wait_for("dialog", text="Save cards now?")
+            self.run_.click("button", "Discard")
         self.run_.wait_for("link", "WB GAME:1:2")
 
 
