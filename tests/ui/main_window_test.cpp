@@ -83,7 +83,7 @@ TEST_F(MainWindowTest, OnlyAPlayWithoutATargetAwaitsOne) {
   const Card& crab = PutInPlay(MakeCard("Crab", 2));
   Card& lamp = PutInPlay(MakeCard("Lamp", 1));
   GiveAction(lamp, "MENU:PHASE1:Burn", "TARGETCARD", "MODTRAIT:HP:-1");
-  const auto look = [this](const Card& card) {
+  const auto look = [](const Card& card) {
     State().Links.Cards = {card.GlobalID};
     WB_BeforeNavigate(Joined("CARD", card.GlobalID));
   };
