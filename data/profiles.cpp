@@ -96,16 +96,20 @@ class ListInHand {
     using namespace std::chrono_literals;
     constexpr int kLooks = 100;
     for (int look = 0; look < kLooks; ++look) {
-      if (Desktop().Files().Hold(path_) != HoldResult::kByAnother) return;
+      isHeld_ = Desktop().Files().Hold(path_) != HoldResult::kByAnother;
+      if (isHeld_) return;
       std::this_thread::sleep_for(20ms);
     }
   }
-  ~ListInHand() { Desktop().Files().LetGo(path_); }
+  ~ListInHand() {
+    if (isHeld_) Desktop().Files().LetGo(path_);
+  }
   ListInHand(const ListInHand&) = delete;
   ListInHand& operator=(const ListInHand&) = delete;
 
  private:
   const std::string path_ = InProgramFolder(Joined(kPassingFile, "profiles.lock"));
+  bool isHeld_ = false;
 };
 
 int Characters(std::string_view text) {

@@ -56,10 +56,15 @@ bool IsLetGo(const OwnedText& owned) {
   return !gone.empty() && (gone == owned.Hash || Desktop().Ending());
 }
 
+/// What is in memory is the last there is of a file that has gone.
+bool IsGone(const std::string& path) {
+  return State().StoredPlayer.Path == path && !IsThere(Desktop().Files(), path);
+}
+
 bool IsUnsaved(const OwnedText& owned) {
   const std::string own = PathOfOwnFile();
-  return !own.empty() && HasSomethingFor(own, owned) && State().StoredPlayer.Owned != owned.Hash &&
-         !IsLetGo(owned);
+  if (own.empty() || !HasSomethingFor(own, owned) || IsLetGo(owned)) return false;
+  return State().StoredPlayer.Owned != owned.Hash || IsGone(own);
 }
 
 bool AskToReplace(const std::string& path, std::string_view there, const OwnedText& owned,
@@ -74,8 +79,8 @@ bool AskToReplace(const std::string& path, std::string_view there, const OwnedTe
 
 enum class Replacing { kMay, kMayNot, kNeedsNot };
 
-/// What is to be done with the own file on the disk; a copy is kept of what others have written.
-Replacing LookAtOwnFile(const std::string& path, const OwnedText& owned, Saving saving) {
+/// What is to be done with a player file on the disk; a copy is kept of what others have written.
+Replacing LookAtFile(const std::string& path, const OwnedText& owned, Saving saving) {
   PlayerFileRec& file = State().StoredPlayer;
   FileSystem& files = Desktop().Files();
   const auto refuse = [&path](std::string_view reason) {
@@ -95,14 +100,22 @@ Replacing LookAtOwnFile(const std::string& path, const OwnedText& owned, Saving 
     file.LeftAlone = hash;
     return Replacing::kMayNot;
   }
+  // The answer was about what was there then.
+  if (files.Read(path) != there) return LookAtFile(path, owned, saving);
   const std::string failure = files.Write(copy, *there);
   return failure.empty() ? Replacing::kMay
                          : refuse(Joined("no copy of the other file could be kept: ", failure));
 }
 
+/// A player without a file gets the first one that is saved in the program's folder.
+bool IsOwnFile(const std::string& path) {
+  const std::string own = PathOfOwnFile();
+  return own.empty() ? path == PathOfPlayerFile(FileNameOf(path)) : path == own;
+}
+
 bool StoreOwnFile(const std::string& path, const OwnedText& owned, Saving saving) {
   Session& session = State();
-  const Replacing replacing = LookAtOwnFile(path, owned, saving);
+  const Replacing replacing = LookAtFile(path, owned, saving);
   if (replacing != Replacing::kMay) return replacing == Replacing::kNeedsNot;
   const std::string name = FileNameOf(path);
   if (!SaveOrTell(path, name, owned.File)) return false;
@@ -121,15 +134,16 @@ bool WritePlayerFile(std::string_view fileName, Saving saving) {
   session.SaleMode = 0;
   if (fileName.empty()) return true;
   const std::string path = PathOfPlayerFile(fileName);
+  // A refresh may change what was let go of.
+  if (saving == Saving::kByItself && IsLetGo(TextOfOwned())) return true;
   RefreshCollection();
   for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) SortDeck(deck);
   SortCollection();
   const OwnedText owned = TextOfOwned();
   if (!HasSomethingFor(path, owned)) return true;
-  if (saving == Saving::kByItself && IsLetGo(owned)) return true;
-  const std::string own = PathOfOwnFile();
-  if (own.empty() || path == own) return StoreOwnFile(path, owned, saving);
-  return SaveOrTell(path, FileNameOf(path), owned.File);
+  return IsOwnFile(path) ? StoreOwnFile(path, owned, saving)
+                         : LookAtFile(path, owned, saving) == Replacing::kMay &&
+                               SaveOrTell(path, FileNameOf(path), owned.File);
 }
 
 bool StorePlayer(Saving saving) {

@@ -15,8 +15,8 @@ enum class Saving {
 /// debug mode and while the card editor is open, and nothing without a name. A file that is not the
 /// player's own gets a copy. A player who owns no card is saved only when that is a change since
 /// the last read or save: else a file may hold cards that could not be read.
-/// The own file is saved over what others have written only when the user says so, and then kept as
-/// a copy. False when something is not saved that should be; a message or the user's own answer has
+/// A file is saved over what others have written only when the user says so, and then kept as a
+/// copy. False when something is not saved that should be; a message or the user's own answer has
 /// said why, and the old file is as it was.
 bool WritePlayerFile(std::string_view fileName, Saving saving = Saving::kAsked);
 

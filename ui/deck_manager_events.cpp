@@ -7,6 +7,7 @@
 #include "core/state.h"
 #include "game/card_sorting.h"
 #include "game/deck_rules.h"
+#include "game/leaving.h"
 #include "game/looking.h"
 #include "game/player_file_names.h"
 #include "game/player_saving.h"
@@ -278,6 +279,8 @@ void DeckManager::Command2_Click() {
 void DeckManager::backmen_Click() {
   State().SaleMode = 0;
   WritePlayerFile(OwnPlayerFileName(), Saving::kByItself);
+  // The list shows the player as before the choice of a deck.
+  if (!MayLeavePlayer(Leaving::kAsksFirst)) return;
   GaveUp = true;
   Desktop().HideForm(*this);
 }

@@ -12,6 +12,7 @@
 #include "data/saving.h"
 #include "data/starter_deck_file.h"
 #include "game/game_list.h"
+#include "game/leaving.h"
 #include "game/player_file_names.h"
 #include "game/player_files.h"
 #include "game/player_saving.h"
@@ -120,8 +121,7 @@ void DeckManager::loadplrmen_Click() {
     return;
   }
   const std::string path = AskCardFile({.FileName = "*.plr;*.txt", .DefaultExtension = "plr"});
-  if (path.empty()) return;
-  if (!ReadPlayerOnly(path)) return;
+  if (path.empty() || !MayLeavePlayer(Leaving::kSavesFirst) || !ReadPlayerOnly(path)) return;
   if (path != InProgramFolder(OwnPlayerFileName())) TakeLoadedPlayer();
   ShowDeckNames();
   ForgetPreviews();

@@ -221,6 +221,11 @@ void MainWindow::fullsizemen_Click() {
 }
 
 void MainWindow::debugmen_Click() {
+  // In debug mode nothing is saved, not even on closing.
+  if (State().DebugMode == 0 && !MayLeavePlayer(Leaving::kSavesFirst)) {
+    ShowDebugMode();
+    return;
+  }
   State().DebugMode = State().DebugMode == 1 ? 0 : 1;
   ShowDebugMode();
 }

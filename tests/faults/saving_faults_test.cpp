@@ -74,7 +74,7 @@ void OwnSome(HeadlessPlatform&, const std::string&, int version) {
 /// Another program has written the player file since.
 void OwnElsewhere(HeadlessPlatform& desktop, const std::string&, int version) {
   OwnCards(version);
-  desktop.YesNoAnswers = {true};
+  desktop.YesNoAnswers = {true, true};  // asked again when it changes meanwhile
 }
 
 /// A set of cards in the editor, and what its dialogs are answered with.

@@ -140,6 +140,38 @@ TEST_F(LeavingTest, AFileThatCannotBeReadForAWhileIsNotSavedOver) {
   EXPECT_EQ(Get(kOwn), "(none)");
 }
 
+TEST_F(LeavingTest, AFileThatIsGoneIsWrittenAgain) {
+  files_->Contents.erase(kOwnPath);
+  TheMainWindow().newgamemen_Click();
+  EXPECT_TRUE(Saved("Troll"));
+}
+
+TEST_F(LeavingTest, TheAnswerIsAboutWhatWasThereWhenItWasAsked) {
+  Put(kOwn, kOthers);
+  State().Players[1].Tokens = 7;
+  class Meddling : public HeadlessPlatform {
+   public:
+    using HeadlessPlatform::HeadlessPlatform;
+    std::function<void()> Meanwhile;
+    bool AskYesNo(std::string_view text) override {
+      if (const auto act = std::exchange(Meanwhile, nullptr)) act();
+      return HeadlessPlatform::AskYesNo(text);
+    }
+  };
+  auto files = std::make_unique<BusyFiles>();
+  files->Contents = files_->Contents;
+  files_ = files.get();
+  auto desktop = std::make_shared<Meddling>(std::move(files));
+  const std::string second = Joined(kOthers, "#CARD, COLLECTION, Precious, , , , , , \r\n");
+  desktop->Meanwhile = [this, second] { Put(kOwn, second); };
+  desktop_ = desktop.get();
+  State().Desktop = desktop;
+  desktop_->YesNoAnswers = {true, true};
+  EXPECT_TRUE(StorePlayer());
+  EXPECT_TRUE(Saved("#TOKENS, 7"));
+  EXPECT_EQ(Get("Ann_Goblins.plr.other"), second);
+}
+
 TEST_F(LeavingTest, WhatTheUserHasLetGoOfIsNotSavedBehindATurn) {
   Match("Goblins", 2);
   const std::string before = Get(kOwn);
@@ -205,6 +237,53 @@ TEST_F(LeavingTest, AMatchKeepsWhatWasNotSaved) {
   Match("Goblins", 2);
   EXPECT_EQ(Names(State().Decks[1].Cards), "Bat Elf Spare ");
   EXPECT_FALSE(PlayerIsUnsaved());
+}
+
+TEST_F(LeavingTest, GivingUpTheChoiceOfADeckAsksForWhatIsNotSaved) {
+  UseDecks([this](DeckManager& decks) {
+    State().Players[1].Tokens = 77;
+    files_->WriteError = "busy";
+    desktop_->AcceptMessages = true;
+    desktop_->SaveAnswers = {SaveAnswer::kCancel};
+    decks.backmen_Click();
+    EXPECT_FALSE(decks.GaveUp);
+    files_->WriteError = "";
+    desktop_->SaveAnswers = {SaveAnswer::kSave};
+    State().Players[1].Tokens = 78;
+    decks.quitmen.Click();
+    decks.backmen_Click();
+  });
+  Match("Goblins", 2, false);
+  EXPECT_TRUE(Saved("#TOKENS, 78"));
+}
+
+TEST_F(LeavingTest, WhatIsUnsavedIsSavedBeforeDebugModeAndBeforeAnotherPlayer) {
+  State().Players[1].Tokens = 50;
+  TheMainWindow().debugmen_Click();
+  EXPECT_TRUE(Saved("#TOKENS, 50"));
+  TheMainWindow().debugmen_Click();
+  State().Players[1].Tokens = 51;
+  files_->Contents["/home/a.plr"] = kOthers;
+  UseDecks([this](DeckManager& decks) {
+    desktop_->FileAnswers = {"/home/a.plr"};
+    decks.loadplrmen.Click();
+  });
+  TheMainWindow().deckmanagermen_Click();
+  EXPECT_NE(Get("Ann_Goblins.plr.before").find("#TOKENS, 51"), std::string::npos);
+}
+
+TEST_F(LeavingTest, AnotherPlayersFileIsSavedOverOnlyWhenTheUserSaysSo) {
+  Put("Bob_Goblins.plr", kOthers);
+  UseDecks([this](DeckManager& decks) {
+    desktop_->FileAnswers = {"/game/Bob_Goblins.plr", "/game/Bob_Goblins.plr"};
+    desktop_->YesNoAnswers = {false, true};
+    decks.savedeckmen.Click();
+    EXPECT_EQ(Get("Bob_Goblins.plr"), kOthers);
+    decks.savedeckmen.Click();
+  });
+  TheMainWindow().deckmanagermen_Click();
+  EXPECT_NE(Get("Bob_Goblins.plr").find("Troll"), std::string::npos);
+  EXPECT_EQ(Get("Bob_Goblins.plr.other"), kOthers);
 }
 
 TEST_F(LeavingTest, ASecondFileOfThePlayerIsACopy) {

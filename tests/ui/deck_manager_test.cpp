@@ -373,6 +373,8 @@ TEST_F(DeckManagerTest, WrongFilesChangeNothingAndRightOnesAreRead) {
   WriteFile("Ann_Goblins.plr", "the player's own");
   Open();
   desktop_->FileAnswers = {"/game/friend.plr", "/game/copy.plr"};
+  desktop_->YesNoAnswers = {false};
+  desktop_->SaveAnswers = {SaveAnswer::kDiscard};
   form_.loadplrmen.Click();
   EXPECT_EQ(Collection() + form_.Label1.Caption.Get(), "Gift Tokens: 7");
   EXPECT_EQ(ReadFile("Ann_Goblins.plr.before"), "the player's own");
