@@ -32,13 +32,42 @@ void CardReader::Read() {
     const DirectiveRow* row = FindDirective(word_);
     if (row == nullptr) {
       NoteUnknownWord();
-    } else if (ReadFields(*row)) {
-      (this->*row->Handler)(*row);
     } else {
-      return;
+      const std::size_t offset = stream_.Offset();
+      if (!ReadFields(*row)) return;
+      wordOffset_ = offset;
+      ReadDirective(*row);
     }
   }
   EndsForWork();  // the last directive may have been ended
+}
+
+/// What a line would speak of now.
+DirectivePlace CardReader::CardSpokenOf() {
+  const bool isCounted = pile_ != kNoPile && pile_ != kRulesPile && pile_ != kCostPile &&
+                         pile_ != kPlayerCardPile && (pile_ != kPlayerDeckPile || deckNumber_ != 0);
+  DirectivePlace place;
+  place.Pile = pile_;
+  place.Position = isCounted ? LastPosition(pile_) : 0;
+  return place;
+}
+
+void CardReader::ReadDirective(const DirectiveRow& row) {
+  if (options_.Places == nullptr) {
+    (this->*row.Handler)(row);
+    return;
+  }
+  const DirectivePlace before = CardSpokenOf();
+  const std::size_t end = stream_.Position();
+  (this->*row.Handler)(row);
+  DirectivePlace place = CardSpokenOf();
+  // A card at no location leaves the one before it current.
+  place.MakesCard = place.Pile != before.Pile || place.Position != before.Position;
+  place.Row = &row;
+  const bool isQuoted = wordOffset_ > 0 && stream_.Text()[wordOffset_ - 1] == '"';
+  place.Begin = isQuoted ? wordOffset_ - 1 : wordOffset_;
+  place.End = end;
+  options_.Places->push_back(place);
 }
 
 /// Counts what was read of the text; true when nothing more can be.

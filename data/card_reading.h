@@ -15,6 +15,7 @@ namespace brindlemoor {
 struct ReadOptions {
   bool NoDuplicates = false;
   std::string ForcedLocation;
+  DirectivePlaces* Places = nullptr;  ///< gets those of the file itself, not of files it includes
 };
 
 /// The state of one read and the handlers of the directives. A nested read has a reader of its own;
@@ -53,6 +54,8 @@ class CardReader {
 
  private:
   bool EndsForWork();
+  void ReadDirective(const DirectiveRow& row);
+  DirectivePlace CardSpokenOf();
   bool ReadFields(const DirectiveRow& row);
   void NoteUnknownWord();
   void Problem(std::string_view message) const;
@@ -86,7 +89,8 @@ class CardReader {
   int line_ = 0;                       ///< where the directive began
   int messages_ = 0;                   ///< message boxes shown
   bool cutOff_ = false;
-  std::size_t counted_ = 0;  ///< bytes of the text that were counted as work
+  std::size_t wordOffset_ = 0;  ///< of the directive in the text
+  std::size_t counted_ = 0;     ///< bytes of the text that were counted as work
   std::string word_;
   std::array<std::string, 8> fields_;
 };
@@ -98,8 +102,9 @@ enum class FileRead : std::uint8_t {
   kWhole
 };
 
-/// ReadCards, and how far it went.
+/// ReadCards, how far it went, and where the directives stand if that is asked for.
 FileRead ReadCardFile(std::string_view file, PlayerState& player, int noDuplicates,
-                      std::string_view forcedLocation, int keepExisting);
+                      std::string_view forcedLocation, int keepExisting,
+                      DirectivePlaces* places = nullptr);
 
 }  // namespace brindlemoor

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brindlemoor {
 
@@ -34,6 +36,17 @@ struct DirectiveRow {
   std::string_view Usage;    ///< the fields, for authors
   std::string_view Meaning;  ///< one line for authors
 };
+
+/// Where a directive stands in the text of the file that it was read from.
+struct DirectivePlace {
+  const DirectiveRow* Row = nullptr;
+  std::size_t Begin = 0;    ///< byte of the decoded text, at the double quote of a word in quotes
+  std::size_t End = 0;      ///< behind what ends its last field
+  PileCode Pile = kNoPile;  ///< of the card that it made or speaks of, kNoPile for none
+  int Position = 0;         ///< in that pile, from 1
+  bool MakesCard = false;
+};
+using DirectivePlaces = std::vector<DirectivePlace>;
 
 /// Owners of LocationRow: the side that reads, or a fixed one.
 inline constexpr int kReadingSide = -1;

@@ -30,11 +30,22 @@ std::string SaveText(const std::string& path, std::string_view text) {
   return IsUtf8(text) ? files.Write(path, text) : files.Write(path, TextAsSaved(text));
 }
 
-bool SaveOrTell(const std::string& path, std::string_view shownName, std::string_view text) {
-  const std::string error = SaveText(path, text);
+namespace {
+
+bool TellFailure(std::string_view shownName, std::string_view error) {
   if (error.empty()) return true;
   Desktop().MessageBox(Joined("Can't save ", shownName, ": ", error));
   return false;
+}
+
+}  // namespace
+
+bool SaveOrTell(const std::string& path, std::string_view shownName, std::string_view text) {
+  return TellFailure(shownName, SaveText(path, text));
+}
+
+bool SaveBytesOrTell(const std::string& path, std::string_view shownName, std::string_view bytes) {
+  return TellFailure(shownName, Desktop().Files().Write(path, bytes));
 }
 
 std::string CantRead(std::string_view shownName, const std::string& path) {

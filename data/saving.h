@@ -17,6 +17,9 @@ std::string SaveText(const std::string& path, std::string_view text);
 /// the old file is as it was and a message box says why the file called shownName was not saved.
 bool SaveOrTell(const std::string& path, std::string_view shownName, std::string_view text);
 
+/// The same for bytes that are saved as they are.
+bool SaveBytesOrTell(const std::string& path, std::string_view shownName, std::string_view bytes);
+
 /// What a user is told of a file that can't be read, and why where that is known.
 std::string CantRead(std::string_view shownName, const std::string& path);
 

@@ -8,6 +8,7 @@
 
 #include "core/records.h"
 #include "data/read_mark.h"
+#include "editor/card_document.h"
 #include "editor/edited_card.h"
 #include "editor/edited_image.h"
 #include "editor/edited_lists.h"
@@ -232,6 +233,7 @@ struct CardEdit : Form {
   /// Saves Collection into the card file. False when it was not written; then the card file is the
   /// one before.
   bool SaveCards(SaveOptions options);
+  bool MaySaveOver(const std::string& path) const;
   void SaveCollectionAs(std::string_view question, int starterFlag);
 
   /// Reads the cards of a file in place of those in the editor. False, with a message and no cards,
@@ -254,6 +256,7 @@ struct CardEdit : Form {
   std::string UnsavedText() const;
 
   UnsavedCopy copy_;
+  CardDocument document_;                // of State().CardFile
   std::optional<ReadMark> beforeFiles_;  // what a file begins with; not in the reduced form
   bool copyIsOld_ = false;
   std::string previewShown_;  // the text of the preview's page

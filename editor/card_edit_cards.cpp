@@ -32,6 +32,7 @@ void CardEdit::Form_Load() {
   }
   state.Templates.Reset(1);
   beforeFiles_.emplace();
+  document_ = {};
   LoadCombos();
   copy_ = {};
   AllIsSaved();

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/state.h"
+#include "data/card_file_writer.h"
 #include "editor/card_edit.h"
 
 namespace brindlemoor {
@@ -120,10 +121,15 @@ void CardEdit::AllIsSaved() {
 }
 
 std::string CardEdit::UnsavedText() const {
-  return Lists.FileText([this] {
-    Card edited = Edited.WithRows();
-    Image.KeepReplaced(edited);  // no card file can hold a composed one
-    return edited;
+  const auto edited = [this] {
+    Card card = Edited.WithRows();
+    Image.KeepReplaced(card);  // no card file can hold a composed one
+    return card;
+  };
+  return Lists.FileText(edited, [this] {
+    const Session& state = State();
+    const auto bytes = document_.BytesWith(state.Collection, state.Templates);
+    return bytes ? *bytes : CardFileText(state.CardFile, "COLLECTION", "", 0);
   });
 }
 

@@ -14,6 +14,7 @@
 #include "editor/replaced_file.h"
 #include "game/card_sorting.h"
 #include "game/game_list.h"
+#include "game/player_saving.h"
 
 namespace brindlemoor {
 
@@ -64,7 +65,10 @@ void CardEdit::loaddeckmen_Click() {
     copy_.RemoveOwn(state.CardFile);
   }
   const std::string source = copy_.Offer(*path);
-  state.CardFile = ReadCardList(source) ? Text(*path) : Text();
+  const bool isWhole = ReadCardList(source);
+  state.CardFile = isWhole ? Text(*path) : Text();
+  document_ = {};
+  if (isWhole) document_.Read(*path, state.Collection);
   loadcommontraits();
   Image.CardFolder = path->substr(0, path->size() - FileNameOf(*path).size());
   AllIsSaved();
@@ -90,6 +94,19 @@ bool CardEdit::ReadCardList(const std::string& file) {
   return isWhole;
 }
 
+/// Others may have written the file since it was read.
+bool CardEdit::MaySaveOver(const std::string& path) const {
+  if (document_.IsAsLeft()) return true;
+  const std::string there = Desktop().Files().Read(path).value_or("");
+  const std::string copy = PathOfCopy(path, ".other", there);
+  const bool isWanted =
+      Desktop().AskYesNo(Joined(FileNameOf(path),
+                                " has changed since it was read.  Save over it?  A copy of the "
+                                "other file is kept as ",
+                                FileNameOf(copy), "."));
+  return isWanted && SaveBytesOrTell(copy, FileNameOf(copy), there);
+}
+
 bool CardEdit::SaveCards(SaveOptions options) {
   Session& state = State();
   std::string path = state.CardFile.Str();
@@ -98,7 +115,8 @@ bool CardEdit::SaveCards(SaveOptions options) {
     if (!chosen) return false;
     path = *chosen;
   }
-  if (!MayReplace(path, SavedKind::kCards)) return false;
+  const bool isThisFile = path == state.CardFile;
+  if (isThisFile && !MaySaveOver(path)) return false;
   if (options.Stamp) {
     StampCards(path, 1);
     if (Lists.HoldsEdited()) {
@@ -106,11 +124,17 @@ bool CardEdit::SaveCards(SaveOptions options) {
       Edited.KeepFile();
     }
   }
+  const auto bytes =
+      isThisFile ? document_.BytesWith(state.Collection, state.Templates) : std::nullopt;
+  if (!bytes && !MayReplace(path, SavedKind::kCards)) return false;
   const Text before = std::exchange(state.CardFile, Text(path));
-  if (!SaveCardFile(path, "COLLECTION", "", 0)) {
+  const bool isSaved =
+      bytes ? SaveBytesOrTell(path, path, *bytes) : SaveCardFile(path, "COLLECTION", "", 0);
+  if (!isSaved) {
     state.CardFile = before;
     return false;
   }
+  document_.Read(path, state.Collection);
   if (state.SingleCardEdit == 0) {
     copy_.RemoveOwn(before);
     copy_.PutAside(state.CardFile);

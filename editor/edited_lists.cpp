@@ -95,7 +95,8 @@ EditedLists::Names EditedLists::TraitNames() {
   return names;
 }
 
-std::string EditedLists::FileText(const std::function<Card()>& makeEdited) const {
+std::string EditedLists::FileText(const std::function<Card()>& makeEdited,
+                                  const std::function<std::string()>& write) const {
   Session& state = State();
   const Pile cards = state.Collection;
   const Table<Template> templates = state.Templates;
@@ -107,7 +108,7 @@ std::string EditedLists::FileText(const std::function<Card()>& makeEdited) const
     state.Collection.Append(std::move(edited));
   }
   StampCards(state.CardFile, state.CardFile.empty() ? 0 : 1);
-  std::string text = CardFileText(state.CardFile, "COLLECTION", "", 0);
+  std::string text = write();
   state.Collection = cards;
   state.Templates = templates;
   state.TraitBitNames = traitBits;

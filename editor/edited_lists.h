@@ -29,8 +29,9 @@ class EditedLists {
   /// Collection was sorted or read anew: finds the edited card in it again, by what was stored.
   void FindEdited();
   /// The file as a save would write it now, with the edited card as it is made; a named one of no
-  /// list comes last. The session stays as it is.
-  std::string FileText(const std::function<Card()>& makeEdited) const;
+  /// list comes last. write writes what lies in the session then, which stays as it is.
+  std::string FileText(const std::function<Card()>& makeEdited,
+                       const std::function<std::string()>& write) const;
 
   /// The place of the card that was added; 0, after a message, when the list is full.
   static int AddCard(Card card);

@@ -1,6 +1,7 @@
 // Reading and writing of UTF-8, and the reading of Windows-1252.
 #include "text/encoding.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -103,6 +104,24 @@ std::string DecodeFileText(std::string bytes) {
     AppendCodePoint(text, byte >= 0x80 && byte < 0xA0 ? kWindows1252[byte - 0x80U] : byte);
   }
   return text;
+}
+
+std::optional<std::string> EncodedAsWindows1252(std::string_view text) {
+  constexpr char32_t kFirstOther = 0x80;
+  constexpr char32_t kFirstSame = 0xA0;
+  std::string out;
+  for (std::size_t position = 0; position < text.size();) {
+    const char32_t character = NextCodePoint(text, position);
+    const auto* other = std::find(kWindows1252.begin(), kWindows1252.end(), character);
+    if (character < kFirstOther || (character >= kFirstSame && character <= 0xFF)) {
+      out += static_cast<char>(character);
+    } else if (other != kWindows1252.end() && character != kReplacement) {
+      out += static_cast<char>(kFirstOther + static_cast<char32_t>(other - kWindows1252.begin()));
+    } else {
+      return std::nullopt;
+    }
+  }
+  return out;
 }
 
 char32_t NextCodePoint(std::string_view text, std::size_t& position) noexcept {

@@ -1,6 +1,7 @@
 // Text encodings of files: UTF-8 with or without a byte order mark, else Windows-1252.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,9 @@ bool IsUtf8(std::string_view bytes) noexcept;
 /// read as Windows-1252 (its five unassigned bytes give U+FFFD). A character of UTF-8 text that the
 /// end of the file cuts off is dropped.
 std::string DecodeFileText(std::string bytes);
+
+/// A text as bytes of Windows-1252; nothing when it has characters that are not in there.
+std::optional<std::string> EncodedAsWindows1252(std::string_view text);
 
 /// One character of a text and how many bytes it takes. A byte that begins no well-formed UTF-8
 /// character is one of its own, with Valid false.

@@ -164,7 +164,7 @@ TEST_F(CardEditTest, NothingIsWrittenOrLostWhenADialogIsCancelled) {
   EXPECT_EQ(State().CardFile, "/game/cards.txt");
 }
 
-TEST_F(CardEditTest, SavesStampTheCardsAndAskBeforeRulesAreLost) {
+TEST_F(CardEditTest, SavesStampTheCardsThatChangeAndKeepTheRules) {
   WriteFile("rules.txt",
             "#TRAITACTION, FLYING\r\n#CARD, INDECK, \"Ape\", , , , , #FF0000, \"\"\r\n"
             "#TRAIT, HP:1\r\n");
@@ -173,14 +173,17 @@ TEST_F(CardEditTest, SavesStampTheCardsAndAskBeforeRulesAreLost) {
   Choose(1);
   EXPECT_EQ(EditedImage::FrameColor(), 0xFF0000);
   const std::string rules = ReadFile("rules.txt");
-  desktop_->YesNoAnswers = {false, true};
   form_.savedeckmen.Click();
   EXPECT_EQ(ReadFile("rules.txt"), rules);
+  Type(form_.DescText, "swings");
   form_.savedeckmen.Click();
   form_.savedeckmen.Click();
   EXPECT_EQ(Stored(1).SourceFile, "rules.txt");
   EXPECT_EQ(Edited().SourceFile, "rules.txt");
-  EXPECT_NE(ReadFile("rules.txt").find("#CARD, COLLECTION, \"Ape\", \"Ape"), std::string::npos);
+  EXPECT_TRUE(
+      ReadFile("rules.txt").starts_with("#TRAITACTION, FLYING\r\n#CARD, INDECK, \"Ape\", \"Ape"));
+  EXPECT_NE(ReadFile("rules.txt").find("rules.txt, , , #FF0000, \"swings\"\r\n#TRAIT, HP:1"),
+            std::string::npos);
   const std::string saved = ReadFile("rules.txt");
   Load("rules.txt");
   SaveAs("rules.txt");

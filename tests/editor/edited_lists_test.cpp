@@ -2,6 +2,7 @@
 #include "editor/edited_lists.h"
 
 #include "core/strings.h"
+#include "data/card_file_writer.h"
 #include "game/card_sorting.h"
 #include "tests/support/saved_cards.h"
 #include "tests/support/session_test.h"
@@ -72,13 +73,14 @@ TEST_F(EditedListsTest, TheUnsavedFileIsWrittenWithoutATraceInTheSession) {
     card.UniqueID = "Dog1";
     return card;
   };
+  const auto write = [] { return CardFileText(State().CardFile, "COLLECTION", "", 0); };
   struct Row {
     int Place;
     const char* Names;  ///< of the cards in the text
   };
   for (const Row& row : {Row{2, "Cat|Dog|Bat|Ape|"}, Row{0, "Cat|Ape|Bat|Ape|Dog|"}}) {
     lists_.Edit(row.Place);
-    const std::string text = lists_.FileText(typed);
+    const std::string text = lists_.FileText(typed, write);
     EXPECT_EQ(Described(Cards()), before);
     EXPECT_EQ(Cards().UpperBound(), 4);
     EXPECT_EQ(&Cards()[1], &first);
@@ -93,7 +95,7 @@ TEST_F(EditedListsTest, TheUnsavedFileIsWrittenWithoutATraceInTheSession) {
     Cards() = kept;
   }
   // A card that nobody has named is none.
-  EXPECT_EQ(lists_.FileText([] { return Card{}; }).find("Dog"), std::string::npos);
+  EXPECT_EQ(lists_.FileText([] { return Card{}; }, write).find("Dog"), std::string::npos);
 }
 
 TEST_F(EditedListsTest, TemplatesTakeThePlaceOfTheirName) {

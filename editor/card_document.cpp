@@ -1,0 +1,262 @@
+// Finding the cards of the list in their file again.
+#include "editor/card_document.h"
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <utility>
+
+#include "core/cards.h"
+#include "core/desktop.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "data/card_file_writer.h"
+#include "data/card_reading.h"
+#include "data/card_writer.h"
+#include "data/field_text.h"
+#include "game/looking.h"
+#include "text/text.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr std::string_view kCards = "COLLECTION";
+constexpr std::string_view kTemplates = "#TEMPLATE";
+
+/// What CardToText says of a record, and the line of a template behind it.
+std::string TextOf(Template record, PileCode pile) {
+  if (pile != kTemplatePile) return CardToText(record.Card, kCards);
+  return Joined(CardToText(record.Card, kTemplates), "#TEMPLATEDATA, ",
+                PlainField(FileNameOf(record.BackImage)), ", ",
+                PlainField(FileNameOf(record.MiniBorder)), ", ", record.BorderColor, kLineEnd,
+                kLineEnd);
+}
+
+/// False for a card whose place in the list an included file has taken.
+bool IsOf(std::string_view text, const DirectivePlace& head, const Card& card) {
+  constexpr int kShortFields = 6;
+  if (head.Row->Word.starts_with("#REF")) return true;
+  const auto fields = FieldsOf(text, head);
+  const auto name =
+      static_cast<std::size_t>(head.Row->Word == "#CARD" ? 2 : head.Row->Fields - kShortFields + 1);
+  return card.Name == fields[name];
+}
+
+/// Which file a card is of is the file's own business, and an ID that the file does not have is the
+/// editor's.
+std::string Comparable(Template record, PileCode pile, bool withId) {
+  record.Card.SourceFile = Text();
+  if (!withId) record.Card.UniqueID = Text();
+  return TextOf(std::move(record), pile);
+}
+
+std::vector<Template> NamedCards(const Pile& cards) {
+  std::vector<Template> named;
+  for (const Card& card : cards) {
+    if (!IsFree(card)) named.push_back({card, {}, {}, 0});
+  }
+  return named;
+}
+
+std::vector<Template> NamedTemplates(const Table<Template>& templates) {
+  std::vector<Template> named;
+  for (const Template& record : templates) {
+    if (!IsFree(record.Card)) named.push_back(record);
+  }
+  return named;
+}
+
+/// Gives each thing at most one partner among numbered others, by a key.
+class Partners {
+ public:
+  explicit Partners(std::size_t others) : isTaken_(others) {}
+
+  void Add(const std::string& key, std::size_t other) { others_[key].push_back(other); }
+  void Forget() {
+    others_.clear();
+    next_.clear();
+  }
+  /// The first one of the key that is free; -1 for none.
+  int Take(const std::string& key) {
+    const auto found = others_.find(key);
+    if (found == others_.end()) return -1;
+    std::vector<std::size_t>& numbers = found->second;
+    std::size_t& next = next_[key];
+    while (next < numbers.size() && isTaken_[numbers[next]]) ++next;
+    if (next == numbers.size()) return -1;
+    isTaken_[numbers[next]] = true;
+    return static_cast<int>(numbers[next]);
+  }
+  bool IsTaken(std::size_t other) const { return isTaken_[other]; }
+
+ private:
+  std::map<std::string, std::vector<std::size_t>> others_;
+  std::map<std::string, std::size_t> next_;
+  std::vector<bool> isTaken_;
+};
+
+}  // namespace
+
+void CardDocument::Read(const std::string& path, const Pile& cards) {
+  *this = {};
+  path_ = path;
+  auto bytes = Desktop().Files().Read(path);
+  if (!bytes) return;
+  file_ = StoredText(std::move(*bytes));
+  ReadEntries();
+  FollowCards(cards);
+}
+
+void CardDocument::ReadEntries() {
+  const Looking looking;
+  Session& state = State();
+  state.Collection = Pile(1);
+  state.Templates.Reset(1);
+  state.CostCard = Card{};
+  state.GameFileName = Text();
+  DirectivePlaces places;
+  const FileRead read = ReadCardFile(path_, state.Players[1], 1, kCards, 1, &places);
+  if (read != FileRead::kWhole) return;
+  TakeEntries(places);
+  gameFile_ = state.GameFileName;
+  const auto named = NamedCards(state.Collection).size();
+  const auto found = std::ranges::count(entries_, kCollectionPile, &Entry::Pile);
+  const bool isOwn = CardFileText(path_, kCards, "", 0) == file_.Text();
+  const bool isAlone = static_cast<std::size_t>(found) == named &&
+                       std::ranges::all_of(entries_, [this](const Entry& entry) {
+                         return IsOf(file_.Text(), entry.Lines.Places.front(), entry.Record.Card);
+                       });
+  keepsText_ = !isOwn && isAlone && std::ranges::none_of(places, [this](const auto& place) {
+    return place.Row->Word == "#INCLUDE" && !FieldsOf(file_.Text(), place)[2].empty();
+  });
+}
+
+void CardDocument::TakeEntries(const DirectivePlaces& places) {
+  Session& state = State();
+  std::map<std::pair<int, int>, std::size_t> numbers;
+  for (const DirectivePlace& place : places) {
+    if (place.Row->Word == "#GAMEFILE") gamePlace_ = place;
+    if (place.Pile != kCollectionPile && place.Pile != kTemplatePile) continue;
+    const std::pair key{static_cast<int>(place.Pile), place.Position};
+    if (place.MakesCard) {
+      Entry entry;
+      entry.Pile = place.Pile;
+      const bool isTemplate = place.Pile == kTemplatePile;
+      if (isTemplate && state.Templates.Holds(place.Position)) {
+        entry.Record = state.Templates[place.Position];
+      } else if (!isTemplate && state.Collection.Holds(place.Position)) {
+        entry.Record.Card = state.Collection[place.Position];
+      }
+      if (IsFree(entry.Record.Card)) continue;  // a reference that leads nowhere
+      entry.Lines.Written = TextOf(entry.Record, entry.Pile);
+      numbers[key] = entries_.size();
+      entries_.push_back(std::move(entry));
+    }
+    const auto number = numbers.find(key);
+    if (number != numbers.end()) entries_[number->second].Lines.Places.push_back(place);
+  }
+}
+
+void CardDocument::FollowCards(const Pile& cards) {
+  const Records now = NamedCards(cards);
+  Partners partners(now.size());
+  for (std::size_t card = 0; card < now.size(); ++card) {
+    partners.Add(Comparable(now[card], kCollectionPile, true), card);
+  }
+  for (Entry& entry : entries_) {
+    if (entry.Pile != kCollectionPile) continue;
+    const int partner = partners.Take(Comparable(entry.Record, entry.Pile, true));
+    if (partner >= 0) entry.GlobalID = now[static_cast<std::size_t>(partner)].Card.GlobalID;
+  }
+}
+
+bool CardDocument::IsAsLeft() const {
+  const auto bytes = Desktop().Files().Read(path_);
+  return !bytes || *bytes == file_.Bytes();
+}
+
+std::string CardDocument::Stamped(Template record, PileCode pile, std::size_t number) const {
+  Card& card = record.Card;
+  if (pile == kCollectionPile) {
+    if (card.UniqueID.empty()) card.UniqueID = Joined(card.Name, number);
+    card.SourceFile = FileNameOf(path_);
+  }
+  return TextOf(std::move(record), pile);
+}
+
+std::vector<TextEdit> CardDocument::EditsFor(PileCode pile, const Records& now) const {
+  Partners partners(now.size());
+  std::vector<int> found(entries_.size(), -1);
+  const auto look = [&](const std::function<std::string(const Template&)>& keyOf,
+                        const std::function<std::string(const Entry&)>& keyOfEntry) {
+    partners.Forget();
+    for (std::size_t card = 0; card < now.size(); ++card) {
+      if (!partners.IsTaken(card)) partners.Add(keyOf(now[card]), card);
+    }
+    for (std::size_t entry = 0; entry < entries_.size(); ++entry) {
+      if (entries_[entry].Pile != pile || found[entry] >= 0) continue;
+      const std::string key = keyOfEntry(entries_[entry]);
+      if (!key.empty()) found[entry] = partners.Take(key);
+    }
+  };
+  std::vector<bool> isSame(entries_.size());
+  for (const bool withId : {true, false}) {
+    look([&](const Template& record) { return Comparable(record, pile, withId); },
+         [&](const Entry& entry) {
+           const bool hasId = !entry.Record.Card.UniqueID.empty();
+           return hasId == withId ? Comparable(entry.Record, pile, withId) : std::string();
+         });
+  }
+  for (std::size_t entry = 0; entry < entries_.size(); ++entry) isSame[entry] = found[entry] >= 0;
+  look([](const Template& record) { return Joined(record.Card.GlobalID); },
+       [](const Entry& entry) {
+         return entry.GlobalID == 0 ? std::string() : Joined(entry.GlobalID);
+       });
+  look([](const Template& record) { return record.Card.UniqueID.Str(); },
+       [](const Entry& entry) { return entry.Record.Card.UniqueID.Str(); });
+  look([](const Template& record) { return record.Card.Name.Str(); },
+       [](const Entry& entry) { return entry.Record.Card.Name.Str(); });
+
+  std::vector<TextEdit> edits;
+  const DirectivePlace* last = nullptr;
+  for (std::size_t number = 0; number < entries_.size(); ++number) {
+    const Entry& entry = entries_[number];
+    if (entry.Pile != pile) continue;
+    for (const DirectivePlace& place : entry.Lines.Places) {
+      if (last == nullptr || place.End > last->End) last = &place;
+    }
+    if (isSame[number]) continue;
+    const auto partner = static_cast<std::size_t>(found[number]);
+    const auto changed = found[number] < 0 ? RemovedLines(file_, entry.Lines)
+                                           : ChangedLines(file_, entry.Lines,
+                                                          Stamped(now[partner], pile, partner + 1));
+    edits.insert(edits.end(), changed.begin(), changed.end());
+  }
+  std::string added;
+  for (std::size_t card = 0; card < now.size(); ++card) {
+    if (!partners.IsTaken(card)) added += Joined(Stamped(now[card], pile, card + 1), kLineEnd);
+  }
+  if (!added.empty()) edits.push_back(AddedLines(file_, last, added));
+  return edits;
+}
+
+void CardDocument::AddGameFile(std::vector<TextEdit>& edits) const {
+  const Text& name = State().GameFileName;
+  if (name.empty() || name == gameFile_) return;
+  const std::string line = Joined("#GAMEFILE, ", PlainField(name));
+  edits.push_back(gamePlace_ ? ReplacedLine(file_, *gamePlace_, line)
+                             : TextEdit{0, 0, Joined(line, file_.LineEnd())});
+}
+
+std::optional<std::string> CardDocument::BytesWith(const Pile& cards,
+                                                   const Table<Template>& templates) const {
+  if (!keepsText_) return std::nullopt;
+  std::vector<TextEdit> edits = EditsFor(kTemplatePile, NamedTemplates(templates));
+  const std::vector<TextEdit> ofCards = EditsFor(kCollectionPile, NamedCards(cards));
+  edits.insert(edits.end(), ofCards.begin(), ofCards.end());
+  AddGameFile(edits);
+  return file_.With(WithWholeLines(file_, std::move(edits)));
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,56 @@
+// CardDocument: the card file in the editor as its author wrote it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/records.h"
+#include "data/directives.h"
+#include "data/stored_text.h"
+#include "editor/card_lines.h"
+
+namespace brindlemoor {
+
+/// Knows where each card of the list stands in its file, so that a save changes the lines of those
+/// cards only that have changed. A file that the editor wrote, and one that takes in cards of other
+/// files, is written anew by SaveCardFile.
+class CardDocument {
+ public:
+  /// Reads a file for the places of its cards. Nothing of it comes into the session. cards are
+  /// those that the editor has of it.
+  void Read(const std::string& path, const Pile& cards);
+
+  /// False when others have written the file since it was read.
+  bool IsAsLeft() const;
+  /// The bytes of the file with the cards and templates as they are now; nothing when it is to be
+  /// written anew. Cards that change or are new belong to the file and get a unique ID.
+  std::optional<std::string> BytesWith(const Pile& cards, const Table<Template>& templates) const;
+
+ private:
+  /// A card or template of the file.
+  struct Entry {
+    PileCode Pile = kCollectionPile;
+    Template Record;  ///< of a card only Card counts
+    CardInFile Lines;
+    std::int32_t GlobalID = 0;  ///< of the card in the list
+  };
+  using Records = std::vector<Template>;
+
+  void ReadEntries();
+  void TakeEntries(const DirectivePlaces& places);
+  void FollowCards(const Pile& cards);
+  std::vector<TextEdit> EditsFor(PileCode pile, const Records& now) const;
+  void AddGameFile(std::vector<TextEdit>& edits) const;
+  std::string Stamped(Template record, PileCode pile, std::size_t number) const;
+
+  std::string path_;
+  StoredText file_;
+  std::vector<Entry> entries_;
+  std::optional<DirectivePlace> gamePlace_;  ///< of #GAMEFILE
+  Text gameFile_;                            ///< as the file names it
+  bool keepsText_ = false;
+};
+
+}  // namespace brindlemoor
