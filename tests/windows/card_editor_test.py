@@ -224,6 +224,54 @@ class CardEditor(CardEditorTest):
         self.close_and_check(TITLE)
 
 
+class FileOfAnAuthor(CardEditorTest):
+    """What the author wrote with a text editor stays."""
+
+    pictures = "file"
+
+    def find(self, name):
+        self.fill("FindText", name.lower())
+        self.display.key("Return")
+        self.shows("CardText(0)", name)
+
+    def lines(self):
+        return self.file.read_bytes().decode("utf-8").splitlines()
+
+    def wait_for_save(self, words):
+        harness.wait_until(words, lambda: any(words in line for line in self.lines()))
+        self.run_.wait_for("window", "CardEdit", EDITOR)
+
+    def test_only_the_card_that_changed_is_written(self):
+        self.new_player(7)
+        self.open_the_editor()
+        before = self.lines()
+        self.find("Brass Tortoise")
+        self.fill("DescText", "Slow, and very sure.")
+        self.display.key("alt+f")  # by the keyboard alone
+        self.display.key("s")
+        self.wait_for_save("very sure")
+        gone = [line for line in before if line not in self.lines()]
+        self.assertEqual(len(gone), 1, gone)
+        self.assertIn("Brass Tortoise", gone[0])
+
+        outside = self.file.read_bytes() + b"A remark of another editor\n"
+        self.file.write_bytes(outside)
+        self.fill("DescText", "Slow.")
+        self.run_.choose("File", "Save Cards")
+        self.run_.wait_for("dialog")
+        self.keep("outside")
+        self.run_.click("button", "No")
+        self.run_.wait_gone("dialog")
+        self.assertEqual(self.file.read_bytes(), outside)
+        self.run_.choose("File", "Save Cards")
+        self.run_.wait_for("dialog")
+        self.run_.click("button", "Yes")
+        self.wait_for_save("\"Slow.\"")
+        self.assertEqual(self.file.with_name(self.file.name + ".other").read_bytes(), outside)
+        self.leave()
+        self.close_and_check(TITLE)
+
+
 class CardsOfAnAuthor(CardEditorTest):
     """From the editor's files into a player's deck and onto the table."""
 
