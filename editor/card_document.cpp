@@ -2,7 +2,6 @@
 #include "editor/card_document.h"
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <utility>
 
@@ -119,6 +118,7 @@ void CardDocument::ReadEntries() {
   const FileRead read = ReadCardFile(path_, state.Players[1], 1, kCards, 1, &places);
   if (read != FileRead::kWhole) return;
   TakeEntries(places);
+  if (!places.empty()) lastPlace_ = places.back();
   gameFile_ = state.GameFileName;
   const auto named = NamedCards(state.Collection).size();
   const auto found = std::ranges::count(entries_, kCollectionPile, &Entry::Pile);
@@ -150,24 +150,52 @@ void CardDocument::TakeEntries(const DirectivePlaces& places) {
       }
       if (IsFree(entry.Record.Card)) continue;  // a reference that leads nowhere
       entry.Lines.Written = TextOf(entry.Record, entry.Pile);
+      entry.Key = Comparable(entry.Record, entry.Pile, true);
       numbers[key] = entries_.size();
       entries_.push_back(std::move(entry));
     }
     const auto number = numbers.find(key);
-    if (number != numbers.end()) entries_[number->second].Lines.Places.push_back(place);
+    const bool isOfCard = place.MakesCard || IsLineOfCard(*place.Row);
+    if (isOfCard && number != numbers.end()) entries_[number->second].Lines.Places.push_back(place);
   }
+}
+
+std::vector<CardDocument::Match> CardDocument::Find(PileCode pile, const Records& now) const {
+  Partners partners(now.size());
+  std::vector<Match> found(entries_.size());
+  const auto look = [&](const auto& keyOf, const auto& keyOfEntry, bool isSame) {
+    partners.Forget();
+    for (std::size_t card = 0; card < now.size(); ++card) {
+      if (!partners.IsTaken(card)) partners.Add(keyOf(now[card]), card);
+    }
+    for (std::size_t number = 0; number < entries_.size(); ++number) {
+      const Entry& entry = entries_[number];
+      if (entry.Pile != pile || found[number].Card >= 0) continue;
+      const std::string key = keyOfEntry(entry);
+      if (!key.empty()) found[number] = {partners.Take(key), isSame};
+    }
+  };
+  const auto hasId = [](const Entry& entry) { return !entry.Record.Card.UniqueID.empty(); };
+  for (const bool withId : {true, false}) {
+    look([&](const Template& record) { return Comparable(record, pile, withId); },
+         [&](const Entry& entry) { return hasId(entry) == withId ? entry.Key : std::string(); },
+         true);
+  }
+  look([](const Template& record) { return Joined(record.Card.GlobalID); },
+       [](const Entry& entry) { return entry.GlobalID == 0 ? "" : Joined(entry.GlobalID); }, false);
+  look([](const Template& record) { return record.Card.UniqueID.Str(); },
+       [](const Entry& entry) { return entry.Record.Card.UniqueID.Str(); }, false);
+  look([](const Template& record) { return record.Card.Name.Str(); },
+       [](const Entry& entry) { return entry.Record.Card.Name.Str(); }, false);
+  return found;
 }
 
 void CardDocument::FollowCards(const Pile& cards) {
   const Records now = NamedCards(cards);
-  Partners partners(now.size());
-  for (std::size_t card = 0; card < now.size(); ++card) {
-    partners.Add(Comparable(now[card], kCollectionPile, true), card);
-  }
-  for (Entry& entry : entries_) {
-    if (entry.Pile != kCollectionPile) continue;
-    const int partner = partners.Take(Comparable(entry.Record, entry.Pile, true));
-    if (partner >= 0) entry.GlobalID = now[static_cast<std::size_t>(partner)].Card.GlobalID;
+  const std::vector<Match> found = Find(kCollectionPile, now);
+  for (std::size_t number = 0; number < entries_.size(); ++number) {
+    if (found[number].Card < 0) continue;
+    entries_[number].GlobalID = now[static_cast<std::size_t>(found[number].Card)].Card.GlobalID;
   }
 }
 
@@ -186,38 +214,8 @@ std::string CardDocument::Stamped(Template record, PileCode pile, std::size_t nu
 }
 
 std::vector<TextEdit> CardDocument::EditsFor(PileCode pile, const Records& now) const {
-  Partners partners(now.size());
-  std::vector<int> found(entries_.size(), -1);
-  const auto look = [&](const std::function<std::string(const Template&)>& keyOf,
-                        const std::function<std::string(const Entry&)>& keyOfEntry) {
-    partners.Forget();
-    for (std::size_t card = 0; card < now.size(); ++card) {
-      if (!partners.IsTaken(card)) partners.Add(keyOf(now[card]), card);
-    }
-    for (std::size_t entry = 0; entry < entries_.size(); ++entry) {
-      if (entries_[entry].Pile != pile || found[entry] >= 0) continue;
-      const std::string key = keyOfEntry(entries_[entry]);
-      if (!key.empty()) found[entry] = partners.Take(key);
-    }
-  };
-  std::vector<bool> isSame(entries_.size());
-  for (const bool withId : {true, false}) {
-    look([&](const Template& record) { return Comparable(record, pile, withId); },
-         [&](const Entry& entry) {
-           const bool hasId = !entry.Record.Card.UniqueID.empty();
-           return hasId == withId ? Comparable(entry.Record, pile, withId) : std::string();
-         });
-  }
-  for (std::size_t entry = 0; entry < entries_.size(); ++entry) isSame[entry] = found[entry] >= 0;
-  look([](const Template& record) { return Joined(record.Card.GlobalID); },
-       [](const Entry& entry) {
-         return entry.GlobalID == 0 ? std::string() : Joined(entry.GlobalID);
-       });
-  look([](const Template& record) { return record.Card.UniqueID.Str(); },
-       [](const Entry& entry) { return entry.Record.Card.UniqueID.Str(); });
-  look([](const Template& record) { return record.Card.Name.Str(); },
-       [](const Entry& entry) { return entry.Record.Card.Name.Str(); });
-
+  const std::vector<Match> found = Find(pile, now);
+  std::vector<bool> isInFile(now.size());
   std::vector<TextEdit> edits;
   const DirectivePlace* last = nullptr;
   for (std::size_t number = 0; number < entries_.size(); ++number) {
@@ -226,17 +224,23 @@ std::vector<TextEdit> CardDocument::EditsFor(PileCode pile, const Records& now) 
     for (const DirectivePlace& place : entry.Lines.Places) {
       if (last == nullptr || place.End > last->End) last = &place;
     }
-    if (isSame[number]) continue;
-    const auto partner = static_cast<std::size_t>(found[number]);
-    const auto changed = found[number] < 0 ? RemovedLines(file_, entry.Lines)
-                                           : ChangedLines(file_, entry.Lines,
-                                                          Stamped(now[partner], pile, partner + 1));
-    edits.insert(edits.end(), changed.begin(), changed.end());
+    std::vector<TextEdit> changes;
+    if (found[number].Card < 0) {
+      changes = RemovedLines(file_, entry.Lines);
+    } else {
+      const auto card = static_cast<std::size_t>(found[number].Card);
+      isInFile[card] = true;
+      if (!found[number].IsSame) {
+        changes = ChangedLines(file_, entry.Lines, Stamped(now[card], pile, card + 1));
+      }
+    }
+    edits.insert(edits.end(), changes.begin(), changes.end());
   }
   std::string added;
   for (std::size_t card = 0; card < now.size(); ++card) {
-    if (!partners.IsTaken(card)) added += Joined(Stamped(now[card], pile, card + 1), kLineEnd);
+    if (!isInFile[card]) added += Joined(Stamped(now[card], pile, card + 1), kLineEnd);
   }
+  if (last == nullptr && lastPlace_) last = &*lastPlace_;
   if (!added.empty()) edits.push_back(AddedLines(file_, last, added));
   return edits;
 }
@@ -256,7 +260,36 @@ std::optional<std::string> CardDocument::BytesWith(const Pile& cards,
   const std::vector<TextEdit> ofCards = EditsFor(kCollectionPile, NamedCards(cards));
   edits.insert(edits.end(), ofCards.begin(), ofCards.end());
   AddGameFile(edits);
-  return file_.With(WithWholeLines(file_, std::move(edits)));
+  std::string bytes = file_.With(WithWholeLines(file_, std::move(edits)));
+  if (!Says(bytes, cards, templates)) return std::nullopt;
+  return bytes;
+}
+
+// What a line speaks of may depend on those before it: then the lines of a file can't be exchanged.
+bool CardDocument::Says(const std::string& bytes, const Pile& cards,
+                        const Table<Template>& templates) const {
+  const auto keysOf = [](const Pile& pile, const Table<Template>& patterns) {
+    std::vector<std::string> keys;
+    for (const Template& card : NamedCards(pile)) {
+      keys.push_back(Comparable(card, kCollectionPile, false));
+    }
+    for (const Template& pattern : NamedTemplates(patterns)) {
+      keys.push_back(Comparable(pattern, kTemplatePile, false));
+    }
+    std::ranges::sort(keys);
+    return keys;
+  };
+  const std::vector<std::string> wanted = keysOf(cards, templates);
+  const Looking looking;
+  const WorkAccount account;
+  Session& state = State();
+  state.Collection = Pile(1);
+  state.Templates.Reset(1);
+  state.ReadDepth = 1;
+  state.FileList[1] = state.OpenPaths[1] = path_;
+  CardReader reader(path_, bytes, state.Players[1], {true, std::string(kCards)});
+  reader.Read();
+  return !reader.CutOff() && keysOf(state.Collection, state.Templates) == wanted;
 }
 
 }  // namespace brindlemoor

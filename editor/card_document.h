@@ -34,14 +34,22 @@ class CardDocument {
     PileCode Pile = kCollectionPile;
     Template Record;  ///< of a card only Card counts
     CardInFile Lines;
+    std::string Key;            ///< what it is compared by
     std::int32_t GlobalID = 0;  ///< of the card in the list
   };
   using Records = std::vector<Template>;
+  /// What an entry has become.
+  struct Match {
+    int Card = -1;  ///< its number among the cards, -1 when it is none of them
+    bool IsSame = false;
+  };
 
   void ReadEntries();
   void TakeEntries(const DirectivePlaces& places);
   void FollowCards(const Pile& cards);
+  std::vector<Match> Find(PileCode pile, const Records& now) const;
   std::vector<TextEdit> EditsFor(PileCode pile, const Records& now) const;
+  bool Says(const std::string& bytes, const Pile& cards, const Table<Template>& templates) const;
   void AddGameFile(std::vector<TextEdit>& edits) const;
   std::string Stamped(Template record, PileCode pile, std::size_t number) const;
 
@@ -49,6 +57,7 @@ class CardDocument {
   StoredText file_;
   std::vector<Entry> entries_;
   std::optional<DirectivePlace> gamePlace_;  ///< of #GAMEFILE
+  std::optional<DirectivePlace> lastPlace_;  ///< of the last directive that could be read
   Text gameFile_;                            ///< as the file names it
   bool keepsText_ = false;
 };

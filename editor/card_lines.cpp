@@ -263,6 +263,10 @@ std::string InFile(const StoredText& file, std::string written) {
 
 }  // namespace
 
+bool IsLineOfCard(const DirectiveRow& row) {
+  return row.Word == "#DUPLICATE" || std::ranges::find(kKinds, row.Word) != kKinds.end();
+}
+
 std::vector<TextEdit> ChangedLines(const StoredText& file, const CardInFile& card,
                                    const std::string& written) {
   const std::string& text = file.Text();
@@ -313,16 +317,12 @@ std::vector<TextEdit> RemovedLines(const StoredText& file, const CardInFile& car
 TextEdit AddedLines(const StoredText& file, const DirectivePlace* behind,
                     const std::string& written) {
   const std::string& text = file.Text();
-  const Gap gap = behind == nullptr ? Gap{text.size(), text.empty() || IsLineEnd(text.back())}
-                                    : GapBehind(text, *behind);
+  const bool isPlain = text.find_first_of("#\"") == text.npos;
+  const Gap atEnd{text.size(), text.empty() || IsLineEnd(text.back())};
+  const Gap gap = behind != nullptr ? GapBehind(text, *behind) : isPlain ? atEnd : Gap{0, true};
   std::size_t position = gap.Position;
-  if (!gap.IsLine) {
-    // Something else goes on in the line, or it is the last one.
-    position = std::min(text.find_first_of(kLineEnds, position), text.size());
-    const std::size_t next = BehindLineEnd(text, position);
-    if (next == position) return {position, position, InFile(file, Joined("\r\n", written))};
-    position = next;
-  }
+  // Something else goes on in the line, or it is the last one.
+  if (!gap.IsLine) return {position, position, InFile(file, Joined("\r\n", written))};
   while (true) {
     const std::size_t blanks = BehindBlanks(text, position);
     if (BehindLineEnd(text, blanks) == blanks) break;

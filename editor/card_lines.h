@@ -17,6 +17,9 @@ struct CardInFile {
   std::string Written;
 };
 
+/// True for the directives that say more of the card before them.
+bool IsLineOfCard(const DirectiveRow& row);
+
 /// The fields of a directive in a text, its word first.
 std::vector<std::string> FieldsOf(std::string_view text, const DirectivePlace& place);
 
@@ -27,8 +30,8 @@ std::vector<TextEdit> ChangedLines(const StoredText& file, const CardInFile& car
                                    const std::string& written);
 /// The edits that take a card out, with the banner above it and the blank lines below.
 std::vector<TextEdit> RemovedLines(const StoredText& file, const CardInFile& card);
-/// The edit that adds cards behind a directive and the blank lines that follow it; nullptr for the
-/// end of the file.
+/// The edit that adds cards behind a directive and the blank lines that follow it. nullptr for a
+/// file without directives: they come where nothing that is open swallows them.
 TextEdit AddedLines(const StoredText& file, const DirectivePlace* behind,
                     const std::string& written);
 
