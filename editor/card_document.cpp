@@ -67,9 +67,9 @@ std::vector<Template> NamedTemplates(const Table<Template>& templates) {
 }
 
 /// Gives each thing at most one partner among numbered others, by a key.
-class Partners {
+class Pairing {
  public:
-  explicit Partners(std::size_t others) : isTaken_(others) {}
+  explicit Pairing(std::size_t others) : isTaken_(others) {}
 
   void Add(const std::string& key, std::size_t other) { others_[key].push_back(other); }
   void Forget() {
@@ -161,7 +161,7 @@ void CardDocument::TakeEntries(const DirectivePlaces& places) {
 }
 
 std::vector<CardDocument::Match> CardDocument::Find(PileCode pile, const Records& now) const {
-  Partners partners(now.size());
+  Pairing partners(now.size());
   std::vector<Match> found(entries_.size());
   const auto look = [&](const auto& keyOf, const auto& keyOfEntry, bool isSame) {
     partners.Forget();
