@@ -68,7 +68,7 @@ void AddUnreadable(std::string_view file, const std::string& path) {
 }
 
 FileRead ReadCardFile(std::string_view file, PlayerState& player, int noDuplicates,
-                      std::string_view forcedLocation, int keepExisting, DirectivePlaces* places) {
+                      std::string_view forcedLocation, int keepExisting) {
   const WorkAccount account;
   Session& session = State();
   const std::string refusal = RefuseRead(file);
@@ -91,7 +91,7 @@ FileRead ReadCardFile(std::string_view file, PlayerState& player, int noDuplicat
   if (player.PlayerNo == 1 && keepExisting == 0) EmptyPlayerPiles();
   const std::string name = session.FileList[depth].Str();
   CardReader reader(name, std::move(*bytes), player,
-                    {noDuplicates != 0, std::string(forcedLocation), places});
+                    {noDuplicates != 0, std::string(forcedLocation)});
   reader.Read();
   EndRead(player);
   return reader.CutOff() ? FileRead::kCutOff : FileRead::kWhole;

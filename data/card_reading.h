@@ -102,9 +102,8 @@ enum class FileRead : std::uint8_t {
   kWhole
 };
 
-/// ReadCards, how far it went, and where the directives stand if that is asked for.
+/// ReadCards, and how far it went.
 FileRead ReadCardFile(std::string_view file, PlayerState& player, int noDuplicates,
-                      std::string_view forcedLocation, int keepExisting,
-                      DirectivePlaces* places = nullptr);
+                      std::string_view forcedLocation, int keepExisting);
 
 }  // namespace brindlemoor

@@ -107,16 +107,28 @@ void CardDocument::Read(const std::string& path, const Pile& cards) {
   FollowCards(cards);
 }
 
-void CardDocument::ReadEntries() {
-  const Looking looking;
+/// Reads bytes into an empty list. False when they can't be read to their end. The session is a
+/// copy, which nobody looks at.
+bool CardDocument::ReadAside(const std::string& bytes, DirectivePlaces* places) const {
+  const WorkAccount account;
   Session& state = State();
   state.Collection = Pile(1);
   state.Templates.Reset(1);
   state.CostCard = Card{};
   state.GameFileName = Text();
+  state.ReadDepth = 1;
+  state.RunDepth = 1;  // without message boxes: the read that filled the list has shown them
+  state.FileList[1] = state.OpenPaths[1] = path_;
+  CardReader reader(path_, bytes, state.Players[1], {true, std::string(kCards), places});
+  reader.Read();
+  return !reader.CutOff();
+}
+
+void CardDocument::ReadEntries() {
+  const Looking looking;
+  const Session& state = State();
   DirectivePlaces places;
-  const FileRead read = ReadCardFile(path_, state.Players[1], 1, kCards, 1, &places);
-  if (read != FileRead::kWhole) return;
+  if (!ReadAside(file_.Bytes(), &places)) return;
   TakeEntries(places);
   if (!places.empty()) lastPlace_ = places.back();
   gameFile_ = state.GameFileName;
@@ -281,15 +293,7 @@ bool CardDocument::Says(const std::string& bytes, const Pile& cards,
   };
   const std::vector<std::string> wanted = keysOf(cards, templates);
   const Looking looking;
-  const WorkAccount account;
-  Session& state = State();
-  state.Collection = Pile(1);
-  state.Templates.Reset(1);
-  state.ReadDepth = 1;
-  state.FileList[1] = state.OpenPaths[1] = path_;
-  CardReader reader(path_, bytes, state.Players[1], {true, std::string(kCards)});
-  reader.Read();
-  return !reader.CutOff() && keysOf(state.Collection, state.Templates) == wanted;
+  return ReadAside(bytes, nullptr) && keysOf(State().Collection, State().Templates) == wanted;
 }
 
 }  // namespace brindlemoor

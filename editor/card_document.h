@@ -44,6 +44,7 @@ class CardDocument {
     bool IsSame = false;
   };
 
+  bool ReadAside(const std::string& bytes, DirectivePlaces* places) const;
   void ReadEntries();
   void TakeEntries(const DirectivePlaces& places);
   void FollowCards(const Pile& cards);

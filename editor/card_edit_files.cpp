@@ -135,11 +135,9 @@ bool CardEdit::SaveCards(SaveOptions options) {
     return false;
   }
   document_.Read(path, state.Collection);
-  if (state.SingleCardEdit == 0) {
-    copy_.RemoveOwn(before);
-    copy_.PutAside(state.CardFile);
-    AllIsSaved();
-  }
+  copy_.RemoveOwn(before);
+  copy_.PutAside(state.CardFile);
+  AllIsSaved();
   return true;
 }
 

@@ -8,6 +8,7 @@
 
 #include "core/cards.h"
 #include "core/state.h"
+#include "game/looking.h"
 #include "language/traits.h"
 #include "script/run_action.h"
 #include "text/one_line.h"
@@ -39,57 +40,6 @@ std::vector<ValuedCard> ValueHand(bool withNotes) {
       cards, [](const ValuedCard& a, const ValuedCard& b) { return a.Play.Value > b.Play.Value; });
   return cards;
 }
-
-/// What runs leave behind in the session beside the cards; put back at the end of the scope.
-class RunTraces {
- public:
-  RunTraces() = default;
-  RunTraces(const RunTraces&) = delete;
-  RunTraces& operator=(const RunTraces&) = delete;
-  ~RunTraces() {
-    Session& session = State();
-    session.CostCard.InPlay = costCardInPlay_;
-    session.PageText = std::move(pageText_);
-    session.PhaseBanner = std::move(phaseBanner_);
-    session.LimitsReported = std::move(limitsReported_);
-    session.LastValue = lastValue_;
-    session.CancelState = cancelState_;
-    session.RedirectTarget = redirectTarget_;
-    session.RedirectScript = redirectScript_;
-    session.RedirectTraitName = redirectTraitName_;
-    session.FailReason = std::move(failReason_);
-    session.HpReport = hpReport_;
-    session.SharedChanceRoll = sharedChanceRoll_;
-    session.EchoedOnce = echoedOnce_;
-    session.BonusCount = bonusCount_;
-    session.DiceRolled = diceRolled_;
-    session.StatMasked = statMasked_;
-    session.StatNotMasked = statNotMasked_;
-    session.StatCancelled = statCancelled_;
-    session.Random = random_;
-  }
-
- private:
-  std::uint8_t costCardInPlay_ = State().CostCard.InPlay;
-  std::string pageText_ = State().PageText;
-  std::string phaseBanner_ = State().PhaseBanner;
-  std::set<std::string, std::less<>> limitsReported_ = State().LimitsReported;
-  double lastValue_ = State().LastValue;
-  std::uint8_t cancelState_ = State().CancelState;
-  std::int32_t redirectTarget_ = State().RedirectTarget;
-  Text redirectScript_ = State().RedirectScript;
-  Text redirectTraitName_ = State().RedirectTraitName;
-  std::string failReason_ = State().FailReason;
-  std::uint8_t hpReport_ = State().HpReport;
-  int sharedChanceRoll_ = State().SharedChanceRoll;
-  std::uint8_t echoedOnce_ = State().EchoedOnce;
-  int bonusCount_ = State().BonusCount;
-  int diceRolled_ = State().DiceRolled;
-  double statMasked_ = State().StatMasked;
-  double statNotMasked_ = State().StatNotMasked;
-  double statCancelled_ = State().StatCancelled;
-  RandomSource random_ = State().Random;
-};
 
 /// How a trigger is told to a player.
 struct Occasion {
@@ -149,7 +99,7 @@ std::vector<HandValue> HandValues() {
 }
 
 std::vector<Hint> HandHints() {
-  const RunTraces traces;
+  const Looking looking;
   std::vector<Hint> hints;
   for (ValuedCard& valued : ValueHand(true)) {
     Hint hint{valued.Play, State().Players[1].Hand[valued.Play.Position], {}};

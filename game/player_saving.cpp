@@ -32,6 +32,12 @@ std::string PathOfOwnFile() {
   return own.empty() ? own : PathOfPlayerFile(own);
 }
 
+/// A player without a file gets the first one that is saved in the program's folder.
+bool IsOwnFile(const std::string& path) {
+  const std::string own = PathOfOwnFile();
+  return own.empty() ? path == PathOfPlayerFile(FileNameOf(path)) : path == own;
+}
+
 /// The second and third deck count as well: a player may have put everything there.
 bool OwnsCards() {
   const Session& session = State();
@@ -97,7 +103,7 @@ Replacing LookAtFile(const std::string& path, const OwnedText& owned, Saving sav
   if (saving == Saving::kByItself && file.LeftAlone == hash) return Replacing::kMayNot;
   const std::string copy = PathOfCopy(path, ".other", *there);
   if (!AskToReplace(path, *there, owned, copy)) {
-    file.LeftAlone = hash;
+    if (IsOwnFile(path)) file.LeftAlone = hash;
     return Replacing::kMayNot;
   }
   // The answer was about what was there then.
@@ -105,12 +111,6 @@ Replacing LookAtFile(const std::string& path, const OwnedText& owned, Saving sav
   const std::string failure = files.Write(copy, *there);
   return failure.empty() ? Replacing::kMay
                          : refuse(Joined("no copy of the other file could be kept: ", failure));
-}
-
-/// A player without a file gets the first one that is saved in the program's folder.
-bool IsOwnFile(const std::string& path) {
-  const std::string own = PathOfOwnFile();
-  return own.empty() ? path == PathOfPlayerFile(FileNameOf(path)) : path == own;
 }
 
 bool StoreOwnFile(const std::string& path, const OwnedText& owned, Saving saving) {
@@ -135,7 +135,8 @@ bool WritePlayerFile(std::string_view fileName, Saving saving) {
   if (fileName.empty()) return true;
   const std::string path = PathOfPlayerFile(fileName);
   // A refresh may change what was let go of.
-  if (saving == Saving::kByItself && IsLetGo(TextOfOwned())) return true;
+  const bool letsGo = !session.StoredPlayer.LetGo.empty() && saving == Saving::kByItself;
+  if (letsGo && IsLetGo(TextOfOwned())) return true;
   RefreshCollection();
   for (int deck = 1; deck <= session.Decks.UpperBound(); ++deck) SortDeck(deck);
   SortCollection();

@@ -129,6 +129,16 @@ TEST_F(CardDocumentTest, OnlyTheLinesOfChangedCardsChange) {
   EXPECT_EQ(Bytes(), expected) << "what follows is not the card's";
 }
 
+TEST_F(CardDocumentTest, TheFileIsLookedAtWithoutAWord) {
+  const std::string file = "#CARDINDECK, Bat, , , , , \n#TRAITACTIONDESC, HP, x\n";
+  desktop_->ExpectedMessages = {
+      "Error in reading cards: Bat references trait HP but does not have it."};
+  ASSERT_TRUE(Open(file));  // the read of the list says it once
+  const std::size_t problems = State().Problems.size();
+  EXPECT_EQ(Bytes(), file);
+  EXPECT_EQ(State().Problems.size(), problems);
+}
+
 TEST_F(CardDocumentTest, NewCardsComeBehindTheLastAndTemplatesToTemplates) {
   ASSERT_TRUE(Open(kFile));
   State().Collection.Append(MakeCard("Newt", 1, {"HP:2"}));
