@@ -48,6 +48,8 @@ class ShippedGameTest(harness.WindowTest):
         return [link for link, title in links if title == name]
 
     def click_card(self, name):
+        # Behind the list of games comes a page that says "Loading...", then the report.
+        harness.wait_until(name, lambda: self.title_card(name))
         link = self.title_card(name)[0]
         self.run_.click("link", f"WB {link}")
 
