@@ -20,19 +20,11 @@
 #include "lint/word_distance.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/overlay_files.h"
-#include "text/fold.h"
 #include "text/text.h"
 
 namespace brindlemoor {
 
 namespace {
-
-constexpr std::string_view kExtension = ".txt";
-
-bool IsCardFileName(std::string_view name) {
-  return name.size() > kExtension.size() && !BelongsToPlayers(name) &&
-         FoldEquals(name.substr(name.size() - kExtension.size()), kExtension);
-}
 
 /// Text files without any directive are no card files.
 bool HoldsDirectives(const std::string& path) {

@@ -66,6 +66,7 @@ bool CardReader::MayInclude(std::string_view file, std::string_view path) const 
 }
 
 void CardReader::Include(const DirectiveRow&) {
+  if (!options_.FollowsIncludes) return;
   const std::string file = fields_[0];
   const std::string location = fields_[1];
   const std::string path = file.empty() ? "" : TakeReferencedFile(file);

@@ -16,6 +16,7 @@ struct ReadOptions {
   bool NoDuplicates = false;
   std::string ForcedLocation;
   DirectivePlaces* Places = nullptr;  ///< gets those of the file itself, not of files it includes
+  bool FollowsIncludes = true;
 };
 
 /// The state of one read and the handlers of the directives. A nested read has a reader of its own;

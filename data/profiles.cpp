@@ -133,6 +133,12 @@ bool BelongsToPlayers(std::string_view path) {
           FoldEquals(std::string_view(name).substr(name.size() - kPlayerFile.size()), kPlayerFile));
 }
 
+bool IsCardFileName(std::string_view path) {
+  constexpr std::string_view kExtension = ".txt";
+  return path.size() > kExtension.size() && !BelongsToPlayers(path) &&
+         FoldEquals(path.substr(path.size() - kExtension.size()), kExtension);
+}
+
 bool HoldPlayer(std::string_view name) {
   const std::string lock = Joined(kPassingFile, "player-", HashOf(name), ".lock");
   return Desktop().Files().Hold(InProgramFolder(lock)) != HoldResult::kByAnother;

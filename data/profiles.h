@@ -15,6 +15,8 @@ void SaveProfiles();
 bool HoldPlayer(std::string_view name);
 /// True for the files that the program writes for its players: player files and the profile list.
 bool BelongsToPlayers(std::string_view path);
+/// True for the path of a text file that is none of those: rules, opponents, decks.
+bool IsCardFileName(std::string_view path);
 
 /// The most bytes that a player's name may take in the name of a file.
 inline constexpr std::size_t kPlayerNameBytes = 100;

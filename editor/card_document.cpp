@@ -14,6 +14,7 @@
 #include "data/card_writer.h"
 #include "data/field_text.h"
 #include "game/looking.h"
+#include "text/fold.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -97,9 +98,22 @@ class Pairing {
 
 }  // namespace
 
-void CardDocument::Read(const std::string& path, const Pile& cards) {
+bool IsDeckLine(const Card& card, std::string_view path) {
+  const std::string source = FileNameOf(card.SourceFile);
+  return !source.empty() && !FoldEquals(source, FileNameOf(path)) &&
+         !ResolvePath(source, 0).empty();
+}
+
+void CardDocument::Read(const std::string& path, const Pile& cards) { Open(path, cards, false); }
+
+void CardDocument::ReadAlone(const std::string& path, const Pile& cards) {
+  Open(path, cards, true);
+}
+
+void CardDocument::Open(const std::string& path, const Pile& cards, bool alone) {
   *this = {};
   path_ = path;
+  isAlone_ = alone;
   auto bytes = Desktop().Files().Read(path);
   if (!bytes) return;
   file_ = StoredText(std::move(*bytes));
@@ -119,7 +133,7 @@ bool CardDocument::ReadAside(const std::string& bytes, DirectivePlaces* places) 
   state.ReadDepth = 1;
   state.RunDepth = 1;  // without message boxes: the read that filled the list has shown them
   state.FileList[1] = state.OpenPaths[1] = path_;
-  CardReader reader(path_, bytes, state.Players[1], {true, std::string(kCards), places});
+  CardReader reader(path_, bytes, state.Players[1], {true, std::string(kCards), places, !isAlone_});
   reader.Read();
   return !reader.CutOff();
 }
@@ -132,16 +146,25 @@ void CardDocument::ReadEntries() {
   TakeEntries(places);
   if (!places.empty()) lastPlace_ = places.back();
   gameFile_ = state.GameFileName;
-  const auto named = NamedCards(state.Collection).size();
+  const auto named = CardsOfFile(state.Collection).size();
   const auto found = std::ranges::count(entries_, kCollectionPile, &Entry::Pile);
-  const bool isOwn = CardFileText(path_, kCards, "", 0) == file_.Text();
-  const bool isAlone = static_cast<std::size_t>(found) == named &&
-                       std::ranges::all_of(entries_, [this](const Entry& entry) {
-                         return IsOf(file_.Text(), entry.Lines.Places.front(), entry.Record.Card);
-                       });
-  keepsText_ = !isOwn && isAlone && std::ranges::none_of(places, [this](const auto& place) {
+  // A file of the editor's own is written anew, byte for byte as ever.
+  const bool isOwn = !isAlone_ && CardFileText(path_, kCards, "", 0) == file_.Text();
+  const bool isAllOfList =
+      static_cast<std::size_t>(found) == named &&
+      std::ranges::all_of(entries_, [this](const Entry& entry) {
+        return IsOf(file_.Text(), entry.Lines.Places.front(), entry.Record.Card);
+      });
+  const auto bringsOthers = [this](const DirectivePlace& place) {
     return place.Row->Word == "#INCLUDE" && !FieldsOf(file_.Text(), place)[2].empty();
-  });
+  };
+  keepsText_ = !isOwn && isAllOfList && (isAlone_ || std::ranges::none_of(places, bringsOthers));
+}
+
+CardDocument::Records CardDocument::CardsOfFile(const Pile& cards) const {
+  Records found = NamedCards(cards);
+  if (isAlone_) std::erase_if(found, [this](const auto& r) { return IsDeckLine(r.Card, path_); });
+  return found;
 }
 
 void CardDocument::TakeEntries(const DirectivePlaces& places) {
@@ -161,6 +184,7 @@ void CardDocument::TakeEntries(const DirectivePlaces& places) {
         entry.Record.Card = state.Collection[place.Position];
       }
       if (IsFree(entry.Record.Card)) continue;  // a reference that leads nowhere
+      if (isAlone_ && !isTemplate && IsDeckLine(entry.Record.Card, path_)) continue;
       entry.Lines.Written = TextOf(entry.Record, entry.Pile);
       entry.Key = Comparable(entry.Record, entry.Pile, true);
       numbers[key] = entries_.size();
@@ -216,13 +240,28 @@ bool CardDocument::IsAsLeft() const {
   return !bytes || *bytes == file_.Bytes();
 }
 
-std::string CardDocument::Stamped(Template record, PileCode pile, std::size_t number) const {
+std::string CardDocument::Stamped(Template record, PileCode pile, std::size_t number,
+                                  const Entry* entry) const {
   Card& card = record.Card;
-  if (pile == kCollectionPile) {
-    if (card.UniqueID.empty()) card.UniqueID = Joined(card.Name, number);
+  if (isAlone_ && entry != nullptr) {
+    card.SourceFile = entry->Record.Card.SourceFile;
+  } else if (pile == kCollectionPile || isAlone_) {
     card.SourceFile = FileNameOf(path_);
   }
-  return TextOf(std::move(record), pile);
+  if (pile != kCollectionPile) return TextOf(std::move(record), pile);
+  if (card.UniqueID.empty()) card.UniqueID = Joined(card.Name, number);
+  return entry != nullptr ? CardToText(card, kCards) : CardToText(card, LocationOfNewCards());
+}
+
+/// That of the last card, so that who reads the file finds all of them in one place.
+std::string_view CardDocument::LocationOfNewCards() const {
+  constexpr std::string_view kDrawPile = "INDECK";
+  for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) {
+    if (entry->Pile != kCollectionPile) continue;
+    const auto fields = FieldsOf(file_.Text(), entry->Lines.Places.front());
+    return fields.size() > 1 && fields[0] == "#CARD" && fields[1] == kDrawPile ? kDrawPile : kCards;
+  }
+  return kCards;
 }
 
 std::vector<TextEdit> CardDocument::EditsFor(PileCode pile, const Records& now) const {
@@ -243,14 +282,14 @@ std::vector<TextEdit> CardDocument::EditsFor(PileCode pile, const Records& now) 
       const auto card = static_cast<std::size_t>(found[number].Card);
       isInFile[card] = true;
       if (!found[number].IsSame) {
-        changes = ChangedLines(file_, entry.Lines, Stamped(now[card], pile, card + 1));
+        changes = ChangedLines(file_, entry.Lines, Stamped(now[card], pile, card + 1, &entry));
       }
     }
     edits.insert(edits.end(), changes.begin(), changes.end());
   }
   std::string added;
   for (std::size_t card = 0; card < now.size(); ++card) {
-    if (!isInFile[card]) added += Joined(Stamped(now[card], pile, card + 1), kLineEnd);
+    if (!isInFile[card]) added += Joined(Stamped(now[card], pile, card + 1, nullptr), kLineEnd);
   }
   if (last == nullptr && lastPlace_) last = &*lastPlace_;
   if (!added.empty()) edits.push_back(AddedLines(file_, last, added));
@@ -259,7 +298,7 @@ std::vector<TextEdit> CardDocument::EditsFor(PileCode pile, const Records& now) 
 
 void CardDocument::AddGameFile(std::vector<TextEdit>& edits) const {
   const Text& name = State().GameFileName;
-  if (name.empty() || name == gameFile_) return;
+  if (isAlone_ || name.empty() || name == gameFile_) return;
   const std::string line = Joined("#GAMEFILE, ", PlainField(name));
   edits.push_back(gamePlace_ ? ReplacedLine(file_, *gamePlace_, line)
                              : TextEdit{0, 0, Joined(line, file_.LineEnd())});
@@ -280,9 +319,9 @@ std::optional<std::string> CardDocument::BytesWith(const Pile& cards,
 // What a line speaks of may depend on those before it: then the lines of a file can't be exchanged.
 bool CardDocument::Says(const std::string& bytes, const Pile& cards,
                         const Table<Template>& templates) const {
-  const auto keysOf = [](const Pile& pile, const Table<Template>& patterns) {
+  const auto keysOf = [this](const Records& records, const Table<Template>& patterns) {
     std::vector<std::string> keys;
-    for (const Template& card : NamedCards(pile)) {
+    for (const Template& card : records) {
       keys.push_back(Comparable(card, kCollectionPile, false));
     }
     for (const Template& pattern : NamedTemplates(patterns)) {
@@ -291,9 +330,10 @@ bool CardDocument::Says(const std::string& bytes, const Pile& cards,
     std::ranges::sort(keys);
     return keys;
   };
-  const std::vector<std::string> wanted = keysOf(cards, templates);
+  const std::vector<std::string> wanted = keysOf(NamedCards(cards), templates);
   const Looking looking;
-  return ReadAside(bytes, nullptr) && keysOf(State().Collection, State().Templates) == wanted;
+  return ReadAside(bytes, nullptr) &&
+         keysOf(CardsOfFile(State().Collection), State().Templates) == wanted;
 }
 
 }  // namespace brindlemoor

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/records.h"
@@ -13,6 +14,10 @@
 
 namespace brindlemoor {
 
+/// True for a card that is only brought into a deck here: the file that it names as its own is
+/// another one, which is there.
+bool IsDeckLine(const Card& card, std::string_view path);
+
 /// Knows where each card of the list stands in its file, so that a save changes the lines of those
 /// cards only that have changed. A file that the editor wrote, and one that takes in cards of other
 /// files, is written anew by SaveCardFile.
@@ -21,6 +26,14 @@ class CardDocument {
   /// Reads a file for the places of its cards. Nothing of it comes into the session. cards are
   /// those that the editor has of it.
   void Read(const std::string& path, const Pile& cards);
+  /// The same for a file among others, without those that it includes and without its deck lines.
+  /// It is never written anew: see IsRead.
+  void ReadAlone(const std::string& path, const Pile& cards);
+
+  const std::string& Path() const { return path_; }
+  const std::string& Bytes() const { return file_.Bytes(); }
+  /// True when single cards of it can be changed.
+  bool IsRead() const { return keepsText_; }
 
   /// False when others have written the file since it was read.
   bool IsAsLeft() const;
@@ -44,15 +57,18 @@ class CardDocument {
     bool IsSame = false;
   };
 
+  void Open(const std::string& path, const Pile& cards, bool alone);
   bool ReadAside(const std::string& bytes, DirectivePlaces* places) const;
   void ReadEntries();
+  Records CardsOfFile(const Pile& cards) const;
   void TakeEntries(const DirectivePlaces& places);
   void FollowCards(const Pile& cards);
   std::vector<Match> Find(PileCode pile, const Records& now) const;
   std::vector<TextEdit> EditsFor(PileCode pile, const Records& now) const;
   bool Says(const std::string& bytes, const Pile& cards, const Table<Template>& templates) const;
   void AddGameFile(std::vector<TextEdit>& edits) const;
-  std::string Stamped(Template record, PileCode pile, std::size_t number) const;
+  std::string Stamped(Template record, PileCode pile, std::size_t number, const Entry* entry) const;
+  std::string_view LocationOfNewCards() const;
 
   std::string path_;
   StoredText file_;
@@ -60,6 +76,7 @@ class CardDocument {
   std::optional<DirectivePlace> gamePlace_;  ///< of #GAMEFILE
   std::optional<DirectivePlace> lastPlace_;  ///< of the last directive that could be read
   Text gameFile_;                            ///< as the file names it
+  bool isAlone_ = false;                     ///< its includes and deck lines are left aside
   bool keepsText_ = false;
 };
 

@@ -25,6 +25,7 @@ constexpr int kKeptHeight = 18;
 constexpr int kHintHeight = 16;
 constexpr int kDescriptionWidth = 150;
 constexpr int kTotalWidth = 118;
+constexpr int kFileWidth = 44;
 constexpr int kTraitWidth = 137;  // up to the second word of the heading
 constexpr int kActionComboWidth = 190;
 
@@ -69,6 +70,7 @@ constexpr LabelRow kLabels[] = {
     {&CardEdit::Label7, "Target Type"},
     {&CardEdit::Label9, "Enters Play During:"},
     {&CardEdit::EffLabel, "Action Script"},
+    {&CardEdit::FileLabel, "File"},
     {&CardEdit::cardtotal, "Total Cards:"},
 };
 
@@ -131,6 +133,7 @@ struct EntryRow {
 };
 constexpr EntryRow kFileEntries[] = {
     {&CardEdit::loaddeckmen, &CardEdit::loaddeckmen_Click},
+    {&CardEdit::opengamemen, &CardEdit::opengamemen_Click},
     {&CardEdit::savedeckmen, &CardEdit::savedeckmen_Click},
     {&CardEdit::savedeckasmen, &CardEdit::savedeckasmen_Click},
     {&CardEdit::gencardtextmen, &CardEdit::gencardtextmen_Click},
@@ -142,6 +145,7 @@ constexpr EntryRow kFileEntries[] = {
 constexpr EntryRow kEditEntries[] = {
     {&CardEdit::undomen, &CardEdit::undomen_Click},
     {&CardEdit::redomen, &CardEdit::redomen_Click},
+    {&CardEdit::gridmen, &CardEdit::gridmen_Click},
 };
 constexpr EntryRow kGraphicEntries[] = {
     {&CardEdit::loadgraphicmen, &CardEdit::loadgraphicmen_Click},
@@ -175,7 +179,9 @@ Layout Left(CardEdit& form) {
       Column({Row({Cell(form.Command6, 1), Cell(form.DuplicateButton, 1), Cell(form.Command4, 1)}),
               Row({Cell(form.NewCardButton, 1), Cell(form.Command8)}),
               Row({Cell(form.TemplateCombo, 1), Cell(form.Command5)})});
-  Layout left = Column({Cell(form.CardCombo), Row({Cell(form.FindText, 1), Cell(form.FindNext)}),
+  Layout left = Column({Cell(form.CardCombo),
+                        Row({Cell(form.FileLabel, 0, kFileWidth), Cell(form.FileCombo, 1)}),
+                        Row({Cell(form.FindText, 1), Cell(form.FindNext)}),
                         Row({Cell(form.cardtotal, 0, kTotalWidth), Cell(form.FindNote, 1)}),
                         Cell(form.MainPic, 0, kPictureWidth, kPictureHeight),
                         Row({Cell(form.Command3, 1), Cell(form.Command7, 1)}),
@@ -310,6 +316,8 @@ void CardEdit::NameControls() {
   ActivateCombo.Editable = true;
   ActivateCombo.Change = ActivateCombo.Click = [this] { ActivateCombo_Change(); };
   CardCombo.Click = [this] { CardCombo_Click(); };
+  FileCombo.ToolTip = "The card file in which this card stands.  Choose another one to move it.";
+  FileCombo.Click = [this] { FileCombo_Click(); };
   TemplateCombo.ToolTip = "Use this menu to choose which template to base a new card on.";
   MainPic.ToolTip = "This is the image used for the card.  Click to select a new image to use.";
   MainPic.MouseUp = [this](MouseButton) { MainPic_Click(); };
@@ -379,6 +387,7 @@ void CardEdit::NameMenus() {
   savedeckmen.Shortcut = "Ctrl+S";
   undomen.Shortcut = "Ctrl+Z";
   redomen.Shortcut = "Ctrl+Y";
+  gridmen.Shortcut = "Ctrl+T";
   helpmen.Shortcut = "F1";
   helpmen.Click = [] { ShowHelp("MainHelp.html"); };
   Menus = {&filemen, &editmen, &graphicmen, &helpmen};

@@ -8,7 +8,7 @@
 
 #include "core/records.h"
 #include "data/read_mark.h"
-#include "editor/card_document.h"
+#include "editor/card_documents.h"
 #include "editor/edited_card.h"
 #include "editor/edited_image.h"
 #include "editor/edited_lists.h"
@@ -51,6 +51,8 @@ struct CardEdit : Form {
   ScrollBar TraitDescScroll{"TraitDescScroll"};
   Button CostButton{"CostButton"};
   ComboBox CardCombo{"CardCombo"};
+  Label FileLabel{"FileLabel"};
+  ComboBox FileCombo{"FileCombo"};  ///< the file of the edited card, while a game is open
   ComboBox TemplateCombo{"TemplateCombo"};
   Frame ButtonFrame{"ButtonFrame"};  ///< the buttons of the card list
   Button DuplicateButton{"Command2(1)"};
@@ -90,6 +92,7 @@ struct CardEdit : Form {
 
   MenuItem filemen{"filemen", "File"};
   MenuItem loaddeckmen{"loaddeckmen", "Load Cards"};
+  MenuItem opengamemen{"opengamemen", "Open Game..."};
   MenuItem savedeckmen{"savedeckmen", "Save Cards"};
   MenuItem savedeckasmen{"savedeckasmen", "Save Cards As..."};
   MenuItem gencardtextmen{"gencardtextmen", "Generate Card Text"};
@@ -103,6 +106,7 @@ struct CardEdit : Form {
   MenuItem editmen{"editmen", "Edit"};
   MenuItem undomen{"undomen", "Undo"};
   MenuItem redomen{"redomen", "Redo"};
+  MenuItem gridmen{"gridmen", "All Cards as a Table..."};
   MenuItem graphicmen{"graphicmen", "Graphic"};
   MenuItem loadgraphicmen{"loadgraphicmen", "Load Existing Card Image"};
   MenuItem loadformen{"loadformen", "Load new Foreground Image"};
@@ -168,6 +172,7 @@ struct CardEdit : Form {
   void Command1_Click(int index);
 
   void CardCombo_Click();
+  void FileCombo_Click();
   void FindNext_Click();
   void PreviewTimer_Tick();
   void Command2_Click(int index);
@@ -179,6 +184,7 @@ struct CardEdit : Form {
   void Command8_Click();
 
   void loaddeckmen_Click();
+  void opengamemen_Click();
   void savedeckmen_Click();
   void savedeckasmen_Click();
   void gencardtextmen_Click();
@@ -188,6 +194,7 @@ struct CardEdit : Form {
   void testcardsmen_Click();
   void undomen_Click();
   void redomen_Click();
+  void gridmen_Click();
   void UnsavedTimer_Tick();
   void loadgraphicmen_Click();
   void loadbackmen_Click();
@@ -233,12 +240,21 @@ struct CardEdit : Form {
   /// Saves Collection into the card file. False when it was not written; then the card file is the
   /// one before.
   bool SaveCards(SaveOptions options);
+  /// Saves the files of a game that have changed. False when one was not written.
+  bool SaveGame();
   bool MaySaveOver(const std::string& path) const;
   void SaveCollectionAs(std::string_view question, int starterFlag);
 
   /// Reads the cards of a file in place of those in the editor. False, with a message and no cards,
   /// when the file can't be read to its end.
   bool ReadCardList(const std::string& file);
+  /// Shows Collection, which holds other cards now.
+  void BeginCardList();
+  /// Keeps a copy of what is not saved. False when the user would rather stay than lose it.
+  bool MayLeaveCards();
+  void SortList();
+  /// The file beside which unsaved changes are kept.
+  std::string CopyName() const;
 
   /// Has every control that changes the card tell the history.
   void WatchEdits();
@@ -256,7 +272,7 @@ struct CardEdit : Form {
   std::string UnsavedText() const;
 
   UnsavedCopy copy_;
-  CardDocument document_;                // of State().CardFile
+  CardDocuments documents_;              // State().CardFile, or those of a game
   std::optional<ReadMark> beforeFiles_;  // what a file begins with; not in the reduced form
   bool copyIsOld_ = false;
   std::string previewShown_;  // the text of the preview's page

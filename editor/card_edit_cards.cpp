@@ -6,8 +6,9 @@
 #include "core/desktop.h"
 #include "core/state.h"
 #include "editor/card_edit.h"
+#include "editor/card_grid.h"
+#include "editor/editor_forms.h"
 #include "editor/editor_opening.h"
-#include "game/card_sorting.h"
 #include "language/traits.h"
 #include "script/card_setup.h"
 
@@ -32,7 +33,7 @@ void CardEdit::Form_Load() {
   }
   state.Templates.Reset(1);
   beforeFiles_.emplace();
-  document_ = {};
+  documents_ = {};
   LoadCombos();
   copy_ = {};
   AllIsSaved();
@@ -60,7 +61,7 @@ bool CardEdit::Form_QueryClose() {
     }
   }
   if (!single) {
-    copy_.RemoveOwn(state.CardFile);
+    copy_.RemoveOwn(CopyName());
     LeaveCardEditor();
   }
   return false;
@@ -143,6 +144,20 @@ void CardEdit::CardCombo_Click() {
   if (State().Collection.Holds(chosen)) EditCardAt(chosen);
 }
 
+void CardEdit::gridmen_Click() {
+  StoreCurrentCard();
+  if (!Image.MayLeave()) return;
+  CardGrid& grid = TheCardGrid();
+  const auto files = documents_.IsOfGame() ? documents_.FileNames() : EditedLists::Names();
+  grid.Begin(files, Lists.Place());
+  Desktop().ShowForm(grid, true);
+  if (grid.Table.Changed()) ListChanged();
+  const int place = grid.Chosen != 0 ? grid.Chosen : Lists.Place();
+  if (State().Collection.Holds(place)) EditCardAt(place);
+  LoadCombos();
+  CardCombo.Select(place);
+}
+
 void CardEdit::Command6_Click() {
   if (!Lists.HoldsEdited()) {
     const int added = EditedLists::AddCard({});
@@ -164,6 +179,7 @@ void CardEdit::Command2_Click(int index) {
   Card added;
   InitCard(added, 1, 0);
   const std::int32_t globalId = added.GlobalID;
+  const Text file = State().EditCard.SourceFile;
   const int chosen = TemplateCombo.Selected - 1;  // the first item is "Blank Card"
   const bool fromTemplate =
       !duplicate && State().Templates.Holds(chosen) && !IsFree(State().Templates[chosen].Card);
@@ -176,6 +192,7 @@ void CardEdit::Command2_Click(int index) {
     added.Name = "New Card";
   }
   added.GlobalID = globalId;
+  if (documents_.IsOfGame()) added.SourceFile = file;
   const int place = EditedLists::AddCard(std::move(added));
   if (place == 0) return;
   if (fromTemplate) {
@@ -212,7 +229,7 @@ void CardEdit::Command4_Click() {
   const int deleted = Lists.Place();
   BeginFreshCard();
   if (cards.Holds(deleted)) cards[deleted] = State().EditCard;
-  SortCards(cards, "NAME");
+  SortList();
   ListChanged();
   LoadCombos();
 }

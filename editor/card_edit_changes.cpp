@@ -41,6 +41,7 @@ void CardEdit::WatchEdits() {
   watchTyping(ActivateCombo);
   watch(ActivateCombo.Click, ActivateCombo.Name, false);
   watch(RarityCombo.Click, RarityCombo.Name, false);
+  watch(FileCombo.Click, FileCombo.Name, false);
   watch(ColorLabel.Click, ColorLabel.Name, false);
   for (Button* button : {&CostButton, &Command3, &Command7}) {
     watch(button->Click, button->Name, false);
@@ -120,6 +121,10 @@ void CardEdit::AllIsSaved() {
   ShowChanges();
 }
 
+std::string CardEdit::CopyName() const {
+  return documents_.IsOfGame() ? documents_.PathOfCopy() : State().CardFile.Str();
+}
+
 std::string CardEdit::UnsavedText() const {
   const auto edited = [this] {
     Card card = Edited.WithRows();
@@ -128,18 +133,19 @@ std::string CardEdit::UnsavedText() const {
   };
   return Lists.FileText(edited, [this] {
     const Session& state = State();
-    const auto bytes = document_.BytesWith(state.Collection, state.Templates);
+    // In a game each card says of which file it is.
+    StampCards(state.CardFile, state.CardFile.empty() || documents_.IsOfGame() ? 0 : 1);
+    const auto bytes = documents_.BytesWith(state.Collection, state.Templates);
     return bytes ? *bytes : CardFileText(state.CardFile, "COLLECTION", "", 0);
   });
 }
 
 void CardEdit::UnsavedTimer_Tick() {
-  const Text& cardFile = State().CardFile;
   if (!HasUnsavedChanges()) {
-    copy_.RemoveOwn(cardFile);
+    copy_.RemoveOwn(CopyName());
     copyIsOld_ = true;
   } else if (copyIsOld_) {
-    copyIsOld_ = !copy_.Write(cardFile, UnsavedText());
+    copyIsOld_ = !copy_.Write(CopyName(), UnsavedText());
   }
 }
 

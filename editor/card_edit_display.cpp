@@ -78,7 +78,15 @@ void CardEdit::LoadCombos() {
   }
 
   const int card = CardCombo.Selected;
-  CardCombo.Items = EditedLists::CardNames();
+  Items names = EditedLists::CardNames();
+  if (documents_.IsOfGame()) {
+    for (std::size_t place = 0; place < names.size(); ++place) {
+      const Card& listed = State().Collection[static_cast<int>(place) + 1];
+      if (!IsFree(listed)) names[place] += Joined("  (", documents_.FileOf(listed), ")");
+    }
+  }
+  CardCombo.Items = std::move(names);
+  FileCombo.Items = documents_.FileNames();
   CardCombo.Select(card);
 
   Items templates = EditedLists::TemplateNames();
@@ -101,6 +109,7 @@ void CardEdit::UpdateCard() {
   ChooseOrAdd(ActivateCombo, card.ActivateOn.Str(),
               [](const auto& a, const auto& b) { return FoldEquals(a, b); });
   RarityCombo.Text = Joined(int{card.Rarity});
+  if (documents_.IsOfGame()) FileCombo.Text = documents_.FileOf(card);
   CardText[0].Text = card.Name.Str();
   CardText[1].Text = card.AuxText.Str();
   CardText[2].Text = card.UniqueID.Str();
@@ -155,7 +164,11 @@ void CardEdit::ShowMode() {
     control->Visible = whole;
   }
   filemen.Visible = whole;
+  for (Control* control : std::initializer_list<Control*>{&FileLabel, &FileCombo}) {
+    control->Visible = whole && documents_.IsOfGame();
+  }
   composeallmen.Visible = whole;
+  gridmen.Visible = whole;
   CostButton.Visible = whole && !IsFree(State().CostCard);
   for (int row = 0; row < kVisibleRows; ++row) {
     TraitText[row].ReadOnly = !whole;

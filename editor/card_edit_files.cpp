@@ -54,25 +54,29 @@ void CardEdit::loaddeckmen_Click() {
     Desktop().MessageBox(CantRead(FileNameOf(*path), *path));
     return;
   }
-  if (HasUnsavedChanges()) {
-    if (Image.IsUnsaved() && Desktop().AskYesNo(kSaveImage)) {
-      BuildCardFromForm();
-      if (Image.IsUnsaved()) return;
-    }
-    // Offered when that file is loaded again.
-    if (!copy_.Write(state.CardFile, UnsavedText()) && !Desktop().AskYesNo(kLoadAnyway)) return;
-  } else {
-    copy_.RemoveOwn(state.CardFile);
-  }
+  if (!MayLeaveCards()) return;
   const std::string source = copy_.Offer(*path);
+  documents_ = {};
   const bool isWhole = ReadCardList(source);
   state.CardFile = isWhole ? Text(*path) : Text();
-  document_ = {};
-  if (isWhole) document_.Read(*path, state.Collection);
+  if (isWhole) documents_.Read(*path, state.Collection);
   loadcommontraits();
   Image.CardFolder = path->substr(0, path->size() - FileNameOf(*path).size());
   AllIsSaved();
   if (source != *path) ListChanged();
+}
+
+bool CardEdit::MayLeaveCards() {
+  if (!HasUnsavedChanges()) {
+    copy_.RemoveOwn(CopyName());
+    return true;
+  }
+  if (Image.IsUnsaved() && Desktop().AskYesNo(kSaveImage)) {
+    BuildCardFromForm();
+    if (Image.IsUnsaved()) return false;
+  }
+  // Offered when these cards are loaded again.
+  return copy_.Write(CopyName(), UnsavedText()) || Desktop().AskYesNo(kLoadAnyway);
 }
 
 bool CardEdit::ReadCardList(const std::string& file) {
@@ -86,17 +90,29 @@ bool CardEdit::ReadCardList(const std::string& file) {
     state.Collection = Pile(1);
     Desktop().MessageBox(Joined("Can't read all of ", FileNameOf(file), "."));
   }
-  SortCards(state.Collection, "NAME");
+  BeginCardList();
+  return isWhole;
+}
+
+void CardEdit::BeginCardList() {
+  SortList();
   // What is edited belonged to the cards before; a card of no list stays.
   if (Lists.Place() > 0) BeginFreshCard();
   CardCombo.Select(0);
   LoadCombos();
-  return isWhole;
+}
+
+void CardEdit::SortList() {
+  if (documents_.IsOfGame()) {
+    documents_.Sort(State().Collection);
+  } else {
+    SortCards(State().Collection, "NAME");
+  }
 }
 
 /// Others may have written the file since it was read.
 bool CardEdit::MaySaveOver(const std::string& path) const {
-  if (document_.IsAsLeft()) return true;
+  if (documents_.IsAsLeft(path)) return true;
   const std::string there = Desktop().Files().Read(path).value_or("");
   const std::string copy = PathOfCopy(path, ".other", there);
   const bool isWanted =
@@ -108,14 +124,16 @@ bool CardEdit::MaySaveOver(const std::string& path) const {
 }
 
 bool CardEdit::SaveCards(SaveOptions options) {
+  if (documents_.IsOfGame() && !options.AskAlways) return SaveGame();
   Session& state = State();
+  const std::string copied = CopyName();
   std::string path = state.CardFile.Str();
   if (options.AskAlways || path.empty()) {
     const auto chosen = AskSaveName();
     if (!chosen) return false;
     path = *chosen;
   }
-  const bool isThisFile = path == state.CardFile;
+  const bool isThisFile = path == state.CardFile && !documents_.IsOfGame();
   if (isThisFile && !MaySaveOver(path)) return false;
   if (options.Stamp) {
     StampCards(path, 1);
@@ -125,7 +143,7 @@ bool CardEdit::SaveCards(SaveOptions options) {
     }
   }
   const auto bytes =
-      isThisFile ? document_.BytesWith(state.Collection, state.Templates) : std::nullopt;
+      isThisFile ? documents_.BytesWith(state.Collection, state.Templates) : std::nullopt;
   if (!bytes && !MayReplace(path, SavedKind::kCards)) return false;
   const Text before = std::exchange(state.CardFile, Text(path));
   const bool isSaved =
@@ -134,8 +152,8 @@ bool CardEdit::SaveCards(SaveOptions options) {
     state.CardFile = before;
     return false;
   }
-  document_.Read(path, state.Collection);
-  copy_.RemoveOwn(before);
+  documents_.Read(path, state.Collection);
+  copy_.RemoveOwn(copied);
   copy_.PutAside(state.CardFile);
   AllIsSaved();
   return true;

@@ -8,7 +8,8 @@ namespace brindlemoor {
 bool SameContent(const CardSnapshot& a, const CardSnapshot& b) {
   const Card& one = a.Card;
   const Card& other = b.Card;
-  return one.Name == other.Name && one.AuxText == other.AuxText && one.UniqueID == other.UniqueID &&
+  return one.Name == other.Name && one.SourceFile == other.SourceFile &&
+         one.AuxText == other.AuxText && one.UniqueID == other.UniqueID &&
          one.Description == other.Description && one.ActivateOn == other.ActivateOn &&
          one.Rarity == other.Rarity && one.NameColor == other.NameColor &&
          one.Picture == other.Picture && one.Thumb == other.Thumb && a.Rows.SameContent(b.Rows);

@@ -12,7 +12,6 @@
 #include "data/profiles.h"
 #include "editor/image_composer.h"
 #include "script/card_setup.h"
-#include "text/fold.h"
 
 namespace brindlemoor {
 
@@ -27,12 +26,6 @@ std::vector<std::string> FoldersOfProgram() {
   return folders;
 }
 
-bool IsCardFile(std::string_view name) {
-  constexpr std::string_view kExtension = ".txt";
-  return name.size() > kExtension.size() && !BelongsToPlayers(name) &&
-         FoldEquals(name.substr(name.size() - kExtension.size()), kExtension);
-}
-
 /// The cards of all files, in their order. A read begins the collection anew.
 Pile ReadAllCards(const std::vector<std::string>& folders) {
   Session& state = State();
@@ -40,7 +33,7 @@ Pile ReadAllCards(const std::vector<std::string>& folders) {
   Pile cards;
   for (const std::string& folder : folders) {
     for (const std::string& name : Desktop().Files().ListFiles(folder)) {
-      if (!IsCardFile(name)) continue;
+      if (!IsCardFileName(name)) continue;
       EnterProgramFolder();
       state.Collection = Pile(1);
       ReadCards(Joined(folder, "/", name), state.Players[1], 1, "COLLECTION", 1);

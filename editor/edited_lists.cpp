@@ -9,7 +9,6 @@
 #include "core/random.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "data/card_file_writer.h"
 
 namespace brindlemoor {
 
@@ -107,7 +106,6 @@ std::string EditedLists::FileText(const std::function<Card()>& makeEdited,
   } else if (!IsFree(edited) && cards.UpperBound() < limits::kPileCards) {
     state.Collection.Append(std::move(edited));
   }
-  StampCards(state.CardFile, state.CardFile.empty() ? 0 : 1);
   std::string text = write();
   state.Collection = cards;
   state.Templates = templates;

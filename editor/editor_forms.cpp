@@ -13,6 +13,12 @@ EditorForms& TheForms() {
   return *forms;
 }
 
+template <class Window>
+Window& Made(std::unique_ptr<Window>& window) {
+  if (window == nullptr) window = std::make_unique<Window>();
+  return *window;
+}
+
 /// Pickers stay loaded while they are hidden.
 template <class Picker>
 Picker& Loaded(std::unique_ptr<Picker>& picker) {
@@ -25,11 +31,7 @@ Picker& Loaded(std::unique_ptr<Picker>& picker) {
 
 }  // namespace
 
-CardEdit& TheCardEdit() {
-  auto& cards = TheForms().Cards;
-  if (cards == nullptr) cards = std::make_unique<CardEdit>();
-  return *cards;
-}
+CardEdit& TheCardEdit() { return Made(TheForms().Cards); }
 
 EffectPicker& TheEffectPicker() { return Loaded(TheForms().Effects); }
 
@@ -37,10 +39,10 @@ CounterPicker& TheCounterPicker() { return Loaded(TheForms().Counters); }
 
 PicPick& ThePicPick() { return Loaded(TheForms().Pictures); }
 
-ValGen& TheValGen() {
-  auto& values = TheForms().Values;
-  if (values == nullptr) values = std::make_unique<ValGen>();
-  return *values;
-}
+ValGen& TheValGen() { return Made(TheForms().Values); }
+
+GamePicker& TheGamePicker() { return Made(TheForms().Games); }
+
+CardGrid& TheCardGrid() { return Made(TheForms().Grid); }
 
 }  // namespace brindlemoor

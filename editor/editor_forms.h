@@ -4,8 +4,10 @@
 #include <memory>
 
 #include "editor/card_edit.h"
+#include "editor/card_grid.h"
 #include "editor/counter_picker.h"
 #include "editor/effect_picker.h"
+#include "editor/game_picker.h"
 #include "editor/value_generator.h"
 #include "images/picture_picker.h"
 
@@ -18,6 +20,8 @@ struct EditorForms {
   std::unique_ptr<CounterPicker> Counters;
   std::unique_ptr<ValGen> Values;
   std::unique_ptr<PicPick> Pictures;
+  std::unique_ptr<GamePicker> Games;
+  std::unique_ptr<CardGrid> Grid;
 };
 
 /// The windows, each made at its first use; the pickers are loaded then. Who opens the card editor
@@ -26,6 +30,8 @@ CardEdit& TheCardEdit();
 EffectPicker& TheEffectPicker();
 CounterPicker& TheCounterPicker();
 ValGen& TheValGen();
+GamePicker& TheGamePicker();
+CardGrid& TheCardGrid();
 PicPick& ThePicPick();
 
 }  // namespace brindlemoor

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "data/profiles.h"
 #include "journal/journal_writer.h"
 #include "journal/program_paths.h"
 #include "journal/start_state.h"

@@ -23,7 +23,6 @@ namespace {
 constexpr std::string_view kUnsaved = ".unsaved";
 constexpr std::string_view kDebugMarker = "Debug.on";
 constexpr std::string_view kDocument = ".pdf";
-constexpr std::string_view kCardFile = ".txt";
 constexpr std::array<std::string_view, 2> kPages = {".html", ".htm"};
 
 bool EndsFolded(std::string_view name, std::string_view ending) {
@@ -82,8 +81,6 @@ States StatesOf(const std::vector<JournalRecord>& records, std::string_view word
 bool IsKeptWhole(std::string_view path) {
   return BelongsToPlayers(path) || EndsFolded(path, kUnsaved) || FileNameOf(path) == kDebugMarker;
 }
-
-bool IsCardFileName(std::string_view path) { return EndsFolded(path, kCardFile); }
 
 bool IsOpaque(std::string_view path) {
   return IsPictureName(FileNameOf(path)) || EndsFolded(path, kDocument);

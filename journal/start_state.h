@@ -15,9 +15,6 @@ class FileSystem;
 /// of the debug mode. A journal keeps them whole.
 bool IsKeptWhole(std::string_view path);
 
-/// Files of cards: rules, opponents, decks.
-bool IsCardFileName(std::string_view path);
-
 /// Files whose bytes a replay neither makes nor compares: pictures and documents for printing.
 bool IsOpaque(std::string_view path);
 

@@ -119,6 +119,22 @@ struct ListBox : Control {
   std::function<void()> Open;  ///< a double click on an item, or the Enter key
 };
 
+/// A table of texts, of which only what is seen is asked for. Rows and columns count from 1.
+struct Grid : Control {
+  using Control::Control;
+  Property<std::vector<std::string>> Columns{*this};  ///< the headings
+  Property<int> RowCount{*this, 0};
+  Property<int> Version{*this, 0};  ///< another number says that cells have changed
+  Property<int> Row{*this, 0};      ///< where the current cell is; 0 for none
+  Property<int> Column{*this, 0};
+  std::function<std::string(int row, int column)> CellText;
+  std::function<bool(int column)> CanEdit;
+  /// The user typed or pasted texts, tab-separated, a line a row; the first belongs to the cell.
+  std::function<void(int row, int column, const std::string& texts)> CellsTyped;
+  std::function<void()> Open;  ///< a cell that can't be edited, by double click or Enter
+  std::function<void(int column)> Header;  ///< a heading was clicked
+};
+
 struct OptionButton : Control {
   using Control::Control;
   Property<std::string> Caption{*this};

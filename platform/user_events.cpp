@@ -11,17 +11,30 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::array<UserEventRow, 19> kRows = {{
-    {UserEventKind::kActivate, "activate"},  {UserEventKind::kClose, "close"},
-    {UserEventKind::kResize, "resize"},      {UserEventKind::kClick, "click"},
-    {UserEventKind::kMark, "mark", 1},       {UserEventKind::kType, "type", 0, true},
-    {UserEventKind::kEnter, "enter"},        {UserEventKind::kRightClick, "rightclick"},
-    {UserEventKind::kChoose, "choose", 1},   {UserEventKind::kOpen, "open", 1},
-    {UserEventKind::kScroll, "scroll", 1},   {UserEventKind::kHover, "hover"},
-    {UserEventKind::kPress, "press", 1},     {UserEventKind::kPointMove, "pointmove", 2},
-    {UserEventKind::kPointUp, "pointup", 2}, {UserEventKind::kKey, "key", 1},
-    {UserEventKind::kLink, "link", 0, true}, {UserEventKind::kMenu, "menu"},
+constexpr std::array<UserEventRow, 23> kRows = {{
+    {UserEventKind::kActivate, "activate"},
+    {UserEventKind::kClose, "close"},
+    {UserEventKind::kResize, "resize"},
+    {UserEventKind::kClick, "click"},
+    {UserEventKind::kMark, "mark", 1},
+    {UserEventKind::kType, "type", 0, true},
+    {UserEventKind::kEnter, "enter"},
+    {UserEventKind::kRightClick, "rightclick"},
+    {UserEventKind::kChoose, "choose", 1},
+    {UserEventKind::kOpen, "open", 1},
+    {UserEventKind::kScroll, "scroll", 1},
+    {UserEventKind::kHover, "hover"},
+    {UserEventKind::kPress, "press", 1},
+    {UserEventKind::kPointMove, "pointmove", 2},
+    {UserEventKind::kPointUp, "pointup", 2},
+    {UserEventKind::kKey, "key", 1},
+    {UserEventKind::kLink, "link", 0, true},
+    {UserEventKind::kMenu, "menu"},
     {UserEventKind::kTick, "tick"},
+    {UserEventKind::kCell, "cell", 2},
+    {UserEventKind::kCellOpen, "cellopen", 2},
+    {UserEventKind::kCells, "cells", 2, true},
+    {UserEventKind::kHeading, "heading", 1},
 }};
 
 constexpr int kLargestPlace = 65535;  // of a point in a picture
@@ -66,6 +79,7 @@ struct Delivery {
   bool Apply(Form& form) const;
   bool ApplyToControl(Control& control) const;
   void ApplyToPicture(const PictureBox& picture) const;
+  void ApplyToGrid(Grid& grid) const;
 };
 
 /// The control is there and of a kind that knows such events.
@@ -102,6 +116,11 @@ bool Delivery::HasTarget() const {
       return Menu();
     case UserEventKind::kTick:
       return Clock();
+    case UserEventKind::kCell:
+    case UserEventKind::kCellOpen:
+    case UserEventKind::kCells:
+    case UserEventKind::kHeading:
+      return As<Grid>();
   }
   return false;
 }
@@ -128,6 +147,15 @@ bool Delivery::IsInBounds() const {
       return Between(Event.Number, 0, kLargestPlace) && Between(Event.Y, 0, kLargestPlace);
     case UserEventKind::kKey:
       return Between(Event.Number, 0, static_cast<int>(PictureKey::kEnd));
+    case UserEventKind::kCell:
+    case UserEventKind::kCellOpen:
+    case UserEventKind::kCells: {
+      const auto* grid = As<Grid>();
+      return Between(Event.Number, 1, grid->RowCount) &&
+             Between(Event.Y, 1, static_cast<int>(grid->Columns.Get().size()));
+    }
+    case UserEventKind::kHeading:
+      return Between(Event.Number, 1, static_cast<int>(As<Grid>()->Columns.Get().size()));
     default:
       return true;
   }
@@ -215,6 +243,10 @@ bool Delivery::ApplyToControl(Control& control) const {
     }
     return picture->KeyDown && picture->KeyDown(static_cast<PictureKey>(Event.Number));
   }
+  if (auto* grid = dynamic_cast<Grid*>(&control)) {
+    ApplyToGrid(*grid);
+    return false;
+  }
   for (const auto take :
        {TryTake<Button>, TryTake<Label>, TryTake<TextBox>, TryTake<ComboBox>, TryTake<ListBox>,
         TryTake<ScrollBar>, TryTake<OptionButton>, TryTake<CheckBox>}) {
@@ -236,6 +268,19 @@ void Delivery::ApplyToPicture(const PictureBox& picture) const {
       break;
     default:
       if (picture.PointUp) picture.PointUp(Event.Number, Event.Y);
+  }
+}
+
+void Delivery::ApplyToGrid(Grid& grid) const {
+  if (Event.Kind == UserEventKind::kHeading) {
+    if (grid.Header) grid.Header(Event.Number);
+    return;
+  }
+  grid.Row = Event.Number;
+  grid.Column = Event.Y;
+  if (Event.Kind == UserEventKind::kCellOpen && grid.Open) grid.Open();
+  if (Event.Kind == UserEventKind::kCells && grid.CellsTyped) {
+    grid.CellsTyped(Event.Number, Event.Y, Event.Text);
   }
 }
 

@@ -28,6 +28,10 @@ enum class UserEventKind {
   kLink,        ///< Text is the URL of a link that was clicked in a view
   kMenu,        ///< a menu entry was clicked
   kTick,        ///< an interval of a timer has passed
+  kCell,        ///< Number and Y are the row and column of the current cell of a grid
+  kCellOpen,    ///< the same, and the cell is opened
+  kCells,       ///< the same with Text, what goes into this cell and those behind and below it
+  kHeading,     ///< Number is the column of a grid
 };
 
 struct UserEvent {

@@ -21,6 +21,7 @@ QWidget* BindLabel(Label& model, FormWindow& window);
 QWidget* BindTextBox(TextBox& model, FormWindow& window);
 QWidget* BindComboBox(ComboBox& model, FormWindow& window);
 QWidget* BindListBox(ListBox& model, FormWindow& window);
+QWidget* BindGrid(Grid& model, FormWindow& window);
 QWidget* BindOptionButton(OptionButton& model, FormWindow& window);
 QWidget* BindCheckBox(CheckBox& model, FormWindow& window);
 QWidget* BindScrollBar(ScrollBar& model, FormWindow& window);

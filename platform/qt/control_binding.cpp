@@ -18,12 +18,19 @@ QWidget* Try(Control& control, FormWindow& window) {
 }
 
 constexpr Maker kMakers[] = {
-    Try<Button, BindButton>,         Try<Label, BindLabel>,
-    Try<TextBox, BindTextBox>,       Try<ComboBox, BindComboBox>,
-    Try<ListBox, BindListBox>,       Try<OptionButton, BindOptionButton>,
-    Try<CheckBox, BindCheckBox>,     Try<ScrollBar, BindScrollBar>,
-    Try<PictureBox, BindPictureBox>, Try<BrowserView, BindBrowserView>,
-    Try<BarChart, BindBarChart>,     Try<ProgressBar, BindProgressBar>,
+    Try<Button, BindButton>,
+    Try<Label, BindLabel>,
+    Try<TextBox, BindTextBox>,
+    Try<ComboBox, BindComboBox>,
+    Try<ListBox, BindListBox>,
+    Try<OptionButton, BindOptionButton>,
+    Try<CheckBox, BindCheckBox>,
+    Try<ScrollBar, BindScrollBar>,
+    Try<PictureBox, BindPictureBox>,
+    Try<BrowserView, BindBrowserView>,
+    Try<BarChart, BindBarChart>,
+    Try<ProgressBar, BindProgressBar>,
+    Try<Grid, BindGrid>,
 };
 
 /// As rich text a tool tip is broken into lines; what it says stays plain.

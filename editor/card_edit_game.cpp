@@ -1,0 +1,68 @@
+// The card editor: all cards of a game at once.
+#include "core/desktop.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "data/card_file_writer.h"
+#include "data/saving.h"
+#include "editor/card_edit.h"
+#include "editor/game_picker.h"
+
+namespace brindlemoor {
+
+void CardEdit::opengamemen_Click() {
+  const int chosen = AskGame();
+  if (chosen == 0 || !MayLeaveCards()) return;
+  Session& state = State();
+  const GameRec game = state.Games[chosen];
+  if (beforeFiles_) beforeFiles_->PutBack();
+  std::string unread;
+  for (const std::string& name : documents_.OpenGame(game)) unread += Joined("\n", name);
+  state.CardFile = documents_.MainFile();
+  state.GameFileName = game.RulesFile;
+  const std::string& main = documents_.MainFile();
+  Image.CardFolder = main.substr(0, main.size() - FileNameOf(main).size());
+  BeginCardList();
+  loadcommontraits();
+  AllIsSaved();
+  if (!unread.empty()) {
+    Desktop().MessageBox(
+        Joined("The cards of these files are not shown, and stay as they are:", unread));
+  }
+  const std::string copy = copy_.Offer(CopyName());
+  if (copy == CopyName()) return;
+  ReadCardList(copy);
+  state.GameFileName = game.RulesFile;
+  loadcommontraits();
+  ListChanged();
+}
+
+void CardEdit::FileCombo_Click() {
+  if (FormBusy != kFormReady) return;
+  State().EditCard.SourceFile = FileCombo.Text.Get();
+  Lists.NamesAreOld = true;
+}
+
+bool CardEdit::SaveGame() {
+  Session& state = State();
+  StampCards(state.CardFile, 0);
+  const auto changes = documents_.Changes(state.Collection, state.Templates);
+  for (const CardDocuments::Change& change : changes) {
+    if (!change.Bytes) {
+      Desktop().MessageBox(Joined("Can't save ", FileNameOf(change.Path),
+                                  ": lines of it depend on those of other cards.  Nothing is "
+                                  "saved.  Change this file in a text editor, or load it alone."));
+      return false;
+    }
+    if (!MaySaveOver(change.Path)) return false;
+  }
+  for (const CardDocuments::Change& change : changes) {
+    if (!SaveBytesOrTell(change.Path, FileNameOf(change.Path), *change.Bytes)) return false;
+    documents_.ReadAgain(change.Path, state.Collection);
+  }
+  copy_.RemoveOwn(CopyName());
+  copy_.PutAside(CopyName());
+  AllIsSaved();
+  return true;
+}
+
+}  // namespace brindlemoor

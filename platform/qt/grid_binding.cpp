@@ -1,0 +1,225 @@
+// Grids: tables of texts that are edited cell by cell, or exchanged with a spreadsheet.
+#include <QAbstractTableModel>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QTableView>
+#include <algorithm>
+#include <memory>
+
+#include "platform/qt/bindings.h"
+#include "platform/qt/form_window.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kWidestColumn = 220;
+constexpr int kNarrowestColumn = 48;
+constexpr int kCellPadding = 18;
+constexpr int kRowsMeasured = 40;  // for the first width of a column
+
+/// The cells as Qt asks for them, counted from 0.
+class CellModel : public QAbstractTableModel {
+ public:
+  CellModel(const Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(grid) {}
+
+  int rowCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : rows_;
+  }
+  int columnCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : static_cast<int>(headings_.size());
+  }
+  QVariant data(const QModelIndex& index, int role) const override {
+    const bool isText = role == Qt::DisplayRole || role == Qt::EditRole || role == Qt::ToolTipRole;
+    if (!isText || !index.isValid()) return {};
+    return Text(index.row(), index.column());
+  }
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (role != Qt::DisplayRole) return {};
+    return orientation == Qt::Horizontal ? headings_.value(section) : QString::number(section + 1);
+  }
+  Qt::ItemFlags flags(const QModelIndex& index) const override {
+    const auto shown = QAbstractTableModel::flags(index);
+    return CanEdit(index.column()) ? shown | Qt::ItemIsEditable : shown;
+  }
+
+  QString Text(int row, int column) const {
+    if (!grid_.CellText || row >= rows_ || column >= headings_.size()) return {};
+    return QString::fromStdString(grid_.CellText(row + 1, column + 1));
+  }
+  bool CanEdit(int column) const { return grid_.CanEdit && grid_.CanEdit(column + 1); }
+
+  /// Takes over what the grid has become. True when it has other columns.
+  bool Follow() {
+    QStringList headings;
+    for (const std::string& heading : grid_.Columns.Get()) {
+      headings << QString::fromStdString(heading);
+    }
+    const bool isOther = headings != headings_;
+    if (isOther || rows_ != grid_.RowCount) {
+      beginResetModel();
+      headings_ = headings;
+      rows_ = grid_.RowCount;
+      endResetModel();
+    } else if (version_ != grid_.Version && rows_ > 0 && !headings_.isEmpty()) {
+      emit dataChanged(index(0, 0), index(rows_ - 1, static_cast<int>(headings_.size()) - 1));
+    }
+    version_ = grid_.Version;
+    return isOther;
+  }
+
+ private:
+  const Grid& grid_;
+  QStringList headings_;
+  int rows_ = 0;
+  int version_ = 0;
+};
+
+class GridView : public QTableView {
+ public:
+  GridView(const Grid& grid, FormWindow& window)
+      : QTableView(&window), grid_(grid), window_(window), cells_(new CellModel(grid, this)) {
+    setModel(cells_);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    setSelectionMode(ContiguousSelection);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kCellPadding / 2);
+    horizontalHeader()->setSectionsClickable(true);
+    horizontalHeader()->setHighlightSections(false);
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this,
+            [this](int column) { Tell({.Kind = UserEventKind::kHeading, .Number = column + 1}); });
+    connect(this, &QTableView::doubleClicked, this,
+            [this](const QModelIndex& cell) { Open(cell); });
+  }
+
+  void Follow() {
+    following_ = true;
+    if (cells_->Follow()) FitColumns();
+    const QModelIndex wanted = cells_->index(grid_.Row - 1, grid_.Column - 1);
+    if (wanted.isValid() && wanted != currentIndex()) setCurrentIndex(wanted);
+    following_ = false;
+  }
+
+ protected:
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override {
+    QTableView::currentChanged(current, previous);
+    if (!following_ && current.isValid()) Tell(At(UserEventKind::kCell, current));
+  }
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->matches(QKeySequence::Copy)) {
+      Copy();
+    } else if (event->matches(QKeySequence::Cut)) {
+      Copy();
+      Fill("");
+    } else if (event->matches(QKeySequence::Paste)) {
+      Paste();
+    } else if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) {
+      Fill("");
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+      if (cells_->CanEdit(currentIndex().column())) {
+        edit(currentIndex());
+      } else {
+        Open(currentIndex());
+      }
+    } else {
+      QTableView::keyPressEvent(event);
+    }
+  }
+  /// What was typed goes into all cells of the selection.
+  void commitData(QWidget* editor) override {
+    const QString typed = editor->property("text").toString();
+    const QModelIndex cell = currentIndex();
+    const bool isOneCell = selectionModel()->selectedIndexes().size() <= 1;
+    if (isOneCell && typed == cells_->Text(cell.row(), cell.column())) return;
+    Fill(typed);
+  }
+
+ private:
+  UserEvent At(UserEventKind kind, const QModelIndex& cell) const {
+    return {.Kind = kind, .Number = cell.row() + 1, .Y = cell.column() + 1};
+  }
+  void Tell(UserEvent event) {
+    event.Control = grid_.Name;
+    window_.Deliver(event);
+  }
+  void Open(const QModelIndex& cell) {
+    if (cell.isValid() && !cells_->CanEdit(cell.column())) Tell(At(UserEventKind::kCellOpen, cell));
+  }
+
+  /// The selection, or the current cell.
+  QItemSelectionRange Chosen() const {
+    const QItemSelection ranges = selectionModel()->selection();
+    return ranges.isEmpty() ? QItemSelectionRange(currentIndex()) : ranges.constFirst();
+  }
+  void Copy() const {
+    const QItemSelectionRange chosen = Chosen();
+    if (!chosen.isValid()) return;
+    QString text;
+    for (int row = chosen.top(); row <= chosen.bottom(); ++row) {
+      QStringList fields;
+      for (int column = chosen.left(); column <= chosen.right(); ++column) {
+        fields << OneField(cells_->Text(row, column));
+      }
+      text += fields.join('\t') + '\n';
+    }
+    QApplication::clipboard()->setText(text);
+  }
+  static QString OneField(QString text) { return text.replace('\t', ' ').replace('\n', ' '); }
+
+  void Fill(const QString& text) {
+    const QItemSelectionRange chosen = Chosen();
+    if (!chosen.isValid()) return;
+    const QString line = QStringList(chosen.width(), OneField(text)).join('\t');
+    Put(chosen.topLeft(), QStringList(chosen.height(), line).join('\n'));
+  }
+  /// One text is put into all cells of the selection, as in other tables.
+  void Paste() {
+    QString text = QApplication::clipboard()->text().replace("\r\n", "\n");
+    if (text.endsWith('\n')) text.chop(1);
+    const QItemSelectionRange chosen = Chosen();
+    if (!chosen.isValid()) return;
+    if (!text.contains('\t') && !text.contains('\n')) {
+      Fill(text);
+    } else {
+      Put(chosen.topLeft(), text);
+    }
+  }
+  void Put(const QModelIndex& first, const QString& texts) {
+    UserEvent event = At(UserEventKind::kCells, first);
+    event.Text = texts.toStdString();
+    Tell(event);
+  }
+
+  /// As wide as its heading and the first cells.
+  void FitColumns() {
+    const QFontMetrics metrics = fontMetrics();
+    for (int column = 0; column < cells_->columnCount(); ++column) {
+      int width = horizontalHeader()->fontMetrics().horizontalAdvance(
+          cells_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+      for (int row = 0; row < std::min(cells_->rowCount(), kRowsMeasured); ++row) {
+        width = std::max(width, metrics.horizontalAdvance(cells_->Text(row, column)));
+      }
+      setColumnWidth(column, std::clamp(width + kCellPadding, kNarrowestColumn, kWidestColumn));
+    }
+  }
+
+  const Grid& grid_;
+  FormWindow& window_;
+  CellModel* cells_;
+  bool following_ = false;
+};
+
+}  // namespace
+
+QWidget* BindGrid(Grid& model, FormWindow& window) {
+  auto* view = new GridView(model, window);
+  BindCommon(model, *view, window, [view] { view->Follow(); });
+  return view;
+}
+
+}  // namespace brindlemoor
