@@ -64,7 +64,7 @@ class CellModel : public QAbstractTableModel {
       rows_ = grid_.RowCount;
       endResetModel();
     } else if (version_ != grid_.Version && rows_ > 0 && !headings_.isEmpty()) {
-      emit dataChanged(index(0, 0), index(rows_ - 1, static_cast<int>(headings_.size()) - 1));
+      dataChanged(index(0, 0), index(rows_ - 1, static_cast<int>(headings_.size()) - 1));
     }
     version_ = grid_.Version;
     return isOther;

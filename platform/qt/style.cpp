@@ -45,14 +45,20 @@ QMenu { background: #23282e; border: 1px solid #454d57; padding: 4px; }
 QMenu::item { padding: 5px 28px 5px 24px; }
 QMenu::item:selected { background: #c99a4b; color: #14171b; }
 QMenu::item:disabled { color: #6a7077; background: transparent; }
-QLineEdit, QPlainTextEdit, QListWidget {
+QLineEdit, QPlainTextEdit, QListWidget, QTableView {
   border: 1px solid #454d57; border-radius: 3px; padding: 3px;
 }
-QLineEdit:focus, QPlainTextEdit:focus, QListWidget:focus { border-color: #c99a4b; }
+QLineEdit:focus, QPlainTextEdit:focus, QListWidget:focus, QTableView:focus { border-color: #c99a4b; }
 QComboBox[editable="true"] {
   background: #14171b; border: 1px solid #454d57; border-radius: 3px; padding: 2px 0px 2px 2px;
 }
 QComboBox[editable="true"]:focus { border-color: #c99a4b; }
+QTableView { gridline-color: #333a42; selection-background-color: #5a4a2c; selection-color: #ffffff; }
+QHeaderView::section {
+  background: #23282e; color: #c9c4b8; border: 0; border-right: 1px solid #333a42;
+  border-bottom: 1px solid #454d57; padding: 3px 6px;
+}
+QTableCornerButton::section { background: #23282e; border: 0; }
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QRadioButton::indicator, QCheckBox::indicator {
   width: 12px; height: 12px; border: 1px solid #7d838a; background: #14171b;
