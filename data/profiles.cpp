@@ -189,6 +189,7 @@ std::string RefuseNameInFiles(std::string_view name) {
   if (name.size() + kLongestEnding.size() > kFileNameBytes) {
     return "The name is too long: it takes more bytes than a file name can have.";
   }
+  if (!IsUtf8(name)) return "The name holds bytes that are no text.";
   if (name.front() == '.') return "The name begins with a dot.";
   if (name.find_first_of(kNotInFileNames) != std::string_view::npos) {
     return "The name holds one of the characters / \\ : * ? \" < > |, which no file name can hold.";

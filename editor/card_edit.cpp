@@ -25,7 +25,6 @@ constexpr int kKeptHeight = 18;
 constexpr int kHintHeight = 16;
 constexpr int kDescriptionWidth = 150;
 constexpr int kTotalWidth = 118;
-constexpr int kFileWidth = 44;
 constexpr int kTraitWidth = 137;  // up to the second word of the heading
 constexpr int kActionComboWidth = 190;
 
@@ -179,8 +178,7 @@ Layout Left(CardEdit& form) {
       Column({Row({Cell(form.Command6, 1), Cell(form.DuplicateButton, 1), Cell(form.Command4, 1)}),
               Row({Cell(form.NewCardButton, 1), Cell(form.Command8)}),
               Row({Cell(form.TemplateCombo, 1), Cell(form.Command5)})});
-  Layout left = Column({Cell(form.CardCombo),
-                        Row({Cell(form.FileLabel, 0, kFileWidth), Cell(form.FileCombo, 1)}),
+  Layout left = Column({Cell(form.CardCombo), Row({Cell(form.FileLabel), Cell(form.FileCombo, 1)}),
                         Row({Cell(form.FindText, 1), Cell(form.FindNext)}),
                         Row({Cell(form.cardtotal, 0, kTotalWidth), Cell(form.FindNote, 1)}),
                         Cell(form.MainPic, 0, kPictureWidth, kPictureHeight),

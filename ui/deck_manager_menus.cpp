@@ -111,7 +111,10 @@ void DeckManager::savedeckmen_Click() {
   const auto path =
       Desktop().AskFile({.Save = true, .FileName = "*.plr", .DefaultExtension = "plr"});
   if (!path) return;
-  WritePlayerFile(*path);
+  const bool isDone = WritePlayerFile(*path);
+  if (isDone && !IsThere(Desktop().Files(), *path)) {
+    Desktop().MessageBox("There are no cards to save.");
+  }
   UpdateDecks();
 }
 

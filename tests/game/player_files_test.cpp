@@ -153,7 +153,7 @@ TEST_F(PlayerFilesTest, NamesThatNoFileCanHaveAreRefused) {
     EXPECT_EQ(RefusePlayerName(name), "") << name;
   }
   for (const std::string& name : {""s, "Ann"s, "  "s, umlauts + "a", std::string(101, 'a'),
-                                  std::string(34, '_'), ".hidden"s}) {
+                                  std::string(34, '_'), ".hidden"s, "R\xFCgen"s}) {
     EXPECT_NE(RefusePlayerName(name), "") << name;
   }
   EXPECT_EQ(RefuseNameInFiles(umlauts + umlauts), "");

@@ -382,6 +382,11 @@ TEST_F(DeckManagerTest, WrongFilesChangeNothingAndRightOnesAreRead) {
   EXPECT_TRUE(PlayerIsUnsaved());
   form_.savedeckmen.Click();
   EXPECT_NE(ReadFile("copy.plr").find("Gift"), std::string::npos);
+  const Pile gift = std::exchange(State().Collection, Pile(1));
+  desktop_->FileAnswers = {"/game/empty.plr"};
+  desktop_->ExpectedMessages = {"There are no cards to save."};
+  form_.savedeckmen.Click();
+  State().Collection = gift;
   State().DebugMode = 1;
   desktop_->ExpectedMessages = {"Players are not saved in debug mode."};
   form_.savedeckmen.Click();
