@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <tuple>
 #include <utility>
 
 #include "core/cards.h"
@@ -57,9 +58,11 @@ std::vector<std::string> TraitsOf(const Pile& cards) {
     }
   }
   std::vector<Use> sorted;
+  sorted.reserve(uses.size());
   for (auto& [key, use] : uses) sorted.push_back(std::move(use));
   std::ranges::stable_sort(sorted, std::greater<>(), &Use::Cards);
   std::vector<std::string> names;
+  names.reserve(sorted.size());
   for (Use& use : sorted) names.push_back(std::move(use.Name));
   return names;
 }
@@ -188,23 +191,19 @@ std::string CardCells::Set(Card& card, const Column& column, const std::string& 
 void CardCells::SortBy(int column) {
   const bool back = sortedBy_ == column;
   sortedBy_ = back ? -column : column;
-  struct Key {
-    bool IsEmpty;
-    bool IsText;
-    double Number;
-    std::string Folded;
-    auto operator<=>(const Key&) const = default;
-  };
+  // Empty or not, text or not, the number, the text.
+  using Key = std::tuple<bool, bool, double, std::string>;
   std::vector<std::pair<Key, int>> keys;
   for (int row = 1; row <= Rows(); ++row) {
     const std::string text = Text(row, column);
     const bool isNumber = IsNumber(text);
-    keys.push_back({{text.empty(), !isNumber, isNumber ? NumericPrefix(text) : 0,
-                     isNumber ? std::string() : FoldUpper(text)},
-                    PlaceOf(row)});
+    keys.emplace_back(Key(text.empty(), !isNumber, isNumber ? NumericPrefix(text) : 0,
+                          isNumber ? std::string() : FoldUpper(text)),
+                      PlaceOf(row));
   }
   std::ranges::stable_sort(keys, [back](const auto& a, const auto& b) {
-    if (a.first.IsEmpty != b.first.IsEmpty) return b.first.IsEmpty;
+    const bool isEmpty = std::get<0>(a.first);
+    if (isEmpty != std::get<0>(b.first)) return !isEmpty;
     return back ? b.first < a.first : a.first < b.first;
   });
   for (std::size_t row = 0; row < keys.size(); ++row) places_[row] = keys[row].second;

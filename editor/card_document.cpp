@@ -319,7 +319,7 @@ std::optional<std::string> CardDocument::BytesWith(const Pile& cards,
 // What a line speaks of may depend on those before it: then the lines of a file can't be exchanged.
 bool CardDocument::Says(const std::string& bytes, const Pile& cards,
                         const Table<Template>& templates) const {
-  const auto keysOf = [this](const Records& records, const Table<Template>& patterns) {
+  const auto keysOf = [](const Records& records, const Table<Template>& patterns) {
     std::vector<std::string> keys;
     for (const Template& card : records) {
       keys.push_back(Comparable(card, kCollectionPile, false));

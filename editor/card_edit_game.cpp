@@ -5,12 +5,12 @@
 #include "data/card_file_writer.h"
 #include "data/saving.h"
 #include "editor/card_edit.h"
-#include "editor/game_picker.h"
+#include "ui/game_picker.h"
 
 namespace brindlemoor {
 
 void CardEdit::opengamemen_Click() {
-  const int chosen = AskGame();
+  const int chosen = AskGame("Which game's cards?");
   if (chosen == 0 || !MayLeaveCards()) return;
   Session& state = State();
   const GameRec game = state.Games[chosen];

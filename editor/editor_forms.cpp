@@ -41,8 +41,6 @@ PicPick& ThePicPick() { return Loaded(TheForms().Pictures); }
 
 ValGen& TheValGen() { return Made(TheForms().Values); }
 
-GamePicker& TheGamePicker() { return Made(TheForms().Games); }
-
 CardGrid& TheCardGrid() { return Made(TheForms().Grid); }
 
 }  // namespace brindlemoor

@@ -7,7 +7,6 @@
 #include "editor/card_grid.h"
 #include "editor/counter_picker.h"
 #include "editor/effect_picker.h"
-#include "editor/game_picker.h"
 #include "editor/value_generator.h"
 #include "images/picture_picker.h"
 
@@ -20,7 +19,6 @@ struct EditorForms {
   std::unique_ptr<CounterPicker> Counters;
   std::unique_ptr<ValGen> Values;
   std::unique_ptr<PicPick> Pictures;
-  std::unique_ptr<GamePicker> Games;
   std::unique_ptr<CardGrid> Grid;
 };
 
@@ -30,7 +28,6 @@ CardEdit& TheCardEdit();
 EffectPicker& TheEffectPicker();
 CounterPicker& TheCounterPicker();
 ValGen& TheValGen();
-GamePicker& TheGamePicker();
 CardGrid& TheCardGrid();
 PicPick& ThePicPick();
 

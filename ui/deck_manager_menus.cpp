@@ -19,6 +19,7 @@
 #include "language/traits.h"
 #include "script/card_setup.h"
 #include "ui/deck_manager.h"
+#include "ui/game_picker.h"
 
 namespace brindlemoor {
 
@@ -51,15 +52,18 @@ std::string PlayerCardName(const Pile& deck) {
 }
 
 /// Where a file of the current game goes: the folder of its opponents. "" with a message when the
-/// name can't be part of a file name or the user would rather keep the file of this name.
+/// name can't be part of a file name, when there is no game, or the user would rather keep the file
+/// of this name.
 std::string NewGameFile(std::string_view name, std::string_view ending) {
   const std::string refusal = RefuseNameInFiles(name);
   if (!refusal.empty()) {
     Desktop().MessageBox(refusal);
     return "";
   }
-  const int game = GameOfNewFiles();
-  const std::string folder = game != 0 ? State().Games[game].Folder.Str() : std::string();
+  int game = GameOfNewFiles();
+  if (game == 0) game = AskGame("Which game's list shall show it?");
+  if (game == 0) return "";
+  const std::string folder = State().Games[game].Folder.Str();
   const std::string file = Joined(name, ending);
   std::string path = InProgramFolder(folder.empty() ? file : Joined(folder, "/", file));
   if (!Desktop().Files().Exists(path)) return path;
@@ -151,6 +155,11 @@ void DeckManager::loadoppmen_Click() {
 
 void DeckManager::saveasopponent_Click() {
   if (!DeckHoldsCards()) return;
+  if (PlayerCardName(State().Decks[State().CurrentDeck].Cards).empty() &&
+      !Desktop().AskYesNo("No card of this deck has the trait PLAYER, so the enemy would have no "
+                          "player card.  Save it anyway?")) {
+    return;
+  }
   PlayerState enemy = State().Players[1];
   enemy.Deck = State().Decks[State().CurrentDeck].Cards;
   ShufflePile(enemy);

@@ -13,6 +13,12 @@ Forms& TheForms() {
   return *forms;
 }
 
+template <class Window>
+Window& Made(std::unique_ptr<Window>& window) {
+  if (window == nullptr) window = std::make_unique<Window>();
+  return *window;
+}
+
 }  // namespace
 
 MainWindow& TheMainWindow() {
@@ -24,28 +30,14 @@ MainWindow& TheMainWindow() {
   return *forms.Main;
 }
 
-ProfileMenu& TheProfileMenu() {
-  Forms& forms = TheForms();
-  if (forms.Profiles == nullptr) forms.Profiles = std::make_unique<ProfileMenu>();
-  return *forms.Profiles;
-}
+ProfileMenu& TheProfileMenu() { return Made(TheForms().Profiles); }
 
-HelpForm& TheHelpForm() {
-  Forms& forms = TheForms();
-  if (forms.Help == nullptr) forms.Help = std::make_unique<HelpForm>();
-  return *forms.Help;
-}
+HelpForm& TheHelpForm() { return Made(TheForms().Help); }
 
-DeckManager& TheDeckManager() {
-  Forms& forms = TheForms();
-  if (forms.Decks == nullptr) forms.Decks = std::make_unique<DeckManager>();
-  return *forms.Decks;
-}
+DeckManager& TheDeckManager() { return Made(TheForms().Decks); }
 
-ProgressForm& TheProgressForm() {
-  Forms& forms = TheForms();
-  if (forms.Progress == nullptr) forms.Progress = std::make_unique<ProgressForm>();
-  return *forms.Progress;
-}
+ProgressForm& TheProgressForm() { return Made(TheForms().Progress); }
+
+GamePicker& TheGamePicker() { return Made(TheForms().Games); }
 
 }  // namespace brindlemoor

@@ -300,8 +300,9 @@ TEST_F(DeckManagerTest, AnOpponentMadeFromADeckIsListedAndPlayed) {
   desktop_->ExpectedMessages = {
       "The name is empty.",
       "The name holds one of the characters / \\ : * ? \" < > |, which no file name can hold."};
+  desktop_->YesNoAnswers = {true, true, true, false};  // it has no player card
   desktop_->TextAnswers = {"", "my/../King", std::nullopt};
-  for (int again = 0; again < 3; ++again) form_.saveasopponent.Click();
+  for (int again = 0; again < 4; ++again) form_.saveasopponent.Click();
   ClickCollection(0);
   desktop_->TextAnswers = {"", "Rex", "Rex", "Rex"};
   desktop_->YesNoAnswers = {false, true};
@@ -317,6 +318,27 @@ TEST_F(DeckManagerTest, AnOpponentMadeFromADeckIsListedAndPlayed) {
   ChooseGame(1, 3);
   EXPECT_EQ(State().CardTable[State().Players[2].PlayerCard].Name, "King");
   EXPECT_NE(Names(State().Players[2].Deck).find("Elf"), std::string::npos);
+}
+
+TEST_F(DeckManagerTest, WhichGameListsANewOpponentIsAskedWhereItIsUnclear) {
+  WriteFile("rules.txt", "#GAMERULES, Goblins, , , goblins,\n");
+  WriteFile("swamp.txt", "#GAMERULES, Swamp, , , swamp,\n");
+  WriteFile("goblins/readme.txt", "nothing");
+  WriteFile("swamp/readme.txt", "nothing");
+  State().CurrentGame = 0;
+  Own({"King"});
+  SetTrait(State().Collection[1], "PLAYER", "1", 1);
+  Open(kNewOpponent);
+  ClickCollection(0);
+  desktop_->ModalForms.emplace_back([](Form&) { TheGamePicker().Command2.Click(); });
+  desktop_->ModalForms.emplace_back([](Form&) {
+    TheGamePicker().List1.Selected = 2;
+    TheGamePicker().List1.Open();
+  });
+  desktop_->TextAnswers = {"Rex", "Rex"};
+  desktop_->ExpectedMessages = {"Enemy saved."};
+  for (int again = 0; again < 2; ++again) form_.saveasopponent.Click();
+  EXPECT_NE(ReadFile("swamp/Rex_Enemy.txt"), "");
 }
 
 TEST_F(DeckManagerTest, AStarterDeckGivesTheCardsOfTheDeckToANewPlayer) {

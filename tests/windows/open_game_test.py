@@ -7,7 +7,7 @@ import shipped_game
 from shipped_game import TITLE
 
 EDITOR = "Card Editor"
-PICKER = "Open Game"
+PICKER = "Games"
 TABLE = "All Cards"
 
 

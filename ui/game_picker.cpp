@@ -1,5 +1,5 @@
 // The list of games to choose one from.
-#include "editor/game_picker.h"
+#include "ui/game_picker.h"
 
 #include <string>
 #include <utility>
@@ -7,19 +7,18 @@
 
 #include "core/desktop.h"
 #include "core/state.h"
-#include "editor/editor_forms.h"
 #include "game/game_list.h"
 #include "platform/arrangement.h"
+#include "ui/forms.h"
 
 namespace brindlemoor {
 
 GamePicker::GamePicker() : Form("GamePicker") {
   constexpr int kButtonWidth = 110;
   constexpr int kListHeight = 200;
-  Caption = "Open Game";
+  Caption = "Games";
   Width = 380;
-  Label1.Caption = "Which game's cards?";
-  Command1.Caption = "Open";
+  Command1.Caption = "OK";
   Command1.Click = List1.Open = [this] { Command1_Click(); };
   Command2.Caption = "Cancel";
   Command2.Cancel = true;
@@ -37,7 +36,7 @@ void GamePicker::Command1_Click() {
 
 void GamePicker::Command2_Click() { Desktop().HideForm(*this); }
 
-int AskGame() {
+int AskGame(std::string_view question) {
   Table<GameRec>& games = State().Games;
   games.Reset(1);
   DiscoverGames();
@@ -50,6 +49,7 @@ int AskGame() {
   GamePicker& form = TheGamePicker();
   std::vector<std::string> names;
   for (const GameRec& game : games) names.push_back(game.Name.Str());
+  form.Label1.Caption = std::string(question);
   form.List1.Items = std::move(names);
   form.List1.Selected = 1;
   form.Accepted = false;
