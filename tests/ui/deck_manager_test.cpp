@@ -326,6 +326,8 @@ TEST_F(DeckManagerTest, WhichGameListsANewOpponentIsAskedWhereItIsUnclear) {
   WriteFile("goblins/readme.txt", "nothing");
   WriteFile("swamp/readme.txt", "nothing");
   State().CurrentGame = 0;
+  State().Games.Reset(1);
+  DiscoverGames();
   Own({"King"});
   SetTrait(State().Collection[1], "PLAYER", "1", 1);
   Open(kNewOpponent);
