@@ -41,6 +41,9 @@ constexpr ButtonRow kButtons[] = {
     {&CardEdit::CostButton, "Calculate Cost",
      "Click here to have the editor calculate a cost for this card using the game's rules.",
      &CardEdit::CostButton_Click},
+    {&CardEdit::TryButton, "Try This Card",
+     "Play this card, or run one of its actions, on a small table and see what changes.",
+     &CardEdit::TryButton_Click},
     {&CardEdit::Command5, "Save As Template",
      "Templates contain information about a card type.  Click this button to turn the current card "
      "into a new template for future use.",
@@ -223,7 +226,7 @@ Layout Actions(CardEdit& form) {
   return Framed(
       form.CardActionFrame,
       Column({Row({Cell(form.Label7, 0, kActionComboWidth), Cell(form.Label6, 0, kActionComboWidth),
-                   Cell(form.EffLabel, 1), Help(form, 1), Help(form, 3)}),
+                   Cell(form.EffLabel, 1), Cell(form.TryButton), Help(form, 1), Help(form, 3)}),
               Scrolled(form.EffScroll, [&form](int row) {
                 // Columns of one cell each, so that the boxes stand in line above the hint.
                 return Row({Column({Cell(form.TargetCombo[row], 0, kActionComboWidth)}),

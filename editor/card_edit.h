@@ -50,6 +50,7 @@ struct CardEdit : Form {
   ScrollBar EffScroll{"EffScroll"};
   ScrollBar TraitDescScroll{"TraitDescScroll"};
   Button CostButton{"CostButton"};
+  Button TryButton{"TryButton"};
   ComboBox CardCombo{"CardCombo"};
   Label FileLabel{"FileLabel"};
   ComboBox FileCombo{"FileCombo"};  ///< the file of the edited card, while a game is open
@@ -169,6 +170,7 @@ struct CardEdit : Form {
   void TraitDescScroll_Change();
   void ColorLabel_Click();
   void CostButton_Click();
+  void TryButton_Click();
   void Command1_Click(int index);
 
   void CardCombo_Click();

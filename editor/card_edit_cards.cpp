@@ -158,6 +158,16 @@ void CardEdit::gridmen_Click() {
   CardCombo.Select(place);
 }
 
+void CardEdit::TryButton_Click() {
+  const Card tried = Edited.WithRows();
+  if (IsFree(tried)) {
+    Desktop().MessageBox("Give the card a name first.");
+    return;
+  }
+  TheTrialForm().Begin(tried);
+  Desktop().ShowForm(TheTrialForm(), true);
+}
+
 void CardEdit::Command6_Click() {
   if (!Lists.HoldsEdited()) {
     const int added = EditedLists::AddCard({});

@@ -43,4 +43,6 @@ ValGen& TheValGen() { return Made(TheForms().Values); }
 
 CardGrid& TheCardGrid() { return Made(TheForms().Grid); }
 
+TrialForm& TheTrialForm() { return Made(TheForms().Trial); }
+
 }  // namespace brindlemoor

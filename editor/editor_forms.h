@@ -7,6 +7,7 @@
 #include "editor/card_grid.h"
 #include "editor/counter_picker.h"
 #include "editor/effect_picker.h"
+#include "editor/trial_form.h"
 #include "editor/value_generator.h"
 #include "images/picture_picker.h"
 
@@ -20,6 +21,7 @@ struct EditorForms {
   std::unique_ptr<ValGen> Values;
   std::unique_ptr<PicPick> Pictures;
   std::unique_ptr<CardGrid> Grid;
+  std::unique_ptr<TrialForm> Trial;
 };
 
 /// The windows, each made at its first use; the pickers are loaded then. Who opens the card editor
@@ -29,6 +31,7 @@ EffectPicker& TheEffectPicker();
 CounterPicker& TheCounterPicker();
 ValGen& TheValGen();
 CardGrid& TheCardGrid();
+TrialForm& TheTrialForm();
 PicPick& ThePicPick();
 
 }  // namespace brindlemoor

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "data/profiles.h"
 
@@ -29,6 +30,11 @@ void MachineFiles::KeepTo(const std::string& programFolder) {
   files_.clear();
   subfolders_.clear();
   bytes_.clear();
+}
+
+void MachineFiles::Put(const std::string& path, std::string bytes) {
+  exists_[path] = true;
+  bytes_[path] = std::move(bytes);
 }
 
 std::string MachineFiles::WhyUnread(const std::string& path) const {

@@ -2,6 +2,7 @@
 // system of one scenario, whose own files stay in memory.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +17,12 @@ namespace brindlemoor {
 /// of a player's.
 class MachineFiles {
  public:
+  MachineFiles() : own_(std::make_unique<LocalFileSystem>()), machine_(*own_) {}
+  /// Reads through files, which must outlive it.
+  explicit MachineFiles(FileSystem& files) : machine_(files) {}
+
+  /// From here on a file of this path holds these bytes, until KeepTo.
+  void Put(const std::string& path, std::string bytes);
   /// See FileSystem. What was looked up with another folder is looked up again.
   void KeepTo(const std::string& programFolder);
   void TakeChoice(const std::string& path) { machine_.TakeChoice(path); }
@@ -28,7 +35,8 @@ class MachineFiles {
   std::string WhyUnread(const std::string& path) const;
 
  private:
-  LocalFileSystem machine_;
+  std::unique_ptr<FileSystem> own_;
+  FileSystem& machine_;
   std::string programFolder_;
   std::unordered_map<std::string, bool> exists_;
   std::unordered_map<std::string, bool> folders_;

@@ -9,12 +9,12 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "data/card_reader.h"
-#include "editor/program_session.h"
 #include "game/program_start.h"
 #include "language/traits.h"
 #include "scenario/scene.h"
 #include "script/card_setup.h"
 #include "script/effect_masks.h"
+#include "ui/window_session.h"
 
 namespace brindlemoor {
 
@@ -31,7 +31,7 @@ void AddLiving(std::vector<Card>& cards, const Pile& pile) {
 /// Every card of a file, read in a session aside. Draw pile first: there cards are defined.
 std::vector<Card> CardsOfFile(const std::string& path) {
   Session outer = std::move(State());
-  OpenProgramSession(outer.Desktop, outer.ProgramFolder);
+  OpenWindowSession(outer.Desktop, outer.ProgramFolder);
   Session& aside = State();
   PrepareTables();
   PlayerState reader;
@@ -60,6 +60,7 @@ OwnSequence::OwnSequence() : outer_(std::exchange(State().Random.State, kOwnSeed
 OwnSequence::~OwnSequence() { State().Random.State = outer_; }
 
 ScenarioLibrary::ScenarioLibrary() = default;
+ScenarioLibrary::ScenarioLibrary(FileSystem& files) : machine_(files) {}
 ScenarioLibrary::~ScenarioLibrary() = default;
 
 Card ScenarioLibrary::Definition(const Scene& scene, const std::string& path,

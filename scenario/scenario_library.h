@@ -12,12 +12,15 @@
 
 namespace brindlemoor {
 
+class FileSystem;
 struct Session;
 struct Scene;
 
 class ScenarioLibrary {
  public:
   ScenarioLibrary();
+  /// Reads through files, which must outlive it.
+  explicit ScenarioLibrary(FileSystem& files);
   ~ScenarioLibrary();
   ScenarioLibrary(const ScenarioLibrary&) = delete;
   ScenarioLibrary& operator=(const ScenarioLibrary&) = delete;

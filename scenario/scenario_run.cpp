@@ -42,7 +42,8 @@ void CarryOut(Scene& scene, const ScenarioLine& line) {
 }
 
 /// False when the file can't go on.
-bool RunLines(Scene& scene, const std::vector<ScenarioLine>& lines, Budget& budget) {
+bool RunLines(Scene& scene, const std::vector<ScenarioLine>& lines, Budget& budget,
+              const SceneWatcher& watch) {
   for (const ScenarioLine& line : lines) {
     scene.Line = &line;
     scene.Report.Line = line.Place.Line;
@@ -53,25 +54,28 @@ bool RunLines(Scene& scene, const std::vector<ScenarioLine>& lines, Budget& budg
     }
     CarryOut(scene, line);
     if (scene.Stopped) return false;
+    if (watch) watch(scene);
   }
   return true;
 }
 
 /// False when the scenarios behind it would meet the same end.
 bool RunCase(const ScenarioText& text, const ScenarioCase& one, const ScenarioRow* row,
-             ScenarioLibrary& library, ScenarioReport& report, Budget& budget) {
+             ScenarioLibrary& library, ScenarioReport& report, Budget& budget,
+             const SceneWatcher& watch) {
   Scene scene{library, report, text, one, budget.Work, row};
   ++report.Scenarios;
   OpenScene(scene, FolderOf(text.Files[0]));
-  if (!RunLines(scene, text.Head, budget)) return false;
-  if (RunLines(scene, one.Lines, budget)) CloseScene(scene);
+  if (!RunLines(scene, text.Head, budget, watch)) return false;
+  if (RunLines(scene, one.Lines, budget, watch)) CloseScene(scene);
   budget.Work -= State().Work.Total;
   return budget.Lines >= 0 && budget.Work >= 0;
 }
 
 }  // namespace
 
-void RunScenarioFile(const std::string& path, ScenarioLibrary& library, ScenarioReport& report) {
+void RunScenarioFile(const std::string& path, ScenarioLibrary& library, ScenarioReport& report,
+                     const SceneWatcher& watch) {
   ++report.Files;
   const ScenarioText text = ReadScenarioText(path, library.Machine());
   for (const ScenarioFault& fault : text.Faults) {
@@ -83,10 +87,10 @@ void RunScenarioFile(const std::string& path, ScenarioLibrary& library, Scenario
   bool goesOn = true;
   for (const ScenarioCase& one : text.Cases) {
     if (one.Columns.empty() && goesOn) {
-      goesOn = RunCase(text, one, nullptr, library, report, budget);
+      goesOn = RunCase(text, one, nullptr, library, report, budget, watch);
     }
     for (const ScenarioRow& row : one.Rows) {
-      if (goesOn) goesOn = RunCase(text, one, &row, library, report, budget);
+      if (goesOn) goesOn = RunCase(text, one, &row, library, report, budget, watch);
     }
   }
   State() = Session{};

@@ -7,13 +7,13 @@
 
 #include "core/cards.h"
 #include "core/state.h"
-#include "editor/program_session.h"
 #include "scenario/scenario_library.h"
 #include "scenario/scenario_words.h"
 #include "scenario/state_digest.h"
 #include "script/card_setup.h"
 #include "script/trait_actions.h"
 #include "text/text.h"
+#include "ui/window_session.h"
 
 namespace brindlemoor {
 
@@ -85,7 +85,7 @@ void OpenScene(Scene& scene, const std::string& folder) {
   scene.Files = files.get();
   scene.Desktop = std::make_shared<HeadlessPlatform>(std::move(files));
   scene.Desktop->BlanksForLineEnds = true;
-  OpenProgramSession(scene.Desktop, folder);
+  OpenWindowSession(scene.Desktop, folder);
   const OwnSequence sequence;
   PrepareTables();
   InitCard(State().RulesCard, 1, 1);
