@@ -184,7 +184,9 @@ void CardEdit::CostButton_Click() {
   Card& card = State().Collection[Lists.Place()];
   const bool renamed = Lists.NamesAreOld;
   CalculateCost(card);
-  LoadCardIntoForm(card);
+  Card priced = card;
+  Image.GoOn(priced);
+  LoadCardIntoForm(std::move(priced));
   if (renamed) LoadCombos();
 }
 
