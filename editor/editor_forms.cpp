@@ -43,4 +43,10 @@ ValGen& TheValGen() {
   return *values;
 }
 
+WordPicker& TheWordPicker() {
+  auto& words = TheForms().Words;
+  if (words == nullptr) words = std::make_unique<WordPicker>();
+  return *words;
+}
+
 }  // namespace brindlemoor

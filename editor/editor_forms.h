@@ -7,6 +7,7 @@
 #include "editor/counter_picker.h"
 #include "editor/effect_picker.h"
 #include "editor/value_generator.h"
+#include "editor/word_picker.h"
 #include "images/picture_picker.h"
 
 namespace brindlemoor {
@@ -17,6 +18,7 @@ struct EditorForms {
   std::unique_ptr<EffectPicker> Effects;
   std::unique_ptr<CounterPicker> Counters;
   std::unique_ptr<ValGen> Values;
+  std::unique_ptr<WordPicker> Words;
   std::unique_ptr<PicPick> Pictures;
 };
 
@@ -26,6 +28,7 @@ CardEdit& TheCardEdit();
 EffectPicker& TheEffectPicker();
 CounterPicker& TheCounterPicker();
 ValGen& TheValGen();
+WordPicker& TheWordPicker();
 PicPick& ThePicPick();
 
 }  // namespace brindlemoor

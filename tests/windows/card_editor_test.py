@@ -108,14 +108,12 @@ class CardEditor(CardEditorTest):
             self.fill(f"ValueText({row})", value)
 
     def make_action(self, row, effect, amount, message, script):
-        """The wizards alone write the script. They begin with what they were told before."""
+        """The wizards alone write the script."""
         self.run_.click("control", f"EffButton({row})")
         self.run_.wait_for("window", "EffectPicker")
         self.pick("Combo1(0)", effect)
         self.run_.wait_for("dialog", text="Which trait?")
         self.run_.answer("HP")
-        self.fill("Text1", "")
-        self.display.key("BackSpace")
         self.run_.click("control", text="Add an arbitrary amount")
         self.run_.answer(amount)
         self.shows("Text1", amount)
@@ -138,7 +136,10 @@ class CardEditor(CardEditorTest):
         self.make_action(0, "Effect: Add to a trait in t", "2", "$MYNAME grows.", GROWS)
         self.pick("TargetCombo(1)", "ENEMYPLAYER")
         self.pick("TriggerCombo(1)", "MENU")
-        self.run_.answer("PHASE4")
+        self.run_.wait_for("window", "WordPicker")
+        self.keep("triggers")
+        self.display.type("PHASE4")
+        self.display.key("Return")
         self.run_.answer("Spit")
         self.shows("TriggerCombo(1)", "MENU:PHASE4:Spit")
         self.make_action(1, "Effect: Reduce a trait in t", "1", "$MYNAME spits.", SPITS)
