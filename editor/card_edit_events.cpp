@@ -104,7 +104,7 @@ void CardEdit::TriggerCombo_Change(int index) {
 void CardEdit::TriggerCombo_Click(int index) {
   if (FormBusy != kFormReady) return;
   EffectRow& row = Edited.Rows.Effect(index);
-  if (auto trigger = CompletedTrigger(TriggerCombo[index].Text)) {
+  if (auto trigger = CompletedTrigger(TriggerCombo[index].Text, true)) {
     row.Trigger = std::move(*trigger);
   }
   UpdateCard();

@@ -207,7 +207,7 @@ bool EditedImage::SaveAs(const std::string& path) {
   if (IsUnsaved() && path == Folder() + file) RecordRecipe(file);
   card.Picture = file;
   const std::string mini = MiniOf(path);
-  if (!mini_.Empty() && SaveMini(mini)) card.Thumb = mini;
+  if (!mini_.Empty() && SaveMini(mini)) card.Thumb = FileNameOf(mini);
   return true;
 }
 

@@ -25,6 +25,7 @@ std::optional<std::string> AskWord(std::string_view prompt, const std::vector<Wo
   WordPicker& form = TheWordPicker();
   form.Label1.Caption = std::string(prompt);
   std::vector<std::string> items;
+  items.reserve(words.size());
   for (const Word& word : words) items.push_back(Joined(word.Name, ": ", word.Meaning));
   form.Words.Items = std::move(items);
   form.Words.Selected = 1;
@@ -73,11 +74,13 @@ void WordPicker::Take() {
   Desktop().HideForm(*this);
 }
 
-std::optional<std::string> CompletedTrigger(const std::string& chosen) {
+std::optional<std::string> CompletedTrigger(const std::string& chosen, bool typesMenuTrigger) {
   const auto row = std::ranges::find(kTriggerRows, chosen, &TriggerRow::Stem);
   if (row == kTriggerRows.end() || row->Arguments.empty()) return chosen;
   if (row->Arguments == "TRAIT") return WithAnswer(chosen, "Name of trait?");
-  const auto trigger = AskTriggerWord("Trigger for action?", false);
+  constexpr std::string_view kQuestion = "Trigger for action?";
+  const auto trigger =
+      typesMenuTrigger ? Desktop().AskText(kQuestion) : AskTriggerWord(kQuestion, false);
   if (!trigger) return std::nullopt;
   return WithAnswer(Joined(chosen, ":", *trigger),
                     "What should the menu caption for this item be?");
@@ -90,7 +93,7 @@ std::optional<std::string> CompletedTarget(const std::string& chosen) {
 
 std::optional<std::string> AskTrigger(std::string_view prompt) {
   const auto chosen = AskTriggerWord(prompt, true);
-  return chosen ? CompletedTrigger(*chosen) : std::nullopt;
+  return chosen ? CompletedTrigger(*chosen, false) : std::nullopt;
 }
 
 std::optional<std::string> AskTarget(std::string_view prompt, bool isOneField) {

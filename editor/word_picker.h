@@ -24,8 +24,9 @@ struct WordPicker : Form {
 };
 
 /// What a trigger or a target type of these names asks for goes behind it: "TRAITCHANGE" becomes
-/// "TRAITCHANGE:HP". Nothing when a question was cancelled.
-std::optional<std::string> CompletedTrigger(const std::string& chosen);
+/// "TRAITCHANGE:HP". Nothing when a question was cancelled. The trigger of a menu action is typed,
+/// or chosen from the list.
+std::optional<std::string> CompletedTrigger(const std::string& chosen, bool typesMenuTrigger);
 std::optional<std::string> CompletedTarget(const std::string& chosen);
 
 /// Lets the user choose a trigger that runs, and asks for what it needs. Nothing when cancelled.

@@ -178,32 +178,24 @@ TEST_F(CardEditTest, TriggersAndTargetsAskForWhatTheyNeed) {
       {&CardEdit::TriggerCombo, "TRAITCHANGE", {"HP"}, "TRAITCHANGE:HP"},
       {&CardEdit::TriggerCombo, "BEFORETRAITCHANGE", {"HP"}, "BEFORETRAITCHANGE:HP"},
       {&CardEdit::TriggerCombo, "TRAITCHANGE", {std::nullopt}, "BEFORETRAITCHANGE:HP"},
-      {&CardEdit::TriggerCombo, "MENU", {std::nullopt}, "BEFORETRAITCHANGE:HP"},
-      {&CardEdit::TriggerCombo, "MENU", {"Strike"}, "MENU:PHASE1:Strike"},
+      {&CardEdit::TriggerCombo, "MENU", {"PHASE1", std::nullopt}, "BEFORETRAITCHANGE:HP"},
+      {&CardEdit::TriggerCombo, "MENU", {"PHASE1", "Strike"}, "MENU:PHASE1:Strike"},
       {&CardEdit::TargetCombo, "GIDCARD", {"12"}, "GIDCARD:12"},
       {&CardEdit::TargetCombo, "GIDCARD", {std::nullopt}, "GIDCARD:12"},
   };
   Type(form_.EffText[1], "DESTROY");
   for (const Row& row : rows) {
     desktop_->TextAnswers.assign(row.Answers.begin(), row.Answers.end());
-    if (std::string_view(row.Chosen) == "MENU") {
-      desktop_->ModalForms = {[](Form& form) {
-        auto& picker = dynamic_cast<WordPicker&>(form);
-        EXPECT_EQ(picker.Label1.Caption.Get(), "Trigger for action?");
-        picker.Words.Selected = 2;
-        picker.Words.Open();
-      }};
-    }
     ComboBox& combo = (form_.*row.Combo)[1];
     ChooseText(combo, row.Chosen);
     EXPECT_TRUE(desktop_->TextAnswers.empty());
     EXPECT_EQ(combo.Text.Get(), row.Shown);
   }
   EXPECT_EQ(desktop_->Questions,
-            (std::vector<std::string>{"Name of trait?", "Name of trait?", "Name of trait?",
-                                      "What should the menu caption for this item be?",
-                                      "What should the menu caption for this item be?",
-                                      "Which Card?", "Which Card?"}));
+            (std::vector<std::string>{
+                "Name of trait?", "Name of trait?", "Name of trait?", "Trigger for action?",
+                "What should the menu caption for this item be?", "Trigger for action?",
+                "What should the menu caption for this item be?", "Which Card?", "Which Card?"}));
   Scroll(form_.EffScroll, 20);
   Scroll(form_.EffScroll, 2);
   EXPECT_EQ(form_.TriggerCombo[0].Text.Get(), "MENU:PHASE1:Strike");

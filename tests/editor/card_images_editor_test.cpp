@@ -318,7 +318,7 @@ TEST_F(CardImagesTest, TheMenusChooseTheParts) {
 
   desktop_->FileAnswers = {"/game/mine.jpg"};
   form_.saveimagemen.Click();
-  EXPECT_EQ(Images(), "mine.jpg|/game/mine-mini.jpg|/art/red.jpg");
+  EXPECT_EQ(Images(), "mine.jpg|mine-mini.jpg|/art/red.jpg");
   EXPECT_EQ(form_.MiniPic.Picture.Get(), "/game/mine-mini.jpg");
   EXPECT_TRUE(ReadFile("mine.jpg").starts_with("P6\n# quality 100\n"));
   EXPECT_TRUE(ReadFile("CardImages.list").starts_with("mine.jpg\t/art/red.jpg\t/art/white.bmp\t"));
