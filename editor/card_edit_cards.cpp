@@ -92,7 +92,9 @@ void CardEdit::EditCardAt(int index) {
     Image.ForgetForeground();
     Image.ShowNothing();
   }
-  LoadCardIntoForm(State().Collection[index]);
+  Card card = State().Collection[index];
+  Image.GoOn(card);
+  LoadCardIntoForm(std::move(card));
   if (index == before) {
     Edited.Refresh();
   } else {
@@ -175,7 +177,7 @@ void CardEdit::Command6_Click() {
     Lists.Edit(added);  // it is the same card, now of the list
     ListChanged();
   }
-  Lists.Store(BuildCardFromForm());
+  StoreCurrentCard();
   EditCardAt(Lists.Place());
   LoadCombos();
   CardCombo.Select(Lists.Place());
@@ -196,6 +198,7 @@ void CardEdit::Command2_Click(int index) {
   if (duplicate) {
     added = BuildCardFromForm();
     if (!Image.MayLeave()) return;
+    Image.KeepReplaced(added);
   } else if (fromTemplate) {
     added = State().Templates[chosen].Card;
   } else {

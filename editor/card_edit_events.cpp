@@ -1,7 +1,6 @@
 // The card editor: what its fields, rows and help buttons do.
 #include <cstdio>
 #include <iterator>
-#include <optional>
 
 #include "core/desktop.h"
 #include "core/state.h"
@@ -9,6 +8,7 @@
 #include "editor/card_edit.h"
 #include "editor/cost_calculator.h"
 #include "editor/effect_picker.h"
+#include "editor/word_picker.h"
 
 namespace brindlemoor {
 
@@ -27,31 +27,6 @@ constexpr std::string_view kHelp[] = {
     "by having a certain trait.  While these actions often have captions of their own, the game "
     "allows you to change the message displayed when this card uses a particular trait action.  If "
     "you wish to do this, simply type the new caption here next to the trait it corresponds to."};
-
-/// The whole trigger that a choice of the list stands for, asked for where it needs more; nothing
-/// when a question was cancelled.
-std::optional<std::string> AskTrigger(const std::string& chosen) {
-  if (chosen == "TRAITCHANGE" || chosen == "BEFORETRAITCHANGE") {
-    const auto trait = Desktop().AskText("Name of trait?");
-    if (!trait) return std::nullopt;
-    return Joined(chosen, ":", *trait);
-  }
-  if (chosen == "MENU") {
-    const auto trigger = Desktop().AskText("Trigger for action?");
-    if (!trigger) return std::nullopt;
-    const auto caption = Desktop().AskText("What should the menu caption for this item be?");
-    if (!caption) return std::nullopt;
-    return Joined("MENU:", *trigger, ":", *caption);
-  }
-  return chosen;
-}
-
-std::optional<std::string> AskTarget(const std::string& chosen) {
-  if (chosen != "GIDCARD") return chosen;
-  const auto card = Desktop().AskText("Which Card?");
-  if (!card) return std::nullopt;
-  return Joined("GIDCARD:", *card);
-}
 
 std::string ColorText(std::int32_t color) {
   char text[8];
@@ -129,7 +104,7 @@ void CardEdit::TriggerCombo_Change(int index) {
 void CardEdit::TriggerCombo_Click(int index) {
   if (FormBusy != kFormReady) return;
   EffectRow& row = Edited.Rows.Effect(index);
-  if (auto trigger = AskTrigger(TriggerCombo[index].Text)) {
+  if (auto trigger = CompletedTrigger(TriggerCombo[index].Text, true)) {
     row.Trigger = std::move(*trigger);
   }
   UpdateCard();
@@ -138,7 +113,7 @@ void CardEdit::TriggerCombo_Click(int index) {
 void CardEdit::TargetCombo_Click(int index) {
   if (FormBusy != kFormReady) return;
   EffectRow& row = Edited.Rows.Effect(index);
-  if (auto target = AskTarget(TargetCombo[index].Text)) {
+  if (auto target = CompletedTarget(TargetCombo[index].Text)) {
     row.Target = std::move(*target);
   }
   UpdateCard();
@@ -150,7 +125,9 @@ void CardEdit::EffButton_Click(int index) {
         "The Add Effect menu cannot be used for COUNTER commands.  (See main help for details.)");
     return;
   }
-  EffText[index].Text = EffText[index].Text.Get() + AskEffects();
+  const auto script = AskEffects();
+  if (!script) return;
+  EffText[index].Text = EffText[index].Text.Get() + *script;
   EffText_Change(index);
 }
 
@@ -184,7 +161,9 @@ void CardEdit::CostButton_Click() {
   Card& card = State().Collection[Lists.Place()];
   const bool renamed = Lists.NamesAreOld;
   CalculateCost(card);
-  LoadCardIntoForm(card);
+  Card priced = card;
+  Image.GoOn(priced);
+  LoadCardIntoForm(std::move(priced));
   if (renamed) LoadCombos();
 }
 

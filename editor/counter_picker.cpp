@@ -11,16 +11,16 @@ constexpr int kLists = 14;
 
 }  // namespace
 
-CounterPicker::CounterPicker() : CommandPicker("CounterPicker", kLists, CounterPickerRows()) {
+CounterPicker::CounterPicker()
+    : CommandPicker("CounterPicker", kLists, CounterPickerRows(), CounterPickerNotes()) {
   Command2.Caption = "Command2";
   // The form has a second button that nothing is bound to; it is not shown.
   Command2.Visible = false;
 }
 
-void CounterPicker::AnswerSpecially(std::string& prompt, std::string& answer) {
-  if (prompt != "#EFFECTPICKER") return;
-  prompt.clear();
-  answer = AskEffects();
+std::optional<std::string> CounterPicker::Answer(const std::string& prompt,
+                                                 const PickerArgument& argument) {
+  return prompt == "#EFFECTPICKER" ? AskEffects() : CommandPicker::Answer(prompt, argument);
 }
 
 }  // namespace brindlemoor

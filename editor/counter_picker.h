@@ -12,7 +12,8 @@ struct CounterPicker : CommandPicker {
 
  protected:
   /// "#EFFECTPICKER" is answered with the effect picker.
-  void AnswerSpecially(std::string& prompt, std::string& answer) override;
+  std::optional<std::string> Answer(const std::string& prompt,
+                                    const PickerArgument& argument) override;
 };
 
 }  // namespace brindlemoor

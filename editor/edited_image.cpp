@@ -75,7 +75,7 @@ ShownPicture EditedImage::Finished(const Text& name, const ShownPicture& present
 bool EditedImage::Redraw() {
   EnterProgramFolder();
   const Card& card = State().EditCard;
-  if (card.Picture.empty() && !foreground_.empty()) return Compose();
+  if (IsComposed()) return Compose();
   composedOf_.clear();
   if (card.Picture.empty()) {
     const Raster background = ReadPart(FindPart(BackFile));
@@ -121,6 +121,10 @@ void EditedImage::TellOfMissingBackground() {
       Joined("The background ", FileNameOf(BackFile), " is not there; the image has a black one."));
 }
 
+bool EditedImage::IsComposed() const {
+  return !foreground_.empty() && State().EditCard.Picture.empty();
+}
+
 EditedImage::Choice EditedImage::Present() const {
   const Card& card = State().EditCard;
   return {card.Picture, card.Thumb, foreground_, State().Crop};
@@ -152,9 +156,7 @@ void EditedImage::ChooseBackground(const std::string& file) {
   BackFile = file;
 }
 
-bool EditedImage::IsUnsaved() const {
-  return !foreground_.empty() && composedOf_ == foreground_ && State().EditCard.Picture.empty();
-}
+bool EditedImage::IsUnsaved() const { return IsComposed() && composedOf_ == foreground_; }
 
 bool EditedImage::MayLeave() const {
   return !IsUnsaved() || Desktop().AskYesNo("The new image is in no file.  Go on without it?");
@@ -166,8 +168,14 @@ void EditedImage::KeepReplaced(Card& card) const {
   card.Thumb = replaced_.Thumb;
 }
 
+void EditedImage::GoOn(Card& kept) const {
+  if (!IsComposed()) return;
+  kept.Picture = Text();
+  kept.Thumb = Text();
+}
+
 bool EditedImage::Store(int place) {
-  if (!foreground_.empty() && State().EditCard.Picture.empty()) {
+  if (IsComposed()) {
     if (!IsUnsaved() && !Compose()) return false;
     if (!Write(place)) return false;
   }
@@ -199,7 +207,7 @@ bool EditedImage::SaveAs(const std::string& path) {
   if (IsUnsaved() && path == Folder() + file) RecordRecipe(file);
   card.Picture = file;
   const std::string mini = MiniOf(path);
-  if (!mini_.Empty() && SaveMini(mini)) card.Thumb = mini;
+  if (!mini_.Empty() && SaveMini(mini)) card.Thumb = FileNameOf(mini);
   return true;
 }
 

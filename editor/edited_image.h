@@ -52,6 +52,8 @@ class EditedImage : public Observed {  // tells of Main and Mini
   bool MayLeave() const;
   /// Gives a card that is kept the finished images back in whose place others are composed.
   void KeepReplaced(Card& card) const;
+  /// The edited card is edited on as it was kept: what is composed for it stays.
+  void GoOn(Card& kept) const;
   /// Writes what is composed for the card, of that place in the list, and names it in the card.
   /// False, after a message, when that failed; then everything stays.
   bool Store(int place);
@@ -77,6 +79,7 @@ class EditedImage : public Observed {  // tells of Main and Mini
     CropCoordinates Crop{};
   };
 
+  bool IsComposed() const;
   Choice Present() const;
   /// The card has no finished image any more: another is composed.
   void DropFinished();

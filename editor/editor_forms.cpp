@@ -45,4 +45,6 @@ CardGrid& TheCardGrid() { return Made(TheForms().Grid); }
 
 TrialForm& TheTrialForm() { return Made(TheForms().Trial); }
 
+WordPicker& TheWordPicker() { return Made(TheForms().Words); }
+
 }  // namespace brindlemoor

@@ -9,6 +9,7 @@
 #include "editor/effect_picker.h"
 #include "editor/trial_form.h"
 #include "editor/value_generator.h"
+#include "editor/word_picker.h"
 #include "images/picture_picker.h"
 
 namespace brindlemoor {
@@ -19,6 +20,7 @@ struct EditorForms {
   std::unique_ptr<EffectPicker> Effects;
   std::unique_ptr<CounterPicker> Counters;
   std::unique_ptr<ValGen> Values;
+  std::unique_ptr<WordPicker> Words;
   std::unique_ptr<PicPick> Pictures;
   std::unique_ptr<CardGrid> Grid;
   std::unique_ptr<TrialForm> Trial;
@@ -32,6 +34,7 @@ CounterPicker& TheCounterPicker();
 ValGen& TheValGen();
 CardGrid& TheCardGrid();
 TrialForm& TheTrialForm();
+WordPicker& TheWordPicker();
 PicPick& ThePicPick();
 
 }  // namespace brindlemoor

@@ -14,18 +14,20 @@ constexpr int kLists = 8;
 
 }  // namespace
 
-EffectPicker::EffectPicker() : CommandPicker("EffectPicker", kLists, EffectPickerRows()) {}
+EffectPicker::EffectPicker()
+    : CommandPicker("EffectPicker", kLists, EffectPickerRows(), EffectPickerNotes()) {}
 
-void EffectPicker::AnswerSpecially(std::string& prompt, std::string& answer) {
-  if (FieldAt(prompt, 1, ':') != "VALBOX") return;
-  answer = AskValue(FieldAt(prompt, 2, ':'));
-  prompt.clear();
+std::optional<std::string> EffectPicker::Answer(const std::string& prompt,
+                                                const PickerArgument& argument) {
+  if (FieldAt(prompt, 1, ':') == "VALBOX") return AskValue(FieldAt(prompt, 2, ':'));
+  return CommandPicker::Answer(prompt, argument);
 }
 
-std::string AskEffects() {
+std::optional<std::string> AskEffects() {
   EffectPicker& form = TheEffectPicker();
+  form.BeginEmpty();
   Desktop().ShowForm(form, true);
-  return form.Value;
+  return form.Done || !form.Value.empty() ? std::optional(form.Value) : std::nullopt;
 }
 
 }  // namespace brindlemoor

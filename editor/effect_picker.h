@@ -1,6 +1,7 @@
 // EffectPicker: the wizard that writes action scripts.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "editor/command_picker.h"
@@ -12,10 +13,12 @@ struct EffectPicker : CommandPicker {
 
  protected:
   /// "VALBOX:question" is answered with the value generator.
-  void AnswerSpecially(std::string& prompt, std::string& answer) override;
+  std::optional<std::string> Answer(const std::string& prompt,
+                                    const PickerArgument& argument) override;
 };
 
-/// Shows the picker modally; returns the generated script, "" when the window was closed.
-std::string AskEffects();
+/// Shows the picker modally, with nothing picked; returns the generated script, nothing when the
+/// window was closed.
+std::optional<std::string> AskEffects();
 
 }  // namespace brindlemoor

@@ -19,4 +19,13 @@ struct PickerRow {
 std::span<const PickerRow> EffectPickerRows();
 std::span<const PickerRow> CounterPickerRows();
 
+/// What the engine really does with a row, given by its number from 1, whose texts say otherwise.
+struct PickerNote {
+  int Row;
+  std::string_view Text;
+};
+
+std::span<const PickerNote> EffectPickerNotes();  // editor/picker_notes.cpp
+std::span<const PickerNote> CounterPickerNotes();
+
 }  // namespace brindlemoor

@@ -52,16 +52,20 @@ constexpr std::array<Builder, 8> kBuilders = {{
     {"Add an arbitrary amount", "Adds a number that you type.", {"", "How much?"}},
 }};
 
-std::string Answered(const Piece& piece) {
+/// Nothing when the question was cancelled.
+std::optional<std::string> Answered(const Piece& piece) {
   if (piece.Prompt.empty()) return std::string(piece.Words);
-  return Joined(piece.Words, Desktop().AskText(piece.Prompt).value_or(""));
+  const auto answer = Desktop().AskText(piece.Prompt);
+  if (!answer) return std::nullopt;
+  return Joined(piece.Words, *answer);
 }
 
 void AddPart(TextBox& expression, const Builder& builder) {
-  std::string part = Answered(builder.First);
-  part += Answered(builder.Second);
+  const auto first = Answered(builder.First);
+  const auto second = first ? Answered(builder.Second) : std::nullopt;
+  if (!second) return;
   const std::string& old = expression.Text.Get();
-  expression.Text = Joined(old, old.empty() ? "" : "/", part);
+  expression.Text = Joined(old, old.empty() ? "" : "/", *first, *second);
 }
 
 Layout Arrange(ValGen& form) {
@@ -74,18 +78,20 @@ Layout Arrange(ValGen& form) {
   };
   // What concerns the acting card stands at the left, the target at the right.
   auto& traits = form.Command1;
-  return {.Direction = Kind::kColumn,
-          .Children = {
-              {.Direction = Kind::kControl, .Leaf = &form.Label1},
-              {.Direction = Kind::kControl, .Leaf = &form.Text1},
-              row(*traits[0], *traits[2]),
-              row(*traits[1], *traits[3]),
-              row(form.Command2, form.Command3),
-              row(*traits[4], form.Command4),
-              {.Direction = Kind::kRow,
-               .Children = {Layout{.Stretch = 1},
-                            {.Direction = Kind::kControl, .Leaf = &form.Command5, .Width = 120}}},
-          }};
+  return {
+      .Direction = Kind::kColumn,
+      .Children = {
+          {.Direction = Kind::kControl, .Leaf = &form.Label1},
+          {.Direction = Kind::kControl, .Leaf = &form.Text1},
+          row(*traits[0], *traits[2]),
+          row(*traits[1], *traits[3]),
+          row(form.Command2, form.Command3),
+          row(*traits[4], form.Command4),
+          {.Direction = Kind::kRow,
+           .Children = {Layout{.Stretch = 1},
+                        {.Direction = Kind::kControl, .Leaf = &form.Command5, .Width = 120},
+                        {.Direction = Kind::kControl, .Leaf = &form.CancelButton, .Width = 120}}},
+      }};
 }
 
 }  // namespace
@@ -110,15 +116,24 @@ ValGen::ValGen() : Form("ValGen") {
   }
   Command5.Caption = "DONE";
   Command5.ToolTip = "Take the value as it stands in the box.";
-  Command5.Click = [this] { Desktop().HideForm(*this); };
+  Command5.Click = [this] {
+    Done = true;
+    Desktop().HideForm(*this);
+  };
+  CancelButton.Caption = "Cancel";
+  CancelButton.ToolTip = "Leave everything as it was before the question.";
+  CancelButton.Cancel = true;
+  CancelButton.Click = [this] { Desktop().HideForm(*this); };
   Arrangement = Arrange(*this);
 }
 
-std::string AskValue(std::string_view prompt) {
+std::optional<std::string> AskValue(std::string_view prompt) {
   ValGen& form = TheValGen();
   form.Label1.Caption = std::string(prompt);
+  form.Text1.Text = "";
+  form.Done = false;
   Desktop().ShowForm(form, true);
-  return form.Text1.Text;
+  return form.Done ? std::optional(form.Text1.Text.Get()) : std::nullopt;
 }
 
 }  // namespace brindlemoor

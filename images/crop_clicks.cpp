@@ -35,8 +35,7 @@ constexpr const char* kFirstPrompt = "Choose Upper Left Coordinates of Main Card
 constexpr int kPieceWidth = kMainWidth - kFrameMargin;
 constexpr int kPieceHeight = kMainHeight - kFrameMargin;
 
-/// The click to come is the first whose X is 0. A click at 0 is asked for again: 0 stands for a
-/// coordinate that is still to come.
+/// The click to come is the first that was not made and whose X is 0.
 constexpr CropClick kClicks[] = {
     {&CropCoordinates::MainX1, &CropCoordinates::MainY1, nullptr, nullptr,
      "Choose Lower Right Coordinates of Main Card Picture", kPieceWidth, kPieceHeight},
@@ -49,8 +48,8 @@ constexpr CropClick kClicks[] = {
      &CropCoordinates::MiniY1, nullptr, 1, 1},
 };
 
-const CropClick* NextClick(const CropCoordinates& crop) {
-  const auto* click = std::find_if(std::begin(kClicks), std::end(kClicks),
+const CropClick* NextClick(const CropCoordinates& crop, int made) {
+  const auto* click = std::find_if(std::begin(kClicks) + made, std::end(kClicks),
                                    [&crop](const CropClick& row) { return crop.*row.X == 0; });
   return click == std::end(kClicks) ? nullptr : click;
 }
@@ -103,6 +102,7 @@ void PicPick::ShowLarge(const std::string& file, PictureSize size) {
   PromptOfGrid = Label1.Caption;
   SwitchViews(true);
   Label1.Caption = kFirstPrompt;
+  CornersTaken = 0;
 }
 
 void PicPick::ShowGrid() {
@@ -125,12 +125,14 @@ void PicPick::SwitchViews(bool large) {
 
 bool PicPick::TakeCorner(std::int16_t x, std::int16_t y) {
   CropCoordinates& crop = State().Crop;
-  const CropClick* click = NextClick(crop);
+  const CropClick* click = NextClick(crop, CornersTaken);
   if (click == nullptr) return false;
   const bool second = click->FromX != nullptr;
   if (second && (x <= crop.*click->FromX || y <= crop.*click->FromY)) return false;
   crop.*click->X = x;
   crop.*click->Y = y;
+  // A corner at 0 has been chosen all the same.
+  CornersTaken = static_cast<int>(click - std::begin(kClicks)) + 1;
   if (click->Prompt == nullptr) return true;
   Label1.Caption = click->Prompt;
   return false;
@@ -138,7 +140,7 @@ bool PicPick::TakeCorner(std::int16_t x, std::int16_t y) {
 
 void PicPick::Image2_MouseMove(int x, int y) {
   const CropCoordinates& crop = State().Crop;
-  const CropClick* next = NextClick(crop);
+  const CropClick* next = NextClick(crop, CornersTaken);
   std::vector<PictureMark> marks;
   for (const CropClick& click : kClicks) {
     if (click.FromX == nullptr) continue;
@@ -173,6 +175,7 @@ void PicPick::Picture1_MouseUp(int x, int y) {
 
 void PicPick::BackButton_Click() {
   State().Crop = {};
+  CornersTaken = 0;
   ShowGrid();
 }
 

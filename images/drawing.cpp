@@ -48,6 +48,9 @@ std::int32_t FadedColor(std::int32_t pixel, std::int32_t frame, double share) {
   return color;
 }
 
+/// What the samples of one pixel were; black ones are left out beside a colour.
+enum class Met { kNothing, kBlack, kColor };
+
 /// The reduction of one picture: the sums live on from pixel to pixel.
 class Reduction {
  public:
@@ -80,8 +83,11 @@ class Reduction {
       const int sourceX = static_cast<int>(position) + from_.X1;
       if (sourceX + 1 > from_.X2) continue;
       if (++x < 0) continue;
+      met_ = Met::kNothing;
       if (xRatio_ > 1) AddAcross(sourceX, sourceY);
       if (yRatio_ > 1) AddDown(sourceX, sourceY);
+      // What was carried over would fill a black area with the colour beside it.
+      if (met_ == Met::kBlack) red_ = green_ = blue_ = 0;
       target_.Row(y)[x] = RoundToEven(red_) << 16 | RoundToEven(green_) << 8 | RoundToEven(blue_);
     }
   }
@@ -113,7 +119,11 @@ class Reduction {
   }
 
   void Add(std::int32_t color, int& samples) {
-    if ((color & 0xFFFFFF) == 0) return;
+    if ((color & 0xFFFFFF) == 0) {
+      if (met_ == Met::kNothing) met_ = Met::kBlack;
+      return;
+    }
+    met_ = Met::kColor;
     red_ += Part(color, 16);
     green_ += Part(color, 8);
     blue_ += Part(color, 0);
@@ -136,6 +146,7 @@ class Reduction {
   double red_ = 0;
   double green_ = 0;
   double blue_ = 0;
+  Met met_ = Met::kNothing;
 };
 
 }  // namespace

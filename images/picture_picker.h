@@ -110,7 +110,8 @@ struct PicPick : Form {
   std::vector<std::string> LastPictures;  ///< of each cell
   int LastScrolled = 0;                   ///< FirstShown as the scroll bar had it last
   std::string PromptOfGrid;
-  cGdiPlus Reader;  ///< one that tells nobody of its failures
+  int CornersTaken = 0;  ///< of the large picture, from 0 to 4
+  cGdiPlus Reader;       ///< one that tells nobody of its failures
 };
 
 }  // namespace brindlemoor

@@ -95,6 +95,7 @@ struct ComboBox : Control {
   using Control::Control;
   Property<std::vector<std::string>> Items{*this};
   Property<std::string> Text{*this};
+  Property<std::vector<std::string>> ItemToolTips{*this};  ///< of the items, "" for none
   Property<bool> Editable{*this, false};  ///< the user may type a text that is no item
   bool FormUndoes = false;                ///< see TextBox
   /// Number of the chosen item, from 1; 0 none. It tells items of the same text apart, and counts

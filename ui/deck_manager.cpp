@@ -377,6 +377,13 @@ const std::string& DeckManager::ThumbPath(const Text& thumb) {
   return entry->second;
 }
 
+void DeckManager::ForgetThumbs() {
+  thumbPaths_.clear();
+  for (auto* pictures : {&DeckPic, &CollectPic}) {
+    for (const auto& picture : *pictures) picture->Picture = "";
+  }
+}
+
 namespace {
 
 void OpenDeckManager() {

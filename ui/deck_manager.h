@@ -123,6 +123,8 @@ struct DeckManager : Form {
   void SearchCollection();
   void UpdateList(CardList list);
   const std::string& ThumbPath(const Text& thumb);
+  /// Files were written: another may have the name of one that is shown.
+  void ForgetThumbs();
 
   void Preview(const Card& card);
   void ShowPage();

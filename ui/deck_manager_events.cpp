@@ -97,6 +97,7 @@ void DeckManager::PickCard(CardList list, int position) {
 void DeckManager::ChangeImage(CardList list, int position) {
   ChangingImage = 0;
   TheEditorDoor().EditCardImage(Cards(list)[position]);
+  ForgetThumbs();
   ForgetPreviews();
   UpdateDecks();
 }

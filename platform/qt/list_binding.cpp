@@ -45,6 +45,15 @@ void ShowText(QComboBox& combo, const QString& text) {
 
 constexpr int kWholeText = Qt::UserRole;
 
+/// As rich text they are broken into lines.
+void ShowItemToolTips(QComboBox& combo, const Items& toolTips) {
+  for (int place = 0; place < combo.count() && place < static_cast<int>(toolTips.size()); ++place) {
+    const QString text = QString::fromStdString(toolTips[static_cast<std::size_t>(place)]);
+    const QString shown = text.isEmpty() ? text : "<qt>" + text.toHtmlEscaped() + "</qt>";
+    combo.setItemData(place, shown, Qt::ToolTipRole);
+  }
+}
+
 /// Shows an item with the blanks before its name; typed letters look for the name.
 class IndentedItems : public QStyledItemDelegate {
  public:
@@ -112,6 +121,7 @@ QWidget* BindComboBox(ComboBox& model, FormWindow& window) {
       combo->clear();
       combo->addItems(ToQt(*shown));
     }
+    ShowItemToolTips(*combo, model.ItemToolTips);
     const int place = ChosenPlace(model);
     if (place >= 0) {
       combo->setCurrentIndex(place);

@@ -199,6 +199,37 @@ TEST_F(CardImagesTest, AFailedWriteKeepsTheForegroundForThisCardOnly) {
   EXPECT_FALSE(form_.QueryClose());
 }
 
+TEST_F(CardImagesTest, ANewImageThatWasNotWrittenStaysOnTheForm) {
+  for (const char* file : {"old.jpg", "old-mini.jpg"}) WriteFile(file, PictureBytes(2, 3, kBlue));
+  Card ape = ImageCard("Ape", "Ape1");
+  ape.Picture = "old.jpg";
+  ape.Thumb = "old-mini.jpg";
+  Card other = ImageCard("Bat", "Bat1");
+  other.Picture = "Card-Ape1.jpg";
+  desktop_->YesNoAnswers = {true};
+  Load({ape, other});
+  Choose(1);
+  State().CostCard = MakeCard("CostCard", 1);
+  Compose("/art/red.jpg");
+  const std::pair<const char*, std::function<void()>> stores[] = {
+      {"a price", [this] { form_.CostButton.Click(); }},
+      {"the same card again", [this] { Choose(1); }},
+      {"Save Card", [this] { form_.Command6.Click(); }},
+      {"a save of all", [this] { form_.savedeckmen.Click(); }}};
+  for (const auto& [name, store] : stores) {
+    desktop_->YesNoAnswers = {false};  // Bat's image is not replaced
+    store();
+    EXPECT_EQ(Images(), "||/art/red.jpg") << name;
+    EXPECT_EQ(Joined(Stored(1).Picture, "|", Stored(1).Thumb), "old.jpg|old-mini.jpg") << name;
+    EXPECT_EQ(PixelOf(form_.MainPic, 150, 225), kRed) << name;
+  }
+  EXPECT_EQ(Written(), "");
+  desktop_->YesNoAnswers = {true};
+  form_.savedeckmen.Click();
+  EXPECT_EQ(Images(), "Card-Ape1.jpg|Card-Ape1-mini.jpg|");
+  EXPECT_NE(ReadFile("cards.txt").find("Card-Ape1-mini.jpg"), std::string::npos);
+}
+
 TEST_F(CardImagesTest, OtherCardsAreNotLoadedOverANewImageUnasked) {
   Card other = ImageCard("Yak", "Yak1");
   WriteFile("others.txt", "CARD DATA FILE\r\n" + CardToText(other, "COLLECTION"));
@@ -287,7 +318,7 @@ TEST_F(CardImagesTest, TheMenusChooseTheParts) {
 
   desktop_->FileAnswers = {"/game/mine.jpg"};
   form_.saveimagemen.Click();
-  EXPECT_EQ(Images(), "mine.jpg|/game/mine-mini.jpg|/art/red.jpg");
+  EXPECT_EQ(Images(), "mine.jpg|mine-mini.jpg|/art/red.jpg");
   EXPECT_EQ(form_.MiniPic.Picture.Get(), "/game/mine-mini.jpg");
   EXPECT_TRUE(ReadFile("mine.jpg").starts_with("P6\n# quality 100\n"));
   EXPECT_TRUE(ReadFile("CardImages.list").starts_with("mine.jpg\t/art/red.jpg\t/art/white.bmp\t"));

@@ -58,7 +58,7 @@ TEST_F(EditedImageTest, ARecipeStandsBesideEveryComposedImage) {
   EXPECT_EQ(Recipes(), kept);
   card_.Picture = Text();
   EXPECT_TRUE(image_.SaveAs("/game/mine.jpg"));
-  EXPECT_EQ(Named(), "mine.jpg|/game/mine-mini.jpg|/art/red.jpg");
+  EXPECT_EQ(Named(), "mine.jpg|mine-mini.jpg|/art/red.jpg");
   EXPECT_EQ(Recipes(), kept + "mine.jpg" + parts);
   // What is copied now is a finished image: nobody knows its parts any more.
   EXPECT_TRUE(image_.SaveAs("/game/copy.jpg"));

@@ -255,5 +255,32 @@ TEST_F(EditorOpeningTest, AnOwnedCardGetsAnotherImageInTheReducedForm) {
   EXPECT_EQ(State().SingleCardEdit, 0);
 }
 
+TEST_F(EditorOpeningTest, AComposedThumbnailIsSeenAtOnceOverAShippedOneOfItsName) {
+  const std::string mini = PictureBytes(2, 2, 0);
+  files_->Contents["/game/shipped/Card-Own1-mini.jpg"] = mini;
+  State().Collection[1].UniqueID = "Own1";
+  State().Collection[1].Thumb = "Card-Own1-mini.jpg";
+  const auto compose = [&](const char* before) {
+    PictureBox& box = *decks_.CollectPic[0];
+    EXPECT_EQ(box.Picture.Get(), before);
+    std::vector<std::string> seen;
+    const auto bound = std::exchange(box.OnChange, [&] { seen.push_back(box.Picture); });
+    decks_.Command3.Click();
+    desktop_->ModalForms.emplace_back([&](Form&) {
+      WriteFile("Card-Own1-mini.jpg", mini);
+      EXPECT_FALSE(form_.QueryClose());
+    });
+    box.MouseUp(MouseButton::kLeft);
+    EXPECT_EQ(seen.back(), "/game/Card-Own1-mini.jpg");
+    EXPECT_EQ(seen.front(), "") << "the box read the file that was there before";
+    box.OnChange = bound;
+  };
+  desktop_->ModalForms.emplace_back([&](Form&) {
+    compose("/game/shipped/Card-Own1-mini.jpg");
+    compose("/game/Card-Own1-mini.jpg");
+  });
+  main_.deckmanagermen.Click();
+}
+
 }  // namespace
 }  // namespace brindlemoor

@@ -4,7 +4,9 @@
 
 #include "core/strings.h"
 #include "editor/editor_forms.h"
+#include "language/target_types.h"
 #include "script/command_table.h"
+#include "script/run_action.h"
 #include "tests/support/session_test.h"
 
 namespace brindlemoor {
@@ -15,8 +17,8 @@ using Texts = std::vector<std::string>;
 
 class PickerTest : public SessionTest {
  protected:
-  /// Picks a row in a list. An answer that begins with "=" is typed in the value generator, whose
-  /// question is kept with a "=" before it.
+  /// Picks a row in a list. An answer that begins with "=" is typed in the value generator, one
+  /// with "~" chosen from a list of words; their questions are kept with the same sign before them.
   void Pick(CommandPicker& form, int list, int row, const Answers& answers = {}) {
     desktop_->Questions.clear();
     for (const auto& answer : answers) {
@@ -25,7 +27,17 @@ class PickerTest : public SessionTest {
           auto& values = static_cast<ValGen&>(shown);
           desktop_->Questions.push_back("=" + values.Label1.Caption.Get());
           values.Text1.Text = text;
-          values.Command5.Click();
+          (text == "(cancel)" ? values.CancelButton : values.Command5).Click();
+        });
+      } else if (answer.has_value() && answer->starts_with("~")) {
+        desktop_->ModalForms.push_back([this, word = answer->substr(1)](Form& shown) {
+          auto& words = static_cast<WordPicker&>(shown);
+          desktop_->Questions.push_back("~" + words.Label1.Caption.Get());
+          const auto& items = words.Words.Items.Get();
+          const auto item = std::ranges::find_if(
+              items, [&](const std::string& text) { return text.starts_with(word + ": "); });
+          words.Words.Selected = static_cast<int>(item - items.begin()) + 1;
+          (item == items.end() ? words.CancelButton : words.TakeButton).Click();
         });
       } else {
         desktop_->TextAnswers.push_back(answer);
@@ -144,8 +156,28 @@ TEST_F(PickerTest, APickAsksAtOnceAndFillsTheAnswersIn) {
        {"New color (In HTML/hex, i.e. AA0000, 33FF00 etc.)?"},
        "FRAMECOLOR:AA0000:",
        "Set frame color to AA0000."},
-      // A cancelled box is an empty answer.
-      {38, {std::nullopt}, {"Which trait?"}, "REMOVETRAIT::", "Target loses it's  trait."},
+      {38, {""}, {"Which trait?"}, "REMOVETRAIT::", "Target loses it's  trait."},
+      // Triggers and targets are chosen, and ask for what they need.
+      {39,
+       {"~TRAITCHANGE", "HP", "~GIDCARD", "MYGID"},
+       {"~What trigger should this action use?  (PHASE#, ENTERSPLAY, etc.)", "Name of trait?",
+        "~What target type should this action use? (ALL, TARGETCARD, RANDOMENEMY etc.)",
+        "Which Card?"},
+       "ADDEFFECT:TRAITCHANGE:HP:GIDCARD:MYGID:",
+       "All effects after this one are added to the target card as a new action."},
+      {39,
+       {"~MENU", "~PHASE2", "Hit", "~SELF"},
+       {"~What trigger should this action use?  (PHASE#, ENTERSPLAY, etc.)", "~Trigger for action?",
+        "What should the menu caption for this item be?",
+        "~What target type should this action use? (ALL, TARGETCARD, RANDOMENEMY etc.)"},
+       "ADDEFFECT:MENU:PHASE2:Hit:SELF:",
+       "All effects after this one are added to the target card as a new action."},
+      {67,
+       {"~RANDOMALLY"},
+       {"~What target type shall the action target? (triggeringcard, RANDOMENEMY, RANDOMALLY, "
+        "TARGETCARD etc.)"},
+       "RETARGET:RANDOMALLY:",
+       "Target a new card of target type RANDOMALLY."},
       // The second answer goes into a first one that holds its placeholder.
       {10,
        {"AMT2", "7"},
@@ -172,7 +204,40 @@ TEST_F(PickerTest, APickAsksAtOnceAndFillsTheAnswersIn) {
   }
 }
 
-TEST_F(PickerTest, PicksAreJoinedInListOrderAndStayForTheNextUse) {
+TEST_F(PickerTest, ACancelledQuestionLeavesThePickAsItWas) {
+  EffectPicker& form = TheEffectPicker();
+  const auto expectPick = [&](int list, const std::string& menu, const std::string& sentence) {
+    EXPECT_EQ(form.Combo1[static_cast<std::size_t>(list)]->Text.Get(), menu);
+    EXPECT_EQ(Sentence(form, list), sentence);
+  };
+  Pick(form, 1, 40);
+  const std::string destroy = form.Combo1[1]->Text;
+  const std::pair<int, Answers> cancelled[] = {
+      {38, {std::nullopt}},
+      {42, {std::nullopt}},
+      {42, {"HP", "=(cancel)"}},
+      {10, {"HP", std::nullopt}},
+      {39, {"~"}},
+      {39, {"~TRAITCHANGE", std::nullopt}},
+      {39, {"~MENU", "~"}},
+      {39, {"~ONDEATH", "~"}},
+      {39, {"~ENTERSPLAY"}},  // it never runs
+      {67, {"~GIDCARD"}},     // it would take the next field for the card
+  };
+  for (const auto& [row, answers] : cancelled) {
+    Pick(form, 1, row, answers);
+    expectPick(1, destroy, "Target card is destroyed.");
+    Pick(form, 0, row, answers);
+    expectPick(0, "", "");
+  }
+  EXPECT_EQ(Done(form), "DESTROY:");
+  EXPECT_FALSE(form.ClearButton[0]->Enabled);
+  form.ClearButton[1]->Click();
+  expectPick(1, "", "");
+  EXPECT_EQ(Done(form), "");
+}
+
+TEST_F(PickerTest, PicksAreJoinedInListOrderAndBeginEmptyForTheNextAction) {
   EffectPicker& form = TheEffectPicker();
   const auto use = [&](std::function<void()> user) {
     desktop_->ModalForms = {[&, user](Form&) { user(); }};
@@ -180,6 +245,7 @@ TEST_F(PickerTest, PicksAreJoinedInListOrderAndStayForTheNextUse) {
   };
   EXPECT_EQ(use([&] { form.Command1.Click(); }), "") << "nothing picked";
   EXPECT_EQ(use([&] {
+              Pick(form, 2, 62);
               Pick(form, 2, 61);
               Pick(form, 0, 4);
               form.Command1.Click();
@@ -187,14 +253,54 @@ TEST_F(PickerTest, PicksAreJoinedInListOrderAndStayForTheNextUse) {
             }),
             "REQENEMY:WINGAME:");
   EXPECT_EQ(use([&] {
+              EXPECT_EQ(form.Combo1[0]->Text.Get() + Sentence(form, 2), "");
               Pick(form, 2, 62);
               form.Command1.Click();
             }),
-            "REQENEMY:LOSEGAME:")
-      << "a list holds one pick";
-  EXPECT_EQ(use([&] { EXPECT_FALSE(form.QueryClose()); }), "") << "a closed window adds nothing";
-  EXPECT_EQ(use([&] { form.Command1.Click(); }), "REQENEMY:LOSEGAME:");
-  EXPECT_EQ(form.Combo1[0]->Text.Get(), "Target Requirement: Target must be an enemy.");
+            "LOSEGAME:");
+  EXPECT_EQ(use([&] {
+              Pick(form, 2, 62);
+              EXPECT_FALSE(form.QueryClose());
+            }),
+            std::nullopt)
+      << "a closed window adds nothing";
+}
+
+TEST_F(PickerTest, ToolTipsTellWhatTheEngineDoes) {
+  // What no engine knows is said, with words that work.
+  for (const auto& [rows, notes] : {std::pair(EffectPickerRows(), EffectPickerNotes()),
+                                    std::pair(CounterPickerRows(), CounterPickerNotes())}) {
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+      const std::string_view word = FieldAt(rows[row].Template, 1, ':');
+      const auto note = std::ranges::find(notes, static_cast<int>(row) + 1, &PickerNote::Row);
+      if (FindCommand(word) != nullptr) continue;
+      ASSERT_NE(note, notes.end()) << word;
+      EXPECT_TRUE(note->Text.starts_with(Joined("The engine knows no ", word, ":"))) << note->Text;
+    }
+  }
+  EffectPicker& form = TheEffectPicker();
+  const auto& tips = form.Combo1[0]->ItemToolTips.Get();
+  EXPECT_EQ(tips.size(), 77u);
+  EXPECT_NE(tips[33].find("equal values fail"), std::string::npos);
+  EXPECT_EQ(tips[39], "");
+  Pick(form, 0, 34, {"=1", "=1"});
+  EXPECT_EQ(form.Combo1[0]->ToolTip.Get(), tips[33]);
+  EXPECT_EQ(form.Label1[0]->ToolTip.Get(), tips[33]);
+  // The notes hold: on equal values, and as large as the amount.
+  Card card = MakeCard("Ape", 1, {"HP:2"});
+  const struct {
+    const char* Script;
+    bool Passes;
+  } claims[] = {{"REQISMORE:1:1", false},     {"REQISLESS:1:1", false},
+                {"REQTRAITMORE:HP:2", true},  {"REQTRAITLESS:HP:2", true},
+                {"REQTRAITIS:KIND:x", false}, {"REISME", true}};
+  for (const auto& claim : claims) {
+    AddEffect(card, Joined(claim.Script, ":MODTRAIT:MET:1"), kTargetSelf, "COST", 0, "SELF");
+    Card target = card;
+    RunAction(card, target, card.Effects.UpperBound(),
+              {.CostMode = -1, .TestRun = 1, .NoCounters = 1, .Nested = 1});
+    EXPECT_EQ(HasTrait(target, "MET"), claim.Passes) << claim.Script;
+  }
 }
 
 TEST_F(PickerTest, TheCounterPickerTakesAScriptFromTheEffectPicker) {

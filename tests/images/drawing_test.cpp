@@ -100,6 +100,16 @@ TEST(ResamplePicture, LeavesOutBlackPixelsOnly) {
   EXPECT_EQ(Halved(Raster(8, 8)), Raster(5, 5));
 }
 
+TEST(ResamplePicture, AreasOfBlackStayBlack) {
+  Raster picture = Plain(8, 8, 0);
+  for (int y = 0; y < 8; ++y) std::fill_n(picture.Row(y), 4, Grey(64));
+  const Raster reduced = Halved(picture);
+  for (int y = 1; y < 4; ++y) {
+    EXPECT_GT(reduced.Pixel(1, y), 0);
+    EXPECT_EQ(reduced.Pixel(3, y), 0);
+  }
+}
+
 TEST(ResamplePicture, PassesRunOnlyAlongASideThatShrinks) {
   const Raster picture = Plain(8, 8, Grey(64));
   // Across only: 192 / 4 = 48, then (48 + 192) / 4 = 60, 63; the next row goes on. Row 4 of the

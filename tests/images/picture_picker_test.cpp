@@ -286,7 +286,6 @@ TEST_F(CropTest, FourClicksChooseTheTwoPieces) {
     int X, Y, Prompt;  // -1 the form hides
     CropCoordinates Crop;
   } clicks[] = {
-      {"at 0 it is still to come", 0, 7, 1, {.MainY1 = 14}},
       {"the first corner", 10, 20, 1, {.MainX1 = 20, .MainY1 = 40}},
       {"left of it", 9, 30, 1, {.MainX1 = 20, .MainY1 = 40}},
       {"no height", 30, 20, 1, {.MainX1 = 20, .MainY1 = 40}},
@@ -318,6 +317,15 @@ TEST_F(CropTest, FourClicksChooseTheTwoPieces) {
   }
   EXPECT_EQ(Picker().PicName, "/photos/p.jpg");
   EXPECT_EQ(Picker().Label1.Caption.Get(), "before") << "the next use must not begin with a corner";
+
+  // Both pieces may begin at the left edge.
+  Choose(1000, 600);
+  for (const auto& [x, y] : {std::pair(0, 0), {30, 50}, {0, 5}, {0, 9}, {20, 25}}) {
+    EXPECT_TRUE(Picker().Shown);
+    Picker().Image2.PointUp(x, y);
+  }
+  EXPECT_TRUE(State().Crop == (CropCoordinates{0, 60, 0, 100, 0, 40, 10, 50}));
+  EXPECT_FALSE(Picker().Shown);
 
   Choose(1000, 600);
   for (const int place : {1, 2, 3, 4}) {

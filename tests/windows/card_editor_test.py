@@ -108,14 +108,12 @@ class CardEditor(CardEditorTest):
             self.fill(f"ValueText({row})", value)
 
     def make_action(self, row, effect, amount, message, script):
-        """The wizards alone write the script. They begin with what they were told before."""
+        """The wizards alone write the script."""
         self.run_.click("control", f"EffButton({row})")
         self.run_.wait_for("window", "EffectPicker")
         self.pick("Combo1(0)", effect)
         self.run_.wait_for("dialog", text="Which trait?")
         self.run_.answer("HP")
-        self.fill("Text1", "")
-        self.display.key("BackSpace")
         self.run_.click("control", text="Add an arbitrary amount")
         self.run_.answer(amount)
         self.shows("Text1", amount)
