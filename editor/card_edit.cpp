@@ -295,6 +295,9 @@ void CardEdit::NameControls() {
   Label5[0].Caption = "Name";
   Label5[1].Caption = "Unique ID";
   Label8[0].Caption = "Cost";
+  Label8[0].ToolTip =
+      "Only a note, which card files do not keep.  What a card costs in play comes from its COST "
+      "actions.";
   Label8[1].Caption = "Rarity";
   CardActionFrame.Caption = "Card Actions and Effects";
   OutputFrame.Caption = "Card text (a right click hides it)";

@@ -63,7 +63,10 @@ void CardEdit::PreviewTimer_Tick() {
 void CardEdit::FindNext_Click() {
   FindNote.Caption = "";
   const std::string& words = FindText.Text;
-  if (words.find_first_not_of(' ') == std::string::npos) return;
+  if (words.find_first_not_of(' ') == std::string::npos) {
+    FindNote.Caption = "Type what to look for.";
+    return;
+  }
   const int found = FindNextCard(State().Collection, Lists.Place(), words);
   if (found == 0) {
     FindNote.Caption = "Nothing found.";

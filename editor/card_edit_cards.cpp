@@ -179,6 +179,7 @@ void CardEdit::Command6_Click() {
   }
   StoreCurrentCard();
   EditCardAt(Lists.Place());
+  EditedLists::AddCommonTraits();
   LoadCombos();
   CardCombo.Select(Lists.Place());
 }
@@ -229,7 +230,10 @@ void CardEdit::Command2_Click(int index) {
 
 void CardEdit::Command5_Click() {
   const Card card = BuildCardFromForm();
-  if (IsFree(card)) return;  // it would be a free place again
+  if (IsFree(card)) {  // it would be a free place again
+    Desktop().MessageBox("Give the card a name first: templates are chosen by it.");
+    return;
+  }
   EditedLists::KeepTemplate(
       {card, Image.BackFile, Image.MiniBorderFile, EditedImage::FrameColor()});
   ListChanged();
@@ -250,8 +254,15 @@ void CardEdit::Command4_Click() {
 void CardEdit::Command8_Click() {
   constexpr std::string_view kTrait = "CHARACTER";
   constexpr std::string_view kTurnEnd = "TURNEND";
+  bool isFound = Lists.Place() > 0 && HasTrait(State().EditCard, kTrait);
   for (Card& card : State().Collection) {
-    if (HasTrait(card, kTrait)) card.ActivateOn = kTurnEnd;
+    if (!HasTrait(card, kTrait)) continue;
+    card.ActivateOn = kTurnEnd;
+    isFound = true;
+  }
+  if (!isFound) {
+    Desktop().MessageBox("No card has the trait CHARACTER.");
+    return;
   }
   // The edited card is stored again later: it must not undo the change.
   if (Lists.Place() > 0 && HasTrait(State().EditCard, kTrait)) {

@@ -156,7 +156,11 @@ void CardEdit::ColorLabel_Click() {
 }
 
 void CardEdit::CostButton_Click() {
-  if (State().CostCard.Name.empty() || !Lists.HoldsEdited()) return;
+  if (State().CostCard.Name.empty()) return;
+  if (!Lists.HoldsEdited()) {
+    Desktop().MessageBox("Save the card first: costs are calculated for cards of the list.");
+    return;
+  }
   StoreCurrentCard();
   Card& card = State().Collection[Lists.Place()];
   const bool renamed = Lists.NamesAreOld;

@@ -49,7 +49,11 @@ bool MayReplace(const std::string& path, SavedKind kind) {
 void CardEdit::loaddeckmen_Click() {
   Session& state = State();
   const auto path = Desktop().AskFile({.FileName = std::string(kAnyCardFile)});
-  if (!path || FileNameOf(*path) == kAnyCardFile || !IsThere(Desktop().Files(), *path)) return;
+  if (!path || FileNameOf(*path) == kAnyCardFile) return;
+  if (!IsThere(Desktop().Files(), *path)) {
+    Desktop().MessageBox(Joined("There is no file ", *path, "."));
+    return;
+  }
   if (!Desktop().Files().Read(*path)) {
     Desktop().MessageBox(CantRead(FileNameOf(*path), *path));
     return;
@@ -174,7 +178,11 @@ void CardEdit::SaveCollectionAs(std::string_view question, int starterFlag) {
   const auto path = AskSaveName();
   if (!path || !MayReplace(*path, SavedKind::kStore)) return;
   const auto name = Desktop().AskText(question);
-  if (!name || name->empty()) return;
+  if (!name) return;
+  if (name->empty()) {
+    Desktop().MessageBox("Without a name nothing is saved.");
+    return;
+  }
   const int game = GameOfNewFiles();
   SaveStoreFile(*path, *name, starterFlag, game != 0 ? State().Games[game].Name : Text());
 }

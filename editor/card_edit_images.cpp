@@ -79,7 +79,10 @@ void CardEdit::MainPic_Click() {
 
 void CardEdit::Command3_Click() {
   std::string file = PickRandomFile(ThePicPick().Folder(), "*.jpg");
-  if (file.empty()) return;
+  if (file.empty()) {
+    Desktop().MessageBox(Joined("There is no .jpg picture in ", ThePicPick().Folder(), "."));
+    return;
+  }
   Image.ChooseForeground([&file] { return file; }, true);
   ShowChanges();
   PreviewSoon();

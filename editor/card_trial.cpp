@@ -9,6 +9,7 @@
 #include "core/cards.h"
 #include "core/desktop.h"
 #include "core/paths.h"
+#include "core/replacing.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "editor/card_rows.h"
@@ -264,6 +265,10 @@ std::string Expectations(const std::vector<TrialChange>& changes) {
   return text;
 }
 
+std::string PlainText(std::string_view html) {
+  return WithoutTags(ReplacedCopy(html, "<br>", "\n"));
+}
+
 std::string Sentence(const TrialRequest& request, const std::optional<std::string>& payment,
                      const TrialResult& result, const ScenarioReport& report) {
   if (!report.Findings.empty()) return report.Findings.front().Text;
@@ -321,7 +326,7 @@ TrialResult TryCard(const TrialRequest& request) {
     library.Machine().Put(path, result.Scenario);
     RunScenarioFile(path, library, report, [&](const Scene& scene) {
       if (scene.Last.Result) payment = std::string(*scene.Last.Result);
-      result.Said += WithoutTags(scene.Line->Place.Line > laidOut ? scene.Said() : "");
+      if (scene.Line->Place.Line > laidOut) result.Said += PlainText(scene.Said());
       after = Look(scene);
       if (scene.Line->Place.Line <= laidOut) before = after;
     });

@@ -4,6 +4,7 @@
 #include "core/desktop.h"
 #include "core/paths.h"
 #include "data/saving.h"
+#include "text/hash.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -38,20 +39,27 @@ std::string UnsavedCopy::Offer(std::string_view cardFile) {
   std::string copy = PathOf(cardFile);
   const auto bytes = files.Read(copy);
   if (bytes && !cardFile.empty() && files.Read(FullPath(cardFile)) == bytes) {
-    own_ = true;
+    own_ = HashOf(*bytes);
   } else if (bytes) {
-    own_ = Desktop().AskYesNo(Joined("There is a copy of unsaved changes to ",
-                                     FileNameOf(FullPath(cardFile)), ".  Open it instead?"));
-    if (own_) return copy;
+    const bool isWanted =
+        Desktop().AskYesNo(Joined("There is a copy of unsaved changes to ",
+                                  FileNameOf(FullPath(cardFile)), ".  Open it instead?"));
+    if (isWanted) own_ = HashOf(*bytes);
+    if (isWanted) return copy;
   }
   return std::string(cardFile);
+}
+
+bool UnsavedCopy::IsOwn(const std::optional<std::string>& bytes) const {
+  return bytes && !own_.empty() && HashOf(*bytes) == own_;
 }
 
 std::string UnsavedCopy::MakeRoom(std::string_view cardFile) const {
   FileSystem& files = Desktop().Files();
   const std::string copy = PathOf(cardFile);
-  const auto bytes = own_ ? std::nullopt : files.Read(copy);
-  if (!bytes) return "";
+  const auto bytes = files.Read(copy);
+  // Another program may have put its own there, or the one before could not be removed.
+  if (!bytes || IsOwn(bytes)) return "";
   // A copy of what was saved says nothing new, and none is kept twice.
   bool kept = files.Read(FullPath(cardFile)) == bytes;
   for (int number = 1; !kept; ++number) {
@@ -74,7 +82,7 @@ bool UnsavedCopy::Write(std::string_view cardFile, std::string_view text) {
   std::string error = MakeRoom(cardFile);
   if (error.empty()) error = SaveText(path, text);
   if (error.empty()) {
-    own_ = true;
+    own_ = HashOf(text);
   } else if (!failureTold_) {
     Desktop().MessageBox(Joined("Can't keep a copy of unsaved changes as ", path, ": ", error));
   }
@@ -87,10 +95,12 @@ void UnsavedCopy::PutAside(std::string_view cardFile) {
 }
 
 void UnsavedCopy::RemoveOwn(std::string_view cardFile) {
-  if (!own_) return;
+  if (own_.empty()) return;
   // A copy that stays is offered again; nothing is lost by it.
-  Desktop().Files().Remove(PathOf(cardFile));
-  own_ = false;
+  FileSystem& files = Desktop().Files();
+  const std::string copy = PathOf(cardFile);
+  if (IsOwn(files.Read(copy))) files.Remove(copy);
+  own_.clear();
 }
 
 }  // namespace brindlemoor

@@ -1,6 +1,7 @@
 // UnsavedCopy: the copy of a card file that keeps what an author has not saved yet.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -27,7 +28,10 @@ class UnsavedCopy {
   /// Puts a copy that is not the editor's own aside. What went wrong, "" for nothing.
   std::string MakeRoom(std::string_view cardFile) const;
 
-  bool own_ = false;
+  /// True for bytes that are the editor's own: written or opened by it.
+  bool IsOwn(const std::optional<std::string>& bytes) const;
+
+  std::string own_;  // hash of those bytes, "" for none
   bool failureTold_ = false;
 };
 

@@ -99,7 +99,8 @@ class GridView : public QTableView {
 
   void Follow() {
     following_ = true;
-    if (cells_->Follow()) FitColumns();
+    const bool isReadOnly = !cells_->CanEdit(0);
+    if (cells_->Follow() || isReadOnly) FitColumns();
     const QModelIndex wanted = cells_->index(grid_.Row - 1, grid_.Column - 1);
     if (wanted.isValid() && wanted != currentIndex()) setCurrentIndex(wanted);
     following_ = false;

@@ -150,6 +150,7 @@ TEST_F(CardEditTest, NothingIsWrittenOrLostWhenADialogIsCancelled) {
   desktop_->FileAnswers = {std::nullopt, "/game/*.txt", "/game/absent.txt",
                            std::nullopt, std::nullopt,  "/game/store.txt"};
   desktop_->TextAnswers = {std::nullopt};
+  desktop_->ExpectedMessages = {"There is no file /game/absent.txt."};
   for (int time = 0; time < 3; ++time) form_.loaddeckmen.Click();
   EXPECT_EQ(Listed(form_.CardCombo), "Ape|");
   EXPECT_EQ(State().CardFile, "/game/cards.txt");
@@ -218,7 +219,8 @@ TEST_F(CardEditTest, TheCostCardsActionsRunOnTheChosenCard) {
   AddEffect(cost, "MODTRAIT:PRICE:2", kTargetAll, "TURNSTART", 0, "ALL");
   AddEffect(cost, "", kTargetAll, "", 0, "ALL");
   form_.UpdateCard();
-  form_.CostButton.Click();  // no card is chosen
+  desktop_->ExpectedMessages = {"Save the card first: costs are calculated for cards of the list."};
+  form_.CostButton.Click();
   EXPECT_TRUE(form_.CostButton.Visible);
   Choose(2);
   Type(form_.ValueText[0], "5");
@@ -309,6 +311,20 @@ TEST_F(CardEditTest, HelpAndTexts) {
   EXPECT_NE(form_.OutputText.Text.Get().find("#CARD, INDECK, \"Goblin\""), std::string::npos);
   form_.OutputText.RightClick();
   EXPECT_FALSE(form_.OutputText.Visible);
+}
+
+TEST_F(CardEditTest, ButtonsThatCanDoNothingSayWhy) {
+  desktop_->FileAnswers = {"/game/shop.txt"};
+  desktop_->TextAnswers = {""};
+  desktop_->ExpectedMessages = {"Give the card a name first: templates are chosen by it.",
+                                "No card has the trait CHARACTER.",
+                                "Without a name nothing is saved."};
+  form_.Command5.Click();
+  form_.Command8.Click();
+  form_.Cardstoremen.Click();
+  form_.FindNext.Click();
+  EXPECT_EQ(form_.FindNote.Caption.Get(), "Type what to look for.");
+  EXPECT_EQ(form_.Caption.Get(), "Card Editor");
 }
 
 }  // namespace

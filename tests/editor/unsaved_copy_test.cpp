@@ -132,9 +132,11 @@ TEST_F(UnsavedCopyTest, TheCopyFollowsTheChangesAndGoesWithThem) {
   Type(form_.DescText, "one");
   PassAMinute();
   EXPECT_TRUE(CopySays("one"));
-  files_->Contents[std::string(kFolder) + "/" + kCopy] = "seen";
+  const std::string written = ReadFile(kCopy);
+  WriteFile(kCopy, "seen");
   PassAMinute();
   EXPECT_EQ(ReadFile(kCopy), "seen") << "nothing new, nothing written";
+  WriteFile(kCopy, written);
   form_.undomen.Click();
   PassAMinute();
   EXPECT_EQ(ReadFile(kCopy), kNone);
@@ -279,6 +281,20 @@ TEST_F(UnsavedCopyTest, AnOwnedCardsImageIsNoChangeOfAFile) {
   PassAMinute();
   Leave();
   EXPECT_EQ(files_->Contents, files);
+}
+
+TEST_F(UnsavedCopyTest, AnothersCopyIsNeitherReplacedNorRemoved) {
+  Type(form_.ValueText[0], "5");
+  PassAMinute();
+  EXPECT_TRUE(CopySays("HP:5"));
+  WriteFile(kCopy, "the copy of a second program");
+  Type(form_.ValueText[0], "6");
+  PassAMinute();
+  EXPECT_TRUE(CopySays("HP:6"));
+  EXPECT_EQ(ReadFile("cards-unsaved-1.txt"), "the copy of a second program");
+  WriteFile(kCopy, "another one");
+  Leave();
+  EXPECT_EQ(ReadFile(kCopy), "another one");
 }
 
 }  // namespace

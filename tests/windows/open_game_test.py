@@ -72,6 +72,25 @@ class OpenGame(shipped_game.ShippedGameTest):
         harness.wait_until("the save", self.changed)
         self.assertEqual(self.changed(), ["wickwater/WickwaterCards.txt"])
 
+    def test_a_card_is_tried(self):
+        self.open_the_game()
+        self.run_.click("control", "FindText")
+        self.display.type("Matchbox Beetle")
+        self.key("Return")
+        self.run_.wait_for("control", "CardText(0)", "Matchbox Beetle")
+        self.run_.click("control", "TryButton")
+        self.run_.wait_for("window", "TrialForm", "Try This Card")
+        self.run_.wait_for("control", "Outcome")
+        self.keep("played")
+        # The list of what can be done has the focus; its second entry is the card's action.
+        self.key("Down")
+        harness.wait_until("what the page says", lambda: "strikes one last match at" in
+                           self.run_.find("control", "SaidText").text)
+        self.keep("tried")
+        self.key("Escape")
+        self.run_.wait_gone("window", "TrialForm")
+        self.assertTrue(self.run_.find("window", "CardEdit", EDITOR), "a trial changes nothing")
+
     def test_a_game_is_changed_in_a_table(self):
         self.open_the_game()
         self.keep("editor")
@@ -101,6 +120,13 @@ class OpenGame(shipped_game.ShippedGameTest):
         self.assertEqual(len(lines), 2, lines)
         for _, line in lines:
             self.assertIn(b"#EXTRADATA, 77,", line)
+
+
+class LargeScreen(OpenGame):
+    screen = "1920x1080"
+
+    test_cells_are_copied_and_pasted = None
+    test_a_game_is_changed_in_a_table = None
 
 
 if __name__ == "__main__":
