@@ -34,7 +34,7 @@ constexpr std::array<RecordRow, 35> kRows = {{
     {"file", Part::kFiles, 2, 2},
     {"others", Part::kFiles, 2, 2},
     {"keep", Part::kFiles, 2, 2},
-    {"event", Part::kRecords, 4, 7},
+    {"event", Part::kRecords, 4, 8},
     {"message", Part::kRecords, 1, 1},
     {"question", Part::kRecords, 2, 2},
     {"saving", Part::kRecords, 2, 2},

@@ -14,6 +14,7 @@
 #include "journal/session_words.h"
 #include "journal/text_change.h"
 #include "platform/files.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 namespace {
@@ -65,6 +66,7 @@ TEST(JournalTextTest, EventsComeBackAsTheyWere) {
       {.Kind = UserEventKind::kType, .Control = "Text1", .Text = ""},
       {.Kind = UserEventKind::kPointUp, .Control = "Crop", .Number = 3, .Y = 40},
       {.Kind = UserEventKind::kScroll, .Control = "VScroll1(0)", .Number = -7},
+      {.Kind = UserEventKind::kCells, .Control = "Cells", .Text = "1\t2\n", .Number = 3, .Y = 4},
   };
   for (const UserEvent& event : events) {
     for (const Moment when : {Moment{}, Moment{12, 3, false}, Moment{0, 0, true}}) {
@@ -72,6 +74,11 @@ TEST(JournalTextTest, EventsComeBackAsTheyWere) {
       ASSERT_TRUE(read);
       EXPECT_EQ(read->Event, event);
       EXPECT_EQ(read->When, when);
+      Journal journal;
+      EXPECT_EQ(ReadJournal(Joined("brindlemoor-journal 1\nstart\n",
+                                   JournalLine("event", EventFields(5, when, "Form", event)), "\n"),
+                            journal),
+                "");
     }
   }
   for (const JournalFields& fields :
