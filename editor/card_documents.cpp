@@ -28,10 +28,10 @@ struct FileCards {
 
 /// Reads a file without those that it includes into empty lists.
 FileCards ReadAlone(const std::string& path) {
-  const WorkAccount account;
   Session& state = State();
-  auto bytes = Desktop().Files().Read(path);
+  auto bytes = WorkIsSpent() ? std::nullopt : Desktop().Files().Read(path);
   if (!bytes) return {};
+  state.Work.SpendOnFile(bytes->size());
   state.Collection = Pile(1);
   state.Templates.Reset(1);
   const int depth = std::exchange(state.ReadDepth, 1);
@@ -66,6 +66,7 @@ void CardDocuments::Read(const std::string& path, const Pile& cards) {
 
 std::vector<std::string> CardDocuments::OpenGame(const GameRec& game) {
   *this = {};
+  const WorkAccount account;
   game_ = InProgramFolder(game.RulesFile);
   Session& state = State();
   std::vector<std::string> unread;

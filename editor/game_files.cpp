@@ -20,6 +20,14 @@ namespace brindlemoor {
 
 namespace {
 
+/// The bytes of a file, as long as there is work left for it.
+std::optional<std::string> BytesOf(const std::string& path) {
+  if (WorkIsSpent()) return std::nullopt;
+  auto bytes = Desktop().Files().Read(path);
+  if (bytes) State().Work.SpendOnFile(bytes->size());
+  return bytes;
+}
+
 /// Files that wait to be looked at, and those that were.
 class Gathering {
  public:
@@ -33,7 +41,7 @@ class Gathering {
   /// Adds what the files include, and what those do.
   void FollowIncludes() {
     for (std::size_t index = 0; index < paths_.size(); ++index) {
-      const auto bytes = Desktop().Files().Read(paths_[index]);
+      const auto bytes = BytesOf(paths_[index]);
       if (!bytes || bytes->find("#INCLUDE") == std::string::npos) continue;
       FieldStream stream(*bytes);
       for (std::string field; stream.Read(field);) {
@@ -49,7 +57,7 @@ class Gathering {
 };
 
 bool DeclaresGame(const std::string& path) {
-  const auto bytes = Desktop().Files().Read(path);
+  const auto bytes = BytesOf(path);
   return bytes && bytes->find("#GAMERULES") != std::string::npos;
 }
 
