@@ -111,6 +111,7 @@ void CardDocument::ReadAlone(const std::string& path, const Pile& cards) {
 }
 
 void CardDocument::Open(const std::string& path, const Pile& cards, bool alone) {
+  const WorkAccount account;  // folders are listed once
   *this = {};
   path_ = path;
   isAlone_ = alone;
@@ -307,6 +308,7 @@ void CardDocument::AddGameFile(std::vector<TextEdit>& edits) const {
 std::optional<std::string> CardDocument::BytesWith(const Pile& cards,
                                                    const Table<Template>& templates) const {
   if (!keepsText_) return std::nullopt;
+  const WorkAccount account;
   std::vector<TextEdit> edits = EditsFor(kTemplatePile, NamedTemplates(templates));
   const std::vector<TextEdit> ofCards = EditsFor(kCollectionPile, NamedCards(cards));
   edits.insert(edits.end(), ofCards.begin(), ofCards.end());

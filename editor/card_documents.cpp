@@ -112,16 +112,13 @@ std::vector<std::string> CardDocuments::FileNames() const {
 }
 
 std::size_t CardDocuments::IndexOf(const Text& sourceFile) const {
-  const std::string name = FileNameOf(sourceFile);
-  const auto isNamed = [](std::string_view wanted) {
-    return [wanted](const CardDocument& document) {
-      return FoldEquals(FileNameOf(document.Path()), wanted);
-    };
+  const auto find = [this](const std::string& name) {
+    return std::ranges::find_if(documents_, [&name](const CardDocument& document) {
+      return FoldEquals(FileNameOf(document.Path()), name);
+    });
   };
-  auto found = std::ranges::find_if(documents_, isNamed(name));
-  if (found == documents_.end()) {
-    found = std::ranges::find_if(documents_, isNamed(FileNameOf(mainFile_)));
-  }
+  auto found = find(FileNameOf(sourceFile));
+  if (found == documents_.end()) found = find(FileNameOf(mainFile_));
   return static_cast<std::size_t>(found - documents_.begin());
 }
 
@@ -146,24 +143,21 @@ void CardDocuments::Sort(Pile& cards) const {
   for (auto& entry : sorted) cards[++place] = std::move(entry.second);
 }
 
-Pile CardDocuments::CardsIn(std::size_t document, const Pile& cards) const {
-  Pile found;
-  for (const Card& card : cards) {
-    if (!IsFree(card) && IndexOf(card.SourceFile) == document) found.Append(card);
-  }
-  return found;
-}
-
 std::vector<CardDocuments::Change> CardDocuments::Changes(const Pile& cards,
                                                           const Table<Template>& templates) const {
+  if (documents_.empty()) return {};
+  std::vector<Pile> cardsOf(documents_.size());
+  std::vector<Table<Template>> templatesOf(documents_.size());
+  for (const Card& card : cards) {
+    if (!IsFree(card)) cardsOf[IndexOf(card.SourceFile)].Append(card);
+  }
+  for (const Template& record : templates) {
+    if (!IsFree(record.Card)) templatesOf[IndexOf(record.Card.SourceFile)].Append(record);
+  }
   std::vector<Change> changes;
   for (std::size_t number = 0; number < documents_.size(); ++number) {
-    Table<Template> own;
-    for (const Template& record : templates) {
-      if (!IsFree(record.Card) && IndexOf(record.Card.SourceFile) == number) own.Append(record);
-    }
     const CardDocument& document = documents_[number];
-    auto bytes = document.BytesWith(CardsIn(number, cards), own);
+    auto bytes = document.BytesWith(cardsOf[number], templatesOf[number]);
     if (bytes != document.Bytes()) changes.push_back({document.Path(), std::move(bytes)});
   }
   return changes;
@@ -183,7 +177,12 @@ bool CardDocuments::IsAsLeft(const std::string& path) const {
 void CardDocuments::ReadAgain(const std::string& path, const Pile& cards) {
   const auto found = std::ranges::find(documents_, path, &CardDocument::Path);
   if (found == documents_.end()) return;
-  found->ReadAlone(path, CardsIn(static_cast<std::size_t>(found - documents_.begin()), cards));
+  const auto number = static_cast<std::size_t>(found - documents_.begin());
+  Pile own;
+  for (const Card& card : cards) {
+    if (!IsFree(card) && IndexOf(card.SourceFile) == number) own.Append(card);
+  }
+  found->ReadAlone(path, own);
 }
 
 }  // namespace brindlemoor

@@ -50,7 +50,6 @@ class CardDocuments {
 
  private:
   std::size_t IndexOf(const Text& sourceFile) const;
-  Pile CardsIn(std::size_t document, const Pile& cards) const;
 
   std::vector<CardDocument> documents_;
   std::string game_;  // path of the rules file

@@ -8,7 +8,7 @@
 #include "editor/card_edit.h"
 #include "editor/cost_calculator.h"
 #include "editor/effect_picker.h"
-#include "editor/word_picker.h"
+#include "editor/word_choice.h"
 
 namespace brindlemoor {
 

@@ -5,7 +5,7 @@
 #include "data/card_file_writer.h"
 #include "data/saving.h"
 #include "editor/card_edit.h"
-#include "ui/game_picker.h"
+#include "ui/choice_form.h"
 
 namespace brindlemoor {
 
@@ -55,6 +55,8 @@ bool CardEdit::SaveGame() {
     }
     if (!MaySaveOver(change.Path)) return false;
   }
+  // A card that moves is in no file between two writes; the copy has it whatever happens there.
+  if (changes.size() > 1 && !copy_.Write(CopyName(), UnsavedText())) return false;
   for (const CardDocuments::Change& change : changes) {
     if (!SaveBytesOrTell(change.Path, FileNameOf(change.Path), *change.Bytes)) return false;
     documents_.ReadAgain(change.Path, state.Collection);

@@ -16,6 +16,7 @@
 #include "language/traits.h"
 #include "scenario/scenario_run.h"
 #include "scenario/scene.h"
+#include "text/one_line.h"
 #include "text/quoting.h"
 #include "text/text.h"
 
@@ -114,19 +115,16 @@ Companions CompanionsOf(const Card& tried) {
 
 /// A player card as the game has it, with enough of what is paid with.
 std::string PlayerLines(int side) {
-  Card player;
+  const Card* player = nullptr;
   for (const Card& card : State().Collection) {
-    if (IsFree(player) && HasTrait(card, kPlayerTrait)) player = card;
+    if (player == nullptr && !IsFree(card) && HasTrait(card, kPlayerTrait)) player = &card;
   }
   std::string lines = Joined(
       "player ", side, " ", Word(side == 1 ? "Your player card" : "The enemy's player card"), "\n");
-  if (IsFree(player)) {
-    lines += Joined("  trait PLAYER 1\n  trait HP ", kHitPoints, "\n");
-  } else {
-    lines += TraitLines(player);
-  }
+  lines += player != nullptr ? TraitLines(*player)
+                             : Joined("  trait PLAYER 1\n  trait HP ", kHitPoints, "\n");
   for (const std::string_view name : kResources) {
-    if (NumericPrefix(GetTrait(player, name).Print().View()) >= kEnough) continue;
+    if (player != nullptr && GetTrait(*player, name).Number() >= kEnough) continue;
     lines += Joined("  trait ", name, " ", kEnough, "\n");
   }
   return lines;
@@ -158,7 +156,7 @@ std::string LayOut(const TrialRequest& request) {
   const Card& tried = request.Tried;
   const Companions others = CompanionsOf(tried);
   const std::string rules = FileNameOf(State().GameFileName);
-  std::string text = Joined("# What ", tried.Name, " does, tried in the card editor.\n");
+  std::string text = Joined("# What ", OneLine(tried.Name), " does, tried in the card editor.\n");
   if (!ResolvePath(rules, 0).empty()) text += Joined("rules ", Word(rules), "\n");
   text += Joined("seed 1\n", PlayerLines(1), PlayerLines(2));
   const std::size_t cards = text.size();

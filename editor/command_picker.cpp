@@ -4,7 +4,7 @@
 #include "core/desktop.h"
 #include "core/replacing.h"
 #include "core/strings.h"
-#include "editor/word_picker.h"
+#include "editor/word_choice.h"
 #include "text/text.h"
 
 namespace brindlemoor {

@@ -45,6 +45,4 @@ CardGrid& TheCardGrid() { return Made(TheForms().Grid); }
 
 TrialForm& TheTrialForm() { return Made(TheForms().Trial); }
 
-WordPicker& TheWordPicker() { return Made(TheForms().Words); }
-
 }  // namespace brindlemoor

@@ -9,7 +9,6 @@
 #include "editor/effect_picker.h"
 #include "editor/trial_form.h"
 #include "editor/value_generator.h"
-#include "editor/word_picker.h"
 #include "images/picture_picker.h"
 
 namespace brindlemoor {
@@ -20,7 +19,6 @@ struct EditorForms {
   std::unique_ptr<EffectPicker> Effects;
   std::unique_ptr<CounterPicker> Counters;
   std::unique_ptr<ValGen> Values;
-  std::unique_ptr<WordPicker> Words;
   std::unique_ptr<PicPick> Pictures;
   std::unique_ptr<CardGrid> Grid;
   std::unique_ptr<TrialForm> Trial;
@@ -34,7 +32,6 @@ CounterPicker& TheCounterPicker();
 ValGen& TheValGen();
 CardGrid& TheCardGrid();
 TrialForm& TheTrialForm();
-WordPicker& TheWordPicker();
 PicPick& ThePicPick();
 
 }  // namespace brindlemoor

@@ -7,6 +7,7 @@
 
 #include "core/desktop.h"
 #include "core/paths.h"
+#include "core/replacing.h"
 #include "core/state.h"
 #include "data/saving.h"
 #include "editor/card_rows.h"
@@ -30,7 +31,8 @@ std::string ForFolder(const std::string& scenario, const std::string& path) {
       fs::path(State().ProgramFolder).lexically_relative(folder).generic_string();
   if (way.empty() || way == ".") return scenario;
   const std::size_t second = scenario.find('\n') + 1;
-  return Joined(scenario.substr(0, second), "folder \"", way, "\"\n", scenario.substr(second));
+  return Joined(scenario.substr(0, second), "folder \"", ReplacedCopy(way, "\"", "\"\""), "\"\n",
+                scenario.substr(second));
 }
 
 }  // namespace

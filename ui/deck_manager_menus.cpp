@@ -18,8 +18,8 @@
 #include "game/player_saving.h"
 #include "language/traits.h"
 #include "script/card_setup.h"
+#include "ui/choice_form.h"
 #include "ui/deck_manager.h"
-#include "ui/game_picker.h"
 
 namespace brindlemoor {
 

@@ -38,6 +38,6 @@ DeckManager& TheDeckManager() { return Made(TheForms().Decks); }
 
 ProgressForm& TheProgressForm() { return Made(TheForms().Progress); }
 
-GamePicker& TheGamePicker() { return Made(TheForms().Games); }
+ChoiceForm& TheChoiceForm() { return Made(TheForms().Choice); }
 
 }  // namespace brindlemoor

@@ -3,8 +3,8 @@
 
 #include <memory>
 
+#include "ui/choice_form.h"
 #include "ui/deck_manager.h"
-#include "ui/game_picker.h"
 #include "ui/help_window.h"
 #include "ui/main_window.h"
 #include "ui/profile_menu.h"
@@ -19,7 +19,7 @@ struct Forms {
   std::unique_ptr<HelpForm> Help;
   std::unique_ptr<DeckManager> Decks;
   std::unique_ptr<ProgressForm> Progress;
-  std::unique_ptr<GamePicker> Games;
+  std::unique_ptr<ChoiceForm> Choice;
 };
 
 /// The windows, each made at its first use; the main window is loaded then.
@@ -28,6 +28,6 @@ ProfileMenu& TheProfileMenu();
 HelpForm& TheHelpForm();
 DeckManager& TheDeckManager();
 ProgressForm& TheProgressForm();
-GamePicker& TheGamePicker();
+ChoiceForm& TheChoiceForm();
 
 }  // namespace brindlemoor

@@ -127,6 +127,21 @@ TEST_F(CardDocumentsTest, AFileThatOthersHaveChangedIsAskedFor) {
   EXPECT_NE(ReadFile("marsh/Cards.txt").find("HP:8"), std::string::npos);
 }
 
+TEST_F(CardDocumentsTest, ACardOnItsWayBetweenTwoFilesIsInACopy) {
+  OpenGame();
+  Choose(PlaceOf("Frog"));
+  ChooseText(form_.FileCombo, "Shared.txt");
+  files_->WriteError = "disk full";
+  const std::string copy = "/game/Marsh (whole game).txt.unsaved";
+  desktop_->ExpectedMessages = {"Can't keep a copy of unsaved changes as " + copy + ": disk full"};
+  form_.savedeckmen.Click();
+  ExpectFiles(kShared, kCards, kEnemy);
+  files_->WriteError = "";
+  form_.savedeckmen.Click();
+  EXPECT_NE(ReadFile("Shared.txt"), kShared);
+  EXPECT_EQ(files_->Contents.count(copy), 0U) << "all is saved";
+}
+
 TEST_F(CardDocumentsTest, UnsavedWorkOnAGameComesBack) {
   OpenGame();
   Choose(PlaceOf("Elf"));
@@ -146,14 +161,14 @@ TEST_F(CardDocumentsTest, UnsavedWorkOnAGameComesBack) {
 TEST_F(CardDocumentsTest, WhichGameIsAskedWhereThereAreTwo) {
   WriteFile("Bog.txt", "#GAMERULES, Bog, , , , \n");
   desktop_->ModalForms.emplace_back([](Form&) {
-    TheGamePicker().List1.Selected = 2;
-    TheGamePicker().Command2.Click();
+    TheChoiceForm().List1.Selected = 2;
+    TheChoiceForm().Command2.Click();
   });
   OpenGame();
   EXPECT_EQ(Names(), "|");
   desktop_->ModalForms.emplace_back([](Form&) {
-    TheGamePicker().List1.Selected = 2;
-    TheGamePicker().Command1.Click();
+    TheChoiceForm().List1.Selected = 2;
+    TheChoiceForm().Command1.Click();
   });
   OpenGame();
   EXPECT_EQ(State().Collection.UpperBound(), 4);

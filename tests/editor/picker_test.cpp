@@ -8,6 +8,7 @@
 #include "script/command_table.h"
 #include "script/run_action.h"
 #include "tests/support/session_test.h"
+#include "ui/choice_form.h"
 
 namespace brindlemoor {
 namespace {
@@ -31,13 +32,13 @@ class PickerTest : public SessionTest {
         });
       } else if (answer.has_value() && answer->starts_with("~")) {
         desktop_->ModalForms.push_back([this, word = answer->substr(1)](Form& shown) {
-          auto& words = static_cast<WordPicker&>(shown);
+          auto& words = static_cast<ChoiceForm&>(shown);
           desktop_->Questions.push_back("~" + words.Label1.Caption.Get());
-          const auto& items = words.Words.Items.Get();
+          const auto& items = words.List1.Items.Get();
           const auto item = std::ranges::find_if(
               items, [&](const std::string& text) { return text.starts_with(word + ": "); });
-          words.Words.Selected = static_cast<int>(item - items.begin()) + 1;
-          (item == items.end() ? words.CancelButton : words.TakeButton).Click();
+          words.List1.Selected = static_cast<int>(item - items.begin()) + 1;
+          (item == items.end() ? words.Command2 : words.Command1).Click();
         });
       } else {
         desktop_->TextAnswers.push_back(answer);

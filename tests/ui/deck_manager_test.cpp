@@ -332,10 +332,10 @@ TEST_F(DeckManagerTest, WhichGameListsANewOpponentIsAskedWhereItIsUnclear) {
   SetTrait(State().Collection[1], "PLAYER", "1", 1);
   Open(kNewOpponent);
   ClickCollection(0);
-  desktop_->ModalForms.emplace_back([](Form&) { TheGamePicker().Command2.Click(); });
+  desktop_->ModalForms.emplace_back([](Form&) { TheChoiceForm().Command2.Click(); });
   desktop_->ModalForms.emplace_back([](Form&) {
-    TheGamePicker().List1.Selected = 2;
-    TheGamePicker().List1.Open();
+    TheChoiceForm().List1.Selected = 2;
+    TheChoiceForm().List1.Open();
   });
   desktop_->TextAnswers = {"Rex", "Rex"};
   desktop_->ExpectedMessages = {"Enemy saved."};

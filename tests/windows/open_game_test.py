@@ -7,7 +7,7 @@ import shipped_game
 from shipped_game import TITLE
 
 EDITOR = "Card Editor"
-PICKER = "Games"
+PICKER = "Choose"
 TABLE = "All Cards"
 
 
@@ -45,11 +45,11 @@ class OpenGame(shipped_game.ShippedGameTest):
         self.run_.wait_for("window", "CardEdit", EDITOR)
         self.run_.fill_screen(EDITOR)
         self.run_.choose("File", "Open Game...")
-        self.run_.wait_for("window", "GamePicker", PICKER)
+        self.run_.wait_for("window", "ChoiceForm", PICKER)
         self.keep("picker")
         self.key("Home")
         self.key("Return")
-        self.run_.wait_gone("window", "GamePicker")
+        self.run_.wait_gone("window", "ChoiceForm")
         self.run_.wait_for("control", "cardtotal")
         harness.wait_until("the cards", lambda: int(
             self.run_.find("control", "cardtotal").text.split()[-1]) > 100)

@@ -1,27 +1,11 @@
-// WordPicker: the choice of a trigger or a target type from the engine's tables.
+// The choice of a trigger or a target type from the engine's tables.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
-
-#include "platform/controls.h"
 
 namespace brindlemoor {
-
-struct WordPicker : Form {
-  WordPicker();
-
-  Label Label1{"Label1"};  ///< the question
-  ListBox Words{"Words"};  ///< each with its meaning
-  Button TakeButton{"TakeButton"};
-  Button CancelButton{"CancelButton"};
-
-  bool Taken = false;  ///< the chosen word is wanted
-
-  void Take();
-};
 
 /// What a trigger or a target type of these names asks for goes behind it: "TRAITCHANGE" becomes
 /// "TRAITCHANGE:HP". Nothing when a question was cancelled. The trigger of a menu action is typed,

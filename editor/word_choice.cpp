@@ -1,20 +1,19 @@
 // Offering the words of the engine's tables, and asking for what stands behind them.
-#include "editor/word_picker.h"
+#include "editor/word_choice.h"
 
 #include <algorithm>
 #include <set>
+#include <utility>
+#include <vector>
 
 #include "core/desktop.h"
-#include "editor/editor_forms.h"
 #include "language/target_types.h"
-#include "platform/arrangement.h"
 #include "text/text.h"
+#include "ui/choice_form.h"
 
 namespace brindlemoor {
 
 namespace {
-
-constexpr int kButtonWidth = 120;
 
 struct Word {
   std::string_view Name;
@@ -22,18 +21,12 @@ struct Word {
 };
 
 std::optional<std::string> AskWord(std::string_view prompt, const std::vector<Word>& words) {
-  WordPicker& form = TheWordPicker();
-  form.Label1.Caption = std::string(prompt);
   std::vector<std::string> items;
   items.reserve(words.size());
   for (const Word& word : words) items.push_back(Joined(word.Name, ": ", word.Meaning));
-  form.Words.Items = std::move(items);
-  form.Words.Selected = 1;
-  form.Taken = false;
-  Desktop().ShowForm(form, true);
-  const auto chosen = static_cast<std::size_t>(form.Words.Selected);
-  if (!form.Taken || chosen < 1 || chosen > words.size()) return std::nullopt;
-  return std::string(words[chosen - 1].Name);
+  const int chosen = AskChoice(prompt, std::move(items));
+  if (chosen == 0) return std::nullopt;
+  return std::string(words[static_cast<std::size_t>(chosen) - 1].Name);
 }
 
 std::optional<std::string> AskTriggerWord(std::string_view prompt, bool withFields) {
@@ -54,25 +47,6 @@ std::optional<std::string> WithAnswer(std::string_view word, std::string_view qu
 }
 
 }  // namespace
-
-WordPicker::WordPicker() : Form("WordPicker") {
-  Caption = "Choose";
-  Width = 620;
-  Height = 520;
-  TakeButton.Caption = "Take";
-  TakeButton.Click = Words.Open = [this] { Take(); };
-  CancelButton.Caption = "Cancel";
-  CancelButton.Cancel = true;
-  CancelButton.Click = [this] { Desktop().HideForm(*this); };
-  Arrangement = Column({Cell(Label1), Cell(Words, 1),
-                        Row({Layout{.Stretch = 1}, Cell(TakeButton, 0, kButtonWidth),
-                             Cell(CancelButton, 0, kButtonWidth)})});
-}
-
-void WordPicker::Take() {
-  Taken = true;
-  Desktop().HideForm(*this);
-}
 
 std::optional<std::string> CompletedTrigger(const std::string& chosen, bool typesMenuTrigger) {
   const auto row = std::ranges::find(kTriggerRows, chosen, &TriggerRow::Stem);
