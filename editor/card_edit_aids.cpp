@@ -4,18 +4,24 @@
 #include "editor/card_find.h"
 #include "editor/card_preview.h"
 #include "editor/script_hints.h"
+#include "editor/script_parts.h"
+#include "editor/script_suggestions.h"
+#include "reference/reference_page.h"
+#include "reference/script_sentence.h"
+#include "ui/help_window.h"
 
 namespace brindlemoor {
 
 namespace {
 
 constexpr int kHintColor = 0xD9B36C;
+constexpr int kSentenceColor = 0x9DB2C6;
 constexpr int kPause = 400;  // milliseconds
 
 }  // namespace
 
 void CardEdit::NameAids() {
-  for (int row = 0; row < kVisibleRows; ++row) ScriptHint[row].TextColor = kHintColor;
+  for (int row = 0; row < kVisibleRows; ++row) NameScriptAids(row);
   for (Label* label : {&NameHint, &FindNote}) label->TextColor = kHintColor;
   FindText.Placeholder = "Find a card";
   FindText.ToolTip =
@@ -31,11 +37,31 @@ void CardEdit::NameAids() {
   Timers.push_back(&PreviewTimer);
 }
 
+void CardEdit::NameScriptAids(int row) {
+  TextBox& box = EffText[row];
+  box.Runs = [this, row](const std::string& text) {
+    EffectRow shown = Edited.Rows.Effect(row);
+    shown.Script = text;
+    return RunsOfAction(shown);
+  };
+  box.Suggest = [this](const std::string& text, std::size_t caret) {
+    return SuggestForScript(text, caret,
+                            {.Traits = TraitCombo[0].Items.Get(), .Cards = CardCombo.Items.Get()});
+  };
+  box.Help = [&box](std::size_t caret) {
+    ShowHelp(kReferenceFile, ReferenceAnchor(box.Text.Get(), caret));
+  };
+}
+
+/// What is wrong comes first: with that mended, the sentence tells what the script does.
 void CardEdit::ShowHints() {
   for (int row = 0; row < kVisibleRows; ++row) {
-    const std::string hint = HintForAction(Edited.Rows.Effect(row));
-    ScriptHint[row].Caption = hint;
-    ScriptHint[row].ToolTip = hint;
+    const EffectRow& shown = Edited.Rows.Effect(row);
+    const std::string hint = HintForAction(shown);
+    Label& line = ScriptHint[row];
+    line.TextColor = hint.empty() ? kSentenceColor : kHintColor;
+    line.Caption = hint.empty() ? SentenceOfScript(shown.Script) : hint;
+    line.ToolTip = line.Caption.Get();
   }
 }
 

@@ -2,6 +2,7 @@
 // platform binds each model to something that can be seen.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -78,6 +79,42 @@ struct Label : Control {
   std::function<void()> Click;
 };
 
+/// What a stretch of a text is, for its colour.
+enum class TextStyle {
+  kPlain,
+  kCommand,
+  kCondition,
+  kName,
+  kValue,
+  kPlace,
+  kMessage,
+  kUnknown,
+};
+
+/// A stretch of a text; Offset and Length count bytes.
+struct TextRun {
+  std::size_t Offset = 0;
+  std::size_t Length = 0;
+  TextStyle Style = TextStyle::kPlain;
+  std::string Note{};  ///< what is wrong here: underlined, and told under the pointer
+  bool operator==(const TextRun&) const = default;
+};
+
+struct TextSuggestion {
+  std::string Text;
+  std::string Note;  ///< what it means, in a few words
+  bool operator==(const TextSuggestion&) const = default;
+};
+
+/// What may be typed at a place of a text, in place of the bytes that stand there.
+struct TextSuggestions {
+  std::size_t Offset = 0;
+  std::size_t Length = 0;
+  std::vector<TextSuggestion> Items{};
+};
+
+/// A MultiLine box asks for the colours of its text whenever it or the model changes, and for
+/// suggestions while the user types; neither may change anything.
 struct TextBox : Control {
   using Control::Control;
   Property<std::string> Text{*this};
@@ -89,6 +126,11 @@ struct TextBox : Control {
   /// The Enter key was pressed. A MultiLine box with this handler holds one line, wrapped.
   std::function<void()> Enter;
   std::function<void()> RightClick;  ///< takes the place of the menu for copying and pasting
+  /// The styled stretches in their order; those with a Note may lie over the others.
+  std::function<std::vector<TextRun>(const std::string& text)> Runs;
+  std::function<TextSuggestions(const std::string& text, std::size_t caret)> Suggest;
+  /// F1 was pressed with the caret before this byte. Without it the key is the form's.
+  std::function<void(std::size_t caret)> Help;
 };
 
 struct ComboBox : Control {

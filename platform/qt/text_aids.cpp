@@ -1,0 +1,197 @@
+// Colours as extra selections, so that the text itself and its undo stay untouched, and a list of
+// suggestions at the caret.
+#include "platform/qt/text_aids.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QStandardItemModel>
+#include <QTextBlock>
+#include <QToolTip>
+#include <algorithm>
+
+#include "platform/qt/form_window.h"
+
+namespace brindlemoor {
+
+namespace {
+
+/// By TextStyle. On the dark ground of the boxes each has a contrast of 7:1 or more.
+constexpr std::array<QRgb, 8> kColors = {0xFFFFFF, 0x7FC8FF, 0xFFC35A, 0xB9E08C,
+                                         0xE0B3FF, 0x62D9CF, 0xD9E2EA, 0xFF9B8F};
+constexpr QRgb kWrong = 0xFF7466;
+constexpr int kRowsShown = 10;
+constexpr int kSpare = 24;
+
+QTextCharFormat FormatOf(const TextRun& run) {
+  QTextCharFormat format;
+  if (run.Note.empty()) {
+    format.setForeground(QColor(kColors[static_cast<std::size_t>(run.Style)]));
+  } else {
+    format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
+    format.setUnderlineColor(QColor(kWrong));
+  }
+  return format;
+}
+
+/// Turns places in bytes into those of the toolkit, each of which lies behind the one before or
+/// begins anew.
+class Places {
+ public:
+  explicit Places(const std::string& text) : text_(text) {}
+  int operator()(std::size_t byte) {
+    byte = std::min(byte, text_.size());
+    if (byte < byte_) byte_ = 0, place_ = 0;
+    place_ += static_cast<int>(
+        QString::fromUtf8(text_.data() + byte_, static_cast<qsizetype>(byte - byte_)).size());
+    byte_ = byte;
+    return place_;
+  }
+
+ private:
+  const std::string& text_;
+  std::size_t byte_ = 0;
+  int place_ = 0;
+};
+
+bool IsWordKey(const QKeyEvent& key) {
+  const QString text = key.text();
+  return !text.isEmpty() && text.front().isPrint() &&
+         !key.modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier);
+}
+
+}  // namespace
+
+TextAids::TextAids(TextBox& model, QPlainTextEdit& edit, FormWindow& window)
+    : QObject(&edit), model_(model), edit_(edit), window_(window) {
+  edit.installEventFilter(this);
+  edit.viewport()->installEventFilter(this);
+  if (!model.Suggest) return;
+  items_ = new QStandardItemModel(this);
+  list_ = new QCompleter(items_, this);
+  list_->setWidget(&edit);
+  list_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+  list_->setMaxVisibleItems(kRowsShown);
+  connect(list_, qOverload<const QModelIndex&>(&QCompleter::activated), this,
+          [this](const QModelIndex& index) { TakeSuggestion(index.row()); });
+}
+
+void TextAids::ShowRuns() {
+  if (!model_.Runs) return;
+  const std::string text = edit_.toPlainText().toStdString();
+  runs_ = model_.Runs(text);
+  Places place(text);
+  QList<QTextEdit::ExtraSelection> shown;
+  for (const TextRun& run : runs_) {
+    QTextCursor cursor(edit_.document());
+    cursor.setPosition(place(run.Offset));
+    cursor.setPosition(place(run.Offset + run.Length), QTextCursor::KeepAnchor);
+    shown.append({cursor, FormatOf(run)});
+  }
+  edit_.setExtraSelections(shown);
+}
+
+bool TextAids::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ToolTip && watched == edit_.viewport()) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    ShowNote(help->pos(), help->globalPos());
+    return true;
+  }
+  if (watched != &edit_) return QObject::eventFilter(watched, event);
+  if (event->type() == QEvent::ShortcutOverride && model_.Help &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_F1) {
+    event->accept();
+    return true;
+  }
+  if (event->type() == QEvent::KeyPress) return PressKey(*static_cast<QKeyEvent*>(event));
+  return QObject::eventFilter(watched, event);
+}
+
+/// Keys that the list of suggestions takes while it is open.
+bool TextAids::IsForList(int key) const {
+  if (list_ == nullptr || !list_->popup()->isVisible()) return false;
+  return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab;
+}
+
+bool TextAids::PressKey(QKeyEvent& key) {
+  if (key.key() == Qt::Key_F1 && model_.Help) {
+    window_.Deliver({.Kind = UserEventKind::kHelp,
+                     .Control = model_.Name,
+                     .Number = static_cast<int>(Caret())});
+    return true;
+  }
+  if (list_ == nullptr) return false;
+  if (IsForList(key.key())) {
+    const QModelIndex chosen = list_->popup()->currentIndex();
+    list_->popup()->hide();
+    TakeSuggestion(chosen.isValid() ? chosen.row() : 0);
+    return true;
+  }
+  const bool asked = key.key() == Qt::Key_Space && key.modifiers() == Qt::ControlModifier;
+  const bool typed = IsWordKey(key) || key.key() == Qt::Key_Backspace;
+  if (asked || typed) {
+    // What the key does to the text comes first.
+    QMetaObject::invokeMethod(
+        this, [this, asked] { Suggest(asked); }, Qt::QueuedConnection);
+  }
+  return asked;
+}
+
+/// Opens the list at the caret. Unasked it opens only where a word has been begun.
+void TextAids::Suggest(bool asked) {
+  const std::string text = edit_.toPlainText().toStdString();
+  const std::size_t caret = Caret();
+  offered_ = edit_.isReadOnly() ? TextSuggestions() : model_.Suggest(text, caret);
+  const bool begun = caret > offered_.Offset;
+  const bool complete = offered_.Items.size() == 1 &&
+                        text.compare(offered_.Offset, offered_.Length, offered_.Items[0].Text) == 0;
+  if (offered_.Items.empty() || complete || (!asked && !begun)) {
+    list_->popup()->hide();
+    return;
+  }
+  items_->clear();
+  for (const TextSuggestion& item : offered_.Items) {
+    items_->appendRow(new QStandardItem(
+        QString::fromStdString(item.Note.empty() ? item.Text : item.Text + "   " + item.Note)));
+  }
+  QRect place = edit_.cursorRect();
+  QAbstractItemView& view = *list_->popup();
+  place.setWidth(
+      std::min(view.sizeHintForColumn(0) + view.verticalScrollBar()->sizeHint().width() + kSpare,
+               window_.width()));
+  list_->complete(place);
+}
+
+void TextAids::TakeSuggestion(int row) {
+  if (row < 0 || row >= static_cast<int>(offered_.Items.size())) return;
+  const std::string text = edit_.toPlainText().toStdString();
+  Places place(text);
+  QTextCursor cursor = edit_.textCursor();
+  cursor.setPosition(place(offered_.Offset));
+  cursor.setPosition(place(offered_.Offset + offered_.Length), QTextCursor::KeepAnchor);
+  cursor.insertText(QString::fromStdString(offered_.Items[static_cast<std::size_t>(row)].Text));
+  edit_.setTextCursor(cursor);
+}
+
+void TextAids::ShowNote(const QPoint& place, const QPoint& onScreen) const {
+  const std::string text = edit_.toPlainText().toStdString();
+  Places places(text);
+  const int at = edit_.cursorForPosition(place).position();
+  for (const TextRun& run : runs_) {
+    if (run.Note.empty()) continue;
+    const int begin = places(run.Offset);
+    if (at < begin || at > places(run.Offset + run.Length)) continue;
+    QToolTip::showText(onScreen, QString::fromStdString(run.Note).toHtmlEscaped(), &edit_);
+    return;
+  }
+  QToolTip::showText(onScreen, edit_.toolTip(), &edit_);
+}
+
+std::size_t TextAids::Caret() const {
+  const QString before = edit_.toPlainText().left(edit_.textCursor().position());
+  return static_cast<std::size_t>(before.toUtf8().size());
+}
+
+}  // namespace brindlemoor
