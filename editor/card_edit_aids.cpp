@@ -62,6 +62,7 @@ void CardEdit::ShowHints() {
     line.TextColor = hint.empty() ? kSentenceColor : kHintColor;
     line.Caption = hint.empty() ? SentenceOfScript(shown.Script) : hint;
     line.ToolTip = line.Caption.Get();
+    EffText[row].Changed();  // its notes speak of the trigger and the target as well
   }
 }
 

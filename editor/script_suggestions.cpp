@@ -71,6 +71,7 @@ void OfferTriggers(Choice& choice) {
 
 void OfferValueWords(Choice& choice) {
   for (const ValueKeyword& row : ValueKeywords()) {
+    if (std::ranges::find(OwnerWords(), row.Word) != OwnerWords().end()) continue;
     // The number of an operator, or of dice, is typed behind its word.
     std::string word(row.Word.substr(0, row.Word.find('#')));
     if (row.Usage.starts_with('/')) word += '/';

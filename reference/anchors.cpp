@@ -22,6 +22,8 @@ std::string TriggerAnchor(std::string_view word) {
 
 std::string ValueAnchor(std::string_view field) {
   if (const ValueKeywordRow* row = FindValueKeyword(field)) return Joined("value-", row->Word);
+  // No other word of a value begins as dice do.
+  if (field.starts_with('R')) return Joined("value-", kDiceWord);
   const auto words = ValueKeywords();
   const auto row = std::ranges::find(words, field, &ValueKeyword::Word);
   return row == words.end() ? "" : Joined("value-", row->Word);

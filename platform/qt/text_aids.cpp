@@ -56,12 +56,6 @@ class Places {
   int place_ = 0;
 };
 
-bool IsWordKey(const QKeyEvent& key) {
-  const QString text = key.text();
-  return !text.isEmpty() && text.front().isPrint() &&
-         !key.modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier);
-}
-
 }  // namespace
 
 TextAids::TextAids(TextBox& model, QPlainTextEdit& edit, FormWindow& window)
@@ -76,6 +70,14 @@ TextAids::TextAids(TextBox& model, QPlainTextEdit& edit, FormWindow& window)
   list_->setMaxVisibleItems(kRowsShown);
   connect(list_, qOverload<const QModelIndex&>(&QCompleter::activated), this,
           [this](const QModelIndex& index) { TakeSuggestion(index.row()); });
+  // The list takes the keys while it is open, and its own filter would give Enter to the box.
+  list_->popup()->installEventFilter(this);
+  connect(
+      &edit, &QPlainTextEdit::textChanged, this,
+      [this] {
+        if (edit_.hasFocus()) Suggest(false);
+      },
+      Qt::QueuedConnection);
 }
 
 void TextAids::ShowRuns() {
@@ -99,44 +101,33 @@ bool TextAids::eventFilter(QObject* watched, QEvent* event) {
     ShowNote(help->pos(), help->globalPos());
     return true;
   }
-  if (watched != &edit_) return QObject::eventFilter(watched, event);
-  if (event->type() == QEvent::ShortcutOverride && model_.Help &&
-      static_cast<QKeyEvent*>(event)->key() == Qt::Key_F1) {
-    event->accept();
-    return true;
-  }
-  if (event->type() == QEvent::KeyPress) return PressKey(*static_cast<QKeyEvent*>(event));
-  return QObject::eventFilter(watched, event);
+  const bool asks = event->type() == QEvent::ShortcutOverride;
+  if ((!asks && event->type() != QEvent::KeyPress) || watched == edit_.viewport()) return false;
+  const auto* key = static_cast<QKeyEvent*>(event);
+  if (watched != &edit_) return !asks && PressKeyOfList(key->key());
+  // Accepted, the question keeps the key from the form's menu.
+  if (asks && model_.Help && key->key() == Qt::Key_F1) event->accept();
+  return !asks && PressKey(*key);
 }
 
-/// Keys that the list of suggestions takes while it is open.
-bool TextAids::IsForList(int key) const {
-  if (list_ == nullptr || !list_->popup()->isVisible()) return false;
-  return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab;
+bool TextAids::PressKeyOfList(int key) {
+  if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Tab) return false;
+  const int row = list_->popup()->currentIndex().row();
+  list_->popup()->hide();
+  TakeSuggestion(row);
+  return true;
 }
 
-bool TextAids::PressKey(QKeyEvent& key) {
+bool TextAids::PressKey(const QKeyEvent& key) {
   if (key.key() == Qt::Key_F1 && model_.Help) {
     window_.Deliver({.Kind = UserEventKind::kHelp,
                      .Control = model_.Name,
                      .Number = static_cast<int>(Caret())});
     return true;
   }
-  if (list_ == nullptr) return false;
-  if (IsForList(key.key())) {
-    const QModelIndex chosen = list_->popup()->currentIndex();
-    list_->popup()->hide();
-    TakeSuggestion(chosen.isValid() ? chosen.row() : 0);
-    return true;
-  }
   const bool asked = key.key() == Qt::Key_Space && key.modifiers() == Qt::ControlModifier;
-  const bool typed = IsWordKey(key) || key.key() == Qt::Key_Backspace;
-  if (asked || typed) {
-    // What the key does to the text comes first.
-    QMetaObject::invokeMethod(
-        this, [this, asked] { Suggest(asked); }, Qt::QueuedConnection);
-  }
-  return asked;
+  if (asked && list_ != nullptr) Suggest(true);
+  return asked && list_ != nullptr;
 }
 
 /// Opens the list at the caret. Unasked it opens only where a word has been begun.
@@ -156,12 +147,13 @@ void TextAids::Suggest(bool asked) {
     items_->appendRow(new QStandardItem(
         QString::fromStdString(item.Note.empty() ? item.Text : item.Text + "   " + item.Note)));
   }
-  QRect place = edit_.cursorRect();
+  QRect place = edit_.cursorRect().translated(edit_.viewport()->pos());
   QAbstractItemView& view = *list_->popup();
   place.setWidth(
       std::min(view.sizeHintForColumn(0) + view.verticalScrollBar()->sizeHint().width() + kSpare,
                window_.width()));
   list_->complete(place);
+  view.setCurrentIndex(list_->completionModel()->index(0, 0));
 }
 
 void TextAids::TakeSuggestion(int row) {

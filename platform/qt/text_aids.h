@@ -27,8 +27,8 @@ class TextAids : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  bool PressKey(QKeyEvent& key);
-  bool IsForList(int key) const;
+  bool PressKey(const QKeyEvent& key);
+  bool PressKeyOfList(int key);
   void Suggest(bool asked);
   void TakeSuggestion(int row);
   void ShowNote(const QPoint& place, const QPoint& onScreen) const;
