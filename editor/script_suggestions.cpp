@@ -26,12 +26,15 @@ class Choice {
     if (FoldStartsWith(word, typed_)) items_.push_back({std::move(word), std::string(note)});
   }
   void OfferNames(std::span<const std::string> names, std::string_view note) {
+    hasNames_ = true;
     for (const std::string& name : names) {
       if (items_.size() == kMostItems) return;
       if (!name.empty() && FoldStartsWith(name, typed_))
         items_.push_back({name, std::string(note)});
     }
   }
+  /// A card or trait that comes later has a name that nobody knows yet.
+  bool HasNames() const { return hasNames_; }
   std::vector<TextSuggestion> Take() {
     std::ranges::sort(items_, {}, &TextSuggestion::Text);
     const auto twins = std::ranges::unique(items_, {}, &TextSuggestion::Text);
@@ -43,6 +46,7 @@ class Choice {
  private:
   std::string_view typed_;
   std::vector<TextSuggestion> items_;
+  bool hasNames_ = false;
 };
 
 void OfferCommands(Choice& choice, std::string_view typed) {
@@ -122,7 +126,7 @@ TextSuggestions SuggestForScript(std::string_view script, std::size_t caret,
   const std::string_view typed = found->Text.substr(0, caret - found->Offset);
   Choice choice(typed);
   OfferFor(choice, *found, typed, names);
-  TextSuggestions all{found->Offset, found->Text.size(), choice.Take()};
+  TextSuggestions all{found->Offset, found->Text.size(), choice.Take(), choice.HasNames()};
   const std::size_t end = found->Offset + found->Text.size();
   for (TextSuggestion& item : all.Items) {
     // A mark that follows already is not written twice.

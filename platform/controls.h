@@ -111,6 +111,7 @@ struct TextSuggestions {
   std::size_t Offset = 0;
   std::size_t Length = 0;
   std::vector<TextSuggestion> Items{};
+  bool IsOpen = false;  ///< other words are possible as well, so that none is chosen beforehand
 };
 
 /// A MultiLine box asks for the colours of its text whenever it or the model changes, and for

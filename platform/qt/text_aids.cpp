@@ -115,7 +115,7 @@ bool TextAids::PressKeyOfList(int key) {
   const int row = list_->popup()->currentIndex().row();
   list_->popup()->hide();
   TakeSuggestion(row);
-  return true;
+  return row >= 0;
 }
 
 bool TextAids::PressKey(const QKeyEvent& key) {
@@ -153,7 +153,8 @@ void TextAids::Suggest(bool asked) {
       std::min(view.sizeHintForColumn(0) + view.verticalScrollBar()->sizeHint().width() + kSpare,
                window_.width()));
   list_->complete(place);
-  view.setCurrentIndex(list_->completionModel()->index(0, 0));
+  // The view takes its first row when the focus comes; none is chosen where a new name may stand.
+  view.setCurrentIndex(offered_.IsOpen ? QModelIndex() : list_->completionModel()->index(0, 0));
 }
 
 void TextAids::TakeSuggestion(int row) {
