@@ -7,6 +7,7 @@
 #include <string>
 
 #include "core/records.h"
+#include "editor/kept_pictures.h"
 #include "editor/picture_files.h"
 #include "platform/controls.h"
 
@@ -67,8 +68,9 @@ class EditedImage : public Observed {  // tells of Main and Mini
   std::string Folder() const;  ///< where composed images go, with its separator
   /// Where a background or border lies; "" for none.
   std::string FindPart(const std::string& name) const;
-  /// How a recipe names it: without a folder where it is found so.
-  std::string RecordedPart(const std::string& name) const;
+  /// Names the background and the border as files do, of which picked ones are copied beside the
+  /// cards where a game would not find them. False, after a message, when that failed.
+  bool KeepParts();
 
  private:
   /// What a card's images are, or are made of.
@@ -87,7 +89,9 @@ class EditedImage : public Observed {  // tells of Main and Mini
   bool Compose();
   bool Write(int place);
   void TellOfMissingBackground();
-  void RecordRecipe(const std::string& file) const;
+  /// Returns the name that files have for a part; "" for none.
+  std::string KeepPart(KeptPictures& kept, std::string& part) const;
+  void RecordRecipe(const std::string& file);
 
   std::string foreground_;
   ShownPicture main_;

@@ -173,7 +173,7 @@ struct Grid : Control {
   Property<int> Column{*this, 0};
   std::function<std::string(int row, int column)> CellText;
   std::function<bool(int column)> CanEdit;
-  /// The user typed or pasted texts, tab-separated, a line a row; the first belongs to the cell.
+  /// The user typed or pasted texts (text/table_text.h); the first belongs to the cell.
   std::function<void(int row, int column, const std::string& texts)> CellsTyped;
   std::function<void()> Open;  ///< a cell that can't be edited, by double click or Enter
   std::function<void(int column)> Header;  ///< a heading was clicked
