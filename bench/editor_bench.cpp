@@ -125,6 +125,28 @@ void BM_EditorKeepsACopy(benchmark::State& state) {
 }
 BENCHMARK(BM_EditorKeepsACopy)->Unit(benchmark::kMillisecond);
 
+/// A letter typed into a long script: what is kept of it, the line under the box, its colours and
+/// notes, and the suggestions.
+void BM_EditorTypesALetter(benchmark::State& state) {
+  const LargeGame game;
+  LargeGame::OpenGame();
+  CardEdit& form = LargeGame::Form();
+  TextBox& box = form.EffText[0];
+  std::string script = box.Text.Get();
+  for (int part = 0; part < 20; ++part)
+    script += "REQTRAIT:CREATURE:SUBTRAIT:HP:TARGTRAIT/HP/DIV2:";
+  bool longer = false;
+  for (auto _ : state) {
+    longer = !longer;
+    box.Text = script + (longer ? "REQNAME:A" : "REQNAME:");
+    box.Change();
+    benchmark::DoNotOptimize(box.Runs(box.Text));
+    benchmark::DoNotOptimize(box.Suggest(box.Text, box.Text.Get().size()));
+  }
+  CountCards(state);
+}
+BENCHMARK(BM_EditorTypesALetter)->Unit(benchmark::kMicrosecond);
+
 /// The table of all cards, sorted by a column.
 class LargeTable {
  public:
