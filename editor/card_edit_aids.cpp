@@ -7,7 +7,6 @@
 #include "editor/script_parts.h"
 #include "editor/script_suggestions.h"
 #include "reference/reference_page.h"
-#include "reference/script_sentence.h"
 #include "ui/help_window.h"
 
 namespace brindlemoor {
@@ -60,7 +59,7 @@ void CardEdit::ShowHints() {
     const std::string hint = HintForAction(shown);
     Label& line = ScriptHint[row];
     line.TextColor = hint.empty() ? kSentenceColor : kHintColor;
-    line.Caption = hint.empty() ? SentenceOfScript(shown.Script) : hint;
+    line.Caption = hint.empty() ? SentenceForAction(shown) : hint;
     line.ToolTip = line.Caption.Get();
     EffText[row].Changed();  // its notes speak of the trigger and the target as well
   }

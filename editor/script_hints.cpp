@@ -11,6 +11,7 @@
 #include "editor/script_parts.h"
 #include "lint/reaction_check.h"
 #include "lint/script_check.h"
+#include "reference/script_sentence.h"
 
 namespace brindlemoor {
 
@@ -108,6 +109,10 @@ std::string HintForAction(const EffectRow& row) {
     if (!IsRemark(finding.Kind)) return Worded(finding);
   }
   return all.empty() ? std::string() : Worded(all.front());
+}
+
+std::string SentenceForAction(const EffectRow& row) {
+  return SentenceOfScript(OwnScript(row.Script));
 }
 
 std::string HintForName(std::string_view name) {

@@ -16,6 +16,9 @@ struct EffectRow;
 /// understood all the same come last. Empty when all is well, and for a row without any text.
 std::string HintForAction(const EffectRow& row);
 
+/// What the action's script does; of one that a trait brought, what stands behind the trait's name.
+std::string SentenceForAction(const EffectRow& row);
+
 /// The colours of an action's script, and what the engine won't understand of it at the very words.
 /// A word that lacks something carries that note itself.
 std::vector<TextRun> RunsOfAction(const EffectRow& row);

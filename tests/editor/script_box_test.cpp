@@ -92,6 +92,11 @@ TEST_F(ScriptBoxTest, MarksTheVeryWordThatIsNotUnderstood) {
   EXPECT_EQ(noted({"TURNSTART", "SELF", script}), "");
 }
 
+TEST_F(ScriptBoxTest, TellsWhatAnActionOfATraitDoesBehindTheTrait) {
+  EXPECT_EQ(SentenceForAction({"TURNEND", "SELF", "TRAIT:TRAITEFFECT:BITE:DESTROYME"}),
+            "The acting card dies at the end of the script.");
+}
+
 /// Whatever stands in the box, its colours cover it in order and lie inside.
 TEST_F(ScriptBoxTest, ColoursLieInsideAnyText) {
   std::mt19937 random(7);
