@@ -89,7 +89,7 @@ struct CardEdit : Form {
   Timer PreviewTimer{"PreviewTimer"};               ///< waits for a pause of the author
   TextBox FindText{"FindText"};
   Button FindNext{"FindNext"};
-  Label FindNote{"FindNote"};
+  Label FindNote{"FindNote"};  ///< what came of a search, or is told of images
 
   MenuItem filemen{"filemen", "File"};
   MenuItem loaddeckmen{"loaddeckmen", "Load Cards"};
@@ -216,6 +216,7 @@ struct CardEdit : Form {
   void ShowTops();
   void NameAids();
   void NameScriptAids(int row);
+  void ShowNote(const std::string& note);
   void ShowHints();
   void ShowNameHint();
   /// Refreshes the preview as soon as the author pauses.

@@ -26,10 +26,11 @@ void CardEdit::NameAids() {
   FindText.ToolTip =
       "Words of a card's name, traits or description, such as \"HP>3\", or a piece of an action "
       "script, trigger or target.";
-  FindText.Change = [this] { FindNote.Caption = ""; };
+  FindText.Change = [this] { ShowNote(""); };
   FindText.Enter = FindNext.Click = [this] { FindNext_Click(); };
   FindNext.Caption = "Find Next";
   FindNext.ToolTip = "Go to the next card that these words speak of.";
+  Image.OnNote = [this](const std::string& note) { ShowNote(note); };
   PreviewWB.BeforeNavigate = [](const std::string&) { return true; };
   PreviewTimer.Interval = kPause;
   PreviewTimer.Tick = [this] { PreviewTimer_Tick(); };
@@ -65,6 +66,11 @@ void CardEdit::ShowHints() {
   }
 }
 
+void CardEdit::ShowNote(const std::string& note) {
+  FindNote.Caption = note;
+  FindNote.ToolTip = note;
+}
+
 void CardEdit::ShowNameHint() {
   const std::string hint = HintForName(State().EditCard.Name);
   NameHint.Caption = hint;
@@ -87,17 +93,17 @@ void CardEdit::PreviewTimer_Tick() {
 }
 
 void CardEdit::FindNext_Click() {
-  FindNote.Caption = "";
+  ShowNote("");
   const std::string& words = FindText.Text;
   if (words.find_first_not_of(' ') == std::string::npos) {
-    FindNote.Caption = "Type what to look for.";
+    ShowNote("Type what to look for.");
     return;
   }
   const int found = FindNextCard(State().Collection, Lists.Place(), words);
   if (found == 0) {
-    FindNote.Caption = "Nothing found.";
+    ShowNote("Nothing found.");
   } else if (found == Lists.Place()) {
-    FindNote.Caption = "No other card.";
+    ShowNote("No other card.");
   } else {
     CardCombo.Select(found);
     CardCombo_Click();

@@ -125,7 +125,7 @@ void CardEdit::loadgraphicmen_Click() {
   UpdatePic(1);
   // What was chosen is seen wherever it lies.
   Image.Show({.File = picture}, thumb.empty() ? Image.Mini() : ShownPicture{.File = thumb});
-  kept.Tell();
+  Image.TellOf(kept);
   PreviewSoon();
 }
 

@@ -237,11 +237,17 @@ std::string EditedImage::KeepPart(KeptPictures& kept, std::string& part) const {
   return name;
 }
 
+void EditedImage::TellOf(const KeptPictures& kept) const {
+  const std::string copied = kept.Copied();
+  if (OnNote && !copied.empty()) OnNote(copied);
+  if (kept.HasFailed()) Desktop().MessageBox(kept.Problem());
+}
+
 bool EditedImage::KeepParts() {
   KeptPictures kept(Folder());
   KeepPart(kept, BackFile);
   KeepPart(kept, MiniBorderFile);
-  kept.Tell();
+  TellOf(kept);
   return !kept.HasFailed();
 }
 
@@ -252,7 +258,7 @@ void EditedImage::RecordRecipe(const std::string& file) {
                            .Background = KeepPart(kept, BackFile),
                            .Border = KeepPart(kept, MiniBorderFile),
                            .Crop = State().Crop};
-  kept.Tell();
+  TellOf(kept);
   ImageRecipes recipes(Folder());
   // Parts that could not be kept can't be found again; those of an earlier image are none of this.
   if (kept.HasFailed() && !recipes.Forget(file)) return;

@@ -21,6 +21,7 @@ class EditedImage : public Observed {  // tells of Main and Mini
   std::string BackFile;  ///< a name, or a file that was picked; "" for none
   std::string MiniBorderFile;
   std::string CardFolder;  ///< folder of the card file with its separator; "" for the program's
+  std::function<void(const std::string& note)> OnNote;  ///< is told of what needs no answer
 
   const std::string& ForeFile() const { return foreground_; }
   static std::int32_t FrameColor();  ///< the card's, red high and blue low
@@ -71,6 +72,8 @@ class EditedImage : public Observed {  // tells of Main and Mini
   /// Names the background and the border as files do, of which picked ones are copied beside the
   /// cards where a game would not find them. False, after a message, when that failed.
   bool KeepParts();
+  /// Tells what was copied, and with a message what could not be.
+  void TellOf(const KeptPictures& kept) const;
 
  private:
   /// What a card's images are, or are made of.

@@ -132,7 +132,9 @@ std::string ImageComposer::Report() const {
     report += Joined("  No parts are recorded for ", CountText(withoutRecipe_, "card"), ".");
   }
   if (failed_.Count() > 0) report += Joined("  Not read or written: ", failed_.Told(), ".");
-  if (!kept_.Told().empty()) report += "  " + kept_.Told();
+  for (const std::string& told : {kept_.Copied(), kept_.Problem()}) {
+    if (!told.empty()) report += "  " + told;
+  }
   return report;
 }
 

@@ -58,17 +58,9 @@ std::string KeptPictures::Keep(const std::string& path) {
   return name;
 }
 
-std::string KeptPictures::Told() const {
-  if (copied_.Count() == 0) return problem_;
-  std::string told =
-      Joined("Copied beside the cards, where the game finds it: ", copied_.Told(), ".");
-  if (HasFailed()) told += "  " + problem_;
-  return told;
-}
-
-void KeptPictures::Tell() const {
-  const std::string told = Told();
-  if (!told.empty()) Desktop().MessageBox(told);
+std::string KeptPictures::Copied() const {
+  if (copied_.Count() == 0) return "";
+  return Joined("Copied beside the cards, where the game finds it: ", copied_.Told(), ".");
 }
 
 }  // namespace brindlemoor

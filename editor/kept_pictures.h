@@ -20,10 +20,9 @@ class KeptPictures {
   std::string Keep(const std::string& path);
   /// True when a picture could not be kept.
   bool HasFailed() const { return !problem_.empty(); }
-  /// Of the copies, and of the first one that failed; "" for none.
-  std::string Told() const;
-  /// Tells the user, if there is something to tell.
-  void Tell() const;
+  /// Sentences for the user: of the copies, and of the first one that failed; "" for none.
+  std::string Copied() const;
+  const std::string& Problem() const { return problem_; }
 
  private:
   /// A name of which nothing is found, or the same bytes; "" for none.

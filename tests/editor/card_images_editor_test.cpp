@@ -339,9 +339,10 @@ TEST_F(CardImagesTest, TheMenusChooseTheParts) {
   files_->Contents["/art/blue.jpg"] = PictureBytes(20, 30, kBlue);
   files_->Contents["/art/white.bmp"] = PictureBytes(2, 2, 0xFFFFFF);
   desktop_->ModalForms = {noting("/art/blue.jpg"), noting("/art/white.bmp")};
-  desktop_->ExpectedMessages = {
-      "Copied beside the cards, where the game finds it: blue.jpg, white.bmp as white-2.bmp."};
   form_.loadgraphicmen.Click();
+  EXPECT_EQ(
+      form_.FindNote.Caption.Get(),
+      "Copied beside the cards, where the game finds it: blue.jpg, white.bmp as white-2.bmp.");
   EXPECT_EQ(Images(), "blue.jpg|white-2.bmp|/game/art/red.jpg");
   EXPECT_EQ(ReadFile("white-2.bmp"), files_->Contents["/art/white.bmp"]);
   EXPECT_EQ(prompts[0] + prompts[1], "Choose the main card pic.Choose the thumbnail pic.");
