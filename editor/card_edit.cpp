@@ -181,12 +181,13 @@ Layout Left(CardEdit& form) {
       Column({Row({Cell(form.Command6, 1), Cell(form.DuplicateButton, 1), Cell(form.Command4, 1)}),
               Row({Cell(form.NewCardButton, 1), Cell(form.Command8)}),
               Row({Cell(form.TemplateCombo, 1), Cell(form.Command5)})});
-  Layout left = Column({Cell(form.CardCombo), Row({Cell(form.FileLabel), Cell(form.FileCombo, 1)}),
-                        Row({Cell(form.FindText, 1), Cell(form.FindNext)}),
-                        Row({Cell(form.cardtotal, 0, kTotalWidth), Cell(form.FindNote, 1)}),
-                        Cell(form.MainPic, 0, kPictureWidth, kPictureHeight),
-                        Row({Cell(form.Command3, 1), Cell(form.Command7, 1)}),
-                        Framed(form.ButtonFrame, std::move(buttons))});
+  Layout left =
+      Column({Cell(form.CardCombo), Row({Cell(form.FileLabel), Cell(form.FileCombo, 1)}),
+              Row({Cell(form.FindText, 1), Cell(form.FindNext)}),
+              Row({Cell(form.cardtotal, 0, kTotalWidth), Cell(form.FindNote, 1, 0, kKeptHeight)}),
+              Cell(form.MainPic, 0, kPictureWidth, kPictureHeight),
+              Row({Cell(form.Command3, 1), Cell(form.Command7, 1)}),
+              Framed(form.ButtonFrame, std::move(buttons))});
   left.Width = kLeftWidth;
   return left;
 }
