@@ -44,7 +44,7 @@ std::string KeptPictures::Fail(const std::string& name, std::string_view error) 
 }
 
 std::string KeptPictures::Keep(const std::string& path) {
-  const std::string own = FileNameOf(path);
+  std::string own = FileNameOf(path);
   const std::string plain = WithoutControls(own);
   if (plain == own && FindPicture(own, folder_) == path) return own;
   const auto bytes = Desktop().Files().Read(path);

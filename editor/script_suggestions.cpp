@@ -37,8 +37,7 @@ class Choice {
   bool HasNames() const { return hasNames_; }
   std::vector<TextSuggestion> Take() {
     std::ranges::sort(items_, {}, &TextSuggestion::Text);
-    const auto twins = std::ranges::unique(items_, {}, &TextSuggestion::Text);
-    items_.erase(twins.begin(), twins.end());
+    items_.erase(std::unique(items_.begin(), items_.end()), items_.end());
     if (items_.size() > kMostItems) items_.resize(kMostItems);
     return std::move(items_);
   }
