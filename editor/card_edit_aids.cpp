@@ -45,8 +45,9 @@ void CardEdit::NameScriptAids(int row) {
     return RunsOfAction(shown);
   };
   box.Suggest = [this](const std::string& text, std::size_t caret) {
-    return SuggestForScript(text, caret,
-                            {.Traits = TraitCombo[0].Items.Get(), .Cards = CardCombo.Items.Get()});
+    // The list of cards may show their files behind the names.
+    const EditedLists::Names cards = EditedLists::CardNames();
+    return SuggestForScript(text, caret, {.Traits = TraitCombo[0].Items.Get(), .Cards = cards});
   };
   box.Help = [&box](std::size_t caret) {
     ShowHelp(kReferenceFile, ReferenceAnchor(box.Text.Get(), caret));

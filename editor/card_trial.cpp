@@ -14,6 +14,7 @@
 #include "core/strings.h"
 #include "editor/card_rows.h"
 #include "language/traits.h"
+#include "platform/headless/headless_platform.h"
 #include "scenario/scenario_run.h"
 #include "scenario/scene.h"
 #include "text/one_line.h"
@@ -291,6 +292,11 @@ class OtherSession {
   OtherSession& operator=(const OtherSession&) = delete;
 
   FileSystem& Files() { return kept_.Desktop->Files(); }
+  /// The user looks at the windows of this session while a scenario works. They ask their models
+  /// only, which know nothing of the scenario's.
+  void LendWindows(HeadlessPlatform& scenario) const {
+    scenario.OnWork = [desktop = kept_.Desktop.get()] { desktop->ServeWindows(); };
+  }
   const std::string& Folder() const { return kept_.ProgramFolder; }
 
  private:
@@ -323,6 +329,7 @@ TrialResult TryCard(const TrialRequest& request) {
     const std::string path = Joined(other.Folder(), "/", kPath);
     library.Machine().Put(path, result.Scenario);
     RunScenarioFile(path, library, report, [&](const Scene& scene) {
+      other.LendWindows(*scene.Desktop);
       if (scene.Last.Result) payment = std::string(*scene.Last.Result);
       if (scene.Line->Place.Line > laidOut) result.Said += PlainText(scene.Said());
       after = Look(scene);

@@ -62,9 +62,11 @@ TextRun MarkedRun(const std::vector<ScriptPart>& parts, std::size_t offset) {
       command = {part.Offset, part.Text.size()};
     }
     if (offset < part.Offset || offset >= end) continue;
-    // Of a text only the word is meant.
+    // Of a message only the word is meant.
     const std::string_view marked = part.Text.substr(offset - part.Offset);
-    return {offset, std::max<std::size_t>(1, std::min(marked.size(), marked.find(' ')))};
+    const bool isText = part.Style == TextStyle::kMessage;
+    const std::size_t word = isText ? std::min(marked.size(), marked.find(' ')) : marked.size();
+    return {offset, std::max<std::size_t>(1, word)};
   }
   return command;
 }

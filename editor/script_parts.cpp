@@ -97,6 +97,7 @@ std::vector<ScriptPart> PartsOfScript(std::string_view script) {
       add(field.Text, StyleOfCommand(field.Row), field.Row, "");
     } else if (!IsValue(field)) {
       add(field.Text, StyleOfArgument(field.Name), field.Row, field.Name);
+      parts.back().Continues = field.Continues;
     } else {
       ValueReading value;
       for (FieldWalker words(field.Text, '/'); !words.AtEnd();) {

@@ -21,6 +21,7 @@ struct ScriptPart {
   /// Of the argument it belongs to, or of the field that a value's keyword takes; "" where a
   /// command stands.
   std::string_view Name;
+  bool Continues = false;  ///< see ScriptField
 
   bool Reaches(std::size_t caret) const { return caret >= Offset && caret <= Offset + Text.size(); }
 };

@@ -26,15 +26,18 @@ class Choice {
     if (FoldStartsWith(word, typed_)) items_.push_back({std::move(word), std::string(note)});
   }
   void OfferNames(std::span<const std::string> names, std::string_view note) {
-    hasNames_ = true;
+    AllowOthers();
     for (const std::string& name : names) {
       if (items_.size() == kMostItems) return;
-      if (!name.empty() && FoldStartsWith(name, typed_))
+      // What divides scripts and values can't stand in them.
+      if (!name.empty() && name.find_first_of(":/\"") == std::string::npos &&
+          FoldStartsWith(name, typed_))
         items_.push_back({name, std::string(note)});
     }
   }
-  /// A card or trait that comes later has a name that nobody knows yet.
-  bool HasNames() const { return hasNames_; }
+  /// Other texts may stand there as well: names that no card has yet, any text that is stored.
+  void AllowOthers() { isOpen_ = true; }
+  bool IsOpen() const { return isOpen_; }
   std::vector<TextSuggestion> Take() {
     std::ranges::sort(items_, {}, &TextSuggestion::Text);
     items_.erase(std::unique(items_.begin(), items_.end()), items_.end());
@@ -45,7 +48,7 @@ class Choice {
  private:
   std::string_view typed_;
   std::vector<TextSuggestion> items_;
-  bool hasNames_ = false;
+  bool isOpen_ = false;
 };
 
 void OfferCommands(Choice& choice, std::string_view typed) {
@@ -59,16 +62,20 @@ void OfferCommands(Choice& choice, std::string_view typed) {
   }
 }
 
-void OfferTargets(Choice& choice) {
+/// Only the targets of an action can name a card.
+void OfferTargets(Choice& choice, bool ofAction) {
   for (const TargetTypeRow& row : kTargetTypeRows) {
     const bool names = row.Code == kTargetGidCard;
+    if (names && !ofAction) continue;
     choice.Offer(Joined(row.Word, names ? ":" : ""), row.Meaning);
   }
 }
 
-void OfferTriggers(Choice& choice) {
+/// At the trigger of a menu action no name can stand.
+void OfferTriggers(Choice& choice, bool ofMenu) {
   for (const TriggerRow& row : kTriggerRows) {
-    if (row.Runs) choice.Offer(std::string(row.Word), row.FiredBy);
+    if (row.Runs && !(ofMenu && row.Word.ends_with(':')))
+      choice.Offer(std::string(row.Word), row.FiredBy);
   }
 }
 
@@ -99,13 +106,15 @@ void OfferFor(Choice& choice, const ScriptPart& part, std::string_view typed,
     case ArgumentKind::kTrait:
       return choice.OfferNames(names.Traits, kTraitNote);
     case ArgumentKind::kValue:
+      return OfferValueWords(choice);
     case ArgumentKind::kContent:
     case ArgumentKind::kSetting:
+      choice.AllowOthers();
       return OfferValueWords(choice);
     case ArgumentKind::kTarget:
-      return OfferTargets(choice);
+      return OfferTargets(choice, part.Row != nullptr && part.Row->Arguments == 0);
     case ArgumentKind::kTrigger:
-      return OfferTriggers(choice);
+      return OfferTriggers(choice, part.Continues);
     default:
       return;
   }
@@ -125,8 +134,13 @@ TextSuggestions SuggestForScript(std::string_view script, std::size_t caret,
   const std::string_view typed = found->Text.substr(0, caret - found->Offset);
   Choice choice(typed);
   OfferFor(choice, *found, typed, names);
-  TextSuggestions all{found->Offset, found->Text.size(), choice.Take(), choice.HasNames()};
-  const std::size_t end = found->Offset + found->Text.size();
+  // The number behind a word of a value stays.
+  const std::size_t replaced =
+      found->Style == TextStyle::kValue || found->Style == TextStyle::kUnknown
+          ? std::min(found->Text.find_first_of("0123456789", typed.size()), found->Text.size())
+          : found->Text.size();
+  TextSuggestions all{found->Offset, replaced, choice.Take(), choice.IsOpen()};
+  const std::size_t end = found->Offset + replaced;
   for (TextSuggestion& item : all.Items) {
     // A mark that follows already is not written twice.
     if (end < script.size() && item.Text.ends_with(script[end])) item.Text.pop_back();

@@ -56,12 +56,14 @@ class FieldReading {
   }
 
   void ReadArguments(const Command& row) {
+    std::size_t number = 0;
     for (const std::string_view name : Fields(ArgumentNames(row), ' ')) {
+      ++number;
       const ArgumentKind kind = KindOfArgument(name);
       if (IsScript(kind) || at_ >= fields_.size()) return;
       const std::string_view text = fields_[at_];
       Add(&row, name);
-      if (!row.TakesRest) continue;
+      if (number <= row.Arguments) continue;  // of which each is one field
       for (const std::string_view behind : Fields(NamesBehind(kind, text), ' ')) {
         Add(&row, behind, true);
       }

@@ -312,6 +312,7 @@ struct Layout {
   int Stretch = 0;         ///< share of spare room, 0 keeps the natural size
   int Width = 0;           ///< fixed width in pixels at 96 dpi, 0 natural
   int Height = 0;          ///< fixed height, 0 natural
+  bool Shrinks = false;    ///< Height is the most; where the window is low it may be half
   std::string Title{};     ///< caption of a frame around the children, "" for no frame
   Frame* Group = nullptr;  ///< the frame around the children where it is a control itself
 };

@@ -20,11 +20,13 @@ constexpr std::string_view kSameAs = "the same as ";
 
 using Fields = std::vector<ScriptField>;
 
-/// The part of a line that says what the command does; what follows are its edges.
-std::string_view ClauseOf(const Command& row) {
+/// The part of a line that says what the command does; behind it are its edges.
+std::string_view ClauseOf(const Command& row, bool hasEdges) {
   const std::string_view meaning = MeaningOf(row.Usage);
-  if (meaning.starts_with(kSameAs)) return ClauseOf(*FindCommand(meaning.substr(kSameAs.size())));
-  return meaning.substr(0, meaning.find(';'));
+  if (meaning.starts_with(kSameAs)) {
+    return ClauseOf(*FindCommand(meaning.substr(kSameAs.size())), hasEdges);
+  }
+  return hasEdges ? meaning : meaning.substr(0, meaning.find(';'));
 }
 
 std::string Shortened(std::string_view text) {
@@ -34,15 +36,31 @@ std::string Shortened(std::string_view text) {
   return Joined(text.substr(0, end), "...");
 }
 
+/// What a target is in the argument of a command: what is neither a side nor a card of its own is
+/// searched for, and one card of the table is found.
+std::string ShownTarget(const Fields& fields, std::size_t at) {
+  const int code = TargetTypeCode(fields[at].Text);
+  // The action that ADDEFFECT makes picks its targets as any action does.
+  const bool ofAction = fields[at].Row->Arguments == 0;
+  if (code == kTargetGidCard) {
+    const bool isNamed = at + 1 < fields.size() && fields[at + 1].Continues;
+    return isNamed ? Joined("the card with the Global ID ", fields[at + 1].Text)
+                   : "the card of the action's own Global ID";
+  }
+  const bool isSearched = code == kTargetCard || code == kTargetAll || code == kTargetRandom ||
+                          code == kTargetTriggeringCard || code == kTargetCounter ||
+                          code == kTargetCollection;
+  if (isSearched && !ofAction) return "a random card";
+  if (code == kTargetCounter) return "nothing (COUNTER is reserved)";
+  const auto* const row = std::ranges::find(kTargetTypeRows, code, &TargetTypeRow::Code);
+  return std::string(row->Meaning);
+}
+
 /// An argument with the fields that belong to it, as a sentence shows it.
 std::string Shown(const Fields& fields, std::size_t at) {
   const ArgumentKind kind = KindOfArgument(fields[at].Name);
   std::string text(fields[at].Text);
-  if (kind == ArgumentKind::kTarget) {
-    for (const TargetTypeRow& row : kTargetTypeRows) {
-      if (row.Word == text && !row.Meaning.starts_with(kSameAs)) return std::string(row.Meaning);
-    }
-  }
+  if (kind == ArgumentKind::kTarget) return ShownTarget(fields, at);
   while (at + 1 < fields.size() && fields[at + 1].Continues) text += Joined(":", fields[++at].Text);
   if (text.empty()) return "(nothing)";
   return kind == ArgumentKind::kMessage ? Joined('"', Shortened(text), '"') : Shortened(text);
@@ -53,11 +71,13 @@ bool IsCapital(char letter) { return letter >= 'A' && letter <= 'Z'; }
 /// A clause with the arguments of the command at this field in place of their names. A name that
 /// comes twice stands for two arguments, in their order.
 std::string FilledClause(const Fields& fields, std::size_t command) {
-  const std::string_view clause = ClauseOf(*fields[command].Row);
   std::vector<std::size_t> left;
+  bool hasEdges = false;  // most speak of values below 0
   for (std::size_t at = command + 1; at < fields.size() && !fields[at].Name.empty(); ++at) {
     if (!fields[at].Continues) left.push_back(at);
+    hasEdges |= fields[at].Text.starts_with('-');
   }
+  const std::string_view clause = ClauseOf(*fields[command].Row, hasEdges);
   std::string text;
   for (std::size_t at = 0; at < clause.size();) {
     std::size_t end = at;
@@ -73,9 +93,9 @@ std::string FilledClause(const Fields& fields, std::size_t command) {
 }
 
 /// What stands before a condition: a chance is one in words of its own.
-std::string_view Opening(const Command& row, bool isWish) {
+std::string_view Opening(const Command& row, bool hasMark) {
   if (row.Role == CommandRole::kChances) return "";
-  return isWish ? "best if " : "if ";
+  return hasMark && row.Mark == AiMark::kWishes ? "best if " : "if ";
 }
 
 /// A sentence that grows clause by clause.
@@ -126,9 +146,11 @@ std::string SentenceOfScript(std::string_view script) {
     const ScriptField& field = fields[at];
     if (field.Row == nullptr || !field.Name.empty()) continue;
     const std::string clause = FilledClause(fields, at);
+    const bool hasMark = field.Text.starts_with("AI");
     const CommandRole role = field.Row->Role;
+    if (hasMark && role == CommandRole::kRequires && field.Row->Mark == AiMark::kFrees) continue;
     if (role == CommandRole::kRequires || role == CommandRole::kChances) {
-      sentence.AddCondition(Opening(*field.Row, field.Text.starts_with("AI")), clause);
+      sentence.AddCondition(Opening(*field.Row, hasMark), clause);
     } else {
       sentence.AddEffect(clause, field.Row->TakesRest);
     }

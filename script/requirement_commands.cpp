@@ -329,15 +329,24 @@ constexpr Command kChances[] = {
     {"CHANCEABOVE", 1, false, InTest::kSkipOne, CarryChanceAbove,
      "PERCENT | only when a roll of 1 to 100 is PERCENT or more", false, CommandRole::kChances},
     {"ONECHANCE", 1, false, InTest::kSkipOne, CarryOneChance,
-     "PERCENT | only in PERCENT of 100 cases; one roll decides for all targets of an action",
-     false, CommandRole::kChances},
+     "PERCENT | only in PERCENT of 100 cases; one roll decides for all targets of an action", false,
+     CommandRole::kChances},
 };
 
 template <std::size_t Index>
 constexpr Command RequirementCommand() {
   const RequirementRow& row = kRequirements[Index];
-  return {row.Word, row.Arguments,         false, InTest::kRuns, CarryRequirement<Index>, row.Usage,
-          false,    CommandRole::kRequires};
+  return {row.Word,
+          row.Arguments,
+          false,
+          InTest::kRuns,
+          CarryRequirement<Index>,
+          row.Usage,
+          false,
+          CommandRole::kRequires,
+          row.Kind == Stop::kHard    ? AiMark::kWishes
+          : row.Kind == Stop::kQuiet ? AiMark::kFrees
+                                     : AiMark::kNone};
 }
 
 constexpr auto kCommands = []<std::size_t... Index>(std::index_sequence<Index...>) {

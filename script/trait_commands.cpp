@@ -253,7 +253,8 @@ constexpr auto kRows = std::to_array<Command>({
     {"REMOVEMYTRAIT", 1, false, InTest::kRuns, RemoveSourceTrait,
      "TRAIT | takes TRAIT from the acting card; fails softly without it"},
     {"MODVAL", 1, false, InTest::kRuns, ModIncoming,
-     "VALUE | adds VALUE to the incoming change; one below 0 makes it smaller, down to nothing"},
+     "VALUE | makes the incoming change bigger by VALUE; one below 0 makes it smaller, down to "
+     "nothing"},
     {"SETVAL", 1, false, InTest::kRuns, SetIncoming, "VALUE | makes the incoming change VALUE"},
     {"REDIRECTTRAIT", 1, false, InTest::kRuns, RedirectTrait,
      "TRAIT | lets TRAIT take an incoming loss as far as it lasts"},

@@ -119,12 +119,12 @@ void FormWindow::TakeFirstSize(QWidget* owner) {
   const QSize wanted(form_.Width > 0 ? form_.Width : natural.width(),
                      form_.Height > 0 ? form_.Height : natural.height());
   // Nobody knows the frame before the window is there, and it must be on the screen, too.
-  constexpr QSize frame(2 * kFrameWidth, kTitleHeight + kFrameWidth);
-  resize(wanted.boundedTo(room.size() - frame));
-  QRect place(QPoint(0, 0), size() + frame);
+  constexpr QMargins frame(kFrameWidth, kTitleHeight, kFrameWidth, kFrameWidth);
+  resize(wanted.boundedTo(room.marginsRemoved(frame).size()));
+  QRect place = QRect(QPoint(0, 0), size()).marginsAdded(frame);
   place.moveCenter(owner != nullptr ? owner->frameGeometry().center() : room.center());
-  move(std::clamp(place.x(), room.left(), room.right() + 1 - place.width()),
-       std::clamp(place.y(), room.top(), room.bottom() + 1 - place.height()));
+  move(std::clamp(place.x(), room.left(), room.right() + 1 - place.width()) + frame.left(),
+       std::clamp(place.y(), room.top(), room.bottom() + 1 - place.height()) + frame.top());
 }
 
 void FormWindow::Present(bool modal, QWidget* owner) {

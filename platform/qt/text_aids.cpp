@@ -104,18 +104,19 @@ bool TextAids::eventFilter(QObject* watched, QEvent* event) {
   const bool asks = event->type() == QEvent::ShortcutOverride;
   if ((!asks && event->type() != QEvent::KeyPress) || watched == edit_.viewport()) return false;
   const auto* key = static_cast<QKeyEvent*>(event);
-  if (watched != &edit_) return !asks && PressKeyOfList(key->key());
+  if (watched != &edit_) return !asks && PressKeyOfList(*key);
   // Accepted, the question keeps the key from the form's menu.
   if (asks && model_.Help && key->key() == Qt::Key_F1) event->accept();
   return !asks && PressKey(*key);
 }
 
-bool TextAids::PressKeyOfList(int key) {
-  if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Tab) return false;
+bool TextAids::PressKeyOfList(const QKeyEvent& key) {
+  const bool takes = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  if (!takes && key.key() != Qt::Key_Tab && key.key() != Qt::Key_F1) return false;
   const int row = list_->popup()->currentIndex().row();
   list_->popup()->hide();
-  TakeSuggestion(row);
-  return row >= 0;
+  if (key.key() == Qt::Key_F1) return PressKey(key);
+  return TakeSuggestion(row);
 }
 
 bool TextAids::PressKey(const QKeyEvent& key) {
@@ -135,6 +136,7 @@ void TextAids::Suggest(bool asked) {
   const std::string text = edit_.toPlainText().toStdString();
   const std::size_t caret = Caret();
   offered_ = edit_.isReadOnly() ? TextSuggestions() : model_.Suggest(text, caret);
+  offeredFor_ = AroundCaret();
   const bool begun = caret > offered_.Offset;
   const bool complete = offered_.Items.size() == 1 &&
                         text.compare(offered_.Offset, offered_.Length, offered_.Items[0].Text) == 0;
@@ -157,8 +159,10 @@ void TextAids::Suggest(bool asked) {
   view.setCurrentIndex(offered_.IsOpen ? QModelIndex() : list_->completionModel()->index(0, 0));
 }
 
-void TextAids::TakeSuggestion(int row) {
-  if (row < 0 || row >= static_cast<int>(offered_.Items.size())) return;
+/// False when nothing is chosen, or when letters have come since, whose list has not come yet.
+bool TextAids::TakeSuggestion(int row) {
+  if (row < 0 || row >= static_cast<int>(offered_.Items.size())) return false;
+  if (offeredFor_ != AroundCaret()) return false;
   const std::string text = edit_.toPlainText().toStdString();
   Places place(text);
   QTextCursor cursor = edit_.textCursor();
@@ -166,6 +170,12 @@ void TextAids::TakeSuggestion(int row) {
   cursor.setPosition(place(offered_.Offset + offered_.Length), QTextCursor::KeepAnchor);
   cursor.insertText(QString::fromStdString(offered_.Items[static_cast<std::size_t>(row)].Text));
   edit_.setTextCursor(cursor);
+  return true;
+}
+
+QString TextAids::AroundCaret() const {
+  QString text = edit_.toPlainText();
+  return text.insert(edit_.textCursor().position(), QChar('\n'));
 }
 
 void TextAids::ShowNote(const QPoint& place, const QPoint& onScreen) const {

@@ -28,9 +28,10 @@ class TextAids : public QObject {
 
  private:
   bool PressKey(const QKeyEvent& key);
-  bool PressKeyOfList(int key);
+  bool PressKeyOfList(const QKeyEvent& key);
   void Suggest(bool asked);
-  void TakeSuggestion(int row);
+  bool TakeSuggestion(int row);
+  QString AroundCaret() const;
   void ShowNote(const QPoint& place, const QPoint& onScreen) const;
   /// The caret, in bytes of the text.
   std::size_t Caret() const;
@@ -40,6 +41,7 @@ class TextAids : public QObject {
   FormWindow& window_;
   std::vector<TextRun> runs_;
   TextSuggestions offered_;
+  QString offeredFor_;  // the text with its caret
   QCompleter* list_ = nullptr;
   QStandardItemModel* items_ = nullptr;
 };

@@ -96,6 +96,16 @@ TEST_F(CardTrialTest, WhatDoesNothingSaysSo) {
   EXPECT_NE(result.Said.find("He says \"no\" {x}"), std::string::npos) << result.Outcome;
 }
 
+TEST_F(CardTrialTest, TheWindowsAreServedWhileALongScriptIsTried) {
+  tried_.Effects = {};
+  AddEffect(tried_, "MODTRAIT:GRIST:1:REPEAT:ALL:1000:MODTRAIT:GRIST:1:REPEAT:ALL:1000",
+            TargetTypeCode("ALL"), "PHASE1", 0, "ALL");
+  int served = 0;
+  desktop_->OnWork = [&served] { ++served; };
+  EXPECT_NE(Told(TryCard({tried_, 1})).find("Tried GRIST >"), std::string::npos);
+  EXPECT_GT(served, 0);
+}
+
 TEST_F(CardTrialTest, TheFormShowsAndKeepsATrial) {
   Choose(1);
   desktop_->FileAnswers = {"/game/scenarios/imp.txt"};

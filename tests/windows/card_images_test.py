@@ -17,6 +17,7 @@ PICKER = "Picture Viewer"
 COMPOSE = "Compose 2 images anew?  The present ones are replaced."
 PARTS = ("Take the background sea.bmp and the thumbnail border (none) for all of them, in place of "
          "each one's own?")
+COPIED = "Copied beside the cards, where the game finds it: "
 HARBOUR, REEF = "Ember Harbour", "Ember Reef"
 QUARTERS = {"red": (220, 40, 40), "green": (40, 180, 60), "blue": (50, 70, 220),
             "yellow": (240, 220, 60)}
@@ -189,6 +190,7 @@ class CardImages(CardEditorTest):
 
     def save_the_card(self):
         self.run_.click("control", text="Save Card")
+        self.run_.dismiss(COPIED + "harbour.jpg, sea.bmp.")
         self.shows("CardCombo", HARBOUR)
         self.save()
         self.large, self.mini = self.images_of(HARBOUR)
@@ -207,6 +209,7 @@ class CardImages(CardEditorTest):
         self.make_a_card(REEF)
         self.run_.click("control", "Command3")
         self.run_.click("control", text="Save Card")
+        self.run_.dismiss(COPIED)
         self.shows("CardCombo", REEF)
         self.keep("random")
         self.run_.choose("File", "Save Cards")
@@ -214,7 +217,8 @@ class CardImages(CardEditorTest):
         self.assertEqual(Picture(self.file.parent / self.images_of(REEF)[0]).size, (300, 450))
 
     def compose_all(self):
-        """With the files gone there is proof that they are made again."""
+        """With the files gone there is proof that they are made again, and of what is the game's."""
+        shutil.rmtree(self.photos)
         for image in (self.large, self.mini):
             (self.file.parent / image).unlink()
         self.run_.choose("Graphic", "Compose All Images")
