@@ -131,9 +131,18 @@ std::string PlayerLines(int side) {
   return lines;
 }
 
+std::string CaptionLines(const Card& card) {
+  std::string lines;
+  for (const CaptionRow& row : CardRows::Of(card).Captions) {
+    if (row.Trait.empty() || row.Caption.empty()) continue;
+    lines += Joined("  caption ", Word(row.Trait), " ", Word(row.Caption), "\n");
+  }
+  return lines;
+}
+
 std::string CardLines(std::string_view word, const Card& card, int owner, std::string_view place) {
   return Joined("card ", word, " ", Word(card.Name), " owner ", owner, place, "\n",
-                TraitLines(card), EffectLines(card));
+                TraitLines(card), CaptionLines(card), EffectLines(card));
 }
 
 /// The trigger of an action as it fires: without what tells the editor more of it.
@@ -176,16 +185,25 @@ std::string Act(const TrialRequest& request) {
   std::string text;
   if (!request.Aim.empty()) text += Joined("aim ", kTried, " ", number, " ", request.Aim, "\n");
   if (FieldAt(row.Trigger, 1, ':') == "MENU") text += Joined("arm ", kTried, " ", number, "\n");
-  return Joined(text, "fire ", kTried, " ", Word(FiredTrigger(row)), " action ", number, "\n");
+  return Joined(text, "fire ", kTried, " ", Word(FiredTrigger(row)), " action ", number,
+                "\nflush\n");
 }
 
 using Traits = std::map<std::string, std::string>;
 struct SeenCard {
   bool IsInPlay = false;
   Traits Has{};
+  Traits Fields{};
 };
-/// The table and the player's hand at one moment, by the words of the scenario, or by name.
+/// The table and the player's hand at one moment, by the words of the scenario, or by name, and the
+/// match under "".
 using Moment = std::map<std::string, SeenCard>;
+
+int CountOfActions(const Card& card) {
+  int count = 0;
+  for (const auto& effect : card.Effects) count += effect.Script.empty() ? 0 : 1;
+  return count;
+}
 
 Moment Look(const Scene& scene) {
   std::map<std::int32_t, std::string> words;
@@ -197,6 +215,9 @@ Moment Look(const Scene& scene) {
       const auto word = words.find(card.GlobalID);
       SeenCard& seen = moment[word == words.end() ? card.Name.Str() : word->second];
       seen.IsInPlay = inPlay;
+      seen.Fields = {{"owner", Joined(int{card.Owner})},
+                     {"name", card.Name.Str()},
+                     {"actions", Joined(CountOfActions(card))}};
       for (const auto& trait : card.Traits) {
         if (trait.Name().empty()) continue;
         seen.Has.emplace(std::string(trait.Name()), RestDS(trait.AsText(), 2, ":"));
@@ -205,6 +226,7 @@ Moment Look(const Scene& scene) {
   };
   see(State().CardTable, true);
   see(State().Players[1].Hand, false);
+  moment[""].Fields = {{"gameover", Joined(int{State().GameOver})}};
   return moment;
 }
 
@@ -239,6 +261,10 @@ std::vector<TrialChange> Compare(const Moment& before, const Moment& after) {
           {card, "", isInPlay ? "in hand" : "in play", isInPlay ? "in play" : "in hand"});
     }
     AddTraitChanges(card, seen.Has, now->second.Has, changes);
+    for (const auto& [field, value] : seen.Fields) {
+      const std::string& present = now->second.Fields.at(field);
+      if (present != value) changes.push_back({card, field, value, present, true});
+    }
   }
   for (const auto& [card, seen] : after) {
     if (!before.contains(card)) changes.push_back({card, "", "", "in play"});
@@ -251,6 +277,11 @@ std::string Expectations(const std::vector<TrialChange>& changes) {
   std::string text;
   for (const TrialChange& change : changes) {
     const std::string card = Word(change.Card);
+    if (change.IsField) {
+      text += Joined("expect ", change.Trait, " ", change.Card.empty() ? "" : card + " ",
+                     Word(change.After), "\n");
+      continue;
+    }
     if (change.Trait.empty()) {
       text += Joined(change.After == "gone" ? "expect nocard " : "expect card ", card, "\n");
     } else if (change.After.empty()) {

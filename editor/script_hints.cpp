@@ -62,10 +62,10 @@ TextRun MarkedRun(const std::vector<ScriptPart>& parts, std::size_t offset) {
       command = {part.Offset, part.Text.size()};
     }
     if (offset < part.Offset || offset >= end) continue;
-    // Of a message only the word is meant.
+    // Of a text only the word is meant.
     const std::string_view marked = part.Text.substr(offset - part.Offset);
-    const bool isText = part.Style == TextStyle::kMessage;
-    const std::size_t word = isText ? std::min(marked.size(), marked.find(' ')) : marked.size();
+    const std::size_t blank = part.Name.empty() ? marked.size() : marked.find(' ');
+    const std::size_t word = std::min(marked.size(), blank);
     return {offset, std::max<std::size_t>(1, word)};
   }
   return command;

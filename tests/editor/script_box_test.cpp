@@ -29,7 +29,7 @@ class ScriptBoxTest : public SessionTest {
   }
 
   std::vector<std::string> traits_{"HP", "HUM", "SINGER"};
-  std::vector<std::string> cards_{"Hob", "Goblin"};
+  std::vector<std::string> cards_{"Hob", "Goblin", "Zed: Lord/Fire"};
 };
 
 TEST_F(ScriptBoxTest, OffersWhatThePlaceAsksFor) {
@@ -51,6 +51,9 @@ TEST_F(ScriptBoxTest, OffersWhatThePlaceAsksFor) {
       {"ADDEFFECT:TRAITCHANGE:HP:SE|", "SELF"},
       {"ADDEFFECT:TURNEND:SELF:DEST|", "DESTROY DESTROYME"},
       {"ECHO:MODT|", ""},
+      {"RETARGET:GID|", ""},  // names no card there
+      {"ADDEFFECT:MENU:TRAITC|", ""},
+      {"ADDEFFECT:MENU:TURNS|", "TURNSTART"},
       {"DESTROY::MODT|", ""},  // nothing behind an empty field is read
   };
   for (const auto& [marked, words] : cases) {
@@ -63,6 +66,11 @@ TEST_F(ScriptBoxTest, PutsTheWordInPlaceOfTheOneBegun) {
   const TextSuggestions all = SuggestForScript("DESTROY:REQTR:HP", 10, {});
   EXPECT_EQ(all.Offset, 8u);
   EXPECT_EQ(all.Length, 5u);
+  EXPECT_FALSE(all.IsOpen);
+  // The number of an operator is no part of its word.
+  EXPECT_EQ(SuggestForScript("MODTRAIT:HP:1/PLU3", 17, {}).Length, 3u);
+  // Where any text may be stored, none is chosen beforehand.
+  EXPECT_TRUE(SuggestForScript("SETTRAIT:SIZE:M", 15, {}).IsOpen);
 }
 
 TEST_F(ScriptBoxTest, MarksTheVeryWordThatIsNotUnderstood) {

@@ -33,6 +33,25 @@ TEST(ScriptSentence, SaysTheScriptInItsOrder) {
        "Gives the target a new action, at TRAITCHANGE:HP on the acting card itself, which is all "
        "that follows: the target dies at the end of the script."},
       {"MODTRAIT:HP", "Adds VALUE to the target's HP."},
+      // What a script goes on at is one card, whatever an action of this target would run on.
+      {"RETARGET:ALL:DESTROY",
+       "All that follows runs on a random card: the target dies at the end of the script."},
+      {"RETARGET:GIDCARD:DESTROY",
+       "All that follows runs on the card of the action's own Global ID: the target dies at the "
+       "end "
+       "of the script."},
+      {"ADDEFFECT:TURNEND:GIDCARD:MYGID:DESTROY",
+       "Gives the target a new action, at TURNEND on the card with the Global ID MYGID, which is "
+       "all "
+       "that follows: the target dies at the end of the script."},
+      // The mark makes wishes of requirements on the target alone.
+      {"AIREQMYTRAITMORE:STRIKE:5:DESTROY",
+       "If the acting card's STRIKE is 5 or more: the target dies at the end of the script."},
+      {"AIREQISMORE:1:5:DESTROY", "The target dies at the end of the script."},
+      // Below 0 the edges of a line come true.
+      {"SUBTRAIT:HP:-5",
+       "Takes -5 from the target's HP; if it has the trait, and a value below 0 "
+       "takes nothing."},
   };
   for (const auto& [script, sentence] : cases) EXPECT_EQ(SentenceOfScript(script), sentence);
 }
