@@ -70,8 +70,9 @@ class PageViewTest : public DesktopTest {
 /// A place of the page that is shown already is gone to at once: no page is read then, so that no
 /// end of reading can be waited for.
 TEST_F(PageViewTest, AnotherPlaceOfTheShownPageIsShownWithoutAWait) {
-  Write("Reference.html", "<p style='height:3000px'>Top</p><p id='A#'>A</p>"
-                          "<p style='height:3000px'></p><p id=B>B</p>");
+  Write("Reference.html",
+        "<p style='height:3000px'>Top</p><p id='A#'>A</p>"
+        "<p style='height:3000px'></p><p id=B>B</p>");
   bool waits = false;
   QTimer::singleShot(8000, &*Find<PageView>(form_, view_), [&waits] { waits = true; });
   double before = -1;
