@@ -72,15 +72,14 @@ TextAids::TextAids(TextBox& model, QPlainTextEdit& edit, FormWindow& window)
           [this](const QModelIndex& index) { TakeSuggestion(index.row()); });
   // The list takes the keys while it is open, and its own filter would give Enter to the box.
   list_->popup()->installEventFilter(this);
-  connect(
-      &edit, &QPlainTextEdit::textChanged, this,
-      [this] {
-        if (edit_.hasFocus()) Suggest(false);
-      },
-      Qt::QueuedConnection);
+  connect(&edit, &QPlainTextEdit::textChanged, this, [this] {
+    if (edit_.hasFocus()) Suggest(false);
+  });
 }
 
 void TextAids::ShowRuns() {
+  // What the form undoes, for instance, is another text than the list was made for.
+  if (list_ != nullptr && offeredFor_ != AroundCaret()) list_->popup()->hide();
   if (!model_.Runs) return;
   const std::string text = edit_.toPlainText().toStdString();
   runs_ = model_.Runs(text);
@@ -159,7 +158,7 @@ void TextAids::Suggest(bool asked) {
   view.setCurrentIndex(offered_.IsOpen ? QModelIndex() : list_->completionModel()->index(0, 0));
 }
 
-/// False when nothing is chosen, or when letters have come since, whose list has not come yet.
+/// False when nothing is chosen, or when the text or the caret is not that of the list any more.
 bool TextAids::TakeSuggestion(int row) {
   if (row < 0 || row >= static_cast<int>(offered_.Items.size())) return false;
   if (offeredFor_ != AroundCaret()) return false;
