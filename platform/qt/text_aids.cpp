@@ -58,6 +58,12 @@ class Places {
 
 }  // namespace
 
+QString TextOf(const QPlainTextEdit& edit) {
+  QString text = edit.document()->toRawText();
+  text.replace(QChar::ParagraphSeparator, '\n');
+  return text.replace(QChar::LineSeparator, '\n');
+}
+
 TextAids::TextAids(TextBox& model, QPlainTextEdit& edit, FormWindow& window)
     : QObject(&edit), model_(model), edit_(edit), window_(window) {
   edit.installEventFilter(this);
@@ -81,7 +87,7 @@ void TextAids::ShowRuns() {
   // What the form undoes, for instance, is another text than the list was made for.
   if (list_ != nullptr && offeredFor_ != AroundCaret()) list_->popup()->hide();
   if (!model_.Runs) return;
-  const std::string text = edit_.toPlainText().toStdString();
+  const std::string text = TextOf(edit_).toStdString();
   runs_ = model_.Runs(text);
   Places place(text);
   QList<QTextEdit::ExtraSelection> shown;
@@ -132,7 +138,7 @@ bool TextAids::PressKey(const QKeyEvent& key) {
 
 /// Opens the list at the caret. Unasked it opens only where a word has been begun.
 void TextAids::Suggest(bool asked) {
-  const std::string text = edit_.toPlainText().toStdString();
+  const std::string text = TextOf(edit_).toStdString();
   const std::size_t caret = Caret();
   offered_ = edit_.isReadOnly() ? TextSuggestions() : model_.Suggest(text, caret);
   offeredFor_ = AroundCaret();
@@ -162,7 +168,7 @@ void TextAids::Suggest(bool asked) {
 bool TextAids::TakeSuggestion(int row) {
   if (row < 0 || row >= static_cast<int>(offered_.Items.size())) return false;
   if (offeredFor_ != AroundCaret()) return false;
-  const std::string text = edit_.toPlainText().toStdString();
+  const std::string text = TextOf(edit_).toStdString();
   Places place(text);
   QTextCursor cursor = edit_.textCursor();
   cursor.setPosition(place(offered_.Offset));
@@ -173,12 +179,12 @@ bool TextAids::TakeSuggestion(int row) {
 }
 
 QString TextAids::AroundCaret() const {
-  QString text = edit_.toPlainText();
+  QString text = TextOf(edit_);
   return text.insert(edit_.textCursor().position(), QChar('\n'));
 }
 
 void TextAids::ShowNote(const QPoint& place, const QPoint& onScreen) const {
-  const std::string text = edit_.toPlainText().toStdString();
+  const std::string text = TextOf(edit_).toStdString();
   Places places(text);
   const int at = edit_.cursorForPosition(place).position();
   for (const TextRun& run : runs_) {
@@ -192,7 +198,7 @@ void TextAids::ShowNote(const QPoint& place, const QPoint& onScreen) const {
 }
 
 std::size_t TextAids::Caret() const {
-  const QString before = edit_.toPlainText().left(edit_.textCursor().position());
+  const QString before = TextOf(edit_).left(edit_.textCursor().position());
   return static_cast<std::size_t>(before.toUtf8().size());
 }
 

@@ -15,6 +15,10 @@ namespace brindlemoor {
 
 class FormWindow;
 
+/// The text of a box with its line ends as "\n". The widget's own plain text takes the blanks that
+/// must not break for ordinary ones.
+QString TextOf(const QPlainTextEdit& edit);
+
 /// Belongs to its box, whose model gives what is shown.
 class TextAids : public QObject {
  public:

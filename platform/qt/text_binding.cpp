@@ -116,14 +116,14 @@ QWidget* BindLines(TextBox& model, FormWindow& window) {
     edit->setReadOnly(model.ReadOnly);
     QString text = QString::fromStdString(model.Text);
     text.replace("\r\n", "\n");
-    if (edit->toPlainText() != text) {
+    if (TextOf(*edit) != text) {
       const QSignalBlocker quiet(edit);
       edit->setPlainText(text);
     }
     if (aids != nullptr) aids->ShowRuns();
   });
   QObject::connect(edit, &QPlainTextEdit::textChanged, &window,
-                   [&model, &window, edit] { Take(model, edit->toPlainText(), window); });
+                   [&model, &window, edit] { Take(model, TextOf(*edit), window); });
   ServeRightClick(model, *edit, window);
   return edit;
 }
