@@ -190,8 +190,8 @@ class CardImages(CardEditorTest):
 
     def save_the_card(self):
         self.run_.click("control", text="Save Card")
-        self.run_.dismiss(COPIED + "harbour.jpg, sea.bmp.")
         self.shows("CardCombo", HARBOUR)
+        self.shows("FindNote", COPIED + "harbour.jpg, sea.bmp.")
         self.save()
         self.large, self.mini = self.images_of(HARBOUR)
         self.check_files()
@@ -209,7 +209,6 @@ class CardImages(CardEditorTest):
         self.make_a_card(REEF)
         self.run_.click("control", "Command3")
         self.run_.click("control", text="Save Card")
-        self.run_.dismiss(COPIED)
         self.shows("CardCombo", REEF)
         self.keep("random")
         self.run_.choose("File", "Save Cards")
