@@ -36,6 +36,7 @@ CardGrid::CardGrid() : Form("CardGrid") {
   TraitButton.ToolTip = "Add a column for a trait that no card has yet.";
   TraitButton.Click = [this] { TraitButton_Click(); };
   CloseButton.Caption = "Close";
+  CloseButton.Cancel = true;
   CloseButton.Click = [this] { Desktop().HideForm(*this); };
   undomen.Shortcut = "Ctrl+Z";
   undomen.Click = [this] { undomen_Click(); };

@@ -3,6 +3,7 @@
 #include "reference/script_sentence.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <vector>
 
@@ -66,6 +67,21 @@ std::string Shown(const Fields& fields, std::size_t at) {
   return kind == ArgumentKind::kMessage ? Joined('"', Shortened(text), '"') : Shortened(text);
 }
 
+/// A word that counts what an argument says, as it is for one thing.
+struct CountedWord {
+  std::string_view Many;
+  std::string_view One;
+};
+constexpr std::array<CountedWord, 3> kCountedWords = {
+    {{" copies", " copy"}, {" cards", " card"}, {" times", " time"}}};
+
+/// The row of a word behind an argument that is 1; nullptr for another word, and for other numbers.
+const CountedWord* CountedOne(std::string_view argument, std::string_view rest) {
+  const auto* const row = std::ranges::find_if(
+      kCountedWords, [rest](const CountedWord& word) { return rest.starts_with(word.Many); });
+  return argument == "1" && row != kCountedWords.end() ? row : nullptr;
+}
+
 bool IsCapital(char letter) { return letter >= 'A' && letter <= 'Z'; }
 
 /// A clause with the arguments of the command at this field in place of their names. A name that
@@ -85,9 +101,14 @@ std::string FilledClause(const Fields& fields, std::size_t command) {
     const std::string_view word = clause.substr(at, std::max(end, at + 1) - at);
     const auto argument =
         std::ranges::find(left, word, [&fields](std::size_t field) { return fields[field].Name; });
-    text += argument == left.end() ? std::string(word) : Shown(fields, *argument);
+    const std::string shown = argument == left.end() ? std::string(word) : Shown(fields, *argument);
+    text += shown;
     if (argument != left.end()) left.erase(argument);
     at += word.size();
+    if (const CountedWord* one = CountedOne(shown, clause.substr(at))) {
+      text += one->One;
+      at += one->Many.size();
+    }
   }
   return text;
 }

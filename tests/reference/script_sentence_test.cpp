@@ -33,6 +33,8 @@ TEST(ScriptSentence, SaysTheScriptInItsOrder) {
        "Gives the target a new action, at TRAITCHANGE:HP on the acting card itself, which is all "
        "that follows: the target dies at the end of the script."},
       {"MODTRAIT:HP", "Adds VALUE to the target's HP."},
+      {"DUPLICATEME:1:0:DUPLICATEME:2:0",
+       "Makes 1 copy of the acting card, makes 2 copies of the acting card."},
       // What a script goes on at is one card, whatever an action of this target would run on.
       {"RETARGET:ALL:DESTROY",
        "All that follows runs on a random card: the target dies at the end of the script."},
