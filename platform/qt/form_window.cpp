@@ -83,6 +83,16 @@ QButtonGroup& FormWindow::OptionGroup(const QString& controlName) {
   return *group;
 }
 
+void FormWindow::Focus(QWidget& widget) {
+  focusNext_ = &widget;
+  if (isVisible()) GiveFocus();
+}
+
+void FormWindow::GiveFocus() {
+  if (!focusNext_.isNull()) focusNext_->setFocus(Qt::OtherFocusReason);
+  focusNext_.clear();
+}
+
 void FormWindow::OrderTabStops() {
   QWidget* last = nullptr;
   for (QWidget* stop : tabStops_) {
@@ -153,6 +163,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 void FormWindow::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   for (const auto& sync : shownSyncs_) sync();
+  GiveFocus();
 }
 
 void FormWindow::hideEvent(QHideEvent* event) {
