@@ -14,6 +14,7 @@
 #include "editor/card_rows.h"
 #include "language/traits.h"
 #include "text/fold.h"
+#include "text/table_text.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -22,16 +23,17 @@ namespace {
 
 constexpr int kHighestRarity = 101;
 
-std::vector<std::string> Split(std::string_view text, char separator) {
-  std::vector<std::string> parts(1);
-  for (const char character : text) {
-    if (character == separator) {
-      parts.emplace_back();
-    } else if (character != '\r') {
-      parts.back() += character;
-    }
-  }
-  return parts;
+/// As a field of one line holds it.
+std::string InOneLine(std::string text) {
+  std::ranges::replace_if(
+      text, [](char character) { return character == '\t' || character == '\n'; }, ' ');
+  return text;
+}
+
+/// A text of the editor with the line ends of one out of a file.
+bool SameLines(std::string_view text, std::string stored) {
+  std::erase(stored, '\r');
+  return text == stored;
 }
 
 bool IsNumber(const std::string& text) {
@@ -222,7 +224,7 @@ int CardCells::AddTrait(std::string_view name) {
 }
 
 std::string CardCells::Put(int row, int column, std::string_view texts) {
-  const std::vector<std::string> lines = Split(texts, '\n');
+  const std::vector<TableRow> lines = TableRows(texts);
   Step step;
   std::string refused;
   const auto refuse = [&refused](int where, std::string_view heading, std::string_view why) {
@@ -236,7 +238,7 @@ std::string CardCells::Put(int row, int column, std::string_view texts) {
     }
     Card card = State().Collection[place];
     bool differs = false;
-    const std::vector<std::string> fields = Split(lines[line], '\t');
+    const TableRow& fields = lines[line];
     for (std::size_t field = 0; field < fields.size(); ++field) {
       const std::size_t number = static_cast<std::size_t>(column) - 1 + field;
       if (number >= columns_.size()) {
@@ -244,8 +246,10 @@ std::string CardCells::Put(int row, int column, std::string_view texts) {
         break;
       }
       const Column& target = columns_[number];
-      if (TextOf(card, target) == fields[field]) continue;
-      const std::string why = Set(card, target, fields[field]);
+      if (SameLines(fields[field], TextOf(card, target))) continue;
+      const bool hasLines = target.What == Field::kDescription;
+      const std::string why =
+          Set(card, target, hasLines ? fields[field] : InOneLine(fields[field]));
       if (why.empty()) {
         differs = true;
       } else {

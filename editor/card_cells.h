@@ -33,8 +33,8 @@ class CardCells {
   void SortBy(int column);
   /// The column of a trait, added when it is new; 0 for a name that no trait can have.
   int AddTrait(std::string_view name);
-  /// Puts texts, tab-separated, a line a row, into the cell and those behind and below it: one step
-  /// of undo. What was left out and why, "" for nothing.
+  /// Puts texts (text/table_text.h) into the cell and those behind and below it: one step of undo.
+  /// Only descriptions keep line ends. What was left out and why, "" for nothing.
   std::string Put(int row, int column, std::string_view texts);
 
   bool CanUndo() const { return steps_ > 0; }

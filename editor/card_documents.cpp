@@ -174,6 +174,10 @@ bool CardDocuments::IsAsLeft(const std::string& path) const {
   return found == documents_.end() || found->IsAsLeft();
 }
 
+bool CardDocuments::Knows(const std::string& path) const {
+  return std::ranges::find(documents_, path, &CardDocument::Path) != documents_.end();
+}
+
 void CardDocuments::ReadAgain(const std::string& path, const Pile& cards) {
   const auto found = std::ranges::find(documents_, path, &CardDocument::Path);
   if (found == documents_.end()) return;

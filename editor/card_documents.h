@@ -45,6 +45,8 @@ class CardDocuments {
   std::optional<std::string> BytesWith(const Pile& cards, const Table<Template>& templates) const;
   /// False when others have written the file since it was read.
   bool IsAsLeft(const std::string& path) const;
+  /// True for a file that was read or saved as a document.
+  bool Knows(const std::string& path) const;
   /// A file of the game has been saved.
   void ReadAgain(const std::string& path, const Pile& cards);
 

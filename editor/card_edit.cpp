@@ -15,8 +15,9 @@ namespace {
 
 constexpr int kPictureWidth = 300;
 constexpr int kPictureHeight = 450;
+constexpr int kAlmostAll = 1000;  // of the spare room
 constexpr int kMiniWidth = 80;
-constexpr int kMiniHeight = 120;
+constexpr int kMiniHeight = 80;
 constexpr int kLeftWidth = 330;
 constexpr int kColorWidth = 232;
 constexpr int kHelpWidth = 30;
@@ -181,12 +182,15 @@ Layout Left(CardEdit& form) {
       Column({Row({Cell(form.Command6, 1), Cell(form.DuplicateButton, 1), Cell(form.Command4, 1)}),
               Row({Cell(form.NewCardButton, 1), Cell(form.Command8)}),
               Row({Cell(form.TemplateCombo, 1), Cell(form.Command5)})});
-  Layout left = Column({Cell(form.CardCombo), Row({Cell(form.FileLabel), Cell(form.FileCombo, 1)}),
-                        Row({Cell(form.FindText, 1), Cell(form.FindNext)}),
-                        Row({Cell(form.cardtotal, 0, kTotalWidth), Cell(form.FindNote, 1)}),
-                        Cell(form.MainPic, 0, kPictureWidth, kPictureHeight),
-                        Row({Cell(form.Command3, 1), Cell(form.Command7, 1)}),
-                        Framed(form.ButtonFrame, std::move(buttons))});
+  // What the picture leaves of the height goes below all.
+  Layout picture = Cell(form.MainPic, kAlmostAll, kPictureWidth, kPictureHeight);
+  picture.Shrinks = true;
+  Layout left =
+      Column({Cell(form.CardCombo), Row({Cell(form.FileLabel), Cell(form.FileCombo, 1)}),
+              Row({Cell(form.FindText, 1), Cell(form.FindNext)}),
+              Row({Cell(form.cardtotal, 0, kTotalWidth), Cell(form.FindNote, 1, 0, kKeptHeight)}),
+              std::move(picture), Row({Cell(form.Command3, 1), Cell(form.Command7, 1)}),
+              Framed(form.ButtonFrame, std::move(buttons)), Layout{.Stretch = 1}});
   left.Width = kLeftWidth;
   return left;
 }

@@ -83,13 +83,13 @@ struct CardEdit : Form {
   ControlArray<Label, 2> Label8{"Label8"};
   Label Label9{"Label9"};
   Label EffLabel{"EffLabel"};
-  ControlArray<Label, 3> ScriptHint{"ScriptHint"};  ///< what the engine won't understand of a row
+  ControlArray<Label, 3> ScriptHint{"ScriptHint"};  ///< what is wrong with a row, else what it does
   Label NameHint{"NameHint"};                       ///< what a file won't keep of the name
   BrowserView PreviewWB{"PreviewWB"};               ///< the card as its player will see it
   Timer PreviewTimer{"PreviewTimer"};               ///< waits for a pause of the author
   TextBox FindText{"FindText"};
   Button FindNext{"FindNext"};
-  Label FindNote{"FindNote"};
+  Label FindNote{"FindNote"};  ///< what came of a search, or is told of images
 
   MenuItem filemen{"filemen", "File"};
   MenuItem loaddeckmen{"loaddeckmen", "Load Cards"};
@@ -215,6 +215,8 @@ struct CardEdit : Form {
   void ShowRows();
   void ShowTops();
   void NameAids();
+  void NameScriptAids(int row);
+  void ShowNote(const std::string& note);
   void ShowHints();
   void ShowNameHint();
   /// Refreshes the preview as soon as the author pauses.

@@ -234,6 +234,7 @@ void CardEdit::Command5_Click() {
     Desktop().MessageBox("Give the card a name first: templates are chosen by it.");
     return;
   }
+  Image.KeepParts();
   EditedLists::KeepTemplate(
       {card, Image.BackFile, Image.MiniBorderFile, EditedImage::FrameColor()});
   ListChanged();

@@ -164,6 +164,10 @@ bool CardEdit::SaveCards(SaveOptions options) {
 }
 
 void CardEdit::savedeckmen_Click() {
+  // The file holds all that is to be saved, and perhaps more than a save could keep.
+  const std::string file = State().CardFile.Str();
+  const bool isKnown = documents_.Knows(file) && !documents_.IsOfGame();
+  if (isKnown && !HasUnsavedChanges() && documents_.IsAsLeft(file)) return;
   StoreCurrentCard();
   SaveCards({.Stamp = true});
 }

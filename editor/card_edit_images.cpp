@@ -34,12 +34,23 @@ std::string PickPicture(EditedImage& image, std::string_view prompt, bool withCr
   return name;
 }
 
-/// The image of the edited card may lie in a folder that no game looks into.
-void TellOfFarImage(const EditedImage& image) {
-  const Card& card = State().EditCard;
-  if (!FindPicture(card.Picture, image.CardFolder).empty()) return;
-  Desktop().MessageBox(Joined(
-      card.Picture.View(), " lies where no game looks for it.  Copy it into the game's folder."));
+/// The image of the edited card, of that path, may lie where no game finds it.
+void TellOfFarImage(const EditedImage& image, const std::string& path) {
+  const Text name = State().EditCard.Picture;
+  const std::string found = FindPicture(name, image.CardFolder);
+  const FileSystem& files = Desktop().Files();
+  if (found == path || (!found.empty() && files.Read(found) == files.Read(path))) return;
+  Desktop().MessageBox(
+      found.empty()
+          ? Joined(name, " lies where no game looks for it.  Copy it into the game's folder.")
+          : Joined("The game finds another ", name, ", in ", ParentFolder(found),
+                   ".  Save this one under another name."));
+}
+
+/// The name that a card has for a picture which was chosen; a copy's where that is needed.
+std::string NameOfChosen(KeptPictures& kept, const std::string& picture) {
+  const std::string name = kept.Keep(picture);
+  return name.empty() ? FileNameOf(picture) : name;
 }
 
 }  // namespace
@@ -107,13 +118,14 @@ void CardEdit::loadgraphicmen_Click() {
   const std::string picture = PickPicture(Image, "Choose the main card pic.", false);
   if (picture.empty()) return;
   Card& card = State().EditCard;
-  card.Picture = FileNameOf(picture);
+  KeptPictures kept(Image.Folder());
+  card.Picture = NameOfChosen(kept, picture);
   const std::string thumb = PickPicture(Image, "Choose the thumbnail pic.", false);
-  if (!thumb.empty()) card.Thumb = FileNameOf(thumb);
+  if (!thumb.empty()) card.Thumb = NameOfChosen(kept, thumb);
   UpdatePic(1);
   // What was chosen is seen wherever it lies.
   Image.Show({.File = picture}, thumb.empty() ? Image.Mini() : ShownPicture{.File = thumb});
-  TellOfFarImage(Image);
+  Image.TellOf(kept);
   PreviewSoon();
 }
 
@@ -126,7 +138,7 @@ void CardEdit::saveimagemen_Click() {
       Desktop().AskFile({.Save = true, .FileName = "*.jpg", .DefaultExtension = "jpg"});
   if (!path || !Image.SaveAs(*path)) return;
   UpdatePic(1);
-  TellOfFarImage(Image);
+  TellOfFarImage(Image, *path);
   PreviewSoon();
 }
 

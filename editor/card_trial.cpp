@@ -14,6 +14,7 @@
 #include "core/strings.h"
 #include "editor/card_rows.h"
 #include "language/traits.h"
+#include "platform/headless/headless_platform.h"
 #include "scenario/scenario_run.h"
 #include "scenario/scene.h"
 #include "text/one_line.h"
@@ -130,9 +131,18 @@ std::string PlayerLines(int side) {
   return lines;
 }
 
+std::string CaptionLines(const Card& card) {
+  std::string lines;
+  for (const CaptionRow& row : CardRows::Of(card).Captions) {
+    if (row.Trait.empty() || row.Caption.empty()) continue;
+    lines += Joined("  caption ", Word(row.Trait), " ", Word(row.Caption), "\n");
+  }
+  return lines;
+}
+
 std::string CardLines(std::string_view word, const Card& card, int owner, std::string_view place) {
   return Joined("card ", word, " ", Word(card.Name), " owner ", owner, place, "\n",
-                TraitLines(card), EffectLines(card));
+                TraitLines(card), CaptionLines(card), EffectLines(card));
 }
 
 /// The trigger of an action as it fires: without what tells the editor more of it.
@@ -175,16 +185,25 @@ std::string Act(const TrialRequest& request) {
   std::string text;
   if (!request.Aim.empty()) text += Joined("aim ", kTried, " ", number, " ", request.Aim, "\n");
   if (FieldAt(row.Trigger, 1, ':') == "MENU") text += Joined("arm ", kTried, " ", number, "\n");
-  return Joined(text, "fire ", kTried, " ", Word(FiredTrigger(row)), " action ", number, "\n");
+  return Joined(text, "fire ", kTried, " ", Word(FiredTrigger(row)), " action ", number,
+                "\nflush\n");
 }
 
 using Traits = std::map<std::string, std::string>;
 struct SeenCard {
   bool IsInPlay = false;
   Traits Has{};
+  Traits Fields{};
 };
-/// The table and the player's hand at one moment, by the words of the scenario, or by name.
+/// The table and the player's hand at one moment, by the words of the scenario, or by name, and the
+/// match under "".
 using Moment = std::map<std::string, SeenCard>;
+
+int CountOfActions(const Card& card) {
+  int count = 0;
+  for (const auto& effect : card.Effects) count += effect.Script.empty() ? 0 : 1;
+  return count;
+}
 
 Moment Look(const Scene& scene) {
   std::map<std::int32_t, std::string> words;
@@ -196,6 +215,9 @@ Moment Look(const Scene& scene) {
       const auto word = words.find(card.GlobalID);
       SeenCard& seen = moment[word == words.end() ? card.Name.Str() : word->second];
       seen.IsInPlay = inPlay;
+      seen.Fields = {{"owner", Joined(int{card.Owner})},
+                     {"name", card.Name.Str()},
+                     {"actions", Joined(CountOfActions(card))}};
       for (const auto& trait : card.Traits) {
         if (trait.Name().empty()) continue;
         seen.Has.emplace(std::string(trait.Name()), RestDS(trait.AsText(), 2, ":"));
@@ -204,6 +226,7 @@ Moment Look(const Scene& scene) {
   };
   see(State().CardTable, true);
   see(State().Players[1].Hand, false);
+  moment[""].Fields = {{"gameover", Joined(int{State().GameOver})}};
   return moment;
 }
 
@@ -238,6 +261,10 @@ std::vector<TrialChange> Compare(const Moment& before, const Moment& after) {
           {card, "", isInPlay ? "in hand" : "in play", isInPlay ? "in play" : "in hand"});
     }
     AddTraitChanges(card, seen.Has, now->second.Has, changes);
+    for (const auto& [field, value] : seen.Fields) {
+      const std::string& present = now->second.Fields.at(field);
+      if (present != value) changes.push_back({card, field, value, present, true});
+    }
   }
   for (const auto& [card, seen] : after) {
     if (!before.contains(card)) changes.push_back({card, "", "", "in play"});
@@ -250,6 +277,11 @@ std::string Expectations(const std::vector<TrialChange>& changes) {
   std::string text;
   for (const TrialChange& change : changes) {
     const std::string card = Word(change.Card);
+    if (change.IsField) {
+      text += Joined("expect ", change.Trait, " ", change.Card.empty() ? "" : card + " ",
+                     Word(change.After), "\n");
+      continue;
+    }
     if (change.Trait.empty()) {
       text += Joined(change.After == "gone" ? "expect nocard " : "expect card ", card, "\n");
     } else if (change.After.empty()) {
@@ -291,6 +323,11 @@ class OtherSession {
   OtherSession& operator=(const OtherSession&) = delete;
 
   FileSystem& Files() { return kept_.Desktop->Files(); }
+  /// The user looks at the windows of this session while a scenario works. They ask their models
+  /// only, which know nothing of the scenario's.
+  void LendWindows(HeadlessPlatform& scenario) const {
+    scenario.OnWork = [desktop = kept_.Desktop.get()] { desktop->ServeWindows(); };
+  }
   const std::string& Folder() const { return kept_.ProgramFolder; }
 
  private:
@@ -323,6 +360,7 @@ TrialResult TryCard(const TrialRequest& request) {
     const std::string path = Joined(other.Folder(), "/", kPath);
     library.Machine().Put(path, result.Scenario);
     RunScenarioFile(path, library, report, [&](const Scene& scene) {
+      other.LendWindows(*scene.Desktop);
       if (scene.Last.Result) payment = std::string(*scene.Last.Result);
       if (scene.Line->Place.Line > laidOut) result.Said += PlainText(scene.Said());
       after = Look(scene);

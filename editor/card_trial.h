@@ -19,10 +19,11 @@ struct TrialRequest {
 /// A trait of a card of the table that is not what it was. A card without a trait's name came into
 /// play or left it.
 struct TrialChange {
-  std::string Card;
+  std::string Card;  ///< "" for the match itself
   std::string Trait;
   std::string Before;
   std::string After;
+  bool IsField = false;  ///< Trait names what else scenarios ask for: "owner", "name", "actions"
 };
 
 struct TrialResult {

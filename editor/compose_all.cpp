@@ -37,12 +37,13 @@ void CardEdit::composeallmen_Click() {
       Joined("Take the background ", ShownPart(Image.BackFile), " and the thumbnail border ",
              ShownPart(Image.MiniBorderFile), " for all of them, in place of each one's own?"));
   if (take) {
+    if (!Image.KeepParts()) return;
     const std::string back = Image.FindPart(Image.BackFile);
     const std::string border = Image.FindPart(Image.MiniBorderFile);
     const bool found =
         back.empty() == Image.BackFile.empty() && border.empty() == Image.MiniBorderFile.empty();
-    const ImageRecipe names{.Background = Image.RecordedPart(Image.BackFile),
-                            .Border = Image.RecordedPart(Image.MiniBorderFile)};
+    const ImageRecipe names{.Background = FileNameOf(Image.BackFile),
+                            .Border = FileNameOf(Image.MiniBorderFile)};
     if (!found || !composer.TakeParts(back, border, names)) {
       Desktop().MessageBox("The background or the border can't be read: nothing is composed.");
       return;

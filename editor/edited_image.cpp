@@ -229,15 +229,40 @@ std::string EditedImage::FindPart(const std::string& name) const {
   return FindPicture(name, CardFolder);
 }
 
-std::string EditedImage::RecordedPart(const std::string& name) const {
-  const std::string found = FindPart(name);
-  return found == FindPicture(name, CardFolder) ? FileNameOf(name) : found;
+std::string EditedImage::KeepPart(KeptPictures& kept, std::string& part) const {
+  const std::string found = FindPart(part);
+  if (found.empty()) return FileNameOf(part);
+  std::string name = kept.Keep(found);
+  if (!name.empty()) part = name;
+  return name;
 }
 
-void EditedImage::RecordRecipe(const std::string& file) const {
+void EditedImage::TellOf(const KeptPictures& kept) const {
+  const std::string copied = kept.Copied();
+  if (OnNote && !copied.empty()) OnNote(copied);
+  if (kept.HasFailed()) Desktop().MessageBox(kept.Problem());
+}
+
+bool EditedImage::KeepParts() {
+  KeptPictures kept(Folder());
+  KeepPart(kept, BackFile);
+  KeepPart(kept, MiniBorderFile);
+  TellOf(kept);
+  return !kept.HasFailed();
+}
+
+void EditedImage::RecordRecipe(const std::string& file) {
+  KeptPictures kept(Folder());
+  const ImageRecipe recipe{.File = file,
+                           .Foreground = kept.Keep(foreground_),
+                           .Background = KeepPart(kept, BackFile),
+                           .Border = KeepPart(kept, MiniBorderFile),
+                           .Crop = State().Crop};
+  TellOf(kept);
   ImageRecipes recipes(Folder());
-  recipes.Set(
-      {file, foreground_, RecordedPart(BackFile), RecordedPart(MiniBorderFile), State().Crop});
+  // Parts that could not be kept can't be found again; those of an earlier image are none of this.
+  if (kept.HasFailed() && !recipes.Forget(file)) return;
+  if (!kept.HasFailed()) recipes.Set(recipe);
   const std::string error = recipes.Write();
   if (error.empty()) return;
   Desktop().MessageBox(Joined("Can't save ", ImageRecipes::kFileName, ": ", error));

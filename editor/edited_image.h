@@ -7,6 +7,7 @@
 #include <string>
 
 #include "core/records.h"
+#include "editor/kept_pictures.h"
 #include "editor/picture_files.h"
 #include "platform/controls.h"
 
@@ -20,6 +21,7 @@ class EditedImage : public Observed {  // tells of Main and Mini
   std::string BackFile;  ///< a name, or a file that was picked; "" for none
   std::string MiniBorderFile;
   std::string CardFolder;  ///< folder of the card file with its separator; "" for the program's
+  std::function<void(const std::string& note)> OnNote;  ///< is told of what needs no answer
 
   const std::string& ForeFile() const { return foreground_; }
   static std::int32_t FrameColor();  ///< the card's, red high and blue low
@@ -67,8 +69,11 @@ class EditedImage : public Observed {  // tells of Main and Mini
   std::string Folder() const;  ///< where composed images go, with its separator
   /// Where a background or border lies; "" for none.
   std::string FindPart(const std::string& name) const;
-  /// How a recipe names it: without a folder where it is found so.
-  std::string RecordedPart(const std::string& name) const;
+  /// Names the background and the border as files do, of which picked ones are copied beside the
+  /// cards where a game would not find them. False, after a message, when that failed.
+  bool KeepParts();
+  /// Tells what was copied, and with a message what could not be.
+  void TellOf(const KeptPictures& kept) const;
 
  private:
   /// What a card's images are, or are made of.
@@ -87,7 +92,9 @@ class EditedImage : public Observed {  // tells of Main and Mini
   bool Compose();
   bool Write(int place);
   void TellOfMissingBackground();
-  void RecordRecipe(const std::string& file) const;
+  /// Returns the name that files have for a part; "" for none.
+  std::string KeepPart(KeptPictures& kept, std::string& part) const;
+  void RecordRecipe(const std::string& file);
 
   std::string foreground_;
   ShownPicture main_;

@@ -50,12 +50,11 @@ std::vector<int> ImageComposer::CardsToCompose(const Pile& cards) {
   return chosen;
 }
 
-std::string ImageComposer::Find(const std::string& name, bool byName) const {
+std::string ImageComposer::Find(const std::string& name) const {
   if (!IsPictureName(name)) return "";
-  std::string full = name.starts_with('/') && Desktop().Files().Exists(name) ? name : std::string();
-  if (!byName && !full.empty()) return full;
-  std::string found = FindPicture(name, folder_);
-  return found.empty() ? full : found;
+  // A full path of an old list is that file, even where the game has another of its name.
+  if (name.starts_with('/') && Desktop().Files().Exists(name)) return name;
+  return FindPicture(name, folder_);
 }
 
 bool ImageComposer::ReadPart(PartPicture& part, const std::string& file) {
@@ -77,7 +76,7 @@ bool ImageComposer::TakeParts(const std::string& background, const std::string& 
 
 bool ImageComposer::Read(const ImageRecipe& recipe, Raster& foreground, CropCoordinates& crop) {
   std::string error;
-  const std::string file = Find(recipe.Foreground, false);
+  const std::string file = Find(recipe.Foreground);
   auto picture = file.empty() ? std::nullopt : ReadPicture(file, error);
   if (picture) CompleteCrop(crop, *picture);
   if (!picture || !IsUsable(crop) || !LiesWithin(crop, *picture)) {
@@ -88,7 +87,7 @@ bool ImageComposer::Read(const ImageRecipe& recipe, Raster& foreground, CropCoor
   if (taken_) return true;
   for (auto [part, name] :
        {std::pair(&background_, &recipe.Background), std::pair(&border_, &recipe.Border)}) {
-    const std::string path = name->empty() ? "" : Find(*name, true);
+    const std::string path = name->empty() ? "" : Find(*name);
     if (path.empty() != name->empty() || !ReadPart(*part, path)) {
       failed_.Add(FileNameOf(*name));
       return false;
@@ -107,6 +106,10 @@ void ImageComposer::Compose(const Card& card) {
   ImageRecipe recipe = *RecipeOf(card);
   Raster foreground;
   if (!Read(recipe, foreground, recipe.Crop)) return;
+  if (taken_) {  // its line is written anew
+    recipe.Foreground = kept_.Keep(Find(recipe.Foreground));
+    if (recipe.Foreground.empty()) return failed_.Add(recipe.File);
+  }
   Raster main = MainSurface(background_.Picture);
   Raster mini(kMiniSize, kMiniSize);
   DrawCardImages(foreground, recipe.Crop, FrameColorOf(card.NameColor), border_.Picture, main,
@@ -129,6 +132,9 @@ std::string ImageComposer::Report() const {
     report += Joined("  No parts are recorded for ", CountText(withoutRecipe_, "card"), ".");
   }
   if (failed_.Count() > 0) report += Joined("  Not read or written: ", failed_.Told(), ".");
+  for (const std::string& told : {kept_.Copied(), kept_.Problem()}) {
+    if (!told.empty()) report += "  " + told;
+  }
   return report;
 }
 

@@ -9,6 +9,7 @@
 #include "core/paths.h"
 #include "core/records.h"
 #include "editor/image_recipes.h"
+#include "editor/kept_pictures.h"
 #include "editor/picture_files.h"
 #include "images/card_images.h"
 #include "platform/raster.h"
@@ -20,7 +21,7 @@ class ImageComposer {
  public:
   /// Of a folder with its separator. mainQuality is that of the large images.
   explicit ImageComposer(std::string folder, int mainQuality = kMainQuality)
-      : folder_(std::move(folder)), mainQuality_(mainQuality), recipes_(folder_) {}
+      : folder_(std::move(folder)), mainQuality_(mainQuality), recipes_(folder_), kept_(folder_) {}
 
   const ImageRecipe* RecipeOf(const Card& card) const {
     return recipes_.Find(FileNameOf(card.Picture));
@@ -46,7 +47,7 @@ class ImageComposer {
   };
 
   /// A file of a recipe; "" when it is gone or no picture.
-  std::string Find(const std::string& name, bool byName) const;
+  std::string Find(const std::string& name) const;
   bool ReadPart(PartPicture& part, const std::string& file);
   bool Read(const ImageRecipe& recipe, Raster& foreground, CropCoordinates& crop);
   bool Write(Raster drawing, const std::string& file, int quality);
@@ -54,6 +55,7 @@ class ImageComposer {
   std::string folder_;
   int mainQuality_;
   ImageRecipes recipes_;
+  KeptPictures kept_;
   std::optional<ImageRecipe> taken_;
   PartPicture background_;
   PartPicture border_;

@@ -95,10 +95,17 @@ void ImageRecipes::Set(const ImageRecipe& recipe) {
   if (IsUsable(recipe)) Put(recipe, LineOf(recipe));
 }
 
+bool ImageRecipes::Forget(std::string_view file) {
+  const auto known = recipes_.find(file);
+  if (known == recipes_.end()) return false;
+  lines_[known->second.Line].clear();
+  recipes_.erase(known);
+  return true;
+}
+
 void ImageRecipes::Put(ImageRecipe recipe, std::string line) {
-  const auto known = recipes_.find(recipe.File);
-  if (known != recipes_.end()) lines_[known->second.Line].clear();
   const std::string file = recipe.File;
+  Forget(file);
   recipes_.insert_or_assign(file, Entry{lines_.size(), std::move(recipe)});
   lines_.push_back(std::move(line));
 }

@@ -10,6 +10,7 @@
 
 namespace brindlemoor {
 
+/// Parts are named without folders; lists of old name some by full paths.
 struct ImageRecipe {
   std::string File{};  ///< name of the large image, without a folder
   std::string Foreground{};
@@ -32,6 +33,8 @@ class ImageRecipes {
   /// Takes the place of the recipe for the same file. One that does not fit into a line is left
   /// out.
   void Set(const ImageRecipe& recipe);
+  /// False where there was none.
+  bool Forget(std::string_view file);
   /// Returns "" or what went wrong; then the old file is as it was.
   std::string Write() const;
 

@@ -1,13 +1,17 @@
 // Choosing the one finding that a row speaks of, and wording it.
 #include "editor/script_hints.h"
 
+#include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "core/strings.h"
 #include "data/field_text.h"
 #include "editor/card_rows.h"
+#include "editor/script_parts.h"
 #include "lint/reaction_check.h"
 #include "lint/script_check.h"
+#include "reference/script_sentence.h"
 
 namespace brindlemoor {
 
@@ -41,7 +45,49 @@ std::string_view OwnScript(std::string_view script) {
   return end == std::string_view::npos ? std::string_view() : script.substr(end + 1);
 }
 
+/// What is said of an action's own script.
+Findings FindingsOfScript(const EffectRow& row) {
+  const std::string_view script = OwnScript(row.Script);
+  Findings all = CheckScript(script);
+  Take(all, CheckReaction(row.Target, row.Trigger, script));
+  return all;
+}
+
+/// The stretch of the script that a finding at this byte speaks of.
+TextRun MarkedRun(const std::vector<ScriptPart>& parts, std::size_t offset) {
+  TextRun command;
+  for (const ScriptPart& part : parts) {
+    const std::size_t end = part.Offset + part.Text.size();
+    if (part.Name.empty() && !part.Text.empty() && part.Offset <= offset) {
+      command = {part.Offset, part.Text.size()};
+    }
+    if (offset < part.Offset || offset >= end) continue;
+    // Of a text only the word is meant.
+    const std::string_view marked = part.Text.substr(offset - part.Offset);
+    const std::size_t blank = part.Name.empty() ? marked.size() : marked.find(' ');
+    const std::size_t word = std::min(marked.size(), blank);
+    return {offset, std::max<std::size_t>(1, word)};
+  }
+  return command;
+}
+
 }  // namespace
+
+std::vector<TextRun> RunsOfAction(const EffectRow& row) {
+  const std::vector<ScriptPart> parts = PartsOfScript(row.Script);
+  std::vector<TextRun> runs;
+  for (const ScriptPart& part : parts) {
+    if (!part.Text.empty()) runs.push_back({part.Offset, part.Text.size(), part.Style});
+  }
+  const std::size_t before = row.Script.size() - OwnScript(row.Script).size();
+  for (const ScriptFinding& finding : FindingsOfScript(row)) {
+    TextRun marked = MarkedRun(parts, before + finding.Offset);
+    if (marked.Length == 0) continue;
+    marked.Note = Worded(finding);
+    runs.push_back(std::move(marked));
+  }
+  return runs;
+}
 
 std::string HintForAction(const EffectRow& row) {
   Findings all;
@@ -60,14 +106,15 @@ std::string HintForAction(const EffectRow& row) {
                   "The target is missing; the card chosen for the action is taken.", ""}});
     }
   }
-  if (acts) {
-    Take(all, CheckScript(OwnScript(row.Script)));
-    Take(all, CheckReaction(row.Target, row.Trigger, OwnScript(row.Script)));
-  }
+  if (acts) Take(all, FindingsOfScript(row));
   for (const ScriptFinding& finding : all) {
     if (!IsRemark(finding.Kind)) return Worded(finding);
   }
   return all.empty() ? std::string() : Worded(all.front());
+}
+
+std::string SentenceForAction(const EffectRow& row) {
+  return SentenceOfScript(OwnScript(row.Script));
 }
 
 std::string HintForName(std::string_view name) {

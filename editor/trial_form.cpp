@@ -102,6 +102,7 @@ void TrialForm::Combo_Click() {
 }
 
 std::string TrialForm::NameOf(const std::string& word) const {
+  if (word.empty()) return "The match";
   const auto found = std::ranges::find(cards_, word, &TrialCard::Word);
   return found == cards_.end() ? word : found->Meaning;
 }

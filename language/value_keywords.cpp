@@ -224,7 +224,7 @@ constexpr std::array<ValueKeyword, 4> kOtherWords{{
     {"$MYNAME", "| the acting card's name; only as the whole expression"},
     {"$TARGETNAME", "| the target's name; only as the whole expression"},
     {"$TARGETGID", "| the target's Global ID; only as the whole expression"},
-    {"R#Die#", "| R2Die6 rolls two dice of six sides; TRAIT in it is the remembered trait"},
+    {kDiceWord, "| R2Die6 rolls two dice of six sides; TRAIT in it is the remembered trait"},
 }};
 
 constexpr auto kReference = [] {

@@ -21,6 +21,9 @@ double EvalNumber(const Card& source, const Card& target, std::string_view expre
 /// True for a text that has a meaning as a whole expression, whatever its fields are.
 bool IsWholeExpression(std::string_view expression);
 
+/// How the references write dice: a field that begins with "R".
+inline constexpr std::string_view kDiceWord = "R#Die#";
+
 /// A keyword of the language of expressions, for references and checkers.
 struct ValueKeyword {
   std::string_view Word;

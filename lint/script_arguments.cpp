@@ -1,6 +1,8 @@
-// Walking the arguments of scripts and the traits of value expressions.
+// Telling the fields of scripts apart, and the traits of value expressions.
 #include "lint/script_arguments.h"
 
+#include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "core/strings.h"
@@ -22,36 +24,72 @@ bool IsScript(ArgumentKind kind) {
   return kind == ArgumentKind::kScript || kind == ArgumentKind::kRequirements;
 }
 
-/// How many fields an argument fills.
-std::size_t Width(ArgumentKind kind, std::string_view text) {
-  if (kind == ArgumentKind::kTrigger) return 1 + static_cast<std::size_t>(FieldsOfTrigger(text));
+/// The names of the fields that belong to an argument, behind its first one.
+std::string_view NamesBehind(ArgumentKind kind, std::string_view text) {
+  if (kind == ArgumentKind::kTrigger) {
+    const auto* const row = std::ranges::find(kTriggerRows, text, &TriggerRow::Stem);
+    return row == kTriggerRows.end() ? std::string_view() : row->Arguments;
+  }
   const bool expression = kind == ArgumentKind::kTarget && TargetTypeCode(text) == kTargetGidCard;
-  return expression ? 2 : 1;
+  return expression ? "VALUE" : "";
 }
+
+/// The fields of a script while they are told apart.
+class FieldReading {
+ public:
+  explicit FieldReading(std::string_view script) : fields_(Fields(script, ':')) {}
+
+  std::vector<ScriptField> Read() {
+    while (at_ < fields_.size()) {
+      const std::string_view field = fields_[at_];
+      const Command* row = FindCommand(field.starts_with("AI") ? field.substr(2) : field);
+      Add(row, "");
+      if (field.empty()) break;
+      if (row != nullptr) ReadArguments(*row);
+    }
+    return std::move(read_);
+  }
+
+ private:
+  void Add(const Command* row, std::string_view name, bool continues = false) {
+    if (at_ < fields_.size()) read_.push_back({fields_[at_++], row, name, continues});
+  }
+
+  void ReadArguments(const Command& row) {
+    std::size_t number = 0;
+    for (const std::string_view name : Fields(ArgumentNames(row), ' ')) {
+      ++number;
+      const ArgumentKind kind = KindOfArgument(name);
+      if (IsScript(kind) || at_ >= fields_.size()) return;
+      const std::string_view text = fields_[at_];
+      Add(&row, name);
+      if (number <= row.Arguments) continue;  // of which each is one field
+      for (const std::string_view behind : Fields(NamesBehind(kind, text), ' ')) {
+        Add(&row, behind, true);
+      }
+    }
+  }
+
+  std::vector<std::string_view> fields_;
+  std::vector<ScriptField> read_;
+  std::size_t at_ = 0;
+};
 
 }  // namespace
 
+std::vector<ScriptField> FieldsOfScript(std::string_view script) {
+  return FieldReading(script).Read();
+}
+
 void VisitArguments(std::string_view script,
                     const std::function<void(const ScriptArgument&)>& visit) {
-  const std::vector<std::string_view> fields = Fields(script, ':');
-  const auto field = [&](std::size_t n) {
-    return n < fields.size() ? fields[n] : script.substr(script.size());
-  };
-  for (std::size_t at = 0; at < fields.size() && !fields[at].empty();) {
-    std::string_view word = fields[at];
-    if (word.starts_with("AI")) word.remove_prefix(2);
-    const Command* row = FindCommand(word);
-    ++at;
-    if (row == nullptr) continue;
-    std::size_t argument = at;
-    const std::string_view names = ArgumentNames(*row);
-    for (const std::string_view name : Fields(names, ' ')) {
-      const ArgumentKind kind = KindOfArgument(name);
-      if (IsScript(kind) || argument >= fields.size()) break;
-      visit({row->Word, row->Role, name, field(argument), field(argument + 1)});
-      argument += row->TakesRest ? Width(kind, field(argument)) : 1;
-    }
-    at = row->TakesRest ? argument : at + row->Arguments;
+  const std::vector<ScriptField> fields = FieldsOfScript(script);
+  for (std::size_t at = 0; at < fields.size(); ++at) {
+    const ScriptField& field = fields[at];
+    if (field.Name.empty() || field.Continues) continue;
+    const bool last = at + 1 == fields.size();
+    visit({field.Row->Word, field.Row->Role, field.Name, field.Text,
+           last ? script.substr(script.size()) : fields[at + 1].Text});
   }
 }
 

@@ -1,13 +1,28 @@
-// The arguments of a script's commands, one by one, for those who look for names in scripts.
+// What each field of a script is, for those who look for names in scripts and those who show them.
 #pragma once
 
 #include <cstddef>
 #include <functional>
 #include <string_view>
+#include <vector>
 
 #include "script/command_table.h"
 
 namespace brindlemoor {
+
+/// A ":" field of a script.
+struct ScriptField {
+  std::string_view Text;         ///< a part of the script, which may be empty
+  const Command* Row = nullptr;  ///< the command that it is or belongs to; nullptr for neither
+  /// Of the argument, as the usage lines of commands and triggers have it: "TRAIT". "" for the
+  /// command itself, and for a field where a command was looked for.
+  std::string_view Name{};
+  /// It belongs to the argument before it, as the trait does in "TRAITCHANGE:HP".
+  bool Continues = false;
+};
+
+/// The fields up to the first empty one that ends the script, that one included.
+std::vector<ScriptField> FieldsOfScript(std::string_view script);
 
 struct ScriptArgument {
   std::string_view Word;  ///< the command

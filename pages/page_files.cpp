@@ -79,9 +79,9 @@ void WritePages(std::span<const std::string_view> files) {
   }
 }
 
-void ShowInView(BrowserView& view, std::string_view file) {
+void ShowInView(BrowserView& view, std::string_view file, std::string_view anchor) {
   State().OwnNavigation = 1;
-  Desktop().Navigate(view, FileUrl(PagePath(file)));
+  Desktop().Navigate(view, FileUrl(PagePath(file), anchor));
   Desktop().PumpEvents();
   State().OwnNavigation = 0;
   State().PageText.clear();

@@ -24,8 +24,8 @@ void WritePage(std::string_view file, std::string_view color);
 /// The same for a page that is kept in several files.
 void WritePages(std::span<const std::string_view> files);
 
-/// Shows a page, or another file of the program's folder, in a view, lets events run and empties
-/// PageText.
-void ShowInView(BrowserView& view, std::string_view file);
+/// Shows a page, or another file of the program's folder, in a view, from the element with the id
+/// of the anchor on; lets events run and empties PageText.
+void ShowInView(BrowserView& view, std::string_view file, std::string_view anchor = {});
 
 }  // namespace brindlemoor

@@ -2,6 +2,7 @@
 // platform binds each model to something that can be seen.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -83,6 +84,43 @@ struct Label : Control {
   std::function<void()> Click;
 };
 
+/// What a stretch of a text is, for its colour.
+enum class TextStyle {
+  kPlain,
+  kCommand,
+  kCondition,
+  kName,
+  kValue,
+  kPlace,
+  kMessage,
+  kUnknown,
+};
+
+/// A stretch of a text; Offset and Length count bytes.
+struct TextRun {
+  std::size_t Offset = 0;
+  std::size_t Length = 0;
+  TextStyle Style = TextStyle::kPlain;
+  std::string Note{};  ///< what is wrong here: underlined, and told under the pointer
+  bool operator==(const TextRun&) const = default;
+};
+
+struct TextSuggestion {
+  std::string Text;
+  std::string Note;  ///< what it means, in a few words
+  bool operator==(const TextSuggestion&) const = default;
+};
+
+/// What may be typed at a place of a text, in place of the bytes that stand there.
+struct TextSuggestions {
+  std::size_t Offset = 0;
+  std::size_t Length = 0;
+  std::vector<TextSuggestion> Items{};
+  bool IsOpen = false;  ///< other words are possible as well, so that none is chosen beforehand
+};
+
+/// A MultiLine box asks for the colours of its text whenever it or the model changes, and for
+/// suggestions while the user types; neither may change anything.
 struct TextBox : Control {
   using Control::Control;
   Property<std::string> Text{*this};
@@ -94,6 +132,11 @@ struct TextBox : Control {
   /// The Enter key was pressed. A MultiLine box with this handler holds one line, wrapped.
   std::function<void()> Enter;
   std::function<void()> RightClick;  ///< takes the place of the menu for copying and pasting
+  /// The styled stretches in their order; those with a Note may lie over the others.
+  std::function<std::vector<TextRun>(const std::string& text)> Runs;
+  std::function<TextSuggestions(const std::string& text, std::size_t caret)> Suggest;
+  /// F1 was pressed with the caret before this byte. Without it the key is the form's.
+  std::function<void(std::size_t caret)> Help;
 };
 
 struct ComboBox : Control {
@@ -135,7 +178,7 @@ struct Grid : Control {
   Property<int> Column{*this, 0};
   std::function<std::string(int row, int column)> CellText;
   std::function<bool(int column)> CanEdit;
-  /// The user typed or pasted texts, tab-separated, a line a row; the first belongs to the cell.
+  /// The user typed or pasted texts (text/table_text.h); the first belongs to the cell.
   std::function<void(int row, int column, const std::string& texts)> CellsTyped;
   std::function<void()> Open;  ///< a cell that can't be edited, by double click or Enter
   std::function<void(int column)> Header;  ///< a heading was clicked
@@ -279,6 +322,7 @@ struct Layout {
   int Width = 0;           ///< fixed width in pixels at 96 dpi, 0 natural
   int Height = 0;          ///< fixed height, 0 natural
   int Columns = 1;         ///< a grid has a multiple of so many: those that show its cells largest
+  bool Shrinks = false;    ///< Height is the most; where the window is low it may be half
   std::string Title{};     ///< caption of a frame around the children, "" for no frame
   Frame* Group = nullptr;  ///< the frame around the children where it is a control itself
 };

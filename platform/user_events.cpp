@@ -11,7 +11,7 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::array<UserEventRow, 23> kRows = {{
+constexpr std::array<UserEventRow, 24> kRows = {{
     {UserEventKind::kActivate, "activate"},
     {UserEventKind::kClose, "close"},
     {UserEventKind::kResize, "resize"},
@@ -20,6 +20,7 @@ constexpr std::array<UserEventRow, 23> kRows = {{
     {UserEventKind::kType, "type", 0, true},
     {UserEventKind::kEnter, "enter"},
     {UserEventKind::kRightClick, "rightclick"},
+    {UserEventKind::kHelp, "help", 1},
     {UserEventKind::kChoose, "choose", 1},
     {UserEventKind::kOpen, "open", 1},
     {UserEventKind::kScroll, "scroll", 1},
@@ -97,6 +98,7 @@ bool Delivery::HasTarget() const {
       return As<TextBox>() || As<ComboBox>();
     case UserEventKind::kEnter:
     case UserEventKind::kRightClick:
+    case UserEventKind::kHelp:
       return As<TextBox>();
     case UserEventKind::kChoose:
       return As<ComboBox>() || As<ListBox>();
@@ -129,6 +131,8 @@ bool Delivery::IsInBounds() const {
   switch (Event.Kind) {
     case UserEventKind::kMark:
       return Between(Event.Number, 0, 1);
+    case UserEventKind::kHelp:
+      return Between(Event.Number, 0, static_cast<int>(As<TextBox>()->Text.Get().size()));
     case UserEventKind::kChoose:
     case UserEventKind::kOpen: {
       const auto* combo = As<ComboBox>();
@@ -204,6 +208,10 @@ const std::function<void()>* Take(CheckBox& box, const UserEvent& event) {
   return TakeMark(box, event);
 }
 const std::function<void()>* Take(TextBox& box, const UserEvent& event) {
+  if (event.Kind == UserEventKind::kHelp) {
+    if (box.Help) box.Help(static_cast<std::size_t>(event.Number));
+    return nullptr;
+  }
   if (event.Kind == UserEventKind::kEnter) return &box.Enter;
   if (event.Kind == UserEventKind::kRightClick) return &box.RightClick;
   box.Text = event.Text;

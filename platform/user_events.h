@@ -17,6 +17,7 @@ enum class UserEventKind {
   kType,        ///< Text is what a text or combo box holds now
   kEnter,       ///< the Enter key in a text box
   kRightClick,  ///< in a text box
+  kHelp,        ///< the Help key in a text box; Number is the byte before which the caret is
   kChoose,      ///< Number is the item of a combo or list box, from 1; 0 none
   kOpen,        ///< the same, and the item is opened
   kScroll,      ///< Number is the value of a scroll bar

@@ -13,8 +13,10 @@
 #include "language/values.h"
 #include "pages/messages.h"
 #include "pages/shown_markup.h"
+#include "reference/anchors.h"
 #include "reference/examples.h"
 #include "reference/notes.h"
+#include "reference/script_sentence.h"
 #include "script/command_table.h"
 #include "text/quoting.h"
 #include "text/text.h"
@@ -94,12 +96,6 @@ std::string Section(std::string_view anchor, std::string_view title, std::string
   return Joined("<h2 id=\"", anchor, "\">", title, "</h2>\n", intro);
 }
 
-/// What stands behind the bar of a usage line.
-std::string_view MeaningOf(std::string_view usage) {
-  const std::size_t bar = usage.find("| ");
-  return bar == std::string_view::npos ? usage : usage.substr(bar + 2);
-}
-
 std::string ExampleText(const ActionExample* example) {
   if (example == nullptr) return "";
   return Joined("#EFFECT, ", example->Target, ", ", example->Trigger, ", \"", example->Script,
@@ -170,7 +166,7 @@ std::string Locations() {
 std::string Targets() {
   std::string html = Section("targets", "Targets", kTargetsIntro) + "<dl>\n";
   for (const TargetTypeRow& row : kTargetTypeRows) {
-    html += Entry(Joined("target-", row.Word), row.Word, row.Meaning,
+    html += Entry(TargetAnchor(row.Word), row.Word, row.Meaning,
                   ExampleText(FindExample(TargetExamples(), row.Word)));
   }
   return html + "</dl>\n";
@@ -181,7 +177,7 @@ std::string Triggers() {
   for (const TriggerRow& row : kTriggerRows) {
     std::string form = Joined(row.Word, row.Arguments);
     std::ranges::replace(form, ' ', ':');
-    html += Entry(Joined("trigger-", row.Stem()), form, row.FiredBy,
+    html += Entry(TriggerAnchor(row.Stem()), form, row.FiredBy,
                   ExampleText(FindExample(TriggerExamples(), row.Word)));
   }
   return html + "</dl>\n";
@@ -207,7 +203,8 @@ std::string CommandIndex() {
 }
 
 std::string Commands() {
-  std::string html = Section("scripts", "Scripts", kScriptsIntro) + CommandIndex() + Arguments();
+  std::string html =
+      Section(kScriptsAnchor, "Scripts", kScriptsIntro) + CommandIndex() + Arguments();
   for (const Family& family : kFamilies) {
     html += Joined("<h3>", family.Title, "</h3>\n<dl>\n");
     for (const Command& row : family.Rows()) {
@@ -230,7 +227,7 @@ std::string ValueForm(const ValueKeyword& row) {
 std::string Values() {
   std::string html = Section("values", "Values", kValuesIntro) + "<dl>\n";
   for (const ValueKeyword& row : ValueKeywords()) {
-    html += Entry(Joined("value-", row.Word), ValueForm(row), MeaningOf(row.Usage),
+    html += Entry(ValueAnchor(row.Word), ValueForm(row), MeaningOf(row.Usage),
                   ExampleText(FindExample(ValueExamples(), row.Word)));
   }
   return html + "</dl>\n";

@@ -283,7 +283,7 @@ Step Repeat(Run& run) {
 
 constexpr auto kRows = std::to_array<Command>({
     {"DRAWCARDS", 1, false, InTest::kSkipOne, DrawCardsCommand,
-     "COUNT | the target's owner draws cards until the hand is full"},
+     "COUNT | the target's owner draws COUNT cards; as far as the hand has room"},
     {"DESTROY", 0, false, InTest::kSkip, Destroy, "| the target dies at the end of the script"},
     {"DESTROYME", 0, false, InTest::kSkip, DestroyMe,
      "| the acting card dies at the end of the script"},
@@ -293,32 +293,37 @@ constexpr auto kRows = std::to_array<Command>({
      "| the acting card goes back to its owner's hand"},
 
     {"DUPLICATE", 2, false, InTest::kSkipOne, Duplicate,
-     "COUNT PAID | copies of the target for the acting card's side; PAID 1 asks their price"},
+     "COUNT PAID | makes COUNT copies of the target for the acting card's side; PAID 1 asks their "
+     "price"},
     {"DUPLICATEME", 2, false, InTest::kSkipOne, DuplicateMe,
-     "COUNT PAID | copies of the acting card; PAID 1 asks their price"},
+     "COUNT PAID | makes COUNT copies of the acting card; PAID 1 asks their price"},
     {"CREATECARD", 3, false, InTest::kSkipOne, CreateCard,
-     "COUNT NAME FILE | cards of a card file for the acting card's side"},
+     "COUNT NAME FILE | makes COUNT cards NAME out of the card file FILE for the acting card's "
+     "side"},
 
     {"BOOSTER", 1, false, InTest::kSkip, BoosterCommand,
-     "COUNT | the player gets random cards of the store, by rarity"},
+     "COUNT | the player gets COUNT random cards of the store; the rarer, the less often"},
     {"BOOSTERWITHREQS", 1, true, InTest::kSkip, BoosterWithReqsCommand,
-     "COUNT REQUIREMENTS | as BOOSTER, for cards that pass the rest of the script"},
+     "COUNT REQUIREMENTS | the player gets COUNT random cards of the store that pass the rest of "
+     "the script; the rarer, the less often"},
     {"BOOSTERCARD", 2, false, InTest::kSkip, BoosterCardCommand,
-     "NAME COUNT | the player gets this card of the store"},
+     "NAME COUNT | the player gets the card NAME of the store, COUNT of it"},
 
     {"PERMANENT", 0, true, InTest::kSkip, Permanent,
-     "SCRIPT | the rest of the script also runs on the player's own copy of the target"},
+     "SCRIPT | all that follows also runs on the player's own copy of the target"},
     {"ADDMOD", 0, true, InTest::kEnds, AddMod,
-     "SCRIPT | the rest of the script runs now, and whenever the target enters a table"},
+     "SCRIPT | all that follows runs now, and whenever the target enters a table"},
     {"SAVECARD", 0, false, InTest::kSkip, SaveCard,
      "| the player's own copy of the target becomes as the target is now"},
 
-    {"CHANGENAME", 1, false, InTest::kSkip, ChangeName, "NEWNAME | renames the target", true},
-    {"CHANGEMYNAME", 1, false, InTest::kSkip, ChangeMyName, "NEWNAME | renames the acting card",
+    {"CHANGENAME", 1, false, InTest::kSkip, ChangeName, "NEWNAME | renames the target to NEWNAME",
      true},
-    {"CHANGEIMG", 1, false, InTest::kSkip, ChangeImg, "PICTURE | the acting card's picture", true},
-    {"CHANGETHUMB", 1, false, InTest::kSkip, ChangeThumb, "PICTURE | the acting card's thumbnail",
-     true},
+    {"CHANGEMYNAME", 1, false, InTest::kSkip, ChangeMyName,
+     "NEWNAME | renames the acting card to NEWNAME", true},
+    {"CHANGEIMG", 1, false, InTest::kSkip, ChangeImg,
+     "PICTURE | makes PICTURE the acting card's picture", true},
+    {"CHANGETHUMB", 1, false, InTest::kSkip, ChangeThumb,
+     "PICTURE | makes PICTURE the acting card's thumbnail", true},
 
     {"MINDCONTROL", 0, false, InTest::kRuns, MindControl,
      "| the target joins the acting card's side"},
@@ -327,12 +332,13 @@ constexpr auto kRows = std::to_array<Command>({
     {"DEFECT", 0, false, InTest::kRuns, Defect, "| the target changes sides"},
     {"DEFECTME", 0, false, InTest::kRuns, DefectMe, "| the acting card changes sides"},
     {"JOIN", 1, false, InTest::kRuns, Join,
-     "OWNER | the target joins a side: 1 human, 2 computer, 0 or 3 neutral"},
+     "OWNER | the target joins side OWNER; 1 human, 2 computer, 0 or 3 neutral"},
     {"MEJOIN", 1, false, InTest::kRuns, MeJoin,
-     "OWNER | the acting card joins a side: 1 human, 2 computer, 0 or 3 neutral"},
+     "OWNER | the acting card joins side OWNER; 1 human, 2 computer, 0 or 3 neutral"},
 
     {"ADDEFFECT", 0, true, InTest::kRuns, AddEffectCommand,
-     "TRIGGER TARGET SCRIPT | the target gets a new action; ends the script"},
+     "TRIGGER TARGET SCRIPT | gives the target a new action, at TRIGGER on TARGET, which is all "
+     "that follows; ends the script"},
     {"DELETEEFFECT", 0, false, InTest::kSkip, DeleteEffect,
      "| this action goes from the acting card after the script"},
 
@@ -340,8 +346,8 @@ constexpr auto kRows = std::to_array<Command>({
     {"LOSEGAME", 0, false, InTest::kSkip, LoseGame, "| the acting card's side loses"},
 
     {"REPEAT", 2, false, InTest::kRuns, Repeat,
-     "TARGET COUNT | the whole script runs COUNT times more, on new targets", false,
-     CommandRole::kDeclares},
+     "TARGET COUNT | the whole script runs COUNT times more, on TARGET; chosen anew each time",
+     false, CommandRole::kDeclares},
 });
 
 }  // namespace

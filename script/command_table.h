@@ -45,6 +45,13 @@ enum class ArgumentKind : std::uint8_t {
   kRequirements,  ///< the same, may be missing
 };
 
+/// What the "AI" mark before a requirement does when the requirement is not met.
+enum class AiMark : std::uint8_t {
+  kWishes,  ///< the card is worse as a target, and the script goes on
+  kNone,    ///< what happens without the mark: it calls off or ends
+  kFrees,   ///< nothing: the script goes on
+};
+
 /// The name of an argument in usage lines.
 struct ArgumentRow {
   std::string_view Name;
@@ -62,6 +69,7 @@ struct Command {
   std::string_view Usage;   ///< argument names and one line for authors: "TRAIT VALUE | adds ..."
   bool Pictures = false;    ///< its message may show the run's card pictures
   CommandRole Role = CommandRole::kActs;
+  AiMark Mark = AiMark::kWishes;  ///< of a requirement
 };
 
 /// The families' tables, each in the file that its name says.

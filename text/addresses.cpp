@@ -42,17 +42,22 @@ std::size_t EndOfPlain(std::string_view text, std::size_t from) {
 
 }  // namespace
 
-std::string FileUrl(std::string_view path) {
-  constexpr std::string_view kPlain =
+std::string FileUrl(std::string_view path, std::string_view anchor) {
+  static constexpr std::string_view kPlain =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/!$&'()*+,;=:@";
   std::string url(kFileScheme);
-  for (const char character : path) {
-    if (kPlain.find(character) != std::string_view::npos) {
-      url += character;
-    } else {
-      url += Escaped(character);
+  const auto add = [&url](std::string_view text) {
+    for (const char character : text) {
+      if (kPlain.find(character) != std::string_view::npos) {
+        url += character;
+      } else {
+        url += Escaped(character);
+      }
     }
-  }
+  };
+  add(path);
+  if (!anchor.empty()) url += '#';
+  add(anchor);
   return url;
 }
 

@@ -9,8 +9,8 @@ namespace brindlemoor {
 /// What the address of a file begins with.
 inline constexpr std::string_view kFileScheme = "file://";
 
-/// The file URL of an absolute path, special characters escaped.
-std::string FileUrl(std::string_view path);
+/// The file URL of an absolute path, special characters escaped, and of a place in it.
+std::string FileUrl(std::string_view path, std::string_view anchor = {});
 
 /// The path that a file URL leads to, "" for other addresses.
 std::string PathOfUrl(std::string_view url);

@@ -16,14 +16,14 @@ HelpForm::HelpForm() : Form("HelpForm") {
   Arrangement = {.Direction = Layout::Kind::kControl, .Leaf = &HelpWB, .Stretch = 1};
 }
 
-void ShowHelp(std::string_view file) {
+void ShowHelp(std::string_view file, std::string_view anchor) {
   const std::string problem = WriteReferencePage();
   if (!problem.empty()) {
     Desktop().MessageBox(Joined("Can't write ", kReferenceFile, ": ", problem));
   }
   HelpForm& form = TheHelpForm();
   Desktop().ShowForm(form, false);
-  ShowInView(form.HelpWB, file);
+  ShowInView(form.HelpWB, file, anchor);
   Desktop().RaiseForm(form);
 }
 

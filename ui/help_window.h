@@ -13,7 +13,8 @@ struct HelpForm : Form {
 };
 
 /// Shows a help page of the program's folder in the help window, which stays usable beside the
-/// game. Writes the reference page that help pages lead to before.
-void ShowHelp(std::string_view file);
+/// game, from the element with this id on. Writes the reference page that help pages lead to
+/// before.
+void ShowHelp(std::string_view file, std::string_view anchor = {});
 
 }  // namespace brindlemoor

@@ -17,6 +17,7 @@ namespace brindlemoor {
 namespace {
 
 constexpr int kMargin = 8;
+constexpr int kFrameMargin = 4;  // above and below what a frame holds
 constexpr int kSpacing = 4;
 
 using Kind = Layout::Kind;
@@ -65,6 +66,7 @@ QBoxLayout* NewBox(Kind direction) {
 void FixSize(QWidget& widget, const Layout& cell) {
   if (cell.Width > 0) widget.setFixedWidth(cell.Width);
   if (cell.Height > 0) widget.setFixedHeight(cell.Height);
+  if (cell.Shrinks) widget.setMinimumHeight(cell.Height / 2);
 }
 
 void AddLeaf(QBoxLayout& box, const Layout& cell, Kind direction, FormWindow& window) {
@@ -104,7 +106,7 @@ QWidget* Container(const Layout& cell, FormWindow& window) {
     widget = scrolled = new ScrolledRow(&window);
   }
   QBoxLayout* box = NewBox(cell.Direction);
-  if (scrolled == nullptr) box->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  if (scrolled == nullptr) box->setContentsMargins(kMargin, kFrameMargin, kMargin, kFrameMargin);
   widget->setLayout(box);
   FillBox(*box, cell, window);
   FixSize(*widget, cell);

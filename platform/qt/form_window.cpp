@@ -20,6 +20,8 @@ namespace {
 constexpr double kSmallestZoom = 0.5;
 constexpr double kLargestZoom = 3.0;
 constexpr double kZoomStep = 0.1;
+constexpr int kFrameWidth = 6;
+constexpr int kTitleHeight = 30;
 
 }  // namespace
 
@@ -126,11 +128,13 @@ void FormWindow::TakeFirstSize(QWidget* owner) {
   const QSize natural = sizeHint();
   const QSize wanted(form_.Width > 0 ? form_.Width : natural.width(),
                      form_.Height > 0 ? form_.Height : natural.height());
-  resize(wanted.boundedTo(room.size()));
-  QRect place(QPoint(0, 0), size());
+  // Nobody knows the frame before the window is there, and it must be on the screen, too.
+  constexpr QMargins frame(kFrameWidth, kTitleHeight, kFrameWidth, kFrameWidth);
+  resize(wanted.boundedTo(room.marginsRemoved(frame).size()));
+  QRect place = QRect(QPoint(0, 0), size()).marginsAdded(frame);
   place.moveCenter(owner != nullptr ? owner->frameGeometry().center() : room.center());
-  move(std::clamp(place.x(), room.left(), room.right() + 1 - place.width()),
-       std::clamp(place.y(), room.top(), room.bottom() + 1 - place.height()));
+  move(std::clamp(place.x(), room.left(), room.right() + 1 - place.width()) + frame.left(),
+       std::clamp(place.y(), room.top(), room.bottom() + 1 - place.height()) + frame.top());
 }
 
 void FormWindow::Present(bool modal, QWidget* owner) {
@@ -158,6 +162,13 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (Deliver({.Kind = UserEventKind::kClose})) return;
   host_.HideForm(form_);
+}
+
+bool FormWindow::event(QEvent* event) {
+  // The first page of a view makes the native window anew, which knows nothing of its state.
+  const bool isNewHandle = event->type() == QEvent::WinIdChange && windowHandle() != nullptr;
+  if (isNewHandle && isMaximized()) windowHandle()->setWindowStates(windowState());
+  return QMainWindow::event(event);
 }
 
 void FormWindow::showEvent(QShowEvent* event) {

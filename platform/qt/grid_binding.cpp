@@ -7,9 +7,12 @@
 #include <QTableView>
 #include <algorithm>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "platform/qt/bindings.h"
 #include "platform/qt/form_window.h"
+#include "text/table_text.h"
 
 namespace brindlemoor {
 
@@ -19,6 +22,7 @@ constexpr int kWidestColumn = 220;
 constexpr int kNarrowestColumn = 48;
 constexpr int kCellPadding = 18;
 constexpr int kRowsMeasured = 40;  // for the first width of a column
+constexpr const char16_t* kLineEndShown = u" \u21B5 ";
 
 /// The cells as Qt asks for them, counted from 0.
 class CellModel : public QAbstractTableModel {
@@ -34,7 +38,9 @@ class CellModel : public QAbstractTableModel {
   QVariant data(const QModelIndex& index, int role) const override {
     const bool isText = role == Qt::DisplayRole || role == Qt::EditRole || role == Qt::ToolTipRole;
     if (!isText || !index.isValid()) return {};
-    return Text(index.row(), index.column());
+    QString text = Text(index.row(), index.column());
+    // A row is one line high.
+    return role == Qt::DisplayRole ? text.replace('\n', QString::fromUtf16(kLineEndShown)) : text;
   }
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
     if (role != Qt::DisplayRole) return {};
@@ -47,7 +53,7 @@ class CellModel : public QAbstractTableModel {
 
   QString Text(int row, int column) const {
     if (!grid_.CellText || row >= rows_ || column >= headings_.size()) return {};
-    return QString::fromStdString(grid_.CellText(row + 1, column + 1));
+    return QString::fromStdString(grid_.CellText(row + 1, column + 1)).remove('\r');
   }
   bool CanEdit(int column) const { return grid_.CanEdit && grid_.CanEdit(column + 1); }
 
@@ -122,6 +128,7 @@ class GridView : public QTableView {
     } else if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) {
       Fill("");
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+      if (state() == EditingState) return;  // the key was the cell's
       if (cells_->CanEdit(currentIndex().column())) {
         edit(currentIndex());
       } else {
@@ -137,7 +144,7 @@ class GridView : public QTableView {
     const QModelIndex cell = currentIndex();
     const bool isOneCell = selectionModel()->selectedIndexes().size() <= 1;
     if (isOneCell && typed == cells_->Text(cell.row(), cell.column())) return;
-    Fill(typed);
+    Fill(typed.toStdString());
   }
 
  private:
@@ -160,39 +167,38 @@ class GridView : public QTableView {
   void Copy() const {
     const QItemSelectionRange chosen = Chosen();
     if (!chosen.isValid()) return;
-    QString text;
+    std::vector<TableRow> rows;
     for (int row = chosen.top(); row <= chosen.bottom(); ++row) {
-      QStringList fields;
+      TableRow& cells = rows.emplace_back();
       for (int column = chosen.left(); column <= chosen.right(); ++column) {
-        fields << OneField(cells_->Text(row, column));
+        cells.push_back(cells_->Text(row, column).toStdString());
       }
-      text += fields.join('\t') + '\n';
     }
-    QApplication::clipboard()->setText(text);
+    QApplication::clipboard()->setText(QString::fromStdString(TableText(rows)));
   }
-  static QString OneField(QString text) { return text.replace('\t', ' ').replace('\n', ' '); }
 
-  void Fill(const QString& text) {
+  void Fill(const std::string& text) {
     const QItemSelectionRange chosen = Chosen();
     if (!chosen.isValid()) return;
-    const QString line = QStringList(chosen.width(), OneField(text)).join('\t');
-    Put(chosen.topLeft(), QStringList(chosen.height(), line).join('\n'));
+    const TableRow row(static_cast<std::size_t>(chosen.width()), text);
+    Put(chosen.topLeft(),
+        TableText(std::vector<TableRow>(static_cast<std::size_t>(chosen.height()), row)));
   }
   /// One text is put into all cells of the selection, as in other tables.
   void Paste() {
-    QString text = QApplication::clipboard()->text().replace("\r\n", "\n");
-    if (text.endsWith('\n')) text.chop(1);
+    const std::string text = QApplication::clipboard()->text().toStdString();
     const QItemSelectionRange chosen = Chosen();
     if (!chosen.isValid()) return;
-    if (!text.contains('\t') && !text.contains('\n')) {
-      Fill(text);
+    const std::vector<TableRow> rows = TableRows(text);
+    if (rows.size() == 1 && rows.front().size() == 1) {
+      Fill(rows.front().front());
     } else {
       Put(chosen.topLeft(), text);
     }
   }
-  void Put(const QModelIndex& first, const QString& texts) {
+  void Put(const QModelIndex& first, const std::string& texts) {
     UserEvent event = At(UserEventKind::kCells, first);
-    event.Text = texts.toStdString();
+    event.Text = texts;
     Tell(event);
   }
 

@@ -149,12 +149,18 @@ void PageView::Load(const QUrl& url) {
                              });
   const auto crash = connect(page_.get(), &QWebEnginePage::renderProcessTerminated, &loop,
                              [&loop] { loop.quit(); });
+  // Of another place in the page that is shown nothing is read; the new address is all that comes.
+  const bool sameFile = url.hasFragment() && url.matches(page_->url(), QUrl::RemoveFragment);
+  const auto move = connect(page_.get(), &QWebEnginePage::urlChanged, &loop, [&loop, sameFile] {
+    if (sameFile) loop.quit();
+  });
   QTimer::singleShot(kLoadLimit, &loop, &QEventLoop::quit);
   page_->load(url);
   WakeEventLoop();
   loop.exec(QEventLoop::ExcludeUserInputEvents);
   disconnect(watch);
   disconnect(crash);
+  disconnect(move);
 }
 
 }  // namespace brindlemoor

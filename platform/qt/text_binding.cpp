@@ -10,6 +10,7 @@
 
 #include "platform/qt/bindings.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/text_aids.h"
 
 namespace brindlemoor {
 
@@ -109,16 +110,20 @@ QWidget* BindLines(TextBox& model, FormWindow& window) {
   edit->document()->setDocumentMargin(kTextMargin);
   edit->setMinimumHeight(HeightOfLines(*edit, model.Enter ? 1 : 2));
   edit->setTabChangesFocus(true);
-  BindCommon(model, *edit, window, [&model, edit] {
+  TextAids* aids =
+      model.Runs || model.Suggest || model.Help ? new TextAids(model, *edit, window) : nullptr;
+  BindCommon(model, *edit, window, [&model, edit, aids] {
     edit->setReadOnly(model.ReadOnly);
     QString text = QString::fromStdString(model.Text);
     text.replace("\r\n", "\n");
-    if (edit->toPlainText() == text) return;
-    const QSignalBlocker quiet(edit);
-    edit->setPlainText(text);
+    if (TextOf(*edit) != text) {
+      const QSignalBlocker quiet(edit);
+      edit->setPlainText(text);
+    }
+    if (aids != nullptr) aids->ShowRuns();
   });
   QObject::connect(edit, &QPlainTextEdit::textChanged, &window,
-                   [&model, &window, edit] { Take(model, edit->toPlainText(), window); });
+                   [&model, &window, edit] { Take(model, TextOf(*edit), window); });
   ServeRightClick(model, *edit, window);
   return edit;
 }

@@ -75,6 +75,25 @@ TEST_F(CardCellsTest, ABlockIsPastedAndTakenBackAtOnce) {
   EXPECT_EQ(form_.TraitText[0].Text.Get() + form_.TraitText[1].Text.Get(), "FASTAIR");
 }
 
+TEST_F(CardCellsTest, OnlyDescriptionsKeepTheLinesOfACell) {
+  LoadCards({MakeCard("Ant", 1, {"HP:10"}), MakeCard("Bat", 1, {"HP:9"})});
+  State().Collection[2].Description = "first\r\nsecond";
+  Choose(1);
+  InTable([this](CardGrid& grid) {
+    ASSERT_EQ(grid.Cells.Columns.Get()[4], "Description");
+    Put(grid, 2, 5, "\"first\nsecond\"");
+    EXPECT_FALSE(grid.undomen.Enabled) << "copied and put back";
+    Put(grid, 1, 4, "\"1\n2\"\t\"He said\r\n\"\"Go\"\"\"\n8\t");
+    EXPECT_EQ(RowText(grid, 1), "Ant|0||1 2|He said\n\"Go\"|" + Stored(1).UniqueID.Str() + "|");
+    EXPECT_EQ(grid.Cells.CellText(2, 4) + grid.Cells.CellText(2, 5), "8");
+    grid.undomen.Click();
+    EXPECT_EQ(grid.Cells.CellText(2, 5), "first\r\nsecond");
+    EXPECT_FALSE(grid.undomen.Enabled);
+    grid.redomen.Click();
+  });
+  EXPECT_EQ(form_.DescText.Text.Get(), "He said\n\"Go\"");
+}
+
 TEST_F(CardCellsTest, WhatNoCardCanHoldIsLeftOutWithAWord) {
   struct Case {
     int Row, Column;

@@ -20,9 +20,9 @@ class CardImagesTest : public CardEditTest {
  protected:
   CardImagesTest() {
     WriteFile("backs-generic.bmp", PictureBytes(kMainWidth, kMainHeight, kBlue));
-    files_->Contents["/art/red.jpg"] = PictureBytes(200, 300, kRed);
-    files_->Contents["/art/white.bmp"] = PictureBytes(30, 45, 0xFFFFFF);
-    files_->Contents["/art/bad.jpg"] = "no picture";
+    files_->Contents["/game/art/red.jpg"] = PictureBytes(200, 300, kRed);
+    files_->Contents["/game/art/white.bmp"] = PictureBytes(30, 45, 0xFFFFFF);
+    files_->Contents["/game/art/bad.jpg"] = "no picture";
     Load({ImageCard("Ape", "Ape1"), ImageCard("Bat", "Bat1")});
     Choose(1);
   }
@@ -54,7 +54,7 @@ const std::vector<std::pair<int, int>> CardImagesTest::kCorners = {
 
 TEST_F(CardImagesTest, AnImageIsComposedAndWrittenWithTheCard) {
   EXPECT_EQ(PixelOf(form_.MainPic, 0, 0), kBlue) << "a card without an image shows the background";
-  Compose("/art/red.jpg");
+  Compose("/game/art/red.jpg");
   EXPECT_EQ(State().Crop, (CropCoordinates{10, 100, 10, 150, 20, 60, 20, 60}));
   EXPECT_EQ(PixelOf(form_.MainPic, 150, 225), kRed);
   EXPECT_EQ(PixelOf(form_.MainPic, 5, 5), kBlue);
@@ -79,7 +79,7 @@ TEST_F(CardImagesTest, AnImageIsComposedAndWrittenWithTheCard) {
   EXPECT_EQ(Images(), "Card-Ape1.jpg|Card-Ape1-mini.jpg|");
   EXPECT_EQ(form_.Caption.Get(), "Card Editor");
   EXPECT_EQ(ReadFile("CardImages.list"),
-            "Card-Ape1.jpg\t/art/red.jpg\tbacks-generic.bmp\t\t10\t100\t10\t150\t20\t60\t20\t60\n");
+            "Card-Ape1.jpg\tred.jpg\tbacks-generic.bmp\t\t10\t100\t10\t150\t20\t60\t20\t60\n");
   // Nothing takes the stored image away again.
   Type(form_.DescText, "typed");
   form_.undomen.Click();
@@ -106,7 +106,7 @@ TEST_F(CardImagesTest, AFinishedImageIsReplacedOnlyWhenWanted) {
   desktop_->YesNoAnswers = {true, true, true, true, true};
   desktop_->ExpectedMessages = {"Can't use bad.jpg: Unknown Image Format",
                                 "Can't use red.jpg: the chosen piece of it is empty"};
-  for (const char* file : {"/art/bad.jpg", "/art/red.jpg"}) {
+  for (const char* file : {"/game/art/bad.jpg", "/game/art/red.jpg"}) {
     desktop_->ModalForms = {[file](Form& form) {
       auto& picker = dynamic_cast<PicPick&>(form);
       picker.PicName = file;
@@ -120,26 +120,26 @@ TEST_F(CardImagesTest, AFinishedImageIsReplacedOnlyWhenWanted) {
   form_.Command6.Click();
   EXPECT_EQ(Written(), "");
   // Without any crop the whole picture is taken; a picker that is closed offers its last one.
-  Compose("/art/red.jpg", {});
-  EXPECT_EQ(Images(), "||/art/red.jpg");
+  Compose("/game/art/red.jpg", {});
+  EXPECT_EQ(Images(), "||/game/art/red.jpg");
   EXPECT_EQ(State().Crop, (CropCoordinates{0, 200, 0, 300, 0, 200, 0, 300}));
   form_.UnsavedTimer.Tick();
   EXPECT_NE(ReadFile("cards.txt.unsaved").find("old.jpg"), std::string::npos)
       << "the new image is in no file";
   form_.undomen.Click();
-  EXPECT_EQ(Images(), "old.jpg|old-mini.jpg|/art/red.jpg");
+  EXPECT_EQ(Images(), "old.jpg|old-mini.jpg|/game/art/red.jpg");
   form_.Command6.Click();
   EXPECT_EQ(Joined(Written(), Images()), "old.jpg|old-mini.jpg|");
   desktop_->ModalForms = {[](Form&) {}};
   form_.loadformen.Click();
-  EXPECT_EQ(Images(), "||/art/red.jpg");
+  EXPECT_EQ(Images(), "||/game/art/red.jpg");
   // A file names the old image as long as the new one can't be written.
   form_.Image.BackFile = "";
   const std::string message = "The image is not saved: choose a background image first.";
   desktop_->ExpectedMessages = {message};
   form_.savedeckmen.Click();
   EXPECT_NE(ReadFile("cards.txt").find("old.jpg"), std::string::npos);
-  EXPECT_EQ(Images(), "||/art/red.jpg");
+  EXPECT_EQ(Images(), "||/game/art/red.jpg");
   // What was stored stays through a redo.
   form_.undomen.Click();
   form_.Command6.Click();
@@ -149,9 +149,9 @@ TEST_F(CardImagesTest, AFinishedImageIsReplacedOnlyWhenWanted) {
 }
 
 TEST_F(CardImagesTest, AForegroundThatIsGoneIsToldOnce) {
-  Compose("/art/red.jpg");
+  Compose("/game/art/red.jpg");
   const auto drawn = form_.MainPic.Drawing.Get();
-  desktop_->Images().LoadErrors["/art/red.jpg"] = kImageAccessDenied;
+  desktop_->Images().LoadErrors["/game/art/red.jpg"] = kImageAccessDenied;
   desktop_->ExpectedMessages = {"Can't use red.jpg: Access Denied"};
   desktop_->ColorAnswers = {0x102030, 0x405060};
   form_.ColorLabel.Click();
@@ -162,13 +162,13 @@ TEST_F(CardImagesTest, AForegroundThatIsGoneIsToldOnce) {
 }
 
 TEST_F(CardImagesTest, AFailedWriteKeepsTheForegroundForThisCardOnly) {
-  Compose("/art/red.jpg");
+  Compose("/game/art/red.jpg");
   files_->WriteError = "disk full";
   desktop_->ExpectedMessages = {"Can't save Card-Ape1.jpg: Win32 Error: disk full",
                                 "Can't write CardPreview.html: disk full",
                                 "Can't save Card-Ape1.jpg: Win32 Error: disk full"};
   form_.Command6.Click();
-  EXPECT_EQ(Images(), "||/art/red.jpg");
+  EXPECT_EQ(Images(), "||/game/art/red.jpg");
   EXPECT_EQ(Stored(1).Picture, "");
   EXPECT_EQ(PixelOf(form_.MainPic, 150, 225), kRed);
   // A save that was wanted on leaving keeps the form open.
@@ -180,12 +180,12 @@ TEST_F(CardImagesTest, AFailedWriteKeepsTheForegroundForThisCardOnly) {
 
   Choose(2);
   form_.Image.BackFile = "";
-  Compose("/art/red.jpg");
+  Compose("/game/art/red.jpg");
   for (const bool goOn : {false, true}) {
     desktop_->ExpectedMessages = {"The image is not saved: choose a background image first."};
     desktop_->YesNoAnswers = {goOn};
     Choose(1);
-    EXPECT_EQ(Images(), goOn ? "Card-Ape1.jpg|Card-Ape1-mini.jpg|" : "||/art/red.jpg");
+    EXPECT_EQ(Images(), goOn ? "Card-Ape1.jpg|Card-Ape1-mini.jpg|" : "||/game/art/red.jpg");
     EXPECT_EQ(form_.CardCombo.Selected, goOn ? 1 : 2);
   }
   Choose(2);
@@ -195,7 +195,7 @@ TEST_F(CardImagesTest, AFailedWriteKeepsTheForegroundForThisCardOnly) {
   desktop_->YesNoAnswers = {true};
   desktop_->SaveAnswers = {SaveAnswer::kSave};
   form_.Command4.Click();
-  Compose("/art/red.jpg");
+  Compose("/game/art/red.jpg");
   EXPECT_FALSE(form_.QueryClose());
 }
 
@@ -210,7 +210,7 @@ TEST_F(CardImagesTest, ANewImageThatWasNotWrittenStaysOnTheForm) {
   Load({ape, other});
   Choose(1);
   State().CostCard = MakeCard("CostCard", 1);
-  Compose("/art/red.jpg");
+  Compose("/game/art/red.jpg");
   const std::pair<const char*, std::function<void()>> stores[] = {
       {"a price", [this] { form_.CostButton.Click(); }},
       {"the same card again", [this] { Choose(1); }},
@@ -219,7 +219,7 @@ TEST_F(CardImagesTest, ANewImageThatWasNotWrittenStaysOnTheForm) {
   for (const auto& [name, store] : stores) {
     desktop_->YesNoAnswers = {false};  // Bat's image is not replaced
     store();
-    EXPECT_EQ(Images(), "||/art/red.jpg") << name;
+    EXPECT_EQ(Images(), "||/game/art/red.jpg") << name;
     EXPECT_EQ(Joined(Stored(1).Picture, "|", Stored(1).Thumb), "old.jpg|old-mini.jpg") << name;
     EXPECT_EQ(PixelOf(form_.MainPic, 150, 225), kRed) << name;
   }
@@ -237,7 +237,7 @@ TEST_F(CardImagesTest, OtherCardsAreNotLoadedOverANewImageUnasked) {
     desktop_->YesNoAnswers = {saveFirst, false};  // nothing that was kept is opened
     CardEditTest::Load("others.txt");
   };
-  Compose("/art/red.jpg");
+  Compose("/game/art/red.jpg");
   form_.Image.BackFile = "";
   desktop_->ExpectedMessages = {"The image is not saved: choose a background image first."};
   loadOthers(true);
@@ -249,7 +249,7 @@ TEST_F(CardImagesTest, OtherCardsAreNotLoadedOverANewImageUnasked) {
   EXPECT_NE(ReadFile("cards.txt.unsaved").find("Card-Ape1.jpg"), std::string::npos);
 
   Choose(1);
-  Compose("/art/red.jpg");
+  Compose("/game/art/red.jpg");
   loadOthers(false);
   EXPECT_EQ(Written(), "/game/Card-Ape1-mini.jpg|/game/Card-Ape1.jpg|");
 }
@@ -263,7 +263,7 @@ TEST_F(CardImagesTest, NoUniqueIDLeadsOutOfTheFolder) {
   for (const auto& [id, name] : names) {
     Edited().UniqueID = id;
     Edited().Picture = Text();
-    Compose("/art/red.jpg");
+    Compose("/game/art/red.jpg");
     form_.Command6.Click();
     EXPECT_EQ(Written(), Joined("/game/", name, "-mini.jpg|/game/", name, ".jpg|")) << id;
     EXPECT_EQ(Edited().Picture, Joined(name, ".jpg"));
@@ -273,12 +273,12 @@ TEST_F(CardImagesTest, NoUniqueIDLeadsOutOfTheFolder) {
 }
 
 TEST_F(CardImagesTest, NewCardsAndDuplicatesTakeNoImageAway) {
-  Compose("/art/red.jpg");
+  Compose("/game/art/red.jpg");
   form_.DuplicateButton.Click();
   EXPECT_EQ(Edited().Name, "Copy of Ape");
   EXPECT_EQ(Images(), "Card-Ape1.jpg|Card-Ape1-mini.jpg|");
   Choose(2);
-  Compose("/art/red.jpg");
+  Compose("/game/art/red.jpg");
   State().Templates.Append({ImageCard("Kind", "K"), "white.bmp", "border.bmp", kBlue});
   form_.LoadCombos();
   form_.TemplateCombo.Select(3);
@@ -293,7 +293,7 @@ TEST_F(CardImagesTest, ImagesOfACardFileElsewhereLieBesideIt) {
   desktop_->FileAnswers = {"/mine/cards.txt"};
   form_.loaddeckmen.Click();
   Choose(1);
-  Compose("/art/red.jpg");
+  Compose("/game/art/red.jpg");
   Choose(2);
   EXPECT_EQ(Written(), "/mine/Card-Ape1-mini.jpg|/mine/Card-Ape1.jpg|");
   Choose(1);
@@ -301,27 +301,27 @@ TEST_F(CardImagesTest, ImagesOfACardFileElsewhereLieBesideIt) {
 }
 
 TEST_F(CardImagesTest, TheMenusChooseTheParts) {
-  Compose("/art/red.jpg");
-  desktop_->ModalForms = {Pick("/art/white.bmp")};
+  Compose("/game/art/red.jpg");
+  desktop_->ModalForms = {Pick("/game/art/white.bmp")};
   form_.loadbackmen.Click();
-  EXPECT_EQ(form_.Image.BackFile, "/art/white.bmp");
+  EXPECT_EQ(form_.Image.BackFile, "/game/art/white.bmp");
   EXPECT_EQ(PixelOf(form_.MainPic, 5, 5), 0xFFFFFF) << "chosen where no reference leads";
-  desktop_->ModalForms = {Pick("/art/white.bmp")};
+  desktop_->ModalForms = {Pick("/game/art/white.bmp")};
   form_.loadminimen.Click();
   EXPECT_EQ(PixelOf(form_.MiniPic, 29, 44), 0xFFFFFF);
   EXPECT_EQ(PixelOf(form_.MiniPic, 31, 44), kRed);
   // A picture that can't be read changes nothing.
-  desktop_->ModalForms = {Pick("/art/bad.jpg")};
+  desktop_->ModalForms = {Pick("/game/art/bad.jpg")};
   desktop_->ExpectedMessages = {"Can't use bad.jpg: Unknown Image Format"};
   form_.loadbackmen.Click();
-  EXPECT_EQ(form_.Image.BackFile, "/art/white.bmp");
+  EXPECT_EQ(form_.Image.BackFile, "/game/art/white.bmp");
 
   desktop_->FileAnswers = {"/game/mine.jpg"};
   form_.saveimagemen.Click();
-  EXPECT_EQ(Images(), "mine.jpg|mine-mini.jpg|/art/red.jpg");
+  EXPECT_EQ(Images(), "mine.jpg|mine-mini.jpg|/game/art/red.jpg");
   EXPECT_EQ(form_.MiniPic.Picture.Get(), "/game/mine-mini.jpg");
   EXPECT_TRUE(ReadFile("mine.jpg").starts_with("P6\n# quality 100\n"));
-  EXPECT_TRUE(ReadFile("CardImages.list").starts_with("mine.jpg\t/art/red.jpg\t/art/white.bmp\t"));
+  EXPECT_TRUE(ReadFile("CardImages.list").starts_with("mine.jpg\tred.jpg\twhite.bmp\t"));
   desktop_->FileAnswers = {"/game/mine.xyz"};
   desktop_->ExpectedMessages = {
       "Can't save mine.xyz: pictures are not written to files of this kind"};
@@ -335,13 +335,30 @@ TEST_F(CardImagesTest, TheMenusChooseTheParts) {
       Pick(path)(form);
     };
   };
-  desktop_->ModalForms = {noting("/art/red.jpg"), noting("/art/white.bmp")};
-  desktop_->ExpectedMessages = {
-      "red.jpg lies where no game looks for it.  Copy it into the game's folder."};
+  // Chosen elsewhere, one of them under the name of another picture of the game.
+  files_->Contents["/art/blue.jpg"] = PictureBytes(20, 30, kBlue);
+  files_->Contents["/art/white.bmp"] = PictureBytes(2, 2, 0xFFFFFF);
+  desktop_->ModalForms = {noting("/art/blue.jpg"), noting("/art/white.bmp")};
   form_.loadgraphicmen.Click();
-  EXPECT_EQ(Images(), "red.jpg|white.bmp|/art/red.jpg");
-  EXPECT_EQ(form_.MainPic.Picture.Get(), "/art/red.jpg");
+  EXPECT_EQ(
+      form_.FindNote.Caption.Get(),
+      "Copied beside the cards, where the game finds it: blue.jpg, white.bmp as white-2.bmp.");
+  EXPECT_EQ(Images(), "blue.jpg|white-2.bmp|/game/art/red.jpg");
+  EXPECT_EQ(ReadFile("white-2.bmp"), files_->Contents["/art/white.bmp"]);
   EXPECT_EQ(prompts[0] + prompts[1], "Choose the main card pic.Choose the thumbnail pic.");
+}
+
+TEST_F(CardImagesTest, AnImageSavedWhereNoGameFindsItIsToldOf) {
+  Compose("/game/art/red.jpg");
+  WriteFile("taken.jpg", "another picture");
+  desktop_->ExpectedMessages = {
+      "mine.jpg lies where no game looks for it.  Copy it into the game's folder.",
+      "The game finds another taken.jpg, in /game.  Save this one under another name."};
+  for (const char* path : {"/far/mine.jpg", "/game/art/own.jpg", "/far/taken.jpg"}) {
+    desktop_->FileAnswers = {path};
+    form_.saveimagemen.Click();
+  }
+  EXPECT_TRUE(desktop_->ExpectedMessages.empty());
 }
 
 TEST_F(CardImagesTest, ARandomPictureIsOneOfThePickersFolder) {
@@ -349,15 +366,15 @@ TEST_F(CardImagesTest, ARandomPictureIsOneOfThePickersFolder) {
   desktop_->ExpectedMessages = {"There is no .jpg picture in /game/."};
   form_.Command3.Click();
   EXPECT_EQ(Images(), "||");
-  files_->Contents.erase("/art/bad.jpg");
-  ThePicPick().ShowFolder("/art");
+  files_->Contents.erase("/game/art/bad.jpg");
+  ThePicPick().ShowFolder("/game/art");
   State().Crop = {1, 2, 3, 4, 5, 6, 7, 8};
   form_.Command3.Click();
-  EXPECT_EQ(Images(), "||/art/red.jpg");
+  EXPECT_EQ(Images(), "||/game/art/red.jpg");
   EXPECT_EQ(State().Crop.MainX2, 200);
   form_.Command6.Click();
   form_.Command3.Click();
-  EXPECT_EQ(Images(), "Card-Ape1.jpg|Card-Ape1-mini.jpg|/art/red.jpg");
+  EXPECT_EQ(Images(), "Card-Ape1.jpg|Card-Ape1-mini.jpg|/game/art/red.jpg");
   EXPECT_EQ(form_.MainPic.Drawing.Get(), nullptr) << "the finished image goes on being shown";
   const std::string before = ReadFile("Card-Ape1.jpg");
   files_->Contents["/game/Card-Ape1.jpg"] = "kept";
@@ -371,12 +388,12 @@ TEST_F(CardImagesTest, TheReducedFormKeepsTheOldImageWhenTheNewOneCantBeWritten)
   State().EditCard.Picture = "old.jpg";
   form_.Form_Load();
   desktop_->YesNoAnswers = {true};
-  Compose("/art/red.jpg");
+  Compose("/game/art/red.jpg");
   files_->WriteError = "disk full";
   desktop_->ExpectedMessages.assign(2, "Can't save Card-Own1.jpg: Win32 Error: disk full");
   desktop_->YesNoAnswers = {false, true, false};
   EXPECT_TRUE(form_.QueryClose());
-  EXPECT_EQ(Images(), "||/art/red.jpg");
+  EXPECT_EQ(Images(), "||/game/art/red.jpg");
   EXPECT_FALSE(form_.QueryClose());
   EXPECT_EQ(Images(), "old.jpg||");
   State().SingleCardEdit = 0;

@@ -143,7 +143,8 @@ TEST_F(ManyImagesTest, TheFormsPartsAreTakenForAllAndCancelStops) {
   form_.Image.BackFile = "lost.bmp";
   desktop_->YesNoAnswers = {true, true, true, true};
   desktop_->ExpectedMessages = {"The background or the border can't be read: nothing is composed.",
-                                "2 images composed."};
+                                "2 images composed.  Copied beside the cards, where the game "
+                                "finds it: red.jpg."};
   form_.composeallmen.Click();
   EXPECT_EQ(Composed({"A", "B", "C"}), "ABC");
   form_.Image.BackFile = "new.bmp";
@@ -158,6 +159,7 @@ TEST_F(ManyImagesTest, TheFormsPartsAreTakenForAllAndCancelStops) {
   desktop_->Images().Load("/game/Card-B.jpg", other);
   EXPECT_NE(image, other) << "the colour that was just chosen frames the edited card";
   EXPECT_EQ(ImageRecipes("/game/").Find("Card-B.jpg")->Background, "new.bmp");
+  EXPECT_EQ(ImageRecipes("/game/").Find("Card-B.jpg")->Foreground, "red.jpg");
   EXPECT_EQ(ImageRecipes("/game/").Find("Card-C.jpg")->Background, "back.bmp");
 
   files_->WriteError = "disk full";

@@ -56,6 +56,31 @@ class CardTrialTest : public CardEditTest {
   Card tried_;
 };
 
+/// What no trait tells of is seen as well, and kept.
+TEST_F(CardTrialTest, SidesNamesActionsCopiesAndTheEndAreTold) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"MINDCONTROL", "Enemy owner 2>1|"},
+      {"CHANGENAME:Bob", "Enemy name Wolf>Bob|"},
+      {"ADDEFFECT:TURNEND:SELF:DESTROYME", "Enemy actions 0>1|"},
+      {"DUPLICATEME:1:0", "Imp  >in play|"},
+      {"WINGAME", " gameover 0>1|"},
+  };
+  for (const auto& [script, told] : cases) {
+    Card tried = MakeCard("Imp", 1, {"HP:3", "CREATURE"});
+    AddEffect(tried, script, TargetTypeCode("TARGETCARD"), "PHASE1", 0, "TARGETCARD");
+    const TrialResult result = TryCard({tried, 1, "Enemy"});
+    EXPECT_EQ(Told(result), told) << script;
+    EXPECT_EQ(Again(result.Scenario), "") << result.Scenario;
+  }
+}
+
+TEST_F(CardTrialTest, CaptionsOfTheCardAreLaidOut) {
+  tried_.TraitCaptions.Edit(1) = "bites the dust";
+  const TrialResult result = TryCard({tried_, 1, "Enemy"});
+  EXPECT_NE(result.Scenario.find("  caption \"HP\" \"bites the dust\"\n"), std::string::npos);
+  EXPECT_EQ(Again(result.Scenario), "");
+}
+
 TEST_F(CardTrialTest, ActionsAndPlaysDoWhatTheyDoInAMatch) {
   struct Case {
     int Action;
@@ -94,6 +119,16 @@ TEST_F(CardTrialTest, WhatDoesNothingSaysSo) {
   odd.Effects.Edit(1).Script = "ECHO:He says \"no\" {x}\nand leaves";
   const TrialResult result = TryCard({odd, 1, "Enemy"});
   EXPECT_NE(result.Said.find("He says \"no\" {x}"), std::string::npos) << result.Outcome;
+}
+
+TEST_F(CardTrialTest, TheWindowsAreServedWhileALongScriptIsTried) {
+  tried_.Effects = {};
+  AddEffect(tried_, "MODTRAIT:GRIST:1:REPEAT:ALL:1000:MODTRAIT:GRIST:1:REPEAT:ALL:1000",
+            TargetTypeCode("ALL"), "PHASE1", 0, "ALL");
+  int served = 0;
+  desktop_->OnWork = [&served] { ++served; };
+  EXPECT_NE(Told(TryCard({tried_, 1})).find("Tried GRIST >"), std::string::npos);
+  EXPECT_GT(served, 0);
 }
 
 TEST_F(CardTrialTest, TheFormShowsAndKeepsATrial) {

@@ -1,6 +1,7 @@
 // The images of the edited card without a window: what is seen, kept, written and recorded.
 #include "editor/edited_image.h"
 
+#include "editor/image_composer.h"
 #include "images/card_images.h"
 #include "tests/support/played_pictures.h"
 #include "tests/support/session_test.h"
@@ -8,8 +9,9 @@
 namespace brindlemoor {
 namespace {
 
-constexpr const char* kRed = "/art/red.jpg";
+constexpr const char* kRed = "/game/art/red.jpg";
 constexpr std::int32_t kRedColor = 0xC80000;
+constexpr std::int32_t kGreenColor = 0x00C800;
 constexpr std::int32_t kBlueColor = 0x0000C8;
 
 class EditedImageTest : public SessionTest {
@@ -50,7 +52,7 @@ class EditedImageTest : public SessionTest {
 
 TEST_F(EditedImageTest, ARecipeStandsBesideEveryComposedImage) {
   const std::string kept = "what another program wrote\n";
-  const std::string parts = "\t/art/red.jpg\tbacks-generic.bmp\t\t0\t200\t0\t300\t0\t200\t0\t300\n";
+  const std::string parts = "\tred.jpg\tbacks-generic.bmp\t\t0\t200\t0\t300\t0\t200\t0\t300\n";
   WriteFile("CardImages.list", kept);
   Choose(kRed);
   // A copy elsewhere is in another folder's hands.
@@ -58,7 +60,7 @@ TEST_F(EditedImageTest, ARecipeStandsBesideEveryComposedImage) {
   EXPECT_EQ(Recipes(), kept);
   card_.Picture = Text();
   EXPECT_TRUE(image_.SaveAs("/game/mine.jpg"));
-  EXPECT_EQ(Named(), "mine.jpg|mine-mini.jpg|/art/red.jpg");
+  EXPECT_EQ(Named(), "mine.jpg|mine-mini.jpg|/game/art/red.jpg");
   EXPECT_EQ(Recipes(), kept + "mine.jpg" + parts);
   // What is copied now is a finished image: nobody knows its parts any more.
   EXPECT_TRUE(image_.SaveAs("/game/copy.jpg"));
@@ -68,33 +70,60 @@ TEST_F(EditedImageTest, ARecipeStandsBesideEveryComposedImage) {
   EXPECT_EQ(Recipes(), kept + "mine.jpg" + parts + "Card-Ape1.jpg" + parts);
 }
 
-TEST_F(EditedImageTest, ARecipeNamesThePartsThatWereTaken) {
-  for (const char* file : {"/game/back.bmp", "/art/back.bmp"}) {
-    files_->Contents[file] = PictureBytes(3, 3, kRedColor);
-  }
+TEST_F(EditedImageTest, PartsFromElsewhereAreFoundAgainByTheirNames) {
+  // Two of one name in two folders, of which the game finds the first, and one that it has already.
+  files_->Contents["/game/back.bmp"] = PictureBytes(3, 3, kRedColor);
+  files_->Contents["/game/sea/back.bmp"] = PictureBytes(3, 3, kGreenColor);
+  files_->Contents["/art/back.bmp"] = PictureBytes(3, 3, kRedColor);
+  files_->Contents["/art/red.jpg"] = PictureBytes(100, 100, kBlueColor);
+  files_->Contents["/art/new.bmp"] = PictureBytes(30, 45, 0x808080);
   struct Row {
+    const char* Foreground;
     const char* Background;
-    bool Picked;
     const char* Recorded;
+    const char* Copied;
   };
   const Row rows[] = {
-      {"/art/back.bmp", false, "back.bmp"},  // a file's word, which leads no further than its name
-      {"/art/back.bmp", true, "/art/back.bmp"},
-      {"/game/back.bmp", true, "back.bmp"},
-      {"", true, ""},
+      {kRed, "/game/back.bmp", "red.jpg\tback.bmp", ""},
+      {kRed, "", "red.jpg\t", ""},
+      {"/art/red.jpg", "/game/sea/back.bmp", "red-2.jpg\tback-2.bmp",
+       "red.jpg as red-2.jpg, back.bmp as back-2.bmp"},
+      {"/art/red.jpg", "/art/back.bmp", "red-2.jpg\tback.bmp", ""},
+      {"/game/red-2.jpg", "/art/new.bmp", "red-2.jpg\tnew.bmp", "new.bmp"},
   };
   for (const Row& row : rows) {
-    if (row.Picked) image_.NotePicked(row.Background);
+    image_.NotePicked(row.Background);
     image_.ChooseBackground(row.Background);
-    Choose(kRed);
+    Choose(row.Foreground);
+    std::string told;
+    image_.OnNote = [&told](const std::string& note) { told = note; };
     EXPECT_TRUE(image_.SaveAs("/game/made.jpg"));
-    EXPECT_TRUE(Recipes().starts_with(Joined("made.jpg\t/art/red.jpg\t", row.Recorded, "\t")))
-        << row.Background << row.Picked << Recipes();
+    image_.OnNote = {};
+    EXPECT_EQ(told.empty() ? told : told.substr(told.find(": ") + 2),
+              *row.Copied == '\0' ? "" : Joined(row.Copied, "."));
+    EXPECT_TRUE(Recipes().starts_with(Joined("made.jpg\t", row.Recorded, "\t"))) << Recipes();
+    // Another day, when nothing is known of what was picked, the same image comes out.
+    const std::string made = ReadFile("made.jpg");
+    WriteFile("made.jpg", "");
+    ImageComposer("/game/").Compose(card_);
+    EXPECT_TRUE(ReadFile("made.jpg") == made) << row.Recorded;
   }
 }
 
+TEST_F(EditedImageTest, WhatCantBeCopiedLeavesNoRecipeOfAnotherImage) {
+  files_->Contents["/art/wide.jpg"] = PictureBytes(100, 10, kBlueColor);
+  Choose(kRed);
+  EXPECT_TRUE(image_.SaveAs("/game/made.jpg"));
+  EXPECT_TRUE(Recipes().starts_with("made.jpg\tred.jpg\t"));
+  Choose("/art/wide.jpg");
+  files_->Contents.erase("/art/wide.jpg");
+  desktop_->ExpectedMessages = {"Can't copy wide.jpg beside the cards: it can't be read."};
+  EXPECT_TRUE(image_.SaveAs("/game/made.jpg"));
+  EXPECT_EQ(Recipes(), "");
+}
+
 TEST_F(EditedImageTest, WhatCantBeComposedLeavesAllAsItWas) {
-  files_->Contents["/art/bad.jpg"] = "no picture";
+  files_->Contents["/game/art/bad.jpg"] = "no picture";
   GiveOldImage();
   Choose(kRed, {10, 100, 10, 150, 20, 60, 20, 60});
   const auto drawn = image_.Main().Drawing;
@@ -103,10 +132,10 @@ TEST_F(EditedImageTest, WhatCantBeComposedLeavesAllAsItWas) {
   desktop_->ExpectedMessages = {"Can't use bad.jpg: Unknown Image Format",
                                 "Can't use red.jpg: the chosen piece of it is empty"};
   for (const auto& [file, crop] :
-       {std::pair("", CropCoordinates{}), std::pair("/art/bad.jpg", CropCoordinates{}),
+       {std::pair("", CropCoordinates{}), std::pair("/game/art/bad.jpg", CropCoordinates{}),
         std::pair(kRed, CropCoordinates{10, 10, 10, 50, 0, 0, 0, 0})}) {
     Choose(file, crop);
-    EXPECT_EQ(Named(), "||/art/red.jpg") << file;
+    EXPECT_EQ(Named(), "||/game/art/red.jpg") << file;
     EXPECT_EQ(State().Crop, (CropCoordinates{10, 100, 10, 150, 20, 60, 20, 60})) << file;
     EXPECT_EQ(*image_.Main().Drawing, *drawn) << file;
     EXPECT_TRUE(image_.IsUnsaved()) << file;
@@ -127,7 +156,7 @@ TEST_F(EditedImageTest, AnImageIsNamedOnlyWhenItIsWritten) {
   files_->WriteError = "disk full";
   desktop_->ExpectedMessages = {"Can't save Card-Ape1.jpg: Win32 Error: disk full"};
   EXPECT_FALSE(image_.Store(1));
-  EXPECT_EQ(Named(), "||/art/red.jpg");
+  EXPECT_EQ(Named(), "||/game/art/red.jpg");
   EXPECT_TRUE(image_.IsUnsaved());
   files_->WriteError = "";
   EXPECT_EQ(Recipes(), "(no such file)");

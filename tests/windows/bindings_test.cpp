@@ -1,5 +1,6 @@
 // What the user does reaches the models' handlers; what the program does is shown and calls nobody.
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QFile>
@@ -10,6 +11,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QTableView>
 
 #include "platform/qt/geometry_report.h"
 #include "platform/qt/style.h"
@@ -292,6 +294,51 @@ TEST_F(DesktopTest, UndoIsTheFormsInItsBoxesAndTheirOwnElsewhere) {
   press(own, Qt::Key_Z);
   EXPECT_EQ(own.Text.Get(), "");
   EXPECT_EQ(undone, 1);
+  desktop_->CloseWindows();
+}
+
+struct GridForm : Form {
+  GridForm() : Form("GridForm") {
+    Cells.Columns = {"One", "Two"};
+    Cells.RowCount = 2;
+    Cells.CellText = [this](int row, int column) { return Texts[row - 1][column - 1]; };
+    Cells.CanEdit = [](int) { return true; };
+    Cells.CellsTyped = [this](int row, int column, const std::string& texts) {
+      Typed = std::to_string(row) + std::to_string(column) + texts;
+    };
+  }
+  ~GridForm() override = default;
+
+  std::string Texts[2][2] = {{"a\r\nb", "\"Go\""}, {"c\td", ""}};
+  std::string Typed;
+  Grid Cells{"Cells"};
+};
+
+TEST_F(DesktopTest, CellsOfManyLinesGoThroughTheClipboardAndTheirBox) {
+  GridForm form;
+  Show(form, {Cell(form.Cells)});
+  auto* view = Find<QTableView>(form, form.Cells);
+  const std::string copied = "\"a\nb\"\t\"\"\"Go\"\"\"\n\"c\td\"\t\n";
+  view->setCurrentIndex(view->model()->index(0, 0));
+  view->selectAll();
+  QTest::keySequence(view, QKeySequence::Copy);
+  EXPECT_EQ(QApplication::clipboard()->text().toStdString(), copied);
+  QTest::keySequence(view, QKeySequence::Paste);
+  EXPECT_EQ(form.Typed, "11" + copied);
+  // One cell goes into all that are chosen; what was typed behind its lines leaves them.
+  QApplication::clipboard()->setText("\"x\r\ny\"\r\n");
+  QTest::keySequence(view, QKeySequence::Paste);
+  const std::string one = "\"x\ny\"";
+  EXPECT_EQ(form.Typed, "11" + one + "\t" + one + "\n" + one + "\t" + one + "\n");
+  view->setCurrentIndex(view->model()->index(0, 0));
+  QTest::keyClick(view, Qt::Key_F2);
+  auto* box = view->findChild<QLineEdit*>();
+  ASSERT_NE(box, nullptr);
+  box->end(false);
+  QTest::keyClicks(box, "!");
+  QTest::keyClick(box, Qt::Key_Return);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(form.Typed, "11\"a\nb!\"\n");
   desktop_->CloseWindows();
 }
 

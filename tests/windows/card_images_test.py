@@ -17,6 +17,7 @@ PICKER = "Picture Viewer"
 COMPOSE = "Compose 2 images anew?  The present ones are replaced."
 PARTS = ("Take the background sea.bmp and the thumbnail border (none) for all of them, in place of "
          "each one's own?")
+COPIED = "Copied beside the cards, where the game finds it: "
 HARBOUR, REEF = "Ember Harbour", "Ember Reef"
 QUARTERS = {"red": (220, 40, 40), "green": (40, 180, 60), "blue": (50, 70, 220),
             "yellow": (240, 220, 60)}
@@ -190,6 +191,7 @@ class CardImages(CardEditorTest):
     def save_the_card(self):
         self.run_.click("control", text="Save Card")
         self.shows("CardCombo", HARBOUR)
+        self.shows("FindNote", COPIED + "harbour.jpg, sea.bmp.")
         self.save()
         self.large, self.mini = self.images_of(HARBOUR)
         self.check_files()
@@ -214,7 +216,8 @@ class CardImages(CardEditorTest):
         self.assertEqual(Picture(self.file.parent / self.images_of(REEF)[0]).size, (300, 450))
 
     def compose_all(self):
-        """With the files gone there is proof that they are made again."""
+        """With the files gone there is proof that they are made again, and of what is the game's."""
+        shutil.rmtree(self.photos)
         for image in (self.large, self.mini):
             (self.file.parent / image).unlink()
         self.run_.choose("Graphic", "Compose All Images")

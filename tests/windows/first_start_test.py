@@ -42,6 +42,8 @@ class FirstStart(harness.WindowTest):
         run.wait_for("link", text="Old Millstone")
         self.assertIn(TITLE, self.display.window_titles())
         self.assertIn("Pebbles", run.page())
+        # Its first page made the window anew.
+        self.assertIn("_NET_WM_STATE_MAXIMIZED_VERT", self.display.window_states(TITLE))
         self.assertIn('"#PLAYERPROFILE","Ann"', run.page("PlayerProfiles.txt"))
         self.close_and_check(TITLE)
 

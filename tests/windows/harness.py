@@ -134,6 +134,11 @@ class Display:
             raise AssertionError(f"no window \"{title}\" to close")
         _send_delete_window(self.name, int(windows[-1]))
 
+    def window_states(self, title):
+        """What a window asks of a window manager, or was given by it."""
+        windows = self.xdotool("search", "--onlyvisible", "--name", f"^{title}$")
+        return _window_states(self.name, int(windows[-1]))
+
     def stop(self):
         self._server.terminate()
         self._server.wait(timeout=10)
@@ -161,6 +166,28 @@ def _send_delete_window(display_name, window):
     event.data[0] = x11.XInternAtom(display, b"WM_DELETE_WINDOW", 0)
     x11.XSendEvent(display, window, 0, 0, ctypes.byref(event))
     x11.XCloseDisplay(display)  # flushes
+
+
+def _window_states(display_name, window):
+    """The names of the atoms in a window's list of states."""
+    x11 = ctypes.CDLL("libX11.so.6")
+    pointer, number = ctypes.c_void_p, ctypes.c_ulong
+    x11.XOpenDisplay.restype = pointer
+    x11.XInternAtom.restype = number
+    x11.XInternAtom.argtypes = [pointer, ctypes.c_char_p, ctypes.c_int]
+    x11.XGetAtomName.restype = ctypes.c_char_p
+    x11.XGetAtomName.argtypes = [pointer, number]
+    x11.XGetWindowProperty.argtypes = [pointer, number, number, ctypes.c_long, ctypes.c_long,
+                                       ctypes.c_int, number] + [pointer] * 5
+    x11.XCloseDisplay.argtypes = [pointer]
+    display = x11.XOpenDisplay(display_name.encode())
+    atoms = ctypes.POINTER(number)()
+    kind, form, count, rest = number(), ctypes.c_int(), number(), number()
+    x11.XGetWindowProperty(display, window, x11.XInternAtom(display, b"_NET_WM_STATE", 0), 0, 64, 0,
+                           4, *map(ctypes.byref, (kind, form, count, rest, atoms)))
+    names = {x11.XGetAtomName(display, atoms[at]).decode() for at in range(count.value)}
+    x11.XCloseDisplay(display)
+    return names
 
 
 class Program:

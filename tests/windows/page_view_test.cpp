@@ -67,6 +67,25 @@ class PageViewTest : public DesktopTest {
   std::vector<std::string> asked_;
 };
 
+/// A place of the page that is shown already is gone to at once: no page is read then, so that no
+/// end of reading can be waited for.
+TEST_F(PageViewTest, AnotherPlaceOfTheShownPageIsShownWithoutAWait) {
+  Write("Reference.html",
+        "<p style='height:3000px'>Top</p><p id='A#'>A</p>"
+        "<p style='height:3000px'></p><p id=B>B</p>");
+  bool waits = false;
+  QTimer::singleShot(8000, &*Find<PageView>(form_, view_), [&waits] { waits = true; });
+  double before = -1;
+  for (const char* place : {"", "#A%23", "#B", "#B"}) {
+    const QUrl page = QUrl::fromLocalFile(Path("Reference.html"));
+    desktop_->Navigate(view_, page.toEncoded().toStdString() + place);
+    const double top = Look("document.scrollingElement.scrollTop").toDouble();
+    EXPECT_TRUE(top > before || (top == before && top > 3000)) << place << " shows " << top;
+    before = top;
+  }
+  EXPECT_FALSE(waits);
+}
+
 TEST_F(PageViewTest, ClicksArriveAsTheLogicReadsThem) {
   const std::string folder = "file://" + folder_.path().toStdString() + "/";
   const std::pair<const char*, std::string> cases[] = {

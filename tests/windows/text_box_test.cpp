@@ -26,6 +26,9 @@ TEST_F(DesktopTest, AWrappedLineStaysOneLine) {
   box.Text = "of\r\na file";  // what others wrote stays
   QTest::keyClicks(edit, "x");
   EXPECT_EQ(box.Text.Get(), "xof\na file");
+  box.Text = "5\xC2\xA0HP";  // a blank that keeps both together
+  QTest::keyClicks(edit, "x");
+  EXPECT_EQ(box.Text.Get(), "x5\xC2\xA0HP");
   desktop_->CloseWindows();
 }
 

@@ -1,0 +1,25 @@
+// What can stand at a place of a script, for the box in which it is typed.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "platform/controls.h"
+
+namespace brindlemoor {
+
+/// The names that the cards in the editor have.
+struct KnownNames {
+  std::span<const std::string> Traits;
+  std::span<const std::string> Cards;
+};
+
+/// The words, out of the engine's tables and those names, with which the part of the script around
+/// the caret can go on; those that begin with what stands before the caret, in any case, in the
+/// order of the alphabet. A word that takes arguments comes with its ":".
+TextSuggestions SuggestForScript(std::string_view script, std::size_t caret,
+                                 const KnownNames& names);
+
+}  // namespace brindlemoor
