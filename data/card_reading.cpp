@@ -43,12 +43,12 @@ void CardReader::Read() {
 }
 
 /// What a line would speak of now.
-DirectivePlace CardReader::CardSpokenOf() {
-  const bool isCounted = pile_ != kNoPile && pile_ != kRulesPile && pile_ != kCostPile &&
-                         pile_ != kPlayerCardPile && (pile_ != kPlayerDeckPile || deckNumber_ != 0);
+DirectivePlace CardReader::LastCardOf(PileCode pile) {
+  const bool isCounted = pile != kNoPile && pile != kRulesPile && pile != kCostPile &&
+                         pile != kPlayerCardPile && (pile != kPlayerDeckPile || deckNumber_ != 0);
   DirectivePlace place;
-  place.Pile = pile_;
-  place.Position = isCounted ? LastPosition(pile_) : 0;
+  place.Pile = pile;
+  place.Position = isCounted ? LastPosition(pile) : 0;
   return place;
 }
 
@@ -57,10 +57,12 @@ void CardReader::ReadDirective(const DirectiveRow& row) {
     (this->*row.Handler)(row);
     return;
   }
-  const DirectivePlace before = CardSpokenOf();
+  // A reference stores its card and leaves the pile that later lines speak of.
+  const bool isReference = row.Word.starts_with("#REF");
+  const DirectivePlace before = LastCardOf(isReference ? row.Pile : pile_);
   const std::size_t end = stream_.Position();
   (this->*row.Handler)(row);
-  DirectivePlace place = CardSpokenOf();
+  DirectivePlace place = LastCardOf(isReference ? row.Pile : pile_);
   // A card at no location leaves the one before it current.
   place.MakesCard = place.Pile != before.Pile || place.Position != before.Position;
   place.Row = &row;

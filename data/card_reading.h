@@ -56,7 +56,7 @@ class CardReader {
  private:
   bool EndsForWork();
   void ReadDirective(const DirectiveRow& row);
-  DirectivePlace CardSpokenOf();
+  DirectivePlace LastCardOf(PileCode pile);
   bool ReadFields(const DirectiveRow& row);
   void NoteUnknownWord();
   void Problem(std::string_view message) const;

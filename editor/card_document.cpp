@@ -147,19 +147,22 @@ void CardDocument::ReadEntries() {
   TakeEntries(places);
   if (!places.empty()) lastPlace_ = places.back();
   gameFile_ = state.GameFileName;
-  const auto named = CardsOfFile(state.Collection).size();
-  const auto found = std::ranges::count(entries_, kCollectionPile, &Entry::Pile);
+  const auto isWhole = [this](PileCode pile, const Records& records) {
+    const auto found = std::ranges::count(entries_, pile, &Entry::Pile);
+    return static_cast<std::size_t>(found) == records.size();
+  };
   // A file of the editor's own is written anew, byte for byte as ever.
   const bool isOwn = !isAlone_ && CardFileText(path_, kCards, "", 0) == file_.Text();
   const bool isAllOfList =
-      static_cast<std::size_t>(found) == named &&
+      isWhole(kCollectionPile, CardsOfFile(state.Collection)) &&
+      isWhole(kTemplatePile, NamedTemplates(state.Templates)) &&
       std::ranges::all_of(entries_, [this](const Entry& entry) {
-        return IsOf(file_.Text(), entry.Lines.Places.front(), entry.Record.Card);
+        return entry.Pile != kCollectionPile ||
+               IsOf(file_.Text(), entry.Lines.Places.front(), entry.Record.Card);
       });
-  const auto bringsOthers = [this](const DirectivePlace& place) {
-    return place.Row->Word == "#INCLUDE" && !FieldsOf(file_.Text(), place)[2].empty();
-  };
-  keepsText_ = !isOwn && isAllOfList && (isAlone_ || std::ranges::none_of(places, bringsOthers));
+  const auto isInclude = [](const auto& place) { return place.Row->Word == "#INCLUDE"; };
+  keepsText_ = !isOwn && isAllOfList;
+  isMixed_ = !isAlone_ && !isAllOfList && std::ranges::any_of(places, isInclude);
 }
 
 CardDocument::Records CardDocument::CardsOfFile(const Pile& cards) const {
@@ -265,8 +268,12 @@ std::string_view CardDocument::LocationOfNewCards() const {
   return kCards;
 }
 
-std::vector<TextEdit> CardDocument::EditsFor(PileCode pile, const Records& now) const {
+std::vector<TextEdit> CardDocument::EditsFor(PileCode pile, const Records& now, Moved moved) const {
   const std::vector<Match> found = Find(pile, now);
+  const auto moves = [moved](const Entry& entry) {
+    const bool isReference = entry.Lines.Places.front().Row->Word.starts_with("#REF");
+    return moved >= Moved::kAll || (moved == Moved::kReferences && isReference);
+  };
   std::vector<bool> isInFile(now.size());
   std::vector<TextEdit> edits;
   const DirectivePlace* last = nullptr;
@@ -277,10 +284,10 @@ std::vector<TextEdit> CardDocument::EditsFor(PileCode pile, const Records& now) 
       if (last == nullptr || place.End > last->End) last = &place;
     }
     std::vector<TextEdit> changes;
-    if (found[number].Card < 0) {
+    const auto card = static_cast<std::size_t>(std::max(found[number].Card, 0));
+    if (found[number].Card < 0 || (!found[number].IsSame && moves(entry))) {
       changes = RemovedLines(file_, entry.Lines);
     } else {
-      const auto card = static_cast<std::size_t>(found[number].Card);
       isInFile[card] = true;
       if (!found[number].IsSame) {
         changes = ChangedLines(file_, entry.Lines, Stamped(now[card], pile, card + 1, &entry));
@@ -292,7 +299,8 @@ std::vector<TextEdit> CardDocument::EditsFor(PileCode pile, const Records& now) 
   for (std::size_t card = 0; card < now.size(); ++card) {
     if (!isInFile[card]) added += Joined(Stamped(now[card], pile, card + 1, nullptr), kLineEnd);
   }
-  if (last == nullptr && lastPlace_) last = &*lastPlace_;
+  const bool goesToEnd = last == nullptr || moved == Moved::kAllToEnd;
+  if (goesToEnd && lastPlace_) last = &*lastPlace_;
   if (!added.empty()) edits.push_back(AddedLines(file_, last, added));
   return edits;
 }
@@ -309,16 +317,18 @@ std::optional<std::string> CardDocument::BytesWith(const Pile& cards,
                                                    const Table<Template>& templates) const {
   if (!keepsText_) return std::nullopt;
   const WorkAccount account;
-  std::vector<TextEdit> edits = EditsFor(kTemplatePile, NamedTemplates(templates));
-  const std::vector<TextEdit> ofCards = EditsFor(kCollectionPile, NamedCards(cards));
-  edits.insert(edits.end(), ofCards.begin(), ofCards.end());
-  AddGameFile(edits);
-  std::string bytes = file_.With(WithWholeLines(file_, std::move(edits)));
-  if (!Says(bytes, cards, templates)) return std::nullopt;
-  return bytes;
+  // What a line speaks of may depend on those before it: then a card can't change where it stands.
+  for (const Moved moved : {Moved::kNone, Moved::kReferences, Moved::kAll, Moved::kAllToEnd}) {
+    std::vector<TextEdit> edits = EditsFor(kTemplatePile, NamedTemplates(templates), moved);
+    const std::vector<TextEdit> ofCards = EditsFor(kCollectionPile, NamedCards(cards), moved);
+    edits.insert(edits.end(), ofCards.begin(), ofCards.end());
+    AddGameFile(edits);
+    std::string bytes = file_.With(WithWholeLines(file_, std::move(edits)));
+    if (Says(bytes, cards, templates)) return bytes;
+  }
+  return std::nullopt;
 }
 
-// What a line speaks of may depend on those before it: then the lines of a file can't be exchanged.
 bool CardDocument::Says(const std::string& bytes, const Pile& cards,
                         const Table<Template>& templates) const {
   const auto keysOf = [](const Records& records, const Table<Template>& patterns) {

@@ -19,8 +19,7 @@ namespace brindlemoor {
 bool IsDeckLine(const Card& card, std::string_view path);
 
 /// Knows where each card of the list stands in its file, so that a save changes the lines of those
-/// cards only that have changed. A file that the editor wrote, and one that takes in cards of other
-/// files, is written anew by SaveCardFile.
+/// cards only that have changed. A file that the editor wrote is written anew by SaveCardFile.
 class CardDocument {
  public:
   /// Reads a file for the places of its cards. Nothing of it comes into the session. cards are
@@ -34,6 +33,8 @@ class CardDocument {
   const std::string& Bytes() const { return file_.Bytes(); }
   /// True when single cards of it can be changed.
   bool IsRead() const { return keepsText_; }
+  /// True when the list holds cards of files that this one includes, or lacks cards for them.
+  bool IsMixed() const { return isMixed_; }
 
   /// False when others have written the file since it was read.
   bool IsAsLeft() const;
@@ -64,7 +65,9 @@ class CardDocument {
   void TakeEntries(const DirectivePlaces& places);
   void FollowCards(const Pile& cards);
   std::vector<Match> Find(PileCode pile, const Records& now) const;
-  std::vector<TextEdit> EditsFor(PileCode pile, const Records& now) const;
+  /// Which of the cards that changed are written behind the others, or all, not where they stand.
+  enum class Moved : std::uint8_t { kNone, kReferences, kAll, kAllToEnd };
+  std::vector<TextEdit> EditsFor(PileCode pile, const Records& now, Moved moved) const;
   bool Says(const std::string& bytes, const Pile& cards, const Table<Template>& templates) const;
   void AddGameFile(std::vector<TextEdit>& edits) const;
   std::string Stamped(Template record, PileCode pile, std::size_t number, const Entry* entry) const;
@@ -78,6 +81,7 @@ class CardDocument {
   Text gameFile_;                            ///< as the file names it
   bool isAlone_ = false;                     ///< its includes and deck lines are left aside
   bool keepsText_ = false;
+  bool isMixed_ = false;
 };
 
 }  // namespace brindlemoor

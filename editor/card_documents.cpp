@@ -65,15 +65,26 @@ void CardDocuments::Read(const std::string& path, const Pile& cards) {
 }
 
 std::vector<std::string> CardDocuments::OpenGame(const GameRec& game) {
+  return Open(CardFilesOf(game));
+}
+
+std::vector<std::string> CardDocuments::OpenWithIncluded(const std::string& path) {
+  std::vector<std::string> unread = Open(FilesIncludedBy(path));
+  mainFile_ = path;
+  return unread;
+}
+
+/// The first of the files is the one that leads to the others.
+std::vector<std::string> CardDocuments::Open(const std::vector<std::string>& files) {
   *this = {};
   const WorkAccount account;
-  game_ = InProgramFolder(game.RulesFile);
+  game_ = files.empty() ? "" : files.front();
   Session& state = State();
   std::vector<std::string> unread;
   Pile cards;
   Table<Template> templates;
   std::size_t most = 0;
-  for (const std::string& path : CardFilesOf(game)) {
+  for (const std::string& path : files) {
     FileCards read = path == game_ ? ReadAlone(path) : TakeAlone(path);
     CardDocument document;
     if (read.IsWhole) document.ReadAlone(path, read.Cards);

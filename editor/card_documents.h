@@ -11,8 +11,9 @@
 
 namespace brindlemoor {
 
-/// One file, or all files of a game. In a game SourceFile of a card in the list, or the Card of a
-/// template, names the file that it stands in; a name that is none of them means the main file.
+/// One file, or several: those of a game, or a file and those that it includes. Of several,
+/// SourceFile of a card in the list, or the Card of a template, names the file that it stands in; a
+/// name that is none of them means the main file.
 class CardDocuments {
  public:
   /// A file, of whose cards the list consists.
@@ -21,7 +22,12 @@ class CardDocuments {
   /// and name. What the rules file declares beside cards stays in the session. The names of the
   /// files that can't be read to their end: they are not opened.
   std::vector<std::string> OpenGame(const GameRec& game);
+  /// True when the list of the only file is not made of its own cards alone.
+  bool IsMixed() const { return documents_.size() == 1 && documents_.front().IsMixed(); }
+  /// The same as OpenGame for a file and all that it includes. New cards belong to this file.
+  std::vector<std::string> OpenWithIncluded(const std::string& path);
 
+  /// True for several files, of a game or of a file that includes others.
   bool IsOfGame() const { return !game_.empty(); }
   /// The file that new cards belong to, the one with most cards; "" when there is none.
   const std::string& MainFile() const { return mainFile_; }
@@ -51,10 +57,11 @@ class CardDocuments {
   void ReadAgain(const std::string& path, const Pile& cards);
 
  private:
+  std::vector<std::string> Open(const std::vector<std::string>& files);
   std::size_t IndexOf(const Text& sourceFile) const;
 
   std::vector<CardDocument> documents_;
-  std::string game_;  // path of the rules file
+  std::string game_;  // path of the rules file, or of the one that includes the others
   std::string mainFile_;
 };
 

@@ -252,6 +252,8 @@ struct CardEdit : Form {
   /// Reads the cards of a file in place of those in the editor. False, with a message and no cards,
   /// when the file can't be read to its end.
   bool ReadCardList(const std::string& file);
+  /// Shows the cards of several files that have been opened, or the unsaved ones of before.
+  void ShowFiles(const std::vector<std::string>& unread);
   /// Shows Collection, which holds other cards now.
   void BeginCardList();
   /// Keeps a copy of what is not saved. False when the user would rather stay than lose it.

@@ -64,6 +64,12 @@ void CardEdit::loaddeckmen_Click() {
   const bool isWhole = ReadCardList(source);
   state.CardFile = isWhole ? Text(*path) : Text();
   if (isWhole) documents_.Read(*path, state.Collection);
+  // Then the cards of each file are shown where they stand, and none of them is copied into this.
+  if (documents_.IsMixed() && source == *path) {
+    if (beforeFiles_) beforeFiles_->PutBack();
+    ShowFiles(documents_.OpenWithIncluded(*path));
+    return;
+  }
   loadcommontraits();
   Image.CardFolder = path->substr(0, path->size() - FileNameOf(*path).size());
   AllIsSaved();

@@ -15,23 +15,30 @@ void CardEdit::opengamemen_Click() {
   Session& state = State();
   const GameRec game = state.Games[chosen];
   if (beforeFiles_) beforeFiles_->PutBack();
-  std::string unread;
-  for (const std::string& name : documents_.OpenGame(game)) unread += Joined("\n", name);
-  state.CardFile = documents_.MainFile();
+  const auto unread = documents_.OpenGame(game);
   state.GameFileName = game.RulesFile;
+  ShowFiles(unread);
+}
+
+void CardEdit::ShowFiles(const std::vector<std::string>& unread) {
+  Session& state = State();
+  const Text game = state.GameFileName;
+  state.CardFile = documents_.MainFile();
   const std::string& main = documents_.MainFile();
   Image.CardFolder = main.substr(0, main.size() - FileNameOf(main).size());
   BeginCardList();
   loadcommontraits();
   AllIsSaved();
-  if (!unread.empty()) {
+  std::string names;
+  for (const std::string& name : unread) names += Joined("\n", name);
+  if (!names.empty()) {
     Desktop().MessageBox(
-        Joined("The cards of these files are not shown, and stay as they are:", unread));
+        Joined("The cards of these files are not shown, and stay as they are:", names));
   }
   const std::string copy = copy_.Offer(CopyName());
   if (copy == CopyName()) return;
   ReadCardList(copy);
-  state.GameFileName = game.RulesFile;
+  state.GameFileName = game;
   loadcommontraits();
   ListChanged();
 }

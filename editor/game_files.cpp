@@ -77,4 +77,12 @@ std::vector<std::string> CardFilesOf(const GameRec& game) {
   return files.Take();
 }
 
+std::vector<std::string> FilesIncludedBy(const std::string& path) {
+  const WorkAccount account;
+  Gathering files;
+  files.Add(path);
+  files.FollowIncludes();
+  return files.Take();
+}
+
 }  // namespace brindlemoor

@@ -12,5 +12,7 @@ namespace brindlemoor {
 /// program's folder that declare no game, where the game has no folder), and of all that these
 /// include. Each once; of two files of one name, which cards could not tell apart, the first.
 std::vector<std::string> CardFilesOf(const GameRec& game);
+/// Paths of a file and of all that it includes, on the same terms.
+std::vector<std::string> FilesIncludedBy(const std::string& path);
 
 }  // namespace brindlemoor

@@ -178,6 +178,22 @@ TEST_F(CardDocumentsTest, WhichGameIsAskedWhereThereAreTwo) {
   EXPECT_FALSE(form_.FileCombo.Visible);
 }
 
+TEST_F(CardDocumentsTest, AFileThatBringsCardsOfOthersIsOpenedWithThem) {
+  const std::string shop =
+      "a shop\n#CARD, INDECK, \"Sign\", \"S1\", , , , , \"\"\n#INCLUDE, Stock.txt, \n";
+  const std::string stock = "its goods\n#CARD, COLLECTION, \"Rope\", \"R1\", , , , , \"\"\n";
+  WriteFile("Shop.txt", shop);
+  WriteFile("Stock.txt", stock);
+  desktop_->FileAnswers.emplace_back("/game/Shop.txt");
+  form_.loaddeckmen.Click();
+  EXPECT_EQ(Names(), "Sign  (Shop.txt)|Rope  (Stock.txt)|");
+  EXPECT_EQ(State().CardFile, "/game/Shop.txt");
+  SetTrait(State().Collection[PlaceOf("Rope")], "HP", "2", 1);
+  form_.savedeckmen.Click();
+  EXPECT_EQ(ReadFile("Shop.txt"), shop);
+  EXPECT_EQ(ReadFile("Stock.txt"), Joined(stock, "#TRAIT, \"HP:2\"\n"));
+}
+
 TEST_F(ShippedGamesTest, AreLeftAsTheyAreByTheEditor) {
   State().Games.Reset(1);
   DiscoverGames();
