@@ -44,6 +44,8 @@ TEST_F(GridWindowTest, DownGoesToThePictureBelowAndScrollsOnlyAtTheEdge) {
   form.Height = 260;
   Layout grid{.Direction = Layout::Kind::kGrid, .Children = cells, .Stretch = 1, .Columns = 3};
   Show(form, {grid});
+  Window(form)->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(Window(form)));
   QWidget* first = Find(form, *pictures[0]);
   EXPECT_EQ(first->y(), Find(form, *pictures[2])->y());
   EXPECT_LT(first->y(), Find(form, *pictures[3])->y());
@@ -56,6 +58,7 @@ TEST_F(GridWindowTest, DownGoesToThePictureBelowAndScrollsOnlyAtTheEdge) {
 
   Window(form)->resize(900, 160);
   EXPECT_EQ(first->y(), Find(form, *pictures[5])->y()) << "all in one row";
+  desktop_->CloseWindows();
 }
 
 }  // namespace
