@@ -13,6 +13,7 @@
 
 #include "core/folder_lists.h"
 #include "core/limits.h"
+#include "core/match_record.h"
 #include "core/random.h"
 #include "core/records.h"
 #include "core/shown_links.h"
@@ -162,6 +163,7 @@ struct Session {
   FolderLists Lists;  ///< see Folders()
 
   RandomSource Random;
+  MatchRecord Match;              ///< the match of the main window
   std::shared_ptr<MatchLog> Log;  ///< of the match, where somebody counts; mostly empty
   std::unordered_map<std::string_view, Text>
       InternedTexts;  ///< see InternText; keys are views of the texts

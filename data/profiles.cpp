@@ -128,7 +128,7 @@ bool IsControl(char character) {
 bool BelongsToPlayers(std::string_view path) {
   constexpr std::string_view kPlayerFile = ".plr";
   const std::string name = FileNameOf(path);
-  return name == kListFile ||
+  return name == kListFile || name == kLastPlayerFile ||
          (name.size() >= kPlayerFile.size() &&
           FoldEquals(std::string_view(name).substr(name.size() - kPlayerFile.size()), kPlayerFile));
 }
@@ -139,10 +139,19 @@ bool IsCardFileName(std::string_view path) {
          FoldEquals(path.substr(path.size() - kExtension.size()), kExtension);
 }
 
-bool HoldPlayer(std::string_view name) {
-  const std::string lock = Joined(kPassingFile, "player-", HashOf(name), ".lock");
-  return Desktop().Files().Hold(InProgramFolder(lock)) != HoldResult::kByAnother;
+namespace {
+
+std::string LockOf(std::string_view name) {
+  return InProgramFolder(Joined(kPassingFile, "player-", HashOf(name), ".lock"));
 }
+
+}  // namespace
+
+bool HoldPlayer(std::string_view name) {
+  return Desktop().Files().Hold(LockOf(name)) != HoldResult::kByAnother;
+}
+
+void ReleasePlayer(std::string_view name) { Desktop().Files().LetGo(LockOf(name)); }
 
 void LoadProfiles() {
   Table<ProfileRec>& profiles = State().Profiles;
@@ -161,13 +170,14 @@ void LoadProfiles() {
 namespace {
 
 /// "" or what went wrong. Nobody is asked or told anything while other programs wait for the list.
-std::string SaveList() {
-  Session& session = State();
+/// Each line is changed before it is written.
+template <class Change>
+std::string SaveList(Change change) {
   const ListInHand list;
   if (!TakeProfilesOfFile()) return "it can't be read.";
   std::string text;
-  for (ProfileRec& profile : session.Profiles) {
-    if (profile.PlayerName == session.Profile.PlayerName) profile = session.Profile;
+  for (ProfileRec& profile : State().Profiles) {
+    change(profile);
     if (!profile.PlayerName.empty()) text += ProfileLine(profile);
   }
   text += kLineEnd;
@@ -176,8 +186,17 @@ std::string SaveList() {
 
 }  // namespace
 
+std::string ReplaceProfile(std::string_view name, const ProfileRec& line) {
+  const std::string failure = SaveList([&](ProfileRec& profile) {
+    if (profile.PlayerName == name) profile = line;
+  });
+  return failure.empty() ? failure : Joined("Can't save ", kListFile, ": ", failure);
+}
+
 void SaveProfiles() {
-  const std::string failure = SaveList();
+  const std::string failure = SaveList([](ProfileRec& profile) {
+    if (profile.PlayerName == State().Profile.PlayerName) profile = State().Profile;
+  });
   if (!failure.empty()) Desktop().MessageBox(Joined("Can't save ", kListFile, ": ", failure));
 }
 

@@ -5,18 +5,29 @@
 #include <string>
 #include <string_view>
 
+#include "core/records.h"
+
 namespace brindlemoor {
 
 /// Fills Profiles from the list in the program's folder; one free element when there is none.
 void LoadProfiles();
 /// Writes the list, the current profile copied onto its line. Says so when that fails.
 void SaveProfiles();
+/// Changes the line of a player in the list on the disk; a line without a name takes it out. "" or
+/// what went wrong.
+std::string ReplaceProfile(std::string_view name, const ProfileRec& line);
 /// Takes a player for this program, to its end. False when another program on the folder has them.
 bool HoldPlayer(std::string_view name);
-/// True for the files that the program writes for its players: player files and the profile list.
+/// Lets other programs have the player again.
+void ReleasePlayer(std::string_view name);
+/// True for the files that the program writes for its players: player files, the profile list and
+/// who played last.
 bool BelongsToPlayers(std::string_view path);
 /// True for the path of a text file that is none of those: rules, opponents, decks.
 bool IsCardFileName(std::string_view path);
+
+/// Names the player of the last run.
+inline constexpr std::string_view kLastPlayerFile = "LastPlayer.settings";
 
 /// The most bytes that a player's name may take in the name of a file.
 inline constexpr std::size_t kPlayerNameBytes = 100;

@@ -108,4 +108,21 @@ std::uint8_t CheckDeckRules(const Card& card, int deckNo, std::string_view rules
   return verdict;
 }
 
+std::vector<std::string> MissedMinimums(int deckNo, std::string_view rules) {
+  std::vector<std::string> missed;
+  FieldWalker fields(rules, ':');
+  for (auto keyword = fields.Next(); !keyword.empty(); keyword = fields.Next()) {
+    const RuleKind* kind = RuleKindOf(keyword);
+    if (kind == nullptr) continue;
+    const std::string_view trait = fields.Next();
+    const std::string_view limit = fields.Next();
+    if (kind->Complaint != kMinimumMissed) continue;
+    const Wording rule{trait, limit, Text()};
+    if (!Breaks(*kind, Card(), deckNo, rule)) continue;
+    missed.push_back(Joined(trait == kEveryCard ? kind->OfCards(rule) : kind->OfTrait(rule),
+                            "  It has ", DeckTraitSum(trait, deckNo, ""), "."));
+  }
+  return missed;
+}
+
 }  // namespace brindlemoor

@@ -27,4 +27,8 @@ std::uint8_t CheckDeckRules(const Card& card, int deckNo, std::string_view rules
 /// The keywords of deck rules, each followed by a trait and a number.
 std::vector<std::string_view> DeckRuleWords();
 
+/// The minimums that a deck misses, a sentence each, with what it has: "You must have at least 20
+/// cards in your play deck.  It has 12."
+std::vector<std::string> MissedMinimums(int deckNo, std::string_view rules);
+
 }  // namespace brindlemoor

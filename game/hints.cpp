@@ -46,10 +46,12 @@ struct Occasion {
   std::string_view Trigger;
   std::string_view Words;
 };
-constexpr std::array<Occasion, 4> kOccasions = {{
+constexpr std::array<Occasion, 6> kOccasions = {{
     {"ENTERPLAY", "When it enters play"},
     {"TURNSTART", "At the start of a turn"},
     {"TURNEND", "At the end of a turn"},
+    {"OTHERENTERSPLAY", "When another card comes"},
+    {"ONDEATH", "When it goes"},
     {"AIREQ", "Is this the time for it"},
 }};
 
@@ -58,8 +60,7 @@ std::string OccasionOf(const CardEffect& action) {
   for (const Occasion& row : kOccasions) {
     if (row.Trigger == action.Trigger) return std::string(row.Words);
   }
-  return Joined(action.Trigger.View().starts_with("PHASE") ? "In " : "At ",
-                OneLine(action.Trigger));
+  return "Later in the turn";
 }
 
 std::string_view Verdict(int result) {

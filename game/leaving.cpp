@@ -3,6 +3,7 @@
 
 #include "core/desktop.h"
 #include "core/state.h"
+#include "game/match_outcome.h"
 #include "game/player_saving.h"
 #include "text/text.h"
 
@@ -22,6 +23,12 @@ bool MayLeavePlayer(Leaving leaving) {
     if (StorePlayer(Saving::kAsked)) return true;
   }
   return true;
+}
+
+bool MayLeaveMatch() {
+  if (!MatchIsRunning()) return true;
+  return Desktop().AskYesNo(Joined("Give up the match against ", State().Match.Opponent,
+                                   "?  Your cards and tokens are kept."));
 }
 
 }  // namespace brindlemoor

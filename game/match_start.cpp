@@ -15,6 +15,7 @@
 #include "game/card_refresh.h"
 #include "game/game_list.h"
 #include "game/leaving.h"
+#include "game/match_outcome.h"
 #include "game/player_file_names.h"
 #include "game/player_files.h"
 #include "game/player_saving.h"
@@ -240,6 +241,7 @@ void StartMatch(int gameIndex, int opponentIndex) {
     BackToList();
     return;
   }
+  BeginMatchRecord(gameIndex, opponentIndex);
   ShufflePile(session.Players[2]);
   OpenTable();
   TakeTurn(1);

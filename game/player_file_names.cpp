@@ -31,7 +31,7 @@ bool IsThereInFolder(const std::string& file) {
 }
 
 std::string NameOfParts(std::string_view player, std::string_view game) {
-  return Joined(BoundedForFileName(player, kPlayerNameBytes, "_"), "_", game, kEnding);
+  return Joined(BeginningOfPlayerFiles(player), game, kEnding);
 }
 
 std::string NaturalName(std::string_view player, const GameRec& game) {
@@ -140,7 +140,29 @@ std::string EarlierFile(int gameIndex) {
   return "";
 }
 
+/// True where the list says, or the name lets think, that a file is another player's.
+bool IsOfAnother(const std::string& file, std::string_view player) {
+  for (const ProfileRec& line : State().Profiles) {
+    if (line.PlayerName.empty() || line.PlayerName == player) continue;
+    if (line.PlayerFile == file || file.starts_with(Joined(line.PlayerName, "_"))) return true;
+  }
+  return false;
+}
+
 }  // namespace
+
+std::string BeginningOfPlayerFiles(std::string_view player) {
+  return Joined(BoundedForFileName(player, kPlayerNameBytes, "_"), "_");
+}
+
+std::vector<std::string> FilesOfPlayer(std::string_view player) {
+  const std::string begin = BeginningOfPlayerFiles(player);
+  std::vector<std::string> files = Desktop().Files().ListFiles(State().ProgramFolder);
+  std::erase_if(files, [&](const std::string& file) {
+    return !file.starts_with(begin) || !file.ends_with(kEnding) || IsOfAnother(file, player);
+  });
+  return files;
+}
 
 std::string PlayerFileName(int gameIndex) {
   const Session& session = State();

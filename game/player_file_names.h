@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "text/text.h"
 
@@ -13,6 +14,12 @@ namespace brindlemoor {
 /// since that was so, the rules file is part of it: "Ann_Goblins%~Goblins.txt.plr". "" for a number
 /// that is no game, or one without a name.
 std::string PlayerFileName(int gameIndex);
+
+/// What the names of a player's files begin with, in every game: "Ann_".
+std::string BeginningOfPlayerFiles(std::string_view player);
+
+/// The player files in the program's folder that are surely this player's.
+std::vector<std::string> FilesOfPlayer(std::string_view player);
 
 /// Name of the file to read for it: this one or, while it is not there, an earlier one that surely
 /// is this player's and this game's.

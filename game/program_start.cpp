@@ -52,6 +52,7 @@ void ForgetLastGame() {
   session.Problems.clear();
   session.CurrentGame = 0;
   session.StarterDeckFlag = 0;
+  session.Match = {};
 }
 
 struct DefaultPlayer {

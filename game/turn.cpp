@@ -171,6 +171,7 @@ void TakeTurn(int skipPlays) {
   const auto outer = std::exchange(session.TurnRunning, std::uint8_t{1});
   session.RulesCard.InPlay = 1;
   session.CostCard.InPlay = 1;
+  if (skipPlays != 1) ++session.Match.Turns;
   const Plays plays = RunScripts(skipPlays);
   {
     const WorkAccount account;  // a page shows right numbers after a turn that spent its own
@@ -180,6 +181,7 @@ void TakeTurn(int skipPlays) {
   session.StatMasked = 0;
   session.StatNotMasked = 0;
   session.StatCancelled = 0;
+  if (session.GameOver == 1) Windows().ShowMatchEnd();
   Windows().RaiseMainWindow();
   session.PhaseBanner.clear();
   session.LimitsReported.clear();

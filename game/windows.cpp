@@ -13,6 +13,7 @@ const GameWindows kNoWindows = {
     .FullSizeImages = [] { return 0; },
     .UpdateHand = [] {},
     .HideHand = [] {},
+    .ShowMatchEnd = [] {},
     .BlankSideViews = [] {},
     .ChooseProfile = [] {},
     .ShowDeckManager = [] { return false; },

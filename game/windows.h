@@ -18,6 +18,8 @@ struct GameWindows {
   /// Shows the hand of side 1 in the strip.
   void (*UpdateHand)();
   void (*HideHand)();
+  /// Tells how the match that has just ended went.
+  void (*ShowMatchEnd)();
   /// Takes plan, card page and picture of the last game from the sides.
   void (*BlankSideViews)();
   /// Asks who plays; no name in the profile means nobody.

@@ -26,6 +26,14 @@ inline Layout Column(std::vector<Layout> children, int stretch = 0) {
   return {.Direction = Layout::Kind::kColumn, .Children = std::move(children), .Stretch = stretch};
 }
 
+/// Controls in cells of one size, a multiple of so many columns.
+inline Layout GridOf(std::vector<Layout> cells, int columns, int stretch = 0) {
+  return {.Direction = Layout::Kind::kGrid,
+          .Children = std::move(cells),
+          .Stretch = stretch,
+          .Columns = columns};
+}
+
 /// A row or column with a captioned frame around it.
 inline Layout Titled(std::string title, Layout content) {
   content.Title = std::move(title);

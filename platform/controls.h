@@ -63,6 +63,10 @@ struct Control : Observed {
   Property<bool> Visible{*this, true};
   Property<bool> Enabled{*this, true};
   Property<std::string> ToolTip{*this};
+
+  /// Another number asks for the keyboard: the control gets it, as soon as its window is shown.
+  Property<int> FocusCalls{*this, 0};
+  void TakeFocus() { FocusCalls = FocusCalls + 1; }
 };
 
 struct Button : Control {
@@ -76,6 +80,7 @@ struct Label : Control {
   using Control::Control;
   Property<std::string> Caption{*this};
   Property<std::int32_t> TextColor{*this, 0xFFFFFF};  ///< red high, blue low
+  bool Headline = false;                              ///< larger and bold
   std::function<void()> Click;
 };
 
@@ -228,7 +233,9 @@ struct PictureBox : Control {
   Property<int> ViewHeight{*this, 0};
   Property<std::vector<PictureMark>> Marks{*this};
   Property<std::string> Caption{*this};  ///< shown where the image is missing or broken
-  Property<std::string> Badge{*this};    ///< a few characters in the corner, "" for none
+  Property<std::string> Badge{*this};    ///< a few words at the lower edge, "" for none
+  Property<bool> Dimmed{*this, false};   ///< cannot be used now
+  Property<bool> Framed{*this, false};   ///< is chosen
   bool FrameWhenEmpty = false;           ///< with nothing to show a faint frame is drawn
   std::string DragGroup;  ///< can be dragged to the boxes of other groups; "" for not at all
   std::function<void()> MouseMove;           ///< the pointer or the focus came over the box
@@ -237,7 +244,8 @@ struct PictureBox : Control {
   /// the picture as it is shown, in pixels at 96 dpi.
   std::function<void(int x, int y)> PointMove;
   std::function<void(int x, int y)> PointUp;
-  /// A key was pressed in the box. True when that was all; else the focus moves to a neighbour.
+  /// A key was pressed in the box; up and down only where none of its drag group lies that way.
+  /// True when that was all; else the focus moves to a neighbour.
   std::function<bool(PictureKey)> KeyDown;
 };
 
@@ -302,16 +310,18 @@ struct Frame : Control {
   Property<std::string> Caption{*this};
 };
 
-/// How a form arranges its controls: nested rows and columns. A leaf names one control; an element
-/// with neither a control nor children is empty space. A scroll bar stands upright in a row.
+/// How a form arranges its controls: nested rows and columns, and grids of equal cells. A leaf
+/// names one control; an element with neither a control nor children is empty space. A scroll bar
+/// stands upright in a row.
 struct Layout {
-  enum class Kind { kControl, kRow, kColumn };
+  enum class Kind { kControl, kRow, kColumn, kGrid };
   Kind Direction = Kind::kColumn;
   Control* Leaf = nullptr;
   std::vector<Layout> Children{};
   int Stretch = 0;         ///< share of spare room, 0 keeps the natural size
   int Width = 0;           ///< fixed width in pixels at 96 dpi, 0 natural
   int Height = 0;          ///< fixed height, 0 natural
+  int Columns = 1;         ///< a grid has a multiple of so many: those that show its cells largest
   bool Shrinks = false;    ///< Height is the most; where the window is low it may be half
   std::string Title{};     ///< caption of a frame around the children, "" for no frame
   Frame* Group = nullptr;  ///< the frame around the children where it is a control itself

@@ -176,6 +176,7 @@ int CloseRun(Run& run) {
   const Frame& frame = FrameOf(run);
   if (run.Winner != 0) {
     LogMatchEvent(MatchEvent::kWon, run.Winner, run.Source);
+    State().Match.Winners |= run.Winner;
     Services().EndGame();
   }
   if (!run.Testing()) {

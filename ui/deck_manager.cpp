@@ -26,18 +26,12 @@ constexpr int kChartHeight = 110;
 
 std::string Indexed(std::string_view name, int index) { return Joined(name, "(", index, ")"); }
 
-/// Rows of pictures with their scroll bar beside them.
+/// Pictures in rows, with their scroll bar beside them.
 template <class Pictures>
 Layout Grid(const Pictures& pictures, ScrollBar& bar) {
-  Layout rows = Column({}, 1);
-  for (std::size_t first = 0; first < pictures.size(); first += DeckManager::kColumns) {
-    Layout row = Row({}, 1);
-    for (std::size_t index = first; index < first + DeckManager::kColumns; ++index) {
-      row.Children.push_back(Cell(*pictures[index], 1));
-    }
-    rows.Children.push_back(std::move(row));
-  }
-  return Row({std::move(rows), Cell(bar)}, 1);
+  std::vector<Layout> cells;
+  for (const auto& picture : pictures) cells.push_back(Cell(*picture));
+  return Row({GridOf(std::move(cells), DeckManager::kColumns, 1), Cell(bar)}, 1);
 }
 
 Layout Arrange(DeckManager& form) {
@@ -61,6 +55,7 @@ Layout Arrange(DeckManager& form) {
                          Cell(form.DeckDrawing, 0, 0, kChartHeight),
                          Row({Cell(form.Label1, 0, 130),
                               {.Direction = Layout::Kind::kControl, .Stretch = 1},
+                              Cell(form.UndoSale),
                               Cell(form.Command5),
                               Cell(form.Command3)}),
                          Cell(form.Command2, 0, 0, 40)},
@@ -161,6 +156,8 @@ void DeckManager::NameControls() {
   Command6.Click = [this] { Command6_Click(); };
   Command5.Caption = "Sell Cards";
   Command5.Click = [this] { Command5_Click(); };
+  UndoSale.Caption = "Undo Sale";
+  UndoSale.Click = [this] { UndoSale_Click(); };
   Command3.Caption = "Change Card Image";
   Command3.ToolTip = "Click here to change the image one of your cards uses.";
   Command3.Click = [this] { Command3_Click(); };
@@ -194,7 +191,7 @@ void DeckManager::NameMenus() {
   loadplrmen.Click = [this] { loadplrmen_Click(); };
   backmen.Click = [this] { backmen_Click(); };
   quitmen.Click = [] {
-    if (MayLeavePlayer(Leaving::kAsksFirst)) Desktop().EndProgram();
+    if (MayLeaveMatch() && MayLeavePlayer(Leaving::kAsksFirst)) Desktop().EndProgram();
   };
   helpmen.Click = [this] { helpmen_Click(); };
   helpmen.Shortcut = "F1";
@@ -229,7 +226,10 @@ void DeckManager::Form_Load() {
   ChangingImage = 0;
   SearchText.Text = "";
   thumbPaths_.clear();
+  sales_.clear();
+  ShowLastSale();
   SelectDeck(1);
+  NoteDecks();
   TidyDecks();
   SortDeck(1);
   CollectionTop = 0;
@@ -320,13 +320,23 @@ void DeckManager::SearchCollection() {
   SearchCount.Caption = Joined(matches_.size(), " found");
 }
 
+namespace {
+
+int CardsIn(const Pile& pile) {
+  int count = 0;
+  for (const Card& card : pile) count += IsFree(card) ? 0 : 1;
+  return count;
+}
+
+}  // namespace
+
 void DeckManager::UpdateDecks() {
   const WorkAccount account;  // of looking for thumbnails
   SearchCollection();
   UpdateList(CardList::kDeck);
   UpdateList(CardList::kCollection);
   Label1.Caption = Joined("Tokens: ", State().Players[1].Tokens);
-  Cardcount.Caption = Joined("Cards: ", Cards(CardList::kDeck).UpperBound());
+  Cardcount.Caption = Joined("Cards: ", CardsIn(Cards(CardList::kDeck)));
   const DeckChart chart = ChartOfDeck(Cards(CardList::kDeck), Text1.Text.Get());
   DeckDrawing.Caption = chart.Caption;
   DeckDrawing.Bars = chart.Bars;

@@ -27,7 +27,7 @@ struct DeckManager : Form {
   DeckManager();
 
   static constexpr int kPictures = 18;  ///< of each list
-  static constexpr int kColumns = 3;    ///< of pictures
+  static constexpr int kColumns = 3;    ///< of pictures, or a multiple; a list scrolls by so many
 
   std::array<std::unique_ptr<PictureBox>, kPictures> CollectPic;
   std::array<std::unique_ptr<PictureBox>, kPictures> DeckPic;
@@ -41,6 +41,7 @@ struct DeckManager : Form {
   Button Command5{"Command5"};
   Button Command3{"Command3"};
   Button Command2{"Command2"};
+  Button UndoSale{"UndoSale"};  ///< shown as long as there is a sale to take back
   Label Cardcount{"Cardcount"};
   Label Label1{"Label1"};
   Label NothingSaved{"NothingSaved"};  ///< shown in debug mode
@@ -93,6 +94,7 @@ struct DeckManager : Form {
   void Command6_Click();
   void ClearDeck_Click();
   void AddAll_Click();
+  void UndoSale_Click();
 
   void savedeckmen_Click();
   void saveasopponent_Click();
@@ -129,15 +131,27 @@ struct DeckManager : Form {
   void Preview(const Card& card);
   void ShowPage();
   void Sell(CardList list, int position);
+  void ShowLastSale();
   void ChangeImage(CardList list, int position);
   void MoveCard(CardList list, int position);
   void Remove(CardList list, int position);
   void PickCard(CardList list, int position);
   /// False, with a message, when the deck misses a minimum that holds the player back.
   bool DeckIsReady();
+  /// The same for closing: the player may leave as well, with the decks as they were.
+  bool MayClose();
+  void NoteDecks();
+  void PutDecksBack();
 
   std::vector<int> matches_;  // positions that the search leaves
   bool searching_ = false;
+  struct Sale {
+    Card Sold;
+    std::uint8_t Pile = 0;  // 0 the collection, else the deck
+    int Price = 0;
+  };
+  std::vector<Sale> sales_;                                  // since the form was opened
+  std::array<std::vector<Card>, kDecks> decks_;              // what lay in them then
   std::unordered_map<std::string, std::string> thumbPaths_;  // found since the form was opened
 };
 

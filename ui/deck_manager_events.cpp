@@ -23,8 +23,6 @@
 
 namespace brindlemoor {
 
-namespace {}  // namespace
-
 void DeckManager::ForgetPreviews() { PreviewedCard = PreviewedDeckCard = 0; }
 
 void DeckManager::Picture_MouseMove(CardList list, int index) {
@@ -102,17 +100,6 @@ void DeckManager::ChangeImage(CardList list, int position) {
   UpdateDecks();
 }
 
-void DeckManager::Sell(CardList list, int position) {
-  constexpr std::int32_t kMost = 2'000'000'000;
-  std::int32_t& tokens = State().Players[1].Tokens;
-  tokens = std::min(tokens, kMost) + SellValue(Cards(list)[position]);
-  Remove(list, position);
-  StorePlayer();
-  // What was previewed counts as seen, so that the answer stays until the pointer goes elsewhere.
-  State().PageText = "<font color=#FF3311>Ha ha ha!  It's mine now!</font>";
-  ShowPage();
-}
-
 void DeckManager::MoveCard(CardList list, int position) {
   Session& state = State();
   const Card card = Cards(list)[position];
@@ -146,21 +133,19 @@ void DeckManager::ScrollTo(CardList list, int top) {
 bool DeckManager::Picture_KeyDown(CardList list, int index, PictureKey key) {
   struct Row {
     PictureKey Key;
-    int Step;            // cards scrolled
-    bool OnlyAtTheEdge;  // in the list's first or last row; else the key goes among the pictures
+    int Step;  // cards scrolled
   };
   constexpr int kWholeList = 1'000'000;
-  constexpr std::array<Row, 6> kKeys = {{{PictureKey::kUp, -kColumns, true},
-                                         {PictureKey::kDown, kColumns, true},
-                                         {PictureKey::kPageUp, -kPictures, false},
-                                         {PictureKey::kPageDown, kPictures, false},
-                                         {PictureKey::kHome, -kWholeList, false},
-                                         {PictureKey::kEnd, kWholeList, false}}};
+  // Up and down come only where no picture lies that way.
+  constexpr std::array<Row, 6> kKeys = {{{PictureKey::kUp, -kColumns},
+                                         {PictureKey::kDown, kColumns},
+                                         {PictureKey::kPageUp, -kPictures},
+                                         {PictureKey::kPageDown, kPictures},
+                                         {PictureKey::kHome, -kWholeList},
+                                         {PictureKey::kEnd, kWholeList}}};
   const auto* row = std::find_if(kKeys.begin(), kKeys.end(),
                                  [key](const Row& entry) { return entry.Key == key; });
   if (row == kKeys.end()) return false;
-  const int edge = row->Step < 0 ? 0 : kPictures - kColumns;
-  if (row->OnlyAtTheEdge && index / kColumns != edge / kColumns) return false;
   const int before = Top(list);
   ScrollTo(list, before + row->Step);
   if (Top(list) == before) return false;
@@ -286,6 +271,69 @@ void DeckManager::backmen_Click() {
   Desktop().HideForm(*this);
 }
 
+void DeckManager::NoteDecks() {
+  for (std::size_t deck = 0; deck < decks_.size(); ++deck) {
+    decks_[deck].clear();
+    for (const Card& card : State().Decks[static_cast<int>(deck) + 1].Cards) {
+      if (!IsFree(card)) decks_[deck].push_back(card);
+    }
+  }
+}
+
+namespace {
+
+/// Cards get another number whenever they come into the collection.
+bool IsSameCard(const Card& one, const Card& other) {
+  return one.Name == other.Name && one.UniqueID == other.UniqueID &&
+         one.EntryScripts == other.EntryScripts && one.Picture == other.Picture;
+}
+
+}  // namespace
+
+void DeckManager::PutDecksBack() {
+  Session& state = State();
+  for (DeckRec& deck : state.Decks) {
+    for (Card& card : deck.Cards) {
+      if (IsFree(card)) continue;
+      AddToCollection(card);
+      FreeCard(card);
+    }
+  }
+  for (std::size_t deck = 0; deck < decks_.size(); ++deck) {
+    for (const Card& before : decks_[deck]) {
+      for (Card& card : state.Collection) {
+        if (IsFree(card) || !IsSameCard(card, before)) continue;  // it may have been sold
+        AddToDeck(card, static_cast<int>(deck) + 1);
+        FreeCard(card);
+        break;
+      }
+    }
+  }
+  TidyDecks();
+  CompactCollection();
+  ForgetPreviews();
+}
+
+bool DeckManager::MayClose() {
+  const Session& state = State();
+  std::string missing;
+  if (state.DeckManagerInGame == 0) {
+    for (const std::string& line : MissedMinimums(state.CurrentDeck, state.DeckRules)) {
+      missing += line + "\n";
+    }
+  }
+  if (missing.empty()) return true;
+  if (Desktop().AskYesNo(Joined(missing,
+                                "\nStay here and mend the deck?  With \"No\" you go back "
+                                "to the list of games, and your decks are as they were "
+                                "before."))) {
+    return false;
+  }
+  PutDecksBack();
+  GaveUp = true;
+  return true;
+}
+
 bool DeckManager::Form_QueryClose() {
   Session& state = State();
   state.SaleMode = 0;
@@ -298,10 +346,10 @@ bool DeckManager::Form_QueryClose() {
     return false;
   }
   if (state.DeckManagerMode != kOwnCards) return false;
-  const bool ready = DeckIsReady();
+  const bool closes = MayClose();
   WritePlayerFile(OwnPlayerFileName(), Saving::kByItself);
   UpdateDecks();
-  return !ready;
+  return !closes;
 }
 
 }  // namespace brindlemoor

@@ -13,6 +13,7 @@
 #include "data/starter_deck_file.h"
 #include "game/game_list.h"
 #include "game/leaving.h"
+#include "game/match_outcome.h"
 #include "game/player_file_names.h"
 #include "game/player_files.h"
 #include "game/player_saving.h"
@@ -130,6 +131,10 @@ void DeckManager::loadplrmen_Click() {
   const std::string path = AskCardFile({.FileName = "*.plr;*.txt", .DefaultExtension = "plr"});
   if (path.empty() || !MayLeavePlayer(Leaving::kSavesFirst) || !ReadPlayerOnly(path)) return;
   if (path != InProgramFolder(OwnPlayerFileName())) TakeLoadedPlayer();
+  CountOwnedAsOld();
+  sales_.clear();  // what was sold was another player's
+  ShowLastSale();
+  NoteDecks();
   ShowDeckNames();
   ForgetPreviews();
   UpdateDecks();

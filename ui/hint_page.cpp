@@ -14,15 +14,15 @@ namespace brindlemoor {
 
 namespace {
 
-std::string ValueText(const HandValue& play) {
+std::string_view ValueText(const HandValue& play) {
   if (!play.Payable) return "can't be paid now";
-  return Joined(play.IsWorthPlaying() ? "worth " : "better kept: worth ", play.Value);
+  return play.IsWorthPlaying() ? "worth playing now" : "better kept for later";
 }
 
 std::string HintOfCard(Hint& hint) {
   std::string html = Joined("<p><b>", ColoredName(hint.Card), "</b>, ", ValueText(hint.Play));
   for (const std::string& trial : hint.Trials) html += Joined("<br>", trial);
-  if (hint.Play.Payable && hint.Trials.empty()) html += "<br>It has no action to try out.";
+  if (hint.Play.Payable && hint.Trials.empty()) html += "<br>It does nothing at once.";
   return html + "</p>";
 }
 
@@ -30,8 +30,8 @@ std::string HintOfCard(Hint& hint) {
 
 std::string HintPage() {
   std::string html =
-      "<p><font color=\"#FFFF00\"><b>Hint</b></font><br>The computer would judge your hand like "
-      "this, best first. It plays what is worth 1 or more.</p>";
+      "<p><font color=\"#FFFF00\"><b>Hint</b></font><br>Your hand as the computer would play it, "
+      "the best card first, and what each card would do now.</p>";
   std::vector<Hint> hints = HandHints();
   if (hints.empty()) html += "<p>Your hand is empty.</p>";
   for (Hint& hint : hints) html += HintOfCard(hint);

@@ -161,6 +161,11 @@ void ChooseMenuAction(int slot, int index) {
 
 }  // namespace
 
+void PlayOpponent(int gameIndex, int opponentIndex) {
+  ChooseGame(gameIndex, opponentIndex);
+  ShowStore();
+}
+
 bool WB_BeforeNavigate(const std::string& address) {
   if (State().OwnNavigation == 1) return false;
   const std::string url = CleanUrl(address, true);
@@ -172,8 +177,7 @@ bool WB_BeforeNavigate(const std::string& address) {
   // Views hand the scheme over in lower case.
   if (FoldEquals(form, "GAME")) {
     if (!State().Links.Games) return true;
-    ChooseGame(NumberField(url, 2), NumberField(url, 3));
-    ShowStore();
+    PlayOpponent(NumberField(url, 2), NumberField(url, 3));
     return true;
   }
   if (!url.starts_with(kCardLink)) return false;
@@ -263,6 +267,7 @@ void ShowPlayMenu() {
   ListPlays();
   ListMenuActions();
   WritePage("Display.html", "#000000");
+  ShowPlan();
   Desktop().PumpEvents();
   ShowInView(TheMainWindow().InPlayWB, "Display.html");
 }

@@ -29,7 +29,6 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kThumbWidth = 65;
 constexpr int kThumbHeight = 86;
 constexpr int kHandCellWidth = 124;
 constexpr int kPictureWidth = 260;
@@ -46,7 +45,7 @@ Layout HandStrip(MainWindow& window) {
     for (const std::size_t label : {first, first + 1}) {
       pair.Children.push_back(
           Column({Cell(*window.HandLabel[label], 0, kHandCellWidth, kLabelHeight),
-                  Cell(*window.Picture2[label + 1], 0, kThumbWidth, kThumbHeight)}));
+                  Cell(*window.Picture2[label + 1], 0, kHandCellWidth, kThumbHeight)}));
     }
     strip.Children.push_back(std::move(pair));
   }
@@ -56,7 +55,9 @@ Layout HandStrip(MainWindow& window) {
 Layout Arrange(MainWindow& window) {
   return Row({Column({HandStrip(window), Cell(window.NothingSaved),
                       Cell(window.Command1, 0, 0, kTurnButtonHeight), Cell(window.InPlayWB, 1)}),
-              Column({Cell(window.backbutton, 0, 0, kBackButtonHeight), Cell(window.WB, 1)}, 1),
+              Column({Cell(window.backbutton, 0, 0, kBackButtonHeight), window.End.Arrangement(),
+                      Cell(window.WB, 1), window.Plan.Arrangement()},
+                     1),
               Column({Cell(window.Picture1, 0, kPictureWidth, kPictureHeight),
                       Cell(window.CardDescWB, 1, kPictureWidth)})});
 }
@@ -90,6 +91,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
   helppagesmen.Shortcut = "F1";
   hintmen.Shortcut = "F2";
   newgamemen.Click = [this] { newgamemen_Click(); };
+  switchmen.Click = [this] { switchmen_Click(); };
   deckmanagermen.Click = [this] { deckmanagermen_Click(); };
   EditMen.Click = [this] { EditMen_Click(); };
   saveplrmen.Click = [this] { saveplrmen_Click(); };
@@ -99,7 +101,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
   helpmen.Click = [this] { helpmen_Click(); };
   helppagesmen.Click = helpmen.Click;
   hintmen.Click = [this] { hintmen_Click(); };
-  filemen.Items = {&newgamemen, &deckmanagermen, &EditMen, &saveplrmen, &savehtmlmen};
+  filemen.Items = {&newgamemen, &deckmanagermen, &EditMen, &saveplrmen, &savehtmlmen, &switchmen};
   optionmen.Items = {&fullsizemen, &debugmen};
   helpmen.Items = {&helppagesmen, &hintmen};
   Menus = {&filemen, &optionmen, &helpmen};
@@ -121,20 +123,16 @@ void MainWindow::Form_Load() {
   HideHand();
 }
 
-namespace {
-
-/// To the list of games; a test game leads back to the editor that began it.
-void LeaveEndedGame() {
-  if (!MayLeavePlayer(Leaving::kSavesFirst)) return;
+bool LeaveEndedGame() {
+  if (!MayLeavePlayer(Leaving::kSavesFirst)) return false;
   if (State().TestFromEditor == 1) {
     TheEditorDoor().BackToCardEditor();
   } else {
     State().PageText.clear();
     NewGame();
   }
+  return true;
 }
-
-}  // namespace
 
 void MainWindow::Command1_Click() {
   Session& state = State();
@@ -188,11 +186,29 @@ void MainWindow::Picture2_MouseUp(int position, MouseButton button) {
   Desktop().PumpEvents();
 }
 
+namespace {
+
+bool MayLeaveGame() {
+  return State().TurnRunning == 0 && MayLeaveMatch() && MayLeavePlayer(Leaving::kSavesFirst);
+}
+
+}  // namespace
+
 void MainWindow::newgamemen_Click() {
   // What the end saves by itself is asked about while the match can still go on.
-  if (State().TurnRunning == 1 || !MayLeavePlayer(Leaving::kSavesFirst)) return;
+  if (!MayLeaveGame()) return;
   EndGame();
   LeaveEndedGame();
+}
+
+void MainWindow::switchmen_Click() {
+  if (State().TestFromEditor == 1) {
+    Desktop().MessageBox("Another player can take over when the test is done.");
+    return;
+  }
+  if (!MayLeaveGame()) return;
+  EndGame();
+  if (MayLeavePlayer(Leaving::kSavesFirst)) SwitchPlayer();
 }
 
 void MainWindow::deckmanagermen_Click() {
@@ -241,7 +257,7 @@ void MainWindow::hintmen_Click() { ShowHint(); }
 
 bool MainWindow::Form_QueryClose() {
   if (State().TestFromEditor == 0) {
-    if (!MayLeavePlayer(Leaving::kSavesFirst)) return true;
+    if (!MayLeaveMatch() || !MayLeavePlayer(Leaving::kSavesFirst)) return true;
     Desktop().EndProgram();
     return false;
   }
@@ -271,6 +287,7 @@ void UpdateHand() {
     picture.Visible = held;
     label.Visible = held;
   }
+  ShowPlan();
 }
 
 void BlankSideViews() {
@@ -280,6 +297,7 @@ void BlankSideViews() {
     if (!view->Url.Get().ends_with("/blank.htm")) ShowInView(*view, "blank.htm");
   }
   TheMainWindow().Picture1.Picture = "";
+  TheMainWindow().End.Hide();
 }
 
 void HideHand() {
@@ -288,6 +306,7 @@ void HideHand() {
     window.Picture2[static_cast<std::size_t>(position)]->Visible = false;
     window.HandLabel[static_cast<std::size_t>(position) - 1]->Visible = false;
   }
+  ShowPlan();
 }
 
 namespace {

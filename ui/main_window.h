@@ -8,6 +8,8 @@
 
 #include "core/records.h"
 #include "platform/controls.h"
+#include "ui/match_end.h"
+#include "ui/plan_panel.h"
 
 namespace brindlemoor {
 
@@ -23,6 +25,8 @@ struct MainWindow : Form {
   Label NothingSaved{"NothingSaved"};                            ///< shown in debug mode
   Button Command1{"Command1"};
   Button backbutton{"backbutton"};
+  MatchEndPanel End;
+  PlanPanel Plan;
 
   MenuItem filemen{"filemen", "File"};
   MenuItem newgamemen{"newgamemen", "Quit / New Game"};
@@ -30,6 +34,7 @@ struct MainWindow : Form {
   MenuItem EditMen{"EditMen", "Card Editor"};
   MenuItem saveplrmen{"saveplrmen", "Save Current Player"};
   MenuItem savehtmlmen{"savehtmlmen", "Save HTML Snapshot"};
+  MenuItem switchmen{"switchmen", "Switch Player"};
   MenuItem optionmen{"optionmen", "Options"};
   MenuItem fullsizemen{"fullsizemen", "Full Sized Images"};
   MenuItem debugmen{"debugmen", "Debug Mode"};
@@ -51,6 +56,7 @@ struct MainWindow : Form {
   void Picture2_MouseMove(int position);
   void Picture2_MouseUp(int position, MouseButton button);
   void newgamemen_Click();
+  void switchmen_Click();
   void deckmanagermen_Click();
   void EditMen_Click();
   void saveplrmen_Click();
@@ -68,6 +74,9 @@ struct MainWindow : Form {
 void ShowMain(std::string_view file);
 /// Shows the hand of side 1 in the strip.
 void UpdateHand();
+/// From a game that has ended to the list of games; a test game leads back to the editor that began
+/// it. False when the player would rather stay.
+bool LeaveEndedGame();
 /// Hides the strip.
 void HideHand();
 /// Takes plan, card page and picture of the last game from the sides.

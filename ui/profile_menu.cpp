@@ -1,13 +1,20 @@
-// The profile chooser of the program's start.
+// The profile chooser: who plays, new players, other names.
 #include "ui/profile_menu.h"
 
 #include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "data/profiles.h"
 #include "game/player_files.h"
+#include "game/players.h"
+#include "game/program_start.h"
+#include "platform/arrangement.h"
+#include "ui/choice_form.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
@@ -34,9 +41,14 @@ ProfileMenu::ProfileMenu() : Form("ProfileMenu") {
   VScroll1.Change = [this] { VScroll1_Change(); };
   // The form has a second button that nothing is bound to; it is not shown.
   Command2.Visible = false;
-  Arrangement = {
-      .Direction = Layout::Kind::kRow,
-      .Children = {std::move(buttons), {.Direction = Layout::Kind::kControl, .Leaf = &VScroll1}}};
+  RenamePlayer.Caption = "Rename a Player";
+  RenamePlayer.ToolTip = "Gives a player another name.  Cards and tokens stay.";
+  RenamePlayer.Click = [this] { RenamePlayer_Click(); };
+  DeletePlayer.Caption = "Delete a Player";
+  DeletePlayer.ToolTip = "Takes a player and all their cards away.";
+  DeletePlayer.Click = [this] { DeletePlayer_Click(); };
+  Arrangement = Column({Row({std::move(buttons), Cell(VScroll1)}, 1),
+                        Row({Cell(RenamePlayer, 1), Cell(DeletePlayer, 1)})});
   QueryClose = [this] { return Form_QueryClose(); };
 }
 
@@ -46,6 +58,21 @@ void ProfileMenu::LoadButtons() {
   for (auto& button : Command1) button->Caption = "";
   LoadProfiles();
   UpdateButtons();
+  BringLastPlayer();
+}
+
+void ProfileMenu::BringLastPlayer() {
+  const Table<ProfileRec>& profiles = State().Profiles;
+  const std::string last = LastPlayer();
+  int place = 0;  // that of "New Player"
+  for (int profile = 1; profile <= profiles.UpperBound(); ++profile) {
+    if (!last.empty() && profiles[profile].PlayerName == last) place = profile;
+  }
+  if (place < ScrollOffset || place >= ScrollOffset + kButtons) {
+    VScroll1.Value = std::clamp(place, VScroll1.Minimum.Get(), VScroll1.Maximum.Get());
+    VScroll1_Change();
+  }
+  Command1[static_cast<std::size_t>(place - ScrollOffset)]->TakeFocus();
 }
 
 void ProfileMenu::UpdateButtons() {
@@ -99,9 +126,9 @@ bool TakeProfile(const ProfileRec& shown) {
 }
 
 /// Asks until the name can be part of a file name or the box is cancelled; "" then.
-std::string AskNewName() {
+std::string AskNewName(std::string_view question) {
   while (true) {
-    std::string name = Desktop().AskText("New Player Name?").value_or("");
+    std::string name = Desktop().AskText(question).value_or("");
     if (name.empty()) return name;
     LoadProfiles();  // another program may have added one
     std::string refusal = RefusePlayerName(name);
@@ -109,6 +136,34 @@ std::string AskNewName() {
     if (refusal.empty()) return name;
     Desktop().MessageBox(refusal);
   }
+}
+
+/// The player that the user chooses from a list; "" for none.
+std::string AskPlayer(std::string_view question) {
+  LoadProfiles();
+  std::vector<std::string> names;
+  for (const ProfileRec& profile : State().Profiles) {
+    if (!profile.PlayerName.empty()) names.push_back(profile.PlayerName.Str());
+  }
+  if (names.empty()) {
+    Desktop().MessageBox("There are no players yet.");
+    return "";
+  }
+  const int chosen = AskChoice(question, names);
+  return chosen == 0 ? "" : names[static_cast<std::size_t>(chosen) - 1];
+}
+
+/// A new player starts afresh: what an earlier profile left in these fields is not theirs. False
+/// when the name was cancelled.
+bool TakeNewPlayer() {
+  const std::string name = AskNewName("New Player Name?");
+  if (name.empty()) return false;
+  Session& state = State();
+  state.Profile = ProfileRec{};
+  state.Profile.PlayerName = name;
+  state.Profiles.Append(state.Profile);
+  state.Players[1].Tokens = kFirstTokens;
+  return true;
 }
 
 }  // namespace
@@ -119,20 +174,58 @@ void ProfileMenu::Command1_Click(int index) {
   if (profile >= 1 && state.Profiles.Holds(profile)) {
     const ProfileRec shown = state.Profiles[profile];
     if (!TakeProfile(shown)) return;
-  } else {
-    // A new player starts afresh: what an earlier profile left in these fields is not theirs.
-    state.Profile = ProfileRec{};
-    state.Profile.PlayerName = AskNewName();
-    state.Profiles.Append(state.Profile);
-    state.Players[1].Tokens = kFirstTokens;
+  } else if (!TakeNewPlayer()) {
+    LoadButtons();
+    return;
   }
   SaveProfiles();
+  NoteLastPlayer(state.Profile.PlayerName);
   Desktop().HideForm(*this);
 }
 
+void ProfileMenu::RenamePlayer_Click() {
+  const std::string player = AskPlayer("Which player is to have another name?");
+  if (player.empty()) return;
+  const std::string name = AskNewName(Joined("New name for ", player, "?"));
+  if (name.empty()) return;
+  const std::string refusal = brindlemoor::RenamePlayer(player, name);
+  if (!refusal.empty()) Desktop().MessageBox(refusal);
+  LoadButtons();
+  if (refusal.empty() && Before.PlayerName == player) Before.PlayerName = name;
+}
+
+void ProfileMenu::DeletePlayer_Click() {
+  const std::string player = AskPlayer("Which player is to be deleted?");
+  if (player.empty()) return;
+  const std::string holdings = HoldingsOf(player);
+  const bool isSure = Desktop().AskYesNo(
+      holdings.empty() ? Joined("Delete ", player, "?  This player owns no cards yet.")
+                       : Joined("Delete ", player, "?  These are lost for good:\n\n", holdings));
+  if (!isSure) return;
+  const std::string failure = brindlemoor::DeletePlayer(player);
+  if (!failure.empty()) Desktop().MessageBox(failure);
+  if (failure.empty() && Before.PlayerName == player) Before = {};
+  LoadButtons();
+}
+
 bool ProfileMenu::Form_QueryClose() {
-  if (State().Profile.PlayerName.empty()) Desktop().EndProgram();
+  Session& state = State();
+  if (state.Profile.PlayerName.empty() && !Before.PlayerName.empty()) {
+    state.Profile = PresentLine(Before);
+  }
+  if (state.Profile.PlayerName.empty()) Desktop().EndProgram();
   return false;
+}
+
+void SwitchPlayer() {
+  Session& state = State();
+  TheProfileMenu().Before = state.Profile;
+  state.Profile = {};
+  OwnNothing();
+  state.PageText.clear();
+  NewGame();
+  const ProfileRec before = std::exchange(TheProfileMenu().Before, {});
+  if (state.Profile.PlayerName != before.PlayerName) ReleasePlayer(before.PlayerName);
 }
 
 void ChooseProfile() {

@@ -24,6 +24,7 @@ const GameWindows kWindows = {
     .FullSizeImages = [] { return TheMainWindow().fullsizemen.Checked ? 1 : 0; },
     .UpdateHand = UpdateHand,
     .HideHand = HideHand,
+    .ShowMatchEnd = ShowMatchEnd,
     .BlankSideViews = BlankSideViews,
     .ChooseProfile = ChooseProfile,
     .ShowDeckManager = ShowDeckManager,

@@ -75,6 +75,7 @@ Answer HeadlessPlatform::TakeAnswer(std::deque<Answer>& answers, std::string_vie
 }
 
 bool HeadlessPlatform::AskYesNo(std::string_view text) {
+  YesNoQuestions.emplace_back(text);
   return TakeAnswer(YesNoAnswers, "question", text);
 }
 

@@ -35,8 +35,9 @@ class HeadlessPlatform : public Platform {
   bool BlanksForLineEnds = false;  ///< a blank of an expected message may stand for a line end
 
   // What the caller finds.
-  std::vector<std::string> Messages;   ///< every message box
-  std::vector<std::string> Questions;  ///< prompt of every input box
+  std::vector<std::string> Messages;        ///< every message box
+  std::vector<std::string> Questions;       ///< prompt of every input box
+  std::vector<std::string> YesNoQuestions;  ///< every question for yes or no
   std::vector<std::string> UnexpectedDialogs;
   std::map<std::string, std::string> Pages;  ///< bytes of the page each view shows, by its name
   std::vector<std::string> Navigations;      ///< "view url" in order

@@ -22,7 +22,8 @@ class KeyButton : public QPushButton {
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-      click();
+      // A key that is held down does not press what comes up under it.
+      if (!event->isAutoRepeat()) click();
     } else {
       QPushButton::keyPressEvent(event);
     }

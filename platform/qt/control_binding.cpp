@@ -1,6 +1,7 @@
 // The binding of any control by its kind, and what all kinds share.
 #include <QVariant>
 #include <QWidget>
+#include <utility>
 
 #include "platform/qt/bindings.h"
 #include "platform/qt/form_window.h"
@@ -51,11 +52,12 @@ QWidget* BindControl(Control& control, FormWindow& window) {
 void BindCommon(Control& model, QWidget& widget, FormWindow& window, std::function<void()> sync) {
   widget.setObjectName(QString::fromStdString(model.Name));
   widget.setProperty("control", true);
-  window.Bind(model, [&model, &widget, sync = std::move(sync)] {
+  window.Bind(model, [&model, &widget, &window, calls = 0, sync = std::move(sync)]() mutable {
     widget.setVisible(model.Visible);
     widget.setEnabled(model.Enabled);
     widget.setToolTip(Wrapped(model.ToolTip));
     sync();
+    if (std::exchange(calls, model.FocusCalls.Get()) != model.FocusCalls) window.Focus(widget);
   });
 }
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "platform/qt/bindings.h"
+#include "platform/qt/cell_grid.h"
 #include "platform/qt/form_window.h"
 
 namespace brindlemoor {
@@ -41,6 +42,7 @@ bool IsSpace(const Layout& cell) { return cell.Leaf == nullptr && cell.Children.
 
 /// Whether something in the cell takes spare room in a direction.
 bool Grows(const Layout& cell, Kind direction) {
+  if (cell.Direction == Kind::kGrid) return true;
   return std::any_of(cell.Children.begin(), cell.Children.end(), [&](const Layout& child) {
     return (cell.Direction == direction && child.Stretch > 0) || Grows(child, direction);
   });
@@ -112,10 +114,25 @@ QWidget* Container(const Layout& cell, FormWindow& window) {
   return widget;
 }
 
+/// The controls of a grid; each takes the whole of its cell.
+void AddGrid(QBoxLayout& box, const Layout& grid, FormWindow& window) {
+  auto* cells = new CellGrid(grid.Columns);
+  cells->setSpacing(kSpacing);
+  box.addLayout(cells, grid.Stretch);
+  for (const Layout& cell : grid.Children) {
+    QWidget* widget = cell.Leaf == nullptr ? nullptr : BindControl(*cell.Leaf, window);
+    if (widget == nullptr) continue;
+    cells->addWidget(widget);
+    window.AddTabStop(*widget);
+  }
+}
+
 void AddCell(QBoxLayout& box, const Layout& cell, Kind direction, FormWindow& window) {
   if (IsSpace(cell)) {
     if (cell.Stretch > 0) box.addStretch(cell.Stretch);
     box.addSpacing(direction == Kind::kRow ? cell.Width : cell.Height);
+  } else if (cell.Direction == Kind::kGrid) {
+    AddGrid(box, cell, window);
   } else if (cell.Leaf != nullptr) {
     AddLeaf(box, cell, direction, window);
   } else if (cell.Group != nullptr || !cell.Title.empty() || cell.Width > 0 || cell.Height > 0 ||

@@ -85,6 +85,16 @@ QButtonGroup& FormWindow::OptionGroup(const QString& controlName) {
   return *group;
 }
 
+void FormWindow::Focus(QWidget& widget) {
+  focusNext_ = &widget;
+  if (isVisible()) GiveFocus();
+}
+
+void FormWindow::GiveFocus() {
+  if (!focusNext_.isNull()) focusNext_->setFocus(Qt::OtherFocusReason);
+  focusNext_.clear();
+}
+
 void FormWindow::OrderTabStops() {
   QWidget* last = nullptr;
   for (QWidget* stop : tabStops_) {
@@ -164,6 +174,7 @@ bool FormWindow::event(QEvent* event) {
 void FormWindow::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   for (const auto& sync : shownSyncs_) sync();
+  GiveFocus();
 }
 
 void FormWindow::hideEvent(QHideEvent* event) {

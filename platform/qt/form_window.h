@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <QMap>
+#include <QPointer>
 #include <QString>
 #include <functional>
 #include <vector>
@@ -49,6 +50,8 @@ class FormWindow : public QMainWindow {
   void AddTabStop(QWidget& widget) { tabStops_.push_back(&widget); }
   /// Sets the Tab key's way again, when the widget behind a view has changed.
   void OrderTabStops();
+  /// Gives the keyboard to a widget, as soon as the window is shown.
+  void Focus(QWidget& widget);
   /// Runs sync whenever the window has come up or gone.
   void OnShownChange(std::function<void()> sync) { shownSyncs_.push_back(std::move(sync)); }
   /// All controls are there: access keys and the Tab key's way are set.
@@ -68,6 +71,7 @@ class FormWindow : public QMainWindow {
   };
 
   void AddZoomKeys();
+  void GiveFocus();
   void SetZoom(double zoom);
   void TakeFirstSize(QWidget* owner);
   void ShowTitle();
@@ -83,6 +87,7 @@ class FormWindow : public QMainWindow {
   std::vector<PageView*> views_;
   std::vector<QWidget*> tabStops_;
   std::vector<std::function<void()>> shownSyncs_;
+  QPointer<QWidget> focusNext_;  // when the window comes up
   QMap<QString, QButtonGroup*> optionGroups_;
 };
 

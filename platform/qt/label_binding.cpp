@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "platform/passing_label.h"
 #include "platform/qt/bindings.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/style.h"
@@ -14,12 +15,19 @@ namespace {
 
 constexpr int kLongText = 40;  // characters from which a label may take several lines
 constexpr int kPadding = 2;
+constexpr double kHeadlineScale = 1.7;
 constexpr int kPlateRadius = 3;
 
 class LabelWidget : public QWidget {
  public:
   LabelWidget(const Label& model, FormWindow& window)
-      : QWidget(&window), model_(model), window_(window) {}
+      : QWidget(&window), model_(model), window_(window) {
+    if (!model.Headline) return;
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * kHeadlineScale);
+    large.setBold(true);
+    setFont(large);
+  }
 
   void Follow() {
     text_ = QString::fromStdString(model_.Caption);
@@ -27,7 +35,7 @@ class LabelWidget : public QWidget {
     QSizePolicy policy(QSizePolicy::Preferred,
                        IsLong() ? QSizePolicy::Minimum : QSizePolicy::Fixed);
     policy.setHeightForWidth(IsLong());
-    policy.setRetainSizeWhenHidden(true);
+    policy.setRetainSizeWhenHidden(dynamic_cast<const PassingLabel*>(&model_) == nullptr);
     setSizePolicy(policy);
     if (model_.Click) setCursor(Qt::PointingHandCursor);
     updateGeometry();

@@ -180,13 +180,27 @@ class PictureWidget : public QWidget {
   bool Move(int key) {
     const MoveKey* row = FindMoveKey(key);
     if (row == nullptr) return false;
+    // Among the pictures of a group up and down are the window's; at its edge the list may scroll.
+    std::vector<PictureWidget*> boxes = OthersForFocus();
+    if (row->Direction.y() != 0 && GoTowards(OfOwnGroup(boxes), row->Direction)) return true;
     if (events_.KeyDown(row->Means)) return true;
     if (row->Direction.isNull()) return false;
-    const std::vector<PictureWidget*> boxes = OthersForFocus();
-    if (const auto next = SpotTowards(SpotsOf(boxes), Spot().Middle, row->Direction)) {
-      boxes[*next]->setFocus(Qt::OtherFocusReason);
-    }
+    GoTowards(boxes, row->Direction);
     return true;
+  }
+
+  /// Gives the focus to the box that lies in a direction, if there is one.
+  bool GoTowards(const std::vector<PictureWidget*>& boxes, QPoint direction) {
+    const auto next = SpotTowards(SpotsOf(boxes), Spot().Middle, direction);
+    if (next) boxes[*next]->setFocus(Qt::OtherFocusReason);
+    return next.has_value();
+  }
+
+  std::vector<PictureWidget*> OfOwnGroup(std::vector<PictureWidget*> boxes) const {
+    std::erase_if(boxes, [this](const PictureWidget* box) {
+      return model_.DragGroup.empty() || box->model_.DragGroup != model_.DragGroup;
+    });
+    return boxes;
   }
 
   /// Gives the focus to another box of the group, if there is one.

@@ -24,6 +24,7 @@ constexpr int kBadgePadding = 4;
 constexpr int kBadgeInset = 4;   // from the picture's corner
 constexpr int kFrameRadius = 4;  // of an empty box
 constexpr int kRingWidth = 2;
+constexpr int kChoiceWidth = 4;
 constexpr QRgb kOpaque = 0xFF000000;
 constexpr int kOpaqueLine = 255;  // of 255
 constexpr int kLightLine = 190;
@@ -74,18 +75,24 @@ QRect DrawBlankCard(QPainter& painter, QRect room, const QString& caption) {
   return card;
 }
 
-void DrawBadge(QPainter& painter, QRect picture, const QString& text) {
+/// In the lower right corner of the picture; one that is wider than the picture stands in the
+/// middle below, as far as there is room.
+void DrawBadge(QPainter& painter, QRect picture, QRect room, const QString& text) {
   QFont font = painter.font();
   font.setBold(true);
   painter.setFont(font);
   const QFontMetrics metrics(font);
-  const int most = picture.width() - 2 * (kBadgeInset + kBadgePadding);
+  const int most = std::max(picture.width() - 2 * kBadgeInset, room.width()) - 2 * kBadgePadding;
   if (most <= 0) return;
   const QString shown = metrics.elidedText(text, Qt::ElideRight, most);
   const int height = metrics.height() + 2;
   const int width = std::max(height, metrics.horizontalAdvance(shown) + 2 * kBadgePadding);
-  const QRect plate(picture.right() + 1 - kBadgeInset - width,
-                    picture.bottom() + 1 - kBadgeInset - height, width, height);
+  QRect plate(picture.right() + 1 - kBadgeInset - width,
+              picture.bottom() + 1 - kBadgeInset - height, width, height);
+  if (plate.left() < picture.left() + kBadgeInset) {
+    plate.moveLeft(std::clamp(picture.center().x() - width / 2, room.left(),
+                              std::max(room.left(), room.right() + 1 - width)));
+  }
   painter.setPen(TextColor());
   painter.setBrush(BadgeColor());
   painter.drawRoundedRect(QRectF(plate).adjusted(0.5, 0.5, -0.5, -0.5), kBadgeRadius, kBadgeRadius);
@@ -120,6 +127,13 @@ void DrawMarks(QPainter& painter, QRect picture, const std::vector<PictureMark>&
     const QRect place(mark.X1, mark.Y1, mark.X2 - mark.X1, mark.Y2 - mark.Y1);
     DrawMark(painter, place.translated(picture.topLeft()), mark.Guide);
   }
+}
+
+/// What is chosen has a frame of its own colour, besides the ring of pointer and focus.
+void DrawChoice(QPainter& painter, QRect place) {
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(ChoiceColor(), kChoiceWidth));
+  painter.drawRoundedRect(QRectF(place).adjusted(1.5, 1.5, -1.5, -1.5), kFrameRadius, kFrameRadius);
 }
 
 void DrawEmptyFrame(QPainter& painter, QRect place) {
@@ -179,7 +193,9 @@ QRect PictureFace::DrawContent(QPainter& painter, QRect room, double ratio) {
     DrawScaled(painter, room, picture, ratio);
     place = picturePlace_;
   }
-  if (!badge.empty()) DrawBadge(painter, place, QString::fromStdString(badge));
+  if (model_.Dimmed) painter.fillRect(place, DimColor());
+  if (model_.Framed) DrawChoice(painter, place);
+  if (!badge.empty()) DrawBadge(painter, place, room, QString::fromStdString(badge));
   if (!picturePlace_.isEmpty()) DrawMarks(painter, picturePlace_, model_.Marks);
   painter.restore();
   return place;

@@ -27,6 +27,8 @@ constexpr const char* kPlate = "#d8d5cc";
 constexpr const char* kAccent = "#c99a4b";
 constexpr const char* kEdge = "#5a646f";
 constexpr const char* kBar = "#8fb0a9";
+constexpr const char* kChoice = "#7fd6c2";
+constexpr int kVeil = 165;  // of 255
 
 constexpr const char* kSheet = R"(
 QToolTip { color: #1d2126; background: #efe6d2; border: 1px solid #8a7a55; padding: 4px; }
@@ -162,6 +164,14 @@ QColor TextColor() { return QColor(kText); }
 QColor CardColor() { return QColor(kRaised); }
 
 QColor CardEdgeColor() { return QColor(kEdge); }
+
+QColor ChoiceColor() { return QColor(kChoice); }
+
+QColor DimColor() {
+  QColor veil(kWindow);
+  veil.setAlpha(kVeil);
+  return veil;
+}
 
 QColor BadgeColor() { return QColor(kSunken); }
 

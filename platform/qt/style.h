@@ -30,6 +30,10 @@ QColor TextColor();
 QColor CardColor();
 QColor CardEdgeColor();
 
+/// The frame of what is chosen, and what lies over what can't be used now.
+QColor ChoiceColor();
+QColor DimColor();
+
 /// The plate of a badge.
 QColor BadgeColor();
 

@@ -177,6 +177,7 @@ TEST_F(LeavingTest, WhatTheUserHasLetGoOfIsNotSavedBehindATurn) {
   const std::string before = Get(kOwn);
   State().Players[1].Tokens = 7;
   State().TurnRunning = 1;  // in a pick of a running turn
+  desktop_->YesNoAnswers = {true};
   desktop_->SaveAnswers = {SaveAnswer::kDiscard};
   TheDeckManager().quitmen.Click();
   EXPECT_TRUE(desktop_->Ending());
@@ -195,7 +196,7 @@ TEST_F(LeavingTest, SaveSavesInARunningTurnToo) {
   desktop_->YesNoAnswers = {false};
   StorePlayer();
   desktop_->SaveAnswers = {SaveAnswer::kSave};
-  desktop_->YesNoAnswers = {true};
+  desktop_->YesNoAnswers = {true, true};  // to leave the match, and to save over
   TheDeckManager().quitmen.Click();
   EXPECT_TRUE(desktop_->Ending() && Saved("#TOKENS, 7"));
   EXPECT_EQ(Get("Ann_Goblins.plr.other"), kOthers);
@@ -376,6 +377,54 @@ TEST_F(LeavingTest, AnOldListOfPlayersSetsNobodyBackAndMakesNoSecondOne) {
   NewGame();
   EXPECT_EQ(State().Profile.PlayerName, "Bob");
   EXPECT_NE(Get("PlayerProfiles.txt").find(kOwn), std::string::npos);
+}
+
+TEST_F(LeavingTest, AMatchIsGivenUpOnlyByAnAnswer) {
+  Match("Goblins", 2);
+  const auto leave = {
+      +[] { TheMainWindow().newgamemen.Click(); }, +[] { TheMainWindow().switchmen.Click(); },
+      +[] { TheMainWindow().Form_QueryClose(); }, +[] { TheDeckManager().quitmen.Click(); }};
+  for (const auto& way : leave) {
+    desktop_->YesNoAnswers = {false};
+    way();
+    EXPECT_TRUE(State().CurrentGame == 1 && State().GameOver == 0 && !desktop_->Ending());
+  }
+  EXPECT_EQ(desktop_->YesNoQuestions.back(),
+            "Give up the match against King?  Your cards and tokens are kept.");
+  desktop_->YesNoAnswers = {true};
+  TheMainWindow().newgamemen.Click();
+  EXPECT_EQ(State().CurrentGame, 0);
+  TheMainWindow().newgamemen.Click();  // at the list, and in a visit, nothing is given up
+  Match("Orcs", 3, false);
+  TheMainWindow().newgamemen.Click();
+  EXPECT_EQ(State().CurrentGame, 0);
+}
+
+TEST_F(LeavingTest, AnotherPlayerTakesOverWithoutARestart) {
+  Match("Goblins", 2);
+  State().Players[1].Tokens = 77;
+  desktop_->YesNoAnswers = {true};
+  desktop_->TextAnswers = {"Bo"};
+  desktop_->ModalForms.emplace_back(
+      [](Form& form) { static_cast<ProfileMenu&>(form).Command1[0]->Click(); });
+  TheMainWindow().switchmen.Click();
+  EXPECT_TRUE(Saved("#TOKENS, 77"));
+  EXPECT_EQ(State().Profile.PlayerName, "Bo");
+  EXPECT_EQ(State().Players[1].Tokens, 500);
+  EXPECT_EQ(Names(State().Collection) + State().Decks[2].DeckName.Str(), "Deck #2");
+  EXPECT_TRUE(State().Links.Games && State().CurrentGame == 0);
+
+  // Closing the chooser leaves who played.
+  desktop_->ModalForms.emplace_back([](Form& form) { form.QueryClose(); });
+  TheMainWindow().switchmen.Click();
+  EXPECT_EQ(State().Profile.PlayerName, "Bo");
+  desktop_->ModalForms.emplace_back(
+      [](Form& form) { static_cast<ProfileMenu&>(form).Command1[1]->Click(); });
+  TheMainWindow().switchmen.Click();
+  EXPECT_EQ(State().Profile.PlayerName, "Ann");
+  EXPECT_EQ(State().Players[1].Tokens, 77);
+  EXPECT_EQ(Names(State().Decks[1].Cards), "Bat Elf ");
+  EXPECT_FALSE(desktop_->Ending());
 }
 
 }  // namespace

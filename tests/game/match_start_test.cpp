@@ -190,8 +190,8 @@ TEST_F(MatchStartTest, TheDeckIsChosenInTheDeckManager) {
     manager.backmen.Click();
     EXPECT_FALSE(form.Shown);
   });
-  desktop_->ExpectedMessages = {"You must have at least 2 cards in your play deck.",
-                                "You must have at least 2 cards in your play deck."};
+  desktop_->ExpectedMessages = {"You must have at least 2 cards in your play deck."};
+  desktop_->YesNoAnswers = {true};
   ChooseGame(1, 2);
   EXPECT_EQ(State().CurrentGame, 0) << "the player went back to the list";
   ListGames();

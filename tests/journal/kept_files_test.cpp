@@ -84,11 +84,13 @@ TEST_F(KeptFilesTest, WhatOthersMakeOfAPlayersFileMeanwhileIsPlayedAgain) {
     const std::string bytes = ReadBytes(own);
     desktop_->SaveAnswers = {SaveAnswer::kCancel, SaveAnswer::kCancel};
     WriteBytes(own, bytes + "\r\n");
-    desktop_->YesNoAnswers = {false};
+    // Sells, leaves the other file alone, gives up the match.
+    desktop_->YesNoAnswers = {true, false, true};
     desktop_->ModalForms.emplace_back(sell);
     Menu("deckmanagermen");
     fs::remove(own);
     fs::create_directory(own);  // which can't be read
+    desktop_->YesNoAnswers = {true, true};
     desktop_->ModalForms.emplace_back(sell);
     Menu("deckmanagermen");
     EXPECT_TRUE(desktop_->YesNoAnswers.empty() && desktop_->SaveAnswers.empty());

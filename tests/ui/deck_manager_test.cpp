@@ -9,6 +9,7 @@
 #include "language/target_types.h"
 #include "script/card_entry.h"
 #include "script/card_setup.h"
+#include "script/stored_cards.h"
 #include "script/trait_changes.h"
 #include "script/triggers.h"
 #include "tests/support/session_test.h"
@@ -68,7 +69,7 @@ TEST_F(DeckManagerTest, ClicksMoveCardsAndNothingIsLost) {
   Own({"Elf", "Orc", "Bat", "Elf"});
   Open();
   EXPECT_EQ(Shown(form_.CollectPic), "Elf2 Orc Bat Elf2 ");
-  EXPECT_EQ(form_.Cardcount.Caption.Get(), "Cards: 1") << "an empty deck keeps one element";
+  EXPECT_EQ(form_.Cardcount.Caption.Get(), "Cards: 0") << "free elements are no cards";
   ClickCollection(1);
   ClickCollection(1);
   EXPECT_EQ(Deck(1), "Bat Orc ");
@@ -97,14 +98,17 @@ TEST_F(DeckManagerTest, TheRulesOfTheGameRefuseCardsAndDecks) {
   Open();
   ClickCollection(0);
   desktop_->ExpectedMessages = {"You can only have 1 \"Elf\" cards in your deck.",
-                                "You must have at least 2 cards in your play deck.",
                                 "You must have at least 2 cards in your play deck."};
+  desktop_->YesNoAnswers = {true};
   ClickCollection(0);
   EXPECT_EQ(Deck(1) + "| " + Collection(), "Elf | Elf Orc - ");
   form_.Command2.Click();
   EXPECT_TRUE(form_.Shown);
   EXPECT_EQ(ReadFile("Ann_Goblins.plr"), "(no such file)");
   EXPECT_TRUE(form_.QueryClose());
+  EXPECT_TRUE(desktop_->YesNoQuestions.back().starts_with(
+      "You must have at least 2 cards in your play deck.  It has 1.\n"))
+      << desktop_->YesNoQuestions.back();
   EXPECT_NE(ReadFile("Ann_Goblins.plr"), "(no such file)") << "saved, though it stays open";
   State().DeckManagerInGame = 1;
   EXPECT_FALSE(form_.QueryClose()) << "a match that is going on needs no whole deck";
@@ -157,6 +161,29 @@ TEST_F(DeckManagerTest, EachModeShowsWhatItNeedsAndCopiesOrMoves) {
   }
 }
 
+/// What was sold meanwhile is gone; all else lies where it lay.
+TEST_F(DeckManagerTest, ADeckThatIsNotReadyCanBeLeftAsItWas) {
+  State().DeckRules = "TRAITMINIMUM:#ANY#:2:TRAITMINIMUM:PLAYER:1";
+  Own({"Elf", "Orc"});
+  for (const char* name : {"Bat", "Cat"}) AddToDeck(MakeCard(name, 1), 1);
+  AddToDeck(MakeCard("Dog", 1), 2);
+  Open();
+  ClickDeck(0);  // Bat
+  form_.Option1[1]->Click();
+  ClickCollection(0);  // Elf
+  form_.Option1[0]->Click();
+  State().SaleMode = 1;
+  desktop_->YesNoAnswers = {true, false};
+  ClickDeck(0);  // Cat
+  EXPECT_FALSE(form_.QueryClose());
+  EXPECT_TRUE(form_.GaveUp);
+  EXPECT_EQ(desktop_->YesNoQuestions.back().substr(0, 131),
+            "You must have at least 2 cards in your play deck.  It has 0.\n"
+            "You must have at least 1 cards in your deck with the PLAYER trait.  It");
+  EXPECT_EQ(Deck(1) + "| " + Deck(2), "Bat | Dog ");
+  EXPECT_EQ(Collection().substr(0, 8), "Elf Orc ");
+}
+
 TEST_F(DeckManagerTest, SellingPaysByRarityAndTakesTheCard) {
   Own({"Elf", "Orc"});
   State().Collection[1].Rarity = 255;
@@ -173,6 +200,11 @@ TEST_F(DeckManagerTest, SellingPaysByRarityAndTakesTheCard) {
                 "The ephemeral powers that be offer you <font color=#FFFF00>26 Tokens</font> for "
                 "this card.<br>Just click to make the sale..."),
             std::string::npos);
+  desktop_->YesNoAnswers = {false, true, true};
+  ClickCollection(0);
+  EXPECT_EQ(desktop_->YesNoQuestions.back(), "Sell Elf for 26 tokens?");
+  EXPECT_EQ(Collection(), "Elf Orc ") << "not sold";
+  EXPECT_FALSE(form_.UndoSale.Visible);
   ClickCollection(0);
   EXPECT_NE(desktop_->Pages["WB"].find("<font color=#FF3311>Ha ha ha!  It's mine now!</font>"),
             std::string::npos);
@@ -180,9 +212,39 @@ TEST_F(DeckManagerTest, SellingPaysByRarityAndTakesTheCard) {
   EXPECT_EQ(State().Players[1].Tokens, before + 26 + 1);
   EXPECT_EQ(form_.Label1.Caption.Get(), Joined("Tokens: ", before + 27));
   EXPECT_EQ(Deck(1) + "| " + Collection(), "- | Orc - ");
-  EXPECT_EQ(form_.Cardcount.Caption.Get(), "Cards: 1");
+  EXPECT_EQ(form_.Cardcount.Caption.Get(), "Cards: 0");
   EXPECT_FALSE(form_.QueryClose());
   EXPECT_EQ(State().SaleMode, 0);
+}
+
+TEST_F(DeckManagerTest, SalesAreTakenBackUntilTheFormClosesAndTheLastPlayerCardIsAskedForTwice) {
+  Own({"Elf", "Orc"});
+  SetTrait(State().Collection[1], "PLAYER", "", 1);
+  AddToDeck(MakeCard("Bat", 1), 2);
+  Open();
+  const int before = State().Players[1].Tokens;
+  State().SaleMode = 1;
+  desktop_->YesNoAnswers = {true, false};
+  ClickCollection(0);
+  EXPECT_TRUE(desktop_->YesNoQuestions.back().starts_with("Elf is your last card with the trait"));
+  EXPECT_EQ(Collection(), "Elf Orc ");
+  desktop_->YesNoAnswers = {true, true, true};
+  ClickCollection(0);
+  form_.Option1[1]->Click();
+  ClickDeck(0);
+  EXPECT_EQ(Collection() + "| " + Deck(2), "Orc - | - ");
+  form_.Option1[0]->Click();
+  form_.UndoSale.Click();
+  form_.UndoSale.Click();
+  EXPECT_EQ(Collection() + "| " + Deck(2), "Orc Elf | Bat ");
+  EXPECT_EQ(State().Players[1].Tokens, before);
+  EXPECT_FALSE(form_.UndoSale.Visible);
+  desktop_->YesNoAnswers = {true};
+  ClickCollection(0);
+  EXPECT_TRUE(form_.UndoSale.Visible);
+  State().SaleMode = 0;
+  Open();
+  EXPECT_FALSE(form_.UndoSale.Visible) << "what was sold before the form closed is sold";
 }
 
 TEST_F(DeckManagerTest, ThePreviewShowsTheCardAsItWillEnterPlay) {
@@ -229,7 +291,6 @@ TEST_F(DeckManagerTest, TheListsScrollByBarAndByKey) {
   form_.VScroll1[1]->Change();
   ClickCollection(0);
   EXPECT_EQ(Deck(1), "21 ");
-  EXPECT_FALSE(key(0, PictureKey::kDown)) << "the focus goes to the next row";
   EXPECT_TRUE(key(1, PictureKey::kUp));
   EXPECT_EQ(form_.CollectionTop, 17);
   EXPECT_EQ(State().PickedCard, 19) << "the card under the keyboard is previewed";
@@ -509,6 +570,7 @@ TEST_F(DeckManagerTest, InMidGameArmedActionsKeepTheirCards) {
     ClickCollection(1);  // Orc into deck 2
     desktop_->AcceptMessages = true;
     form_.Command5.Click();
+    desktop_->YesNoAnswers = {true};
     ClickCollection(0);  // Elf is sold
     EXPECT_FALSE(form_.QueryClose());
   });

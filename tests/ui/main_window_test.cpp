@@ -201,10 +201,10 @@ TEST_F(MainWindowTest, TheHintShowsTheHandAndChangesNothing) {
   EXPECT_EQ(State().SelectedSlot, 2);
   EXPECT_EQ(window_.Picture1.Picture.Get(), "card.jpg");
   const std::string page = desktop_->Pages["CardDescWB"];
-  const std::size_t bolt =
-      page.find("Bolt <i></font></b>, worth 22<br>When it enters play, on Player 2: works.");
+  const std::size_t bolt = page.find(
+      "Bolt <i></font></b>, worth playing now<br>When it enters play, on Player 2: works.");
   const std::size_t dud =
-      page.find("Dud</font></b>, better kept: worth 0<br>It has no action to try out.");
+      page.find("Dud</font></b>, better kept for later<br>It does nothing at once.");
   EXPECT_NE(bolt, std::string::npos) << page;
   EXPECT_NE(dud, std::string::npos) << page;
   EXPECT_LT(bolt, dud);

@@ -22,8 +22,13 @@ class ProfileMenuTest : public SessionTest {
 };
 
 TEST_F(ProfileMenuTest, FirstRunOffersANewPlayer) {
-  EXPECT_EQ(Choose(0, {std::nullopt}), "") << "a cancelled name is not kept";
-  EXPECT_EQ(ReadFile("PlayerProfiles.txt"), "\r\n");
+  desktop_->TextAnswers = {std::nullopt};
+  desktop_->ModalForms.push_back([](Form& form) {
+    static_cast<ProfileMenu&>(form).Command1[0]->Click();
+    EXPECT_TRUE(form.Shown) << "a cancelled name leads back to the list of players";
+  });
+  ChooseProfile();
+  EXPECT_EQ(ReadFile("PlayerProfiles.txt"), "(no such file)");
   EXPECT_EQ(Choose(1), "") << "the free element of an empty list selects nobody";
   EXPECT_EQ(Choose(0, {"Ann"}), "Ann");
   EXPECT_EQ(State().Players[1].Tokens, 500);
@@ -78,6 +83,83 @@ TEST_F(ProfileMenuTest, MoreThanSevenProfilesScroll) {
   State().Profile.PlayerName = "";
   TheProfileMenu().QueryClose();
   EXPECT_TRUE(desktop_->Ending()) << "closing without a player ends the program";
+}
+
+/// Two players whose names begin alike, as their files do.
+class PlayersTest : public ProfileMenuTest {
+ protected:
+  PlayersTest() {
+    WriteFile("PlayerProfiles.txt",
+              "\"#PLAYERPROFILE\",\"Ann\",\"Ann_Goblins.plr:Goblins.txt\",\"\",\"\",\"\"\r\n"
+              "\"#PLAYERPROFILE\",\"Ann_B\",\"Ann_B_Orcs.plr:Orcs.txt\",\"\",\"\",\"\"\r\n");
+    WriteFile("Ann_Goblins.plr", "#TOKENS, 5\n#CARD, COLLECTION, Elf, , , , , , \n");
+    WriteFile("Ann_Orcs.plr", "#TOKENS, 7\n");
+    WriteFile("Ann_B_Orcs.plr", "#TOKENS, 9\n");
+  }
+  /// Presses a button of the chooser and takes a line of the list of players.
+  void Press(Button ProfileMenu::*button, int player) {
+    desktop_->ModalForms.push_back([this, button, player](Form& form) {
+      desktop_->ModalForms.push_back([player](Form& choice) {
+        static_cast<ChoiceForm&>(choice).List1.Selected = player;
+        static_cast<ChoiceForm&>(choice).Command1.Click();
+      });
+      (static_cast<ProfileMenu&>(form).*button).Click();
+    });
+    State().Profile.PlayerName = "";
+    ChooseProfile();
+  }
+};
+
+TEST_F(PlayersTest, ARenamedPlayerKeepsEverythingAndNobodyElseLosesAnything) {
+  EXPECT_EQ(Choose(1), "Ann");
+  desktop_->TextAnswers = {"Ann_B", "Zoe"};
+  desktop_->ExpectedMessages = {"There is a player of this name already."};
+  Press(&ProfileMenu::RenamePlayer, 1);
+  EXPECT_NE(ReadFile("PlayerProfiles.txt").find("\"Zoe\",\"Zoe_Goblins.plr:Goblins.txt\""),
+            std::string::npos);
+  EXPECT_EQ(ReadFile("PlayerProfiles.txt").find("\"Ann\""), std::string::npos);
+  EXPECT_EQ(ReadFile("Zoe_Goblins.plr"), "#TOKENS, 5\n#CARD, COLLECTION, Elf, , , , , , \n");
+  EXPECT_EQ(ReadFile("Zoe_Orcs.plr"), "#TOKENS, 7\n");
+  EXPECT_EQ(ReadFile("Ann_Goblins.plr"), "(no such file)");
+  EXPECT_EQ(ReadFile("Ann_B_Orcs.plr"), "#TOKENS, 9\n");
+  EXPECT_EQ(ReadFile("LastPlayer.settings"), "Zoe");
+
+  desktop_->TextAnswers = {"Yan"};
+  WriteFile("Yan_Orcs.plr", "somebody's");
+  desktop_->ExpectedMessages = {"There is a file Yan_Orcs.plr already."};
+  Press(&ProfileMenu::RenamePlayer, 1);
+  EXPECT_EQ(ReadFile("Yan_Goblins.plr"), "(no such file)") << "what was begun is taken back";
+  EXPECT_EQ(ReadFile("Zoe_Goblins.plr").substr(0, 10), "#TOKENS, 5");
+}
+
+TEST_F(PlayersTest, ADeletedPlayersLossesAreNamedFirst) {
+  desktop_->YesNoAnswers = {false};
+  Press(&ProfileMenu::DeletePlayer, 1);
+  EXPECT_EQ(desktop_->YesNoQuestions.back(),
+            "Delete Ann?  These are lost for good:\n\n"
+            "Goblins: 1 card and 5 tokens\nOrcs: 0 cards and 7 tokens");
+  EXPECT_EQ(ReadFile("Ann_Orcs.plr"), "#TOKENS, 7\n");
+  desktop_->YesNoAnswers = {true};
+  Press(&ProfileMenu::DeletePlayer, 1);
+  EXPECT_EQ(ReadFile("Ann_Orcs.plr") + ReadFile("Ann_Goblins.plr"), "(no such file)(no such file)");
+  EXPECT_EQ(ReadFile("Ann_B_Orcs.plr"), "#TOKENS, 9\n");
+  EXPECT_EQ(ReadFile("PlayerProfiles.txt").find("\"Ann\""), std::string::npos);
+  EXPECT_NE(ReadFile("PlayerProfiles.txt").find("\"Ann_B\""), std::string::npos);
+}
+
+TEST_F(PlayersTest, TheChooserBeginsAtWhoPlayedLast) {
+  std::string lines;
+  for (int number = 1; number <= 12; ++number) {
+    lines += Joined("\"#PLAYERPROFILE\",\"P", number, "\",\":\",\"\",\"\",\"\"\r\n");
+  }
+  WriteFile("PlayerProfiles.txt", lines);
+  WriteFile("LastPlayer.settings", "P10");
+  desktop_->ModalForms.push_back([](Form& shown) {
+    for (const auto& button : static_cast<ProfileMenu&>(shown).Command1) {
+      EXPECT_EQ(button->FocusCalls > 0, button->Caption.Get() == "P10") << button->Caption.Get();
+    }
+  });
+  ChooseProfile();
 }
 
 }  // namespace

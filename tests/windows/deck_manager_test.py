@@ -1,6 +1,7 @@
 """The road of a player from the starter chest to a deck that may be played, and on into a match."""
 
 import os
+import re
 import time
 import unittest
 
@@ -113,12 +114,26 @@ class DeckManager(shipped_game.ShippedGameTest):
         self.run_.click("control", "Command5")
         self.run_.dismiss("Click here to switch into sale mode.")
         tokens = int(self.run_.find("control", "Label1").text.split()[-1])
-        self.run_.click("control", "CollectPic(1)")
-        harness.wait_until("the price", lambda: int(
-            self.run_.find("control", "Label1").text.split()[-1]) > tokens)
-        self.assertIn("It's mine now!", self.run_.page())
-        self.run_.click("control", "Command5")
+        self.sell(tokens)
         self.keep("sold")
+        self.run_.click("control", "UndoSale")
+        self.run_.wait_for("control", "Label1", f"Tokens: {tokens}")
+        self.run_.wait_gone("control", "UndoSale")
+        self.sell(tokens)
+        self.run_.click("control", "Command5")
+
+    def sell(self, tokens):
+        """A double click asks for one card and sells no other."""
+        place = self.run_.at_rest("control", "CollectPic(1)").center
+        self.display.xdotool("mousemove", *place, "sleep", 0.1, "click", "--repeat", 2, "--delay",
+                             60, 1)
+        question = self.run_.wait_for("dialog").text
+        price = int(re.fullmatch(r"Sell .+ for (\d+) tokens?\?", question)[1])
+        self.keep("sale")
+        self.run_.click("button", "Yes")
+        self.run_.wait_gone("dialog")
+        self.run_.wait_for("control", "Label1", f"Tokens: {tokens + price}")
+        self.assertIn("It's mine now!", self.run_.page())
 
     def polish_a_card(self):
         """The menu action on an own card, picked in the deck manager."""
@@ -149,7 +164,7 @@ class DeckManager(shipped_game.ShippedGameTest):
         self.run_.wait_for("window", "DeckManager")
         self.run_.fill_screen(DECKS)
         self.run_.click("control", "ClearDeck")
-        self.counts("Cards: 1")
+        self.counts("Cards: 0")
         self.display.ask_to_close(DECKS)  # in mid-game a deck may be empty
         self.run_.wait_gone("window", "DeckManager")
         self.assertEqual(self.saved().count("#CARD, INPLAYERDECK:1"), 0)

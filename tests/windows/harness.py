@@ -329,9 +329,11 @@ class WindowTest(unittest.TestCase):
         path.parent.mkdir(parents=True, exist_ok=True)
         path.write_text(text, encoding="utf-8")
 
-    def close_and_check(self, title):
+    def close_and_check(self, title, gives_up_match=False):
         """Closing the window must end the process in order."""
         self.display.ask_to_close(title)
+        if gives_up_match:
+            self.started.click("button", "Yes")
         self.assertEqual(self.started.wait_for_end(), 0, self.started.errors())
 
     def _keep_screenshot(self):

@@ -68,7 +68,7 @@ class Match(shipped_game.ShippedGameTest):
     def ask_for_a_hint(self):
         plan = self.plan()
         self.run_.choose("Help", "Hint")
-        harness.wait_until("the hint", lambda: "judge your hand" in self.run_.page("CardDesc.html"))
+        harness.wait_until("the hint", lambda: "the best card first" in self.run_.page("CardDesc.html"))
         self.keep("hint")
         self.assertEqual(self.plan(), plan)
 
@@ -107,12 +107,29 @@ class Match(shipped_game.ShippedGameTest):
                 self.assertIn("Your Card Plays", self.report())
                 self.assertIn("blinks", self.report(), "the lamp was used")
             if self.run_.find("control", "Command1", "End Game"):
-                return VICTORY in self.report()
+                return self.told_of_the_end(turn + 1)
         raise AssertionError("no end in sight")
 
+    def told_of_the_end(self, turns):
+        """True for a victory, as the panel above the report says it."""
+        won = VICTORY in self.report()
+        self.run_.wait_for("control", "MatchVerdict", "You won!" if won else "You lost.")
+        facts = self.run_.find("control", "MatchFacts").text
+        self.assertRegex(facts, f"Against Oona Ebb.  {turns} turns.  "
+                                f"{PRIZE if won else CONSOLATION} tokens earned.")
+        return won
+
+    def play_again_by_keyboard(self):
+        self.display.key("Return")
+        self.run_.wait_for("window", "DeckManager")
+        self.run_.click("control", "Command2")
+        self.run_.wait_gone("control", "MatchVerdict")
+        self.assertTrue(self.title_card("Oona Ebb"), "the same opponent")
+        self.back_to_the_list()
+
     def leave_the_ended_game(self):
-        self.run_.click("control", "Command1")
-        self.run_.wait_for("control", "Command1", "Take Turn")
+        self.run_.click("control", "GameList")
+        self.run_.wait_gone("control", "Command1")  # the list has no turn to take
         self.assertFalse(any(p.name.startswith("Picture2(") for p in self.run_.places()))
 
     def test_a_match_is_won_with_the_pointer(self):
@@ -127,7 +144,7 @@ class Match(shipped_game.ShippedGameTest):
             self.assertLess(losses, MATCHES, "the opponent won every time")
             self.leave_the_ended_game()
         self.keep("victory")
-        self.leave_the_ended_game()
+        self.play_again_by_keyboard()
         self.close_and_check(shipped_game.TITLE)
         self.come_back(500 + PRIZE + losses * CONSOLATION)
 

@@ -54,5 +54,14 @@ class ShippedGameTest(harness.WindowTest):
         self.run_.click("link", f"WB {link}")
 
     def back_to_the_list(self):
+        """A match that goes on is given up by an answer; a visit or one that has ended is just left."""
         self.run_.choose("File", "Quit / New Game")
+        harness.wait_until("the list or its question", lambda: self.asked_to_give_up() or
+                           self.run_.find("link", text="Oona Ebb"))
+        if self.asked_to_give_up():
+            self.run_.click("button", "Yes")
         self.run_.wait_for("link", text="Oona Ebb")
+
+    def asked_to_give_up(self):
+        return any(place.kind == "dialog" and place.text.startswith("Give up the match against")
+                   for place in self.run_.places())

@@ -1,0 +1,143 @@
+// The plan below the report, and the prices on the hand.
+#include "ui/plan_panel.h"
+
+#include "core/cards.h"
+#include "core/state.h"
+#include "game/plan_forecast.h"
+#include "game/plans.h"
+#include "platform/arrangement.h"
+#include "text/one_line.h"
+#include "ui/forms.h"
+#include "ui/link_protocol.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kListHeight = 66;
+constexpr int kButtonWidth = 110;
+constexpr std::int32_t kWarningColor = 0xF0B060;
+
+/// There is something to plan: not at the list of games, nor when the match is over.
+bool HasTurnToPlan() {
+  const Session& state = State();
+  return (state.CurrentGame != 0 || state.TestFromEditor == 1) && state.GameOver == 0;
+}
+
+/// The card whose menu action still waits for a click on its target; "" for none.
+std::string WaitingMenuAction() {
+  const Session& state = State();
+  if (state.AwaitingMenuTarget == 0 || !state.CardTable.Holds(state.SelectedSlot)) return "";
+  const Card& card = state.CardTable[state.SelectedSlot];
+  if (!card.Effects.Holds(state.MenuEffect)) return "";
+  return Joined(OneLine(card.Name), ": ", OneLine(card.Effects[state.MenuEffect].MenuCaption));
+}
+
+std::string LineOf(const PlannedStep& step) {
+  std::string line = step.Words;
+  for (const std::string& note : {step.Problem, step.Advice}) {
+    if (!note.empty()) line += Joined("  -  ", note);
+  }
+  return line;
+}
+
+std::string LeftText(const PlanForecast& forecast) {
+  const std::string amounts = AmountsText(forecast.Left);
+  if (amounts.empty()) return "";
+  return Joined(forecast.Steps.empty() ? "You have " : "Left after your plan: ", amounts, ".");
+}
+
+std::string WarningText(const PlanForecast& forecast) {
+  std::string names;
+  for (const PlannedStep& step : forecast.Steps) {
+    if (!step.Problem.empty()) names += Joined(names.empty() ? "" : "; ", step.Words);
+  }
+  return names.empty() ? names : Joined("This will not work: ", names, ".");
+}
+
+std::string BadgeOf(const HandForecast& card) {
+  if (!card.IsPriceKnown) return "";
+  return card.Price.empty() ? "free" : AmountsText(card.Price);
+}
+
+void MarkHand(const PlanForecast& forecast, bool plans) {
+  for (int position = 1; position <= kHandPositions; ++position) {
+    const auto place = static_cast<std::size_t>(position);
+    const HandForecast& card = forecast.Hand[place];
+    PictureBox& picture = *TheMainWindow().Picture2[place];
+    picture.Badge = plans ? BadgeOf(card) : std::string();
+    picture.Framed = plans && card.IsPlanned;
+    picture.Dimmed = plans && picture.Visible && !card.IsPayable;
+  }
+}
+
+}  // namespace
+
+PlanPanel::PlanPanel() {
+  Panel.Caption = "Your plan for the coming turn";
+  Panel.Visible = false;
+  Warning.TextColor = kWarningColor;
+  Warning.Visible = false;
+  Lines.Open = [this] { TakeBack_Click(); };
+  TakeBack.Caption = "Take Back";
+  TakeBack.ToolTip = "Takes the chosen line out of your plan.";
+  TakeBack.Click = [this] { TakeBack_Click(); };
+}
+
+Layout PlanPanel::Arrangement() {
+  Layout layout = Column({Cell(Left), Cell(Warning),
+                          Row({Cell(Lines, 1, 0, kListHeight), Cell(TakeBack, 0, kButtonWidth)})});
+  layout.Group = &Panel;
+  return layout;
+}
+
+void PlanPanel::Update() {
+  const bool plans = HasTurnToPlan();
+  const PlanForecast forecast = plans ? ForecastPlan() : PlanForecast();
+  MarkHand(forecast, plans);
+  std::vector<std::string> lines;
+  steps_.clear();
+  for (const PlannedStep& step : forecast.Steps) {
+    lines.push_back(LineOf(step));
+    steps_.push_back({step.Entry, step.Slot, step.Effect});
+  }
+  if (const std::string waiting = WaitingMenuAction(); plans && !waiting.empty()) {
+    lines.push_back(Joined(waiting, "  -  Now click its target."));
+    steps_.push_back({});
+  }
+  TakeBack.Enabled = !lines.empty();
+  const int last = static_cast<int>(lines.size());
+  if (lines.empty()) lines.emplace_back("Nothing yet: click a card of your hand to plan it.");
+  Lines.Items = std::move(lines);
+  Lines.Selected = last;
+  Left.Caption = LeftText(forecast);
+  Left.Visible = !Left.Caption.Get().empty();
+  Warning.Caption = WarningText(forecast);
+  Warning.Visible = !Warning.Caption.Get().empty();
+  Panel.Visible = plans;
+}
+
+void PlanPanel::TakeBack_Click() {
+  Session& state = State();
+  const int line = Lines.Selected;
+  if (state.TurnRunning == 1 || line < 1 || line > static_cast<int>(steps_.size())) return;
+  const Step step = steps_[static_cast<std::size_t>(line) - 1];
+  if (step.Entry != 0) {
+    QueuePlay(state.PlayQueue[step.Entry], 0);
+  } else if (state.CardTable.Holds(step.Slot) &&
+             state.CardTable[step.Slot].Effects.Holds(step.Effect)) {
+    state.CardTable[step.Slot].Effects.Edit(step.Effect).MenuState = kMenuAction;
+  }
+  state.AwaitingPlayTarget = 0;
+  ForgetSelection();
+  ShowPlayMenu();
+}
+
+void ShowPlan() {
+  MainWindow& window = TheMainWindow();
+  // At the list of games there is no turn to take.
+  window.Command1.Visible = State().CurrentGame != 0 || State().TestFromEditor == 1;
+  window.Plan.Update();
+}
+
+}  // namespace brindlemoor
