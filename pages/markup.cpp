@@ -308,4 +308,25 @@ std::string CleanMarkup(std::string page) {
   return page;
 }
 
+std::string WithValues(std::string_view page, AttributeValue kind,
+                       const std::function<std::string(std::string_view value)>& other) {
+  std::string out;
+  std::size_t copied = 0;
+  for (std::size_t at = page.find('<'); at != std::string_view::npos; at = page.find('<', at)) {
+    const Markup markup = ReadMarkup(page.substr(at));
+    AttributeWalker walker(markup.Source, markup.Name.size() + 1);
+    for (Attribute attribute; !markup.IsEnd && !markup.Name.empty() && walker.Next(attribute);) {
+      const ShownAttribute* row = FindShownAttribute(attribute.Name);
+      if (row == nullptr || row->Value != kind || attribute.Value.empty()) continue;
+      const auto begin = static_cast<std::size_t>(attribute.Source.data() - page.data());
+      out += page.substr(copied, begin - copied);
+      ((out += attribute.Name) += "=\"") += other(attribute.Value);
+      out += '"';
+      copied = begin + attribute.Source.size();
+    }
+    at += markup.Source.size();
+  }
+  return out += page.substr(copied);
+}
+
 }  // namespace brindlemoor

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -34,5 +35,9 @@ Markup ReadMarkup(std::string_view text);
 /// clean stays as it is, byte for byte; a second cleaning changes nothing. What a browser would
 /// have to mend, or what it might read otherwise than ReadMarkup does, is not shown.
 std::string CleanMarkup(std::string page);
+
+/// A clean page with other values, in double quotes, for the attributes of a kind.
+std::string WithValues(std::string_view page, AttributeValue kind,
+                       const std::function<std::string(std::string_view value)>& other);
 
 }  // namespace brindlemoor

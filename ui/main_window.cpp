@@ -7,6 +7,7 @@
 #include "core/program_version.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "data/saving.h"
 #include "game/leaving.h"
 #include "game/plans.h"
 #include "game/player_file_names.h"
@@ -16,7 +17,9 @@
 #include "game/turn.h"
 #include "pages/card_pages.h"
 #include "pages/page_files.h"
+#include "pages/page_snapshot.h"
 #include "platform/arrangement.h"
+#include "text/addresses.h"
 #include "ui/card_description.h"
 #include "ui/editor_door.h"
 #include "ui/forms.h"
@@ -228,8 +231,18 @@ void MainWindow::saveplrmen_Click() {
   targets.PutBack();
 }
 
-// Nothing has ever stood behind this entry of the menu that players know.
-void MainWindow::savehtmlmen_Click() {}
+void MainWindow::savehtmlmen_Click() {
+  const std::string shown = PathOfUrl(WB.Url.Get());
+  const auto page = Desktop().Files().Read(shown.substr(0, shown.find('#')));
+  if (!page) {
+    Desktop().MessageBox("There is no page to save.");
+    return;
+  }
+  const auto path =
+      Desktop().AskFile({.Save = true, .FileName = "*.html", .DefaultExtension = "html"});
+  if (!path || path->empty() || *path == "*.html") return;
+  SaveBytesOrTell(*path, FileNameOf(*path), PageSnapshot(*page, "Brindlemoor"));
+}
 
 void MainWindow::fullsizemen_Click() {
   fullsizemen.Checked = !fullsizemen.Checked;

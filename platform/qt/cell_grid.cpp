@@ -7,6 +7,8 @@ namespace brindlemoor {
 
 namespace {
 
+constexpr QSize kSmallestCell(56, 56);
+
 int RowsFor(int cells, int columns) { return (cells + columns - 1) / columns; }
 
 /// The room of one of several cells in a line.
@@ -51,8 +53,11 @@ QSize CellGrid::LargestCell(QSize (QLayoutItem::*size)() const) const {
   return largest;
 }
 
-QSize CellGrid::SizeOf(QSize (QLayoutItem::*size)() const) const {
-  const QSize cell = LargestCell(size);
+QSize CellGrid::minimumSize() const {
+  return SizeFor(LargestCell(&QLayoutItem::minimumSize).boundedTo(kSmallestCell));
+}
+
+QSize CellGrid::SizeFor(QSize cell) const {
   const int rows = RowsFor(count(), step_);
   return {step_ * cell.width() + (step_ - 1) * spacing(),
           rows * cell.height() + std::max(0, rows - 1) * spacing()};

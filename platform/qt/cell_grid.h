@@ -22,13 +22,14 @@ class CellGrid : public QLayout {
   QLayoutItem* itemAt(int index) const override;
   QLayoutItem* takeAt(int index) override;
   Qt::Orientations expandingDirections() const override { return Qt::Horizontal | Qt::Vertical; }
-  QSize sizeHint() const override { return SizeOf(&QLayoutItem::sizeHint); }
-  QSize minimumSize() const override { return SizeOf(&QLayoutItem::minimumSize); }
+  QSize sizeHint() const override { return SizeFor(LargestCell(&QLayoutItem::sizeHint)); }
+  /// On a low screen pictures are rather small than out of sight.
+  QSize minimumSize() const override;
   void setGeometry(const QRect& room) override;
 
  private:
-  /// With as many columns as a step has, cells of the largest of these sizes.
-  QSize SizeOf(QSize (QLayoutItem::*size)() const) const;
+  /// With as many columns as a step has.
+  QSize SizeFor(QSize cell) const;
   QSize LargestCell(QSize (QLayoutItem::*size)() const) const;
 
   int step_;

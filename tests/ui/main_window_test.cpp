@@ -2,6 +2,7 @@
 #include "ui/main_window.h"
 
 #include "game/turn.h"
+#include "pages/page_files.h"
 #include "reference/reference_page.h"
 #include "scenario/state_digest.h"
 #include "script/card_setup.h"
@@ -176,6 +177,30 @@ TEST_F(MainWindowTest, MenuEntriesDoWhatTheySay) {
   EXPECT_EQ(ReadFile("ScriptReference.html"), ReferencePage());
   EXPECT_FALSE(window_.QueryClose());
   EXPECT_TRUE(desktop_->Ending());
+}
+
+TEST_F(MainWindowTest, ASnapshotHoldsThePageWithItsPictures) {
+  WriteFile("a b.png", "\x01\xFE!");
+  State().PageText =
+      "one<img src='a%20b.png' width=4><img src=none.png><img src=secret.txt>"
+      "<a href=\"CARD1\">two</a><img src=a%20b.png>";
+  WritePage("LastDisplayed.html", "");
+  ShowInView(window_.WB, "LastDisplayed.html", "there");
+  desktop_->FileAnswers.emplace_back("/game/kept.html");
+  window_.savehtmlmen.Click();
+  const std::string kept = ReadFile("kept.html");
+  const std::string picture = "<img src=\"data:image/png;base64,Af4h\"";
+  EXPECT_NE(kept.find(Joined("\r\none", picture,
+                             " width=4><img src=\"none.png\">"
+                             "<img src=\"secret.txt\"><a href=\"CARD1\">two</a>",
+                             picture, ">\r\n</body>")),
+            std::string::npos)
+      << kept;
+  files_->WriteError = "no space";
+  desktop_->FileAnswers.emplace_back("/game/kept.html");
+  desktop_->ExpectedMessages = {"Can't save kept.html: no space"};
+  window_.savehtmlmen.Click();
+  EXPECT_EQ(ReadFile("kept.html"), kept);
 }
 
 TEST_F(MainWindowTest, TheHintShowsTheHandAndChangesNothing) {
