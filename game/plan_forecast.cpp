@@ -32,13 +32,15 @@ constexpr RunServices kServices = {[](std::string_view /*file*/, PlayerState& /*
 /// The numbers that the player card has, by the names of its traits, in its order.
 using Purse = std::vector<std::pair<std::string, double>>;
 
+double NumberOf(const TraitItem& item) { return Value(item.Value()).Number(); }
+
 Purse PurseOfPlayer() {
   Purse purse;
   const Pile& table = State().CardTable;
   const int slot = PlayerCardOf(1);
   if (!table.Holds(slot)) return purse;
   for (const TraitItem& item : table[slot].Traits) {
-    if (!item.empty() && !item.Value().empty()) purse.emplace_back(item.Name(), item.Number());
+    if (!item.empty() && !item.Value().empty()) purse.emplace_back(item.Name(), NumberOf(item));
   }
   return purse;
 }
@@ -83,7 +85,7 @@ void FillPurse() {
   for (int index = 1; index <= card.Traits.UpperBound(); ++index) {
     const TraitItem item = card.Traits[index];
     if (item.empty() || item.Value().empty() || item.Name() == "HP") continue;
-    card.Traits.Edit(index) = TraitItem(item.Name(), Joined(item.Number() + kPlenty));
+    card.Traits.Edit(index) = Text(Joined(item.Name(), ":", NumberOf(item) + kPlenty));
   }
 }
 

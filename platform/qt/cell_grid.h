@@ -22,7 +22,9 @@ class CellGrid : public QLayout {
   QLayoutItem* itemAt(int index) const override;
   QLayoutItem* takeAt(int index) override;
   Qt::Orientations expandingDirections() const override { return Qt::Horizontal | Qt::Vertical; }
-  QSize sizeHint() const override { return SizeFor(LargestCell(&QLayoutItem::sizeHint)); }
+  /// A grid takes what room there is, and asks for no more than it can do with: a form would rather
+  /// scroll than be lower than its natural size.
+  QSize sizeHint() const override { return minimumSize(); }
   /// On a low screen pictures are rather small than out of sight.
   QSize minimumSize() const override;
   void setGeometry(const QRect& room) override;
