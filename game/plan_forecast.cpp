@@ -218,7 +218,7 @@ void Forecaster::PlayEntry(int entry) {
     FreeCard(hand[position]);
   } else {
     step.Problem = !known.IsPriceKnown ? "It can't be played now."
-                                       : Joined("There is not enough left for it: it costs ",
+                                       : Joined("Not enough left: it costs ",
                                                 AmountsText(known.Price), ".");
   }
   forecast_.Steps.push_back(std::move(step));

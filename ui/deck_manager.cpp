@@ -30,6 +30,7 @@ std::string Indexed(std::string_view name, int index) { return Joined(name, "(",
 template <class Pictures>
 Layout Grid(const Pictures& pictures, ScrollBar& bar) {
   std::vector<Layout> cells;
+  cells.reserve(pictures.size());
   for (const auto& picture : pictures) cells.push_back(Cell(*picture));
   return Row({GridOf(std::move(cells), DeckManager::kColumns, 1), Cell(bar)}, 1);
 }

@@ -46,9 +46,10 @@ Layout HandStrip(MainWindow& window) {
   for (std::size_t first = 0; first < kHandPositions; first += 2) {
     Layout pair = Row({});
     for (const std::size_t label : {first, first + 1}) {
-      pair.Children.push_back(
-          Column({Cell(*window.HandLabel[label], 0, kHandCellWidth, kLabelHeight),
-                  Cell(*window.Picture2[label + 1], 0, kHandCellWidth, kThumbHeight)}));
+      Layout picture = Cell(*window.Picture2[label + 1], 0, kHandCellWidth, kThumbHeight);
+      picture.Shrinks = true;
+      pair.Children.push_back(Column(
+          {Cell(*window.HandLabel[label], 0, kHandCellWidth, kLabelHeight), std::move(picture)}));
     }
     strip.Children.push_back(std::move(pair));
   }

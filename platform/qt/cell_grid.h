@@ -22,9 +22,7 @@ class CellGrid : public QLayout {
   QLayoutItem* itemAt(int index) const override;
   QLayoutItem* takeAt(int index) override;
   Qt::Orientations expandingDirections() const override { return Qt::Horizontal | Qt::Vertical; }
-  /// A grid takes what room there is, and asks for no more than it can do with: a form would rather
-  /// scroll than be lower than its natural size.
-  QSize sizeHint() const override { return minimumSize(); }
+  QSize sizeHint() const override { return SizeFor(LargestCell(&QLayoutItem::sizeHint)); }
   /// On a low screen pictures are rather small than out of sight.
   QSize minimumSize() const override;
   void setGeometry(const QRect& room) override;

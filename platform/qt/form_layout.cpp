@@ -38,6 +38,15 @@ class ScrolledRow : public QWidget {
   }
 };
 
+/// All of a form. It scrolls only where it can't be any lower.
+class Page : public QWidget {
+ public:
+  using QWidget::QWidget;
+  int heightForWidth(int width) const override {
+    return layout()->totalMinimumHeightForWidth(width);
+  }
+};
+
 bool IsSpace(const Layout& cell) { return cell.Leaf == nullptr && cell.Children.empty(); }
 
 /// Whether something in the cell takes spare room in a direction.
@@ -156,7 +165,7 @@ void FillBox(QBoxLayout& box, const Layout& cell, FormWindow& window) {
 }  // namespace
 
 QWidget* BuildArrangement(const Layout& arrangement, FormWindow& window) {
-  auto* page = new QWidget(&window);
+  auto* page = new Page(&window);
   QBoxLayout* box = NewBox(Kind::kColumn);
   box->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   page->setLayout(box);

@@ -63,7 +63,7 @@ TEST_F(PlanPanelTest, ThePlanTellsWhatItLeavesAndWhatCannotBePaid) {
   EXPECT_EQ(Joined(Hand(1), "|", Hand(2), "|", Hand(4)), "[2 oil]|2 oil -|free");
   EXPECT_FALSE(plan_.Warning.Visible);
   Click(2);
-  EXPECT_EQ(Lines(), "Play Moth\nPlay Crab  -  There is not enough left for it: it costs 2 oil.\n");
+  EXPECT_EQ(Lines(), "Play Moth\nPlay Crab  -  Not enough left: it costs 2 oil.\n");
   EXPECT_EQ(plan_.Warning.Caption.Get(), "This will not work: Play Crab.");
   EXPECT_EQ(Hand(2), "[2 oil -]");
 
