@@ -145,12 +145,14 @@ struct ComboBox : Control {
   Property<std::string> Text{*this};
   Property<std::vector<std::string>> ItemToolTips{*this};  ///< of the items, "" for none
   Property<bool> Editable{*this, false};  ///< the user may type a text that is no item
+  std::string Placeholder;                ///< of an editable box: shown while there is no text
   bool FormUndoes = false;                ///< see TextBox
   /// Number of the chosen item, from 1; 0 none. It tells items of the same text apart, and counts
   /// only while that item's text is Text.
   Property<int> Selected{*this, 0};
   std::function<void()> Change;  ///< the user typed, or chose an item and there is no Click
   std::function<void()> Click;   ///< the user chose an item
+  std::function<void()> Enter;   ///< the Enter key was pressed in an editable box
 
   /// Chooses an item by its number; 0 chooses none.
   void Select(int item) {

@@ -95,8 +95,8 @@ bool Delivery::HasTarget() const {
     case UserEventKind::kMark:
       return As<OptionButton>() || As<CheckBox>();
     case UserEventKind::kType:
-      return As<TextBox>() || As<ComboBox>();
     case UserEventKind::kEnter:
+      return As<TextBox>() || As<ComboBox>();
     case UserEventKind::kRightClick:
     case UserEventKind::kHelp:
       return As<TextBox>();
@@ -222,6 +222,7 @@ const std::function<void()>* Take(ComboBox& combo, const UserEvent& event) {
     combo.Select(event.Number);
     return combo.Click ? &combo.Click : &combo.Change;
   }
+  if (event.Kind == UserEventKind::kEnter) return &combo.Enter;
   combo.Selected = 0;
   combo.Text = event.Text;
   return &combo.Change;

@@ -15,7 +15,7 @@ enum class UserEventKind {
   kClick,       ///< of a button, label, option or check box
   kMark,        ///< Number is the mark of an option or check box, 0 or 1
   kType,        ///< Text is what a text or combo box holds now
-  kEnter,       ///< the Enter key in a text box
+  kEnter,       ///< the Enter key in a box for text
   kRightClick,  ///< in a text box
   kHelp,        ///< the Help key in a text box; Number is the byte before which the caret is
   kChoose,      ///< Number is the item of a combo or list box, from 1; 0 none

@@ -152,7 +152,9 @@ void DeckManager::NameControls() {
   ClearDeck.Click = [this] { ClearDeck_Click(); };
   Text1.ToolTip = "Enter a trait name here for sorting.";
   Text1.Placeholder = "Trait";
+  Text1.Editable = true;
   Text1.Change = [this] { Text1_Change(); };
+  Text1.Enter = [this] { Command1_Click(0); };
   Command6.Caption = "UN-sort";
   Command6.Click = [this] { Command6_Click(); };
   Command5.Caption = "Sell Cards";
@@ -231,6 +233,7 @@ void DeckManager::Form_Load() {
   ShowLastSale();
   SelectDeck(1);
   NoteDecks();
+  OfferTraits();
   TidyDecks();
   SortDeck(1);
   CollectionTop = 0;

@@ -36,7 +36,7 @@ struct DeckManager : Form {
   std::array<std::unique_ptr<Button>, kDecks> Command4;
   std::array<std::unique_ptr<Button>, 2> Command1;
   Button ClearDeck{"ClearDeck"};
-  TextBox Text1{"Text1"};
+  ComboBox Text1{"Text1"};
   Button Command6{"Command6"};
   Button Command5{"Command5"};
   Button Command3{"Command3"};
@@ -141,6 +141,8 @@ struct DeckManager : Form {
   /// The same for closing: the player may leave as well, with the decks as they were.
   bool MayClose();
   void NoteDecks();
+  /// The box for a trait lists those of the player's cards.
+  void OfferTraits();
   void PutDecksBack();
 
   std::vector<int> matches_;  // positions that the search leaves

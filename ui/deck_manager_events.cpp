@@ -1,5 +1,6 @@
 // The deck manager: pictures that are hovered and clicked, its buttons and its closing.
 #include <algorithm>
+#include <set>
 
 #include "core/cards.h"
 #include "core/desktop.h"
@@ -11,11 +12,14 @@
 #include "game/looking.h"
 #include "game/player_file_names.h"
 #include "game/player_saving.h"
+#include "language/traits.h"
 #include "pages/card_pages.h"
 #include "pages/page_files.h"
 #include "script/run_action.h"
 #include "script/stored_cards.h"
 #include "text/addresses.h"
+#include "text/fold.h"
+#include "text/one_line.h"
 #include "ui/card_description.h"
 #include "ui/deck_manager.h"
 #include "ui/editor_door.h"
@@ -173,11 +177,45 @@ void DeckManager::Option1_Click(int index) {
   UpdateDecks();
 }
 
+namespace {
+
+bool FoldsBefore(const std::string& one, const std::string& other) {
+  return FoldUpper(one) < FoldUpper(other);
+}
+
+bool AnyHasTrait(const Pile& pile, std::string_view trait) {
+  for (const Card& card : pile) {
+    if (!IsFree(card) && HasTrait(card, trait)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void DeckManager::OfferTraits() {
+  std::set<std::string, decltype(&FoldsBefore)> names(&FoldsBefore);
+  const auto add = [&names](const Pile& pile) {
+    for (const Card& card : pile) {
+      for (const TraitItem& item : card.Traits) {
+        if (!IsFree(card) && !item.empty()) names.insert(std::string(item.Name()));
+      }
+    }
+  };
+  add(State().Collection);
+  for (const DeckRec& deck : State().Decks) add(deck.Cards);
+  Text1.Items = std::vector<std::string>(names.begin(), names.end());
+}
+
 void DeckManager::Command1_Click(int index) {
+  const std::string trait = Text1.Text.Get();
+  if (index == 0 && !trait.empty() && !AnyHasTrait(State().Collection, trait)) {
+    Desktop().MessageBox(Joined("No card of your collection has the trait ", OneLine(trait), "."));
+    return;
+  }
   SortDeck(State().CurrentDeck);
   CompactCollection();
   if (index == 0) {
-    SortCollectionByTrait(Text1.Text.Get());
+    SortCollectionByTrait(trait);
   } else {
     SortCollection();
   }

@@ -135,6 +135,7 @@ void DeckManager::loadplrmen_Click() {
   sales_.clear();  // what was sold was another player's
   ShowLastSale();
   NoteDecks();
+  OfferTraits();
   ShowDeckNames();
   ForgetPreviews();
   UpdateDecks();

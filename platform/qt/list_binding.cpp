@@ -135,6 +135,12 @@ QWidget* BindComboBox(ComboBox& model, FormWindow& window) {
   if (model.Editable) {
     // The box has the focus, its line gets what the box hands on.
     if (model.FormUndoes) LeaveUndoToForm(*combo);
+    combo->lineEdit()->setPlaceholderText(QString::fromStdString(model.Placeholder));
+    if (model.Enter) {
+      QObject::connect(combo->lineEdit(), &QLineEdit::returnPressed, &window, [&model, &window] {
+        window.Deliver({.Kind = UserEventKind::kEnter, .Control = model.Name});
+      });
+    }
     QObject::connect(
         combo->lineEdit(), &QLineEdit::textEdited, &window, [&model, &window](const QString& text) {
           window.Deliver(

@@ -333,8 +333,13 @@ TEST_F(DeckManagerTest, SortingShufflingAndRenaming) {
   SetTrait(State().Collection[3], "HP", "10", 1);
   SetTrait(State().Collection[4], "HP", "9", 1);
   Open();
-  form_.Text1.Text = "HP";
-  form_.Command1[0]->Click();
+  EXPECT_EQ(form_.Text1.Items.Get(), std::vector<std::string>{"HP"});
+  form_.Text1.Text = "hp";
+  form_.Text1.Enter();
+  EXPECT_EQ(Collection(), "Elf Bat Orc ");
+  form_.Text1.Text = "HPS";
+  desktop_->ExpectedMessages = {"No card of your collection has the trait HPS."};
+  form_.Text1.Enter();
   EXPECT_EQ(Collection(), "Elf Bat Orc ");
   form_.Text1.Text = "";
   form_.Command1[0]->Click();
