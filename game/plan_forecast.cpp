@@ -87,25 +87,6 @@ void FillPurse() {
   }
 }
 
-/// What a resource is called where a trait of cards is the price in it, as in
-/// "SUBTRAIT:MANA:SRCTRAIT/OIL"; else the trait itself.
-std::string ResourceName(std::string_view trait) {
-  const std::string begin = Joined("SUBTRAIT:", trait, ":SRCTRAIT/");
-  std::string name(trait);
-  for (const Card& brings : State().TraitActions) {
-    for (const CardEffect& effect : brings.Effects) {
-      const std::string_view script = effect.Script.View();
-      if (effect.Trigger == "COST" && script.starts_with(begin)) {
-        name = FieldAt(script.substr(begin.size()), 1, ':');
-      }
-    }
-  }
-  std::ranges::transform(name, name.begin(), [](char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-  });
-  return std::string(OneLine(name));
-}
-
 class Forecaster {
  public:
   PlanForecast Make();
@@ -285,6 +266,23 @@ PlanForecast Forecaster::Make() {
 }
 
 }  // namespace
+
+std::string ResourceName(std::string_view trait) {
+  const std::string begin = Joined("SUBTRAIT:", trait, ":SRCTRAIT/");
+  std::string name(trait);
+  for (const Card& brings : State().TraitActions) {
+    for (const CardEffect& effect : brings.Effects) {
+      const std::string_view script = effect.Script.View();
+      if (effect.Trigger == "COST" && script.starts_with(begin)) {
+        name = FieldAt(script.substr(begin.size()), 1, ':');
+      }
+    }
+  }
+  std::ranges::transform(name, name.begin(), [](char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+  });
+  return std::string(OneLine(name));
+}
 
 std::string AmountsText(const std::vector<Amount>& amounts) {
   std::string text;

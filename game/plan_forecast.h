@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/records.h"
@@ -14,6 +15,10 @@ struct Amount {
   std::string Resource;
   double Count = 0;
 };
+
+/// What a resource is called where a trait of cards is the price in it, as in
+/// "SUBTRAIT:MANA:SRCTRAIT/OIL" makes MANA "oil"; else the trait itself, in small letters.
+std::string ResourceName(std::string_view trait);
 
 /// "3 oil, 1 heart"; "" for nothing.
 std::string AmountsText(const std::vector<Amount>& amounts);

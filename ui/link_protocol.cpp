@@ -92,6 +92,9 @@ void AimMenuAction(int slot) {
   ShowPlayMenu();
 }
 
+/// So long the pointer rests on another card before that one takes the place of a menu.
+constexpr int kMenuKept = 300;  // milliseconds
+
 void CardClicked(int slot) {
   Session& state = State();
   if (state.AwaitingMenuTarget != 0) {
@@ -101,6 +104,8 @@ void CardClicked(int slot) {
   } else {
     ShowCardDescription(state.CardTable[slot], 1);
     state.SelectedSlot = static_cast<std::int16_t>(slot);
+    // The way to the links of its menu leads over other cards.
+    if (HasMenu(state.CardTable[slot])) TheMainWindow().WB.PointDelay = kMenuKept;
   }
 }
 
@@ -160,6 +165,11 @@ void ChooseMenuAction(int slot, int index) {
 }
 
 }  // namespace
+
+int TableSlotOfLink(const std::string& url) {
+  const std::string body = CleanUrl(url, true);
+  return body.starts_with(kCardLink) ? LinkedSlot(body) : 0;
+}
 
 void PlayOpponent(int gameIndex, int opponentIndex) {
   ChooseGame(gameIndex, opponentIndex);

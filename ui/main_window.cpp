@@ -24,6 +24,7 @@
 #include "ui/link_protocol.h"
 #include "ui/nothing_saved.h"
 #include "ui/owned_targets.h"
+#include "ui/report_tips.h"
 
 namespace brindlemoor {
 
@@ -82,6 +83,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
   backbutton.Click = [this] { backbutton_Click(); };
 
   WB.BeforeNavigate = WB_BeforeNavigate;
+  WB.LinkPointed = [this](const std::string& address) { WB_LinkPointed(address); };
   InPlayWB.BeforeNavigate = InPlayWB_BeforeNavigate;
   CardDescWB.BeforeNavigate = CardDescWB_BeforeNavigate;
 
@@ -168,6 +170,13 @@ void MainWindow::Picture2_MouseMove(int position) {
     Desktop().PumpEvents();
     state.SelectedSlot = selected;
   }
+}
+
+void MainWindow::WB_LinkPointed(const std::string& address) {
+  const int slot = TableSlotOfLink(address);
+  if (slot == 0) return;
+  LastHovered = {};
+  ShowCardDescription(State().CardTable[slot], 1);
 }
 
 void MainWindow::Picture2_MouseUp(int position, MouseButton button) {
@@ -287,6 +296,9 @@ void UpdateHand() {
     picture.Visible = held;
     label.Visible = held;
   }
+  const std::vector<PictureTip> tips = ReportTips();
+  window.WB.PictureTips = tips;
+  window.CardDescWB.PictureTips = tips;
   ShowPlan();
 }
 

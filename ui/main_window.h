@@ -54,6 +54,8 @@ struct MainWindow : Form {
   void Command1_Click();
   void backbutton_Click();
   void Picture2_MouseMove(int position);
+  /// A table card that the pointer or the focus came to is shown beside the report.
+  void WB_LinkPointed(const std::string& address);
   void Picture2_MouseUp(int position, MouseButton button);
   void newgamemen_Click();
   void switchmen_Click();
