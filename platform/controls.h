@@ -282,6 +282,7 @@ struct BrowserView : Control {
   using Control::Control;
   Property<std::string> Url{*this};  ///< what the program showed last
   Property<std::vector<PictureTip>> PictureTips{*this};
+  Property<std::vector<std::string>> OutlinedLinks{*this};  ///< as they stand in the page
   /// So long the pointer rests on a link until LinkPointed is called, in milliseconds.
   Property<int> PointDelay{*this, 0};
   /// Asked before a click navigates; true cancels the navigation.

@@ -12,6 +12,7 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "game/match_start.h"
+#include "game/plans.h"
 #include "language/target_types.h"
 #include "language/traits.h"
 #include "pages/card_pages.h"
@@ -216,11 +217,16 @@ bool CardDescWB_BeforeNavigate(const std::string& address) {
   if (card.GlobalID != State().Links.DescribedCard) return true;
   const int index = NumberField(url, 3);
   if (!card.Effects.Holds(index) || index > 255) return true;
+  const bool again =
+      state.AwaitingMenuTarget != 0 && state.SelectedSlot == slot && state.MenuEffect == index;
   state.MenuEffect = static_cast<std::uint8_t>(index);
   const std::uint8_t menuState = card.Effects[index].MenuState;
   if (menuState == kArmedMenuAction) {
     card.Effects.Edit(index).MenuState = kMenuAction;
     state.AwaitingMenuTarget = 0;
+    ShowPlayMenu();
+  } else if (again) {
+    ForgetSelection();
     ShowPlayMenu();
   } else if (menuState == kMenuAction) {
     ChooseMenuAction(slot, index);

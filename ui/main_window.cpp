@@ -57,10 +57,19 @@ Layout Arrange(MainWindow& window) {
   return Row({Column({HandStrip(window), Cell(window.NothingSaved),
                       Cell(window.Command1, 0, 0, kTurnButtonHeight), Cell(window.InPlayWB, 1)}),
               Column({Cell(window.backbutton, 0, 0, kBackButtonHeight), window.End.Arrangement(),
-                      Cell(window.WB, 1), window.Plan.Arrangement()},
+                      window.Aim.Arrangement(), Cell(window.WB, 1), window.Plan.Arrangement()},
                      1),
               Column({Cell(window.Picture1, 0, kPictureWidth, kPictureHeight),
                       Cell(window.CardDescWB, 1, kPictureWidth)})});
+}
+
+/// The first queue entry that holds a hand position (0 for a free one), 0 if there is none.
+int QueueEntryOf(int position) {
+  const auto& queue = State().PlayQueue;
+  for (int entry = 1; entry <= queue.UpperBound(); ++entry) {
+    if (queue[entry] == position) return entry;
+  }
+  return 0;
 }
 
 }  // namespace
@@ -188,6 +197,7 @@ void MainWindow::Picture2_MouseUp(int position, MouseButton button) {
   if (state.AwaitingMenuTarget != 0) state.SelectedSlot = 0;
   if (discard) state.SelectedSlot = -1;
   QueuePlay(position, state.SelectedSlot);
+  if (state.SelectedSlot > 0) Aim.TellAimOf(QueueEntryOf(position));
   hand[position].TargetSlot = state.SelectedSlot;
   if (discard) state.AwaitingPlayTarget = 0;  // also when it took the card out
   ForgetSelection();
@@ -320,19 +330,6 @@ void HideHand() {
   }
   ShowPlan();
 }
-
-namespace {
-
-/// The first queue entry that holds a hand position (0 for a free one), 0 if there is none.
-int QueueEntryOf(int position) {
-  const auto& queue = State().PlayQueue;
-  for (int entry = 1; entry <= queue.UpperBound(); ++entry) {
-    if (queue[entry] == position) return entry;
-  }
-  return 0;
-}
-
-}  // namespace
 
 void QueuePlay(int position, int target) {
   Session& state = State();

@@ -8,6 +8,7 @@
 
 #include "core/records.h"
 #include "platform/controls.h"
+#include "ui/aim_banner.h"
 #include "ui/match_end.h"
 #include "ui/plan_panel.h"
 
@@ -26,6 +27,7 @@ struct MainWindow : Form {
   Button Command1{"Command1"};
   Button backbutton{"backbutton"};
   MatchEndPanel End;
+  AimBanner Aim;
   PlanPanel Plan;
 
   MenuItem filemen{"filemen", "File"};

@@ -1,6 +1,7 @@
-// The script that adds tool tips to the pictures of a page.
+// The script that adds tool tips to the pictures of a page, and outlines to its links.
 #include "platform/qt/page_additions.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -10,8 +11,15 @@ namespace brindlemoor {
 
 namespace {
 
+// The style is kept in the script's own world, so that a later run finds it again.
 constexpr const char* kScript = R"(
-(function(tips) {
+(function([tips, links]) {
+  if (!globalThis.outlines) {
+    globalThis.outlines = document.createElement('style');
+    document.documentElement.appendChild(globalThis.outlines);
+  }
+  globalThis.outlines.textContent = links.map(link => 'a[href=' + JSON.stringify(link) + '] img').join() +
+      '{ outline: 3px solid #f5c542 !important; outline-offset: 1px !important; }';
   for (const image of document.images) {
     let name = image.src.split('/').pop();
     try { name = decodeURIComponent(name); } catch {}
@@ -28,8 +36,11 @@ QString PageAdditions(const BrowserView& model) {
   for (const PictureTip& tip : model.PictureTips.Get()) {
     tips.insert(QString::fromStdString(tip.File).toLower(), QString::fromStdString(tip.Words));
   }
-  if (tips.isEmpty()) return {};
-  const QByteArray json = QJsonDocument(tips).toJson(QJsonDocument::Compact);
+  QJsonArray links;
+  for (const std::string& link : model.OutlinedLinks.Get()) {
+    links.append(QString::fromStdString(link));
+  }
+  const QByteArray json = QJsonDocument(QJsonArray{tips, links}).toJson(QJsonDocument::Compact);
   return QString(kScript).replace("%1", QString::fromUtf8(json));
 }
 

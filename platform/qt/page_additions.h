@@ -7,7 +7,7 @@ namespace brindlemoor {
 
 struct BrowserView;
 
-/// A script that adds what the model asks for: tool tips of pictures.
+/// A script that adds what the model asks for: tool tips of pictures, outlines of links.
 QString PageAdditions(const BrowserView& model);
 
 }  // namespace brindlemoor

@@ -154,6 +154,20 @@ TEST_F(PageViewTest, PicturesOfEachPageGetTheirToolTips) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return titles().toString().startsWith("Oil's"); }, 2000));
 }
 
+TEST_F(PageViewTest, OnlyTheLinksThatAreAskedForAreOutlined) {
+  Write("Display.html", "<a href=CARD1><img></a><a href=CARD12><img></a><a href='\"]{}'><img></a>");
+  const auto outlined = [this] {
+    return Look("[...document.images].map(i => getComputedStyle(i).outlineStyle).join()");
+  };
+  Open("Display.html");
+  view_.OutlinedLinks = {"CARD1", "\"]{}"};
+  EXPECT_EQ(outlined().toString(), "solid,none,solid");
+  Open("Display.html");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return outlined() == "solid,none,solid"; }, 2000));
+  view_.OutlinedLinks = {};
+  EXPECT_EQ(outlined().toString(), "none,none,none");
+}
+
 TEST_F(PageViewTest, APageHasBeenReadWhenNavigateReturns) {
   for (int number = 0; number < 3; ++number) {
     const QByteArray text = "Page " + QByteArray::number(number);
