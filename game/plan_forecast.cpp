@@ -8,6 +8,7 @@
 #include "core/cards.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "game/aiming.h"
 #include "game/card_play.h"
 #include "game/looking.h"
 #include "language/target_types.h"
@@ -75,39 +76,6 @@ class Trial {
   const std::int16_t pendingCount_ = State().PendingCount;
 };
 
-/// So much is given to a player that any price of this kind could be paid.
-void FillPurse() {
-  constexpr double kPlenty = 1000;
-  Pile& table = State().CardTable;
-  const int slot = PlayerCardOf(1);
-  if (!table.Holds(slot)) return;
-  Card& card = table[slot];
-  for (int index = 1; index <= card.Traits.UpperBound(); ++index) {
-    const TraitItem item = card.Traits[index];
-    if (item.empty() || item.Value().empty() || item.Name() == "HP") continue;
-    card.Traits.Edit(index) = Text(Joined(item.Name(), ":", NumberOf(item) + kPlenty));
-  }
-}
-
-/// What a resource is called where a trait of cards is the price in it, as in
-/// "SUBTRAIT:MANA:SRCTRAIT/OIL"; else the trait itself.
-std::string ResourceName(std::string_view trait) {
-  const std::string begin = Joined("SUBTRAIT:", trait, ":SRCTRAIT/");
-  std::string name(trait);
-  for (const Card& brings : State().TraitActions) {
-    for (const CardEffect& effect : brings.Effects) {
-      const std::string_view script = effect.Script.View();
-      if (effect.Trigger == "COST" && script.starts_with(begin)) {
-        name = FieldAt(script.substr(begin.size()), 1, ':');
-      }
-    }
-  }
-  std::ranges::transform(name, name.begin(), [](char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-  });
-  return std::string(OneLine(name));
-}
-
 class Forecaster {
  public:
   PlanForecast Make();
@@ -147,7 +115,7 @@ std::optional<Purse> Forecaster::PriceOf(const Card& card) {
     if (auto price = Pay(card)) return price;
   }
   const Trial trial;
-  FillPurse();
+  GiveMeans();
   return Pay(card);
 }
 
@@ -172,12 +140,20 @@ void Forecaster::PriceHand() {
   }
 }
 
-/// A card whose target the player may choose: what becomes of it without one.
+/// What the player may want to know of the target: that one can be chosen, or that the one that was
+/// chosen is of no use.
 void Forecaster::AimAdvice(Card& card, PlannedStep& step) {
+  if (State().CardTable.Holds(card.TargetSlot)) {
+    if (!NeedsTarget(card)) {
+      step.Advice = "It needs no target.";
+    } else if (!SuitsTarget(card, card.TargetSlot)) {
+      step.Advice = "It does nothing to that, so it picks a target itself.";
+    }
+    return;
+  }
   for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
     const CardEffect& action = card.Effects[effect];
     if (action.TargetType != kTargetCard || action.Trigger != "ENTERPLAY") continue;
-    if (card.TargetSlot > 0) return;
     int quality = kNoTarget;
     PickTarget(card, effect, kTargetCard, Text(), quality);
     if (quality == kNoTarget) {
@@ -209,6 +185,7 @@ void Forecaster::PlayEntry(int entry) {
   step.Words = Joined("Play ", OneLine(card.Name));
   if (session.CardTable.Holds(target)) {
     step.Words += Joined(" on ", OneLine(session.CardTable[target].Name));
+    step.IsAimed = true;
   }
   known.IsPayable = Pay(card).has_value();
   if (known.IsPayable) {
@@ -217,9 +194,9 @@ void Forecaster::PlayEntry(int entry) {
     AddToTable(card);
     FreeCard(hand[position]);
   } else {
-    step.Problem = !known.IsPriceKnown ? "It can't be played now."
-                                       : Joined("Not enough left: it costs ",
-                                                AmountsText(known.Price), ".");
+    step.Problem = !known.IsPriceKnown
+                       ? "It can't be played now."
+                       : Joined("Not enough left: it costs ", AmountsText(known.Price), ".");
   }
   forecast_.Steps.push_back(std::move(step));
 }
@@ -244,6 +221,7 @@ void Forecaster::CarryOutMenuActions() {
       if (aims) {
         if (IsFree(table[action.ChosenTarget])) step.Problem = "Its target has gone.";
         step.Words += Joined(", on ", OneLine(table[action.ChosenTarget].Name));
+        step.IsAimed = true;
       }
       // What the turn brings first may help, so a failure is no problem yet.
       const int failures = FireTrigger(table[slot], action.Trigger.View(), -1, effect);
@@ -287,6 +265,23 @@ PlanForecast Forecaster::Make() {
 }
 
 }  // namespace
+
+std::string ResourceName(std::string_view trait) {
+  const std::string begin = Joined("SUBTRAIT:", trait, ":SRCTRAIT/");
+  std::string name(trait);
+  for (const Card& brings : State().TraitActions) {
+    for (const CardEffect& effect : brings.Effects) {
+      const std::string_view script = effect.Script.View();
+      if (effect.Trigger == "COST" && script.starts_with(begin)) {
+        name = FieldAt(script.substr(begin.size()), 1, ':');
+      }
+    }
+  }
+  std::ranges::transform(name, name.begin(), [](char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+  });
+  return std::string(OneLine(name));
+}
 
 std::string AmountsText(const std::vector<Amount>& amounts) {
   std::string text;

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/records.h"
@@ -15,15 +16,20 @@ struct Amount {
   double Count = 0;
 };
 
+/// What a resource is called where a trait of cards is the price in it, as in
+/// "SUBTRAIT:MANA:SRCTRAIT/OIL" makes MANA "oil"; else the trait itself, in small letters.
+std::string ResourceName(std::string_view trait);
+
 /// "3 oil, 1 heart"; "" for nothing.
 std::string AmountsText(const std::vector<Amount>& amounts);
 
 /// Something that is planned: a queued card or an armed menu action.
 struct PlannedStep {
-  int Entry = 0;        ///< of the queue; 0 for a menu action
-  int Slot = 0;         ///< of the card with the menu action
-  int Effect = 0;       ///< its number
-  std::string Words{};  ///< plain text: "Play Lamp Moth on Crab Pot"
+  int Entry = 0;         ///< of the queue; 0 for a menu action
+  int Slot = 0;          ///< of the card with the menu action
+  int Effect = 0;        ///< its number
+  bool IsAimed = false;  ///< the player has chosen a table card for it
+  std::string Words{};   ///< plain text: "Play Lamp Moth on Crab Pot"
   std::string
       Problem{};  ///< why it will not work, as a sentence; "" where nothing speaks against it
   std::string Advice{};  ///< what the player may still do about it, "" for nothing

@@ -6,11 +6,36 @@
 
 namespace brindlemoor {
 
+bool HasTurnToPlan() {
+  const Session& session = State();
+  return (session.CurrentGame != 0 || session.TestFromEditor == 1) && session.GameOver == 0;
+}
+
 void ForgetQueuedPlays() {
   Session& session = State();
   session.PlayQueue = {};
   session.PlayTarget = {};
   session.AwaitingPlayTarget = 0;
+}
+
+void AwaitPlayTarget(int queueEntry) {
+  Session& session = State();
+  Pile& hand = session.Players[1].Hand;
+  const int position = session.PlayQueue[queueEntry];
+  if (hand.Holds(position)) hand[position].TargetSlot = hand[position].StoredTarget = 0;
+  session.PlayTarget[queueEntry] = 0;
+  session.AwaitingPlayTarget = static_cast<std::uint8_t>(queueEntry);
+  ForgetSelection();
+}
+
+void AwaitMenuTarget(int slot, int effect) {
+  Session& session = State();
+  CardEffect& action = session.CardTable[slot].Effects.Edit(effect);
+  action.MenuState = kMenuAction;
+  action.ChosenTarget = 0;
+  session.AwaitingMenuTarget = 1;
+  session.SelectedSlot = static_cast<std::int16_t>(slot);
+  session.MenuEffect = static_cast<std::uint8_t>(effect);
 }
 
 void ForgetSelection() {

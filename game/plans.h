@@ -3,8 +3,17 @@
 
 namespace brindlemoor {
 
+/// There is a turn to plan: not at the list of games, nor when the match is over.
+bool HasTurnToPlan();
+
 /// Forgets the queued plays and what they are aimed at; none waits for a target.
 void ForgetQueuedPlays();
+
+/// Takes the target of a queued play back, and lets the next click on a table card give it another.
+void AwaitPlayTarget(int queueEntry);
+
+/// The same of a menu action of a table card.
+void AwaitMenuTarget(int slot, int effect);
 
 /// No card counts as clicked last, and no menu action waits for its target.
 void ForgetSelection();

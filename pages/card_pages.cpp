@@ -1,8 +1,6 @@
 // A card as HTML: its name, picture link and panel, and the player header.
 #include "pages/card_pages.h"
 
-#include <array>
-
 #include "core/cards.h"
 #include "core/paths.h"
 #include "core/state.h"
@@ -35,18 +33,8 @@ std::string ImageLink(const Card& card, std::string_view alignment, std::string_
                 "\"></img></a>");
 }
 
-/// A resource of the player card that has a place of its own in the header.
-struct Resource {
-  std::string_view Trait;
-  std::string_view Image;
-  std::string_view Color;
-};
-constexpr std::array<Resource, 3> kResources = {{{"MONSTERS", "monstercost.jpg", "#00FF00"},
-                                                 {"MANA", "magiccost.jpg", "#00AFFF"},
-                                                 {"HEARTS", "heartcost.jpg", "#FF0000"}}};
-
 std::string ResourceHtml(std::string_view trait) {
-  for (const Resource& resource : kResources) {
+  for (const HeaderResource& resource : kHeaderResources) {
     if (FieldAt(trait, 1, ':') != resource.Trait) continue;
     return Joined("<img src=\"", ResolvePath(resource.Image, 1), "\"></img><font color=\"",
                   resource.Color, "\" size=\"+4\">", FieldAt(trait, 2, ':'), "</font>  ");

@@ -1,11 +1,24 @@
 // A card as HTML: its name, picture link and panel, and the player header.
 #pragma once
 
+#include <array>
 #include <string>
+#include <string_view>
 
 #include "core/records.h"
 
 namespace brindlemoor {
+
+/// A resource of the player card that has a place of its own in the header.
+struct HeaderResource {
+  std::string_view Trait;
+  std::string_view Image;
+  std::string_view Color;
+};
+inline constexpr std::array<HeaderResource, 3> kHeaderResources = {
+    {{"MONSTERS", "monstercost.jpg", "#00FF00"},
+     {"MANA", "magiccost.jpg", "#00AFFF"},
+     {"HEARTS", "heartcost.jpg", "#FF0000"}}};
 
 /// The name in its colour. An empty NameColor becomes "#FFFFFF" in the card.
 std::string ColoredName(Card& card);

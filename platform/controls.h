@@ -272,12 +272,25 @@ struct ProgressBar : Control {
   Property<int> Value{*this, 0};
 };
 
+/// What the pointer is told over the pictures of a page that come from a file.
+struct PictureTip {
+  std::string File;  ///< without folders, in any case
+  std::string Words;
+  bool operator==(const PictureTip&) const = default;
+};
+
 /// A browser view. Navigations that a click in a page starts are asked for with their URL.
 struct BrowserView : Control {
   using Control::Control;
   Property<std::string> Url{*this};  ///< what the program showed last
+  Property<std::vector<PictureTip>> PictureTips{*this};
+  Property<std::vector<std::string>> OutlinedLinks{*this};  ///< as they stand in the page
+  /// So long the pointer rests on a link until LinkPointed is called, in milliseconds.
+  Property<int> PointDelay{*this, 0};
   /// Asked before a click navigates; true cancels the navigation.
   std::function<bool(const std::string& url)> BeforeNavigate;
+  /// The pointer or the focus came to a link. Nothing is told when it leaves.
+  std::function<void(const std::string& url)> LinkPointed;
 };
 
 /// Calls Tick after every interval while its form is shown. A tick is left out while another window

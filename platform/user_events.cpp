@@ -11,7 +11,7 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::array<UserEventRow, 24> kRows = {{
+constexpr std::array<UserEventRow, 25> kRows = {{
     {UserEventKind::kActivate, "activate"},
     {UserEventKind::kClose, "close"},
     {UserEventKind::kResize, "resize"},
@@ -30,6 +30,7 @@ constexpr std::array<UserEventRow, 24> kRows = {{
     {UserEventKind::kPointUp, "pointup", 2},
     {UserEventKind::kKey, "key", 1},
     {UserEventKind::kLink, "link", 0, true},
+    {UserEventKind::kPoint, "point", 0, true},
     {UserEventKind::kMenu, "menu"},
     {UserEventKind::kTick, "tick"},
     {UserEventKind::kCell, "cell", 2},
@@ -113,6 +114,7 @@ bool Delivery::HasTarget() const {
     case UserEventKind::kKey:
       return As<PictureBox>();
     case UserEventKind::kLink:
+    case UserEventKind::kPoint:
       return As<BrowserView>();
     case UserEventKind::kMenu:
       return Menu();
@@ -243,7 +245,11 @@ bool TryTake(Control& control, const UserEvent& event) {
 
 bool Delivery::ApplyToControl(Control& control) const {
   if (auto* view = dynamic_cast<BrowserView*>(&control)) {
-    return view->BeforeNavigate && view->BeforeNavigate(Event.Text);
+    if (Event.Kind == UserEventKind::kLink) {
+      return view->BeforeNavigate && view->BeforeNavigate(Event.Text);
+    }
+    if (view->LinkPointed) view->LinkPointed(Event.Text);
+    return false;
   }
   if (auto* picture = dynamic_cast<PictureBox*>(&control)) {
     if (Event.Kind != UserEventKind::kKey) {

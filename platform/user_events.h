@@ -27,6 +27,7 @@ enum class UserEventKind {
   kPointUp,     ///< the same
   kKey,         ///< Number is the PictureKey
   kLink,        ///< Text is the URL of a link that was clicked in a view
+  kPoint,       ///< the pointer or the focus came to a link of a view; Text is its URL
   kMenu,        ///< a menu entry was clicked
   kTick,        ///< an interval of a timer has passed
   kCell,        ///< Number and Y are the row and column of the current cell of a grid

@@ -49,8 +49,11 @@ void PaintPicture(const Card& card) {
 
 }  // namespace
 
+bool HasMenu(const Card& card) { return card.InPlay == 1 && !MenuLinks(card).empty(); }
+
 void ShowCardDescription(Card& card, int withBadges) {
   PaintPicture(card);
+  TheMainWindow().WB.PointDelay = 0;
   std::string html = Joined("<p>", ColoredName(card), "</p><p>", "</p>");
   if (withBadges == 1) html += Joined("<p>", TraitBadges(card, 0), "</p>");
   if (card.InPlay == 1) html += Joined("<p>", MenuLinks(card), "</p>");

@@ -12,6 +12,7 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "game/match_start.h"
+#include "game/plans.h"
 #include "language/target_types.h"
 #include "language/traits.h"
 #include "pages/card_pages.h"
@@ -92,6 +93,9 @@ void AimMenuAction(int slot) {
   ShowPlayMenu();
 }
 
+/// So long the pointer rests on another card before that one takes the place of a menu.
+constexpr int kMenuKept = 300;  // milliseconds
+
 void CardClicked(int slot) {
   Session& state = State();
   if (state.AwaitingMenuTarget != 0) {
@@ -101,6 +105,8 @@ void CardClicked(int slot) {
   } else {
     ShowCardDescription(state.CardTable[slot], 1);
     state.SelectedSlot = static_cast<std::int16_t>(slot);
+    // The way to the links of its menu leads over other cards.
+    if (HasMenu(state.CardTable[slot])) TheMainWindow().WB.PointDelay = kMenuKept;
   }
 }
 
@@ -161,6 +167,11 @@ void ChooseMenuAction(int slot, int index) {
 
 }  // namespace
 
+int TableSlotOfLink(const std::string& url) {
+  const std::string body = CleanUrl(url, true);
+  return body.starts_with(kCardLink) ? LinkedSlot(body) : 0;
+}
+
 void PlayOpponent(int gameIndex, int opponentIndex) {
   ChooseGame(gameIndex, opponentIndex);
   ShowStore();
@@ -206,11 +217,16 @@ bool CardDescWB_BeforeNavigate(const std::string& address) {
   if (card.GlobalID != State().Links.DescribedCard) return true;
   const int index = NumberField(url, 3);
   if (!card.Effects.Holds(index) || index > 255) return true;
+  const bool again =
+      state.AwaitingMenuTarget != 0 && state.SelectedSlot == slot && state.MenuEffect == index;
   state.MenuEffect = static_cast<std::uint8_t>(index);
   const std::uint8_t menuState = card.Effects[index].MenuState;
   if (menuState == kArmedMenuAction) {
     card.Effects.Edit(index).MenuState = kMenuAction;
     state.AwaitingMenuTarget = 0;
+    ShowPlayMenu();
+  } else if (again) {
+    ForgetSelection();
     ShowPlayMenu();
   } else if (menuState == kMenuAction) {
     ChooseMenuAction(slot, index);

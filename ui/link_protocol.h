@@ -10,6 +10,9 @@ bool WB_BeforeNavigate(const std::string& url);
 bool InPlayWB_BeforeNavigate(const std::string& url);
 bool CardDescWB_BeforeNavigate(const std::string& url);
 
+/// The slot of the table card that a link of the report leads to, 0 for none.
+int TableSlotOfLink(const std::string& url);
+
 /// Begins a match against an opponent of the list, or opens a store: its page is shown.
 void PlayOpponent(int gameIndex, int opponentIndex);
 

@@ -27,6 +27,7 @@
 #include "ui/link_protocol.h"
 #include "ui/nothing_saved.h"
 #include "ui/owned_targets.h"
+#include "ui/report_tips.h"
 
 namespace brindlemoor {
 
@@ -60,10 +61,19 @@ Layout Arrange(MainWindow& window) {
   return Row({Column({HandStrip(window), Cell(window.NothingSaved),
                       Cell(window.Command1, 0, 0, kTurnButtonHeight), Cell(window.InPlayWB, 1)}),
               Column({Cell(window.backbutton, 0, 0, kBackButtonHeight), window.End.Arrangement(),
-                      Cell(window.WB, 1), window.Plan.Arrangement()},
+                      window.Aim.Arrangement(), Cell(window.WB, 1), window.Plan.Arrangement()},
                      1),
               Column({Cell(window.Picture1, 0, kPictureWidth, kPictureHeight),
                       Cell(window.CardDescWB, 1, kPictureWidth)})});
+}
+
+/// The first queue entry that holds a hand position (0 for a free one), 0 if there is none.
+int QueueEntryOf(int position) {
+  const auto& queue = State().PlayQueue;
+  for (int entry = 1; entry <= queue.UpperBound(); ++entry) {
+    if (queue[entry] == position) return entry;
+  }
+  return 0;
 }
 
 }  // namespace
@@ -86,6 +96,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
   backbutton.Click = [this] { backbutton_Click(); };
 
   WB.BeforeNavigate = WB_BeforeNavigate;
+  WB.LinkPointed = [this](const std::string& address) { WB_LinkPointed(address); };
   InPlayWB.BeforeNavigate = InPlayWB_BeforeNavigate;
   CardDescWB.BeforeNavigate = CardDescWB_BeforeNavigate;
 
@@ -174,6 +185,13 @@ void MainWindow::Picture2_MouseMove(int position) {
   }
 }
 
+void MainWindow::WB_LinkPointed(const std::string& address) {
+  const int slot = TableSlotOfLink(address);
+  if (slot == 0) return;
+  LastHovered = {};
+  ShowCardDescription(State().CardTable[slot], 1);
+}
+
 void MainWindow::Picture2_MouseUp(int position, MouseButton button) {
   Session& state = State();
   Pile& hand = state.Players[1].Hand;
@@ -183,6 +201,7 @@ void MainWindow::Picture2_MouseUp(int position, MouseButton button) {
   if (state.AwaitingMenuTarget != 0) state.SelectedSlot = 0;
   if (discard) state.SelectedSlot = -1;
   QueuePlay(position, state.SelectedSlot);
+  if (state.SelectedSlot > 0) Aim.TellAimOf(QueueEntryOf(position));
   hand[position].TargetSlot = state.SelectedSlot;
   if (discard) state.AwaitingPlayTarget = 0;  // also when it took the card out
   ForgetSelection();
@@ -301,6 +320,9 @@ void UpdateHand() {
     picture.Visible = held;
     label.Visible = held;
   }
+  const std::vector<PictureTip> tips = ReportTips();
+  window.WB.PictureTips = tips;
+  window.CardDescWB.PictureTips = tips;
   ShowPlan();
 }
 
@@ -322,19 +344,6 @@ void HideHand() {
   }
   ShowPlan();
 }
-
-namespace {
-
-/// The first queue entry that holds a hand position (0 for a free one), 0 if there is none.
-int QueueEntryOf(int position) {
-  const auto& queue = State().PlayQueue;
-  for (int entry = 1; entry <= queue.UpperBound(); ++entry) {
-    if (queue[entry] == position) return entry;
-  }
-  return 0;
-}
-
-}  // namespace
 
 void QueuePlay(int position, int target) {
   Session& state = State();

@@ -8,6 +8,7 @@
 
 #include "core/records.h"
 #include "platform/controls.h"
+#include "ui/aim_banner.h"
 #include "ui/match_end.h"
 #include "ui/plan_panel.h"
 
@@ -26,6 +27,7 @@ struct MainWindow : Form {
   Button Command1{"Command1"};
   Button backbutton{"backbutton"};
   MatchEndPanel End;
+  AimBanner Aim;
   PlanPanel Plan;
 
   MenuItem filemen{"filemen", "File"};
@@ -54,6 +56,8 @@ struct MainWindow : Form {
   void Command1_Click();
   void backbutton_Click();
   void Picture2_MouseMove(int position);
+  /// A table card that the pointer or the focus came to is shown beside the report.
+  void WB_LinkPointed(const std::string& address);
   void Picture2_MouseUp(int position, MouseButton button);
   void newgamemen_Click();
   void switchmen_Click();

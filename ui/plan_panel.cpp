@@ -18,12 +18,6 @@ constexpr int kListHeight = 66;
 constexpr int kButtonWidth = 110;
 constexpr std::int32_t kWarningColor = 0xF0B060;
 
-/// There is something to plan: not at the list of games, nor when the match is over.
-bool HasTurnToPlan() {
-  const Session& state = State();
-  return (state.CurrentGame != 0 || state.TestFromEditor == 1) && state.GameOver == 0;
-}
-
 /// The card whose menu action still waits for a click on its target; "" for none.
 std::string WaitingMenuAction() {
   const Session& state = State();
@@ -82,11 +76,17 @@ PlanPanel::PlanPanel() {
   TakeBack.Caption = "Take Back";
   TakeBack.ToolTip = "Takes the chosen line out of your plan.";
   TakeBack.Click = [this] { TakeBack_Click(); };
+  AimAnew.Caption = "Aim Anew";
+  AimAnew.ToolTip = "Takes the target of the chosen line back, so that you can click another one.";
+  AimAnew.Click = [this] { AimAnew_Click(); };
+  Lines.Click = [this] { ShowChoice(); };
 }
 
 Layout PlanPanel::Arrangement() {
-  Layout layout = Column({Cell(Left), Cell(Warning),
-                          Row({Cell(Lines, 1, 0, kListHeight), Cell(TakeBack, 0, kButtonWidth)})});
+  Layout layout =
+      Column({Cell(Left), Cell(Warning),
+              Row({Cell(Lines, 1, 0, kListHeight),
+                   Column({Cell(TakeBack, 0, kButtonWidth), Cell(AimAnew, 0, kButtonWidth)})})});
   layout.Group = &Panel;
   return layout;
 }
@@ -99,17 +99,17 @@ void PlanPanel::Update() {
   steps_.clear();
   for (const PlannedStep& step : forecast.Steps) {
     lines.push_back(LineOf(step));
-    steps_.push_back({step.Entry, step.Slot, step.Effect});
+    steps_.push_back({step.Entry, step.Slot, step.Effect, step.IsAimed});
   }
   if (const std::string waiting = WaitingMenuAction(); plans && !waiting.empty()) {
     lines.push_back(Joined(waiting, "  -  Now click its target."));
     steps_.push_back({});
   }
-  TakeBack.Enabled = !lines.empty();
   const int last = static_cast<int>(lines.size());
   if (lines.empty()) lines.emplace_back("Nothing yet: click a card of your hand to plan it.");
   Lines.Items = std::move(lines);
   Lines.Selected = last;
+  ShowChoice();
   Left.Caption = LeftText(forecast);
   Left.Visible = !Left.Caption.Get().empty();
   Warning.Caption = WarningText(forecast);
@@ -117,11 +117,36 @@ void PlanPanel::Update() {
   Panel.Visible = plans;
 }
 
+const PlanPanel::Step* PlanPanel::Chosen() const {
+  const int line = Lines.Selected;
+  if (State().TurnRunning == 1 || line < 1 || line > static_cast<int>(steps_.size()))
+    return nullptr;
+  return &steps_[static_cast<std::size_t>(line) - 1];
+}
+
+void PlanPanel::ShowChoice() {
+  const int line = Lines.Selected;
+  const bool chosen = line >= 1 && line <= static_cast<int>(steps_.size());
+  TakeBack.Enabled = chosen;
+  AimAnew.Enabled = chosen && steps_[static_cast<std::size_t>(line) - 1].IsAimed;
+}
+
+void PlanPanel::AimAnew_Click() {
+  const Step* chosen = Chosen();
+  if (chosen == nullptr || !chosen->IsAimed) return;
+  if (chosen->Entry != 0) {
+    AwaitPlayTarget(chosen->Entry);
+  } else {
+    AwaitMenuTarget(chosen->Slot, chosen->Effect);
+  }
+  ShowPlayMenu();
+}
+
 void PlanPanel::TakeBack_Click() {
   Session& state = State();
-  const int line = Lines.Selected;
-  if (state.TurnRunning == 1 || line < 1 || line > static_cast<int>(steps_.size())) return;
-  const Step step = steps_[static_cast<std::size_t>(line) - 1];
+  const Step* chosen = Chosen();
+  if (chosen == nullptr) return;
+  const Step step = *chosen;
   if (step.Entry != 0) {
     QueuePlay(state.PlayQueue[step.Entry], 0);
   } else if (state.CardTable.Holds(step.Slot) &&
@@ -138,6 +163,7 @@ void ShowPlan() {
   // At the list of games there is no turn to take.
   window.Command1.Visible = State().CurrentGame != 0 || State().TestFromEditor == 1;
   window.Plan.Update();
+  window.Aim.Update();
 }
 
 }  // namespace brindlemoor

@@ -17,18 +17,25 @@ struct PlanPanel {
   PassingLabel Warning{"PlanWarning"};
   ListBox Lines{"PlanLines"};   ///< a line for each thing that is planned
   Button TakeBack{"TakeBack"};  ///< the chosen line
+  Button AimAnew{"AimAnew"};    ///< its target
 
   Layout Arrangement();
   /// Forecasts the plan, and shows the outcome here and on the hand.
   void Update();
   void TakeBack_Click();
+  void AimAnew_Click();
 
  private:
   struct Step {
     int Entry = 0;  // of the queue, else a menu action:
     int Slot = 0;
     int Effect = 0;
+    bool IsAimed = false;
   };
+  /// What the chosen line stands for; nullptr for nothing that can be changed now.
+  const Step* Chosen() const;
+  void ShowChoice();
+
   std::vector<Step> steps_;  // parallel to Lines
 };
 

@@ -1,6 +1,7 @@
 // Browser views.
 #include "platform/qt/bindings.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/page_additions.h"
 #include "platform/qt/page_view.h"
 #include "platform/qt/window_host.h"
 
@@ -10,10 +11,19 @@ QWidget* BindBrowserView(BrowserView& model, FormWindow& window) {
   WindowHost& host = window.Host();
   auto* view = new PageView(host.PageProfile(), host.Policy(), &window);
   view->OnLink = [&model, &host](const QUrl& url) { host.QueueClick(model, url); };
+  view->OnPoint = [&model, &window](const QUrl& url) {
+    if (!model.LinkPointed) return;
+    window.Host().Hover(
+        window.Model(),
+        {.Kind = UserEventKind::kPoint, .Control = model.Name, .Text = LinkText(url)});
+  };
   view->OnKeyTakerChange = [&window] { window.OrderTabStops(); };
   window.AddView(*view);
   host.AddView(model, window, *view);
-  BindCommon(model, *view, window, [] {});
+  BindCommon(model, *view, window, [&model, view] {
+    view->SetPointDelay(model.PointDelay);
+    view->SetAdditions(PageAdditions(model));
+  });
   return view;
 }
 

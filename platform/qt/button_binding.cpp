@@ -73,7 +73,9 @@ QWidget* BindButton(Button& model, FormWindow& window) {
   });
   if (model.Cancel) {
     auto* escape = new QShortcut(Qt::Key_Escape, &window);
-    QObject::connect(escape, &QShortcut::activated, button, [button] { button->click(); });
+    QObject::connect(escape, &QShortcut::activated, button, [button] {
+      if (button->isVisible()) button->click();
+    });
   }
   return button;
 }

@@ -1,6 +1,7 @@
 // Pages in a browser view, and clicks on their links.
 #include "platform/qt/page_view.h"
 
+#include <QApplication>
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QPlainTextEdit>
@@ -8,6 +9,7 @@
 #include <QWebEngineLoadingInfo>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
+#include <QWebEngineScript>
 #include <utility>
 
 #include "platform/qt/event_loop.h"
@@ -76,6 +78,11 @@ class PageView::Page : public QWebEnginePage {
 
 PageView::PageView(QWebEngineProfile& profile, const PagePolicy& policy, QWidget* parent)
     : QWebEngineView(parent), profile_(profile), policy_(policy) {
+  rest_.setSingleShot(true);
+  connect(&rest_, &QTimer::timeout, this, [this] {
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr || modal == window()) OnPoint(pointed_);
+  });
   TakeNewPage();
   setContextMenuPolicy(Qt::NoContextMenu);
   setAcceptDrops(false);
@@ -89,6 +96,8 @@ void PageView::TakeNewPage() {
   page_->setBackgroundColor(Qt::black);
   setPage(page_.get());
   connect(page_.get(), &QWebEnginePage::loadFinished, this, [this] { PageRead(); });
+  connect(page_.get(), &QWebEnginePage::linkHovered, this,
+          [this](const QString& link) { PointAt(QUrl(link)); });
   guard_ = std::make_unique<RendererGuard>(*page_, [this](PageEnd end) {
     lost_ = true;
     ShowAsText(end == PageEnd::kMemory ? "This page needed too much memory and is shown as text."
@@ -103,8 +112,28 @@ void PageView::SetZoom(double zoom) {
   setZoomFactor(zoom);
 }
 
+void PageView::SetAdditions(const QString& script) {
+  if (std::exchange(additions_, script) != script) Add();
+}
+
+void PageView::Add() {
+  if (!additions_.isEmpty()) {
+    page_->runJavaScript(additions_, QWebEngineScript::ApplicationWorld);
+  }
+}
+
+void PageView::PointAt(const QUrl& link) {
+  pointed_ = link;
+  if (link.isEmpty()) {
+    rest_.stop();
+  } else {
+    rest_.start(pointDelay_);  // the browser engine is on the stack now
+  }
+}
+
 void PageView::PageRead() {
   setZoomFactor(zoom_);
+  Add();
   if (keyTaker_ == focusProxy()) return;
   keyTaker_ = focusProxy();
   OnKeyTakerChange();
@@ -136,6 +165,7 @@ void PageView::Load(const QUrl& url) {
     return;
   }
   if (text_ != nullptr) text_->hide();
+  rest_.stop();
   guard_->PageBegins();
   QEventLoop loop;
   // A stop belongs to an earlier page that this one replaces. After a refused click the engine does

@@ -1,6 +1,7 @@
 // PageView: the widget of a browser view.
 #pragma once
 
+#include <QTimer>
 #include <QUrl>
 #include <QWebEngineView>
 #include <functional>
@@ -27,6 +28,8 @@ class PageView : public QWebEngineView {
 
   /// A link was clicked. The browser engine is on the stack then.
   std::function<void(const QUrl&)> OnLink;
+  /// The pointer has rested on a link, or the focus came to it.
+  std::function<void(const QUrl&)> OnPoint;
   /// Another widget behind the view takes its keys now.
   std::function<void()> OnKeyTakerChange;
 
@@ -36,6 +39,11 @@ class PageView : public QWebEngineView {
   void Load(const QUrl& url);
   /// The size of this page and of all that follow; 1 is their own.
   void SetZoom(double zoom);
+  /// How long the pointer rests on a link until it is told of, in milliseconds.
+  void SetPointDelay(int delay) { pointDelay_ = delay; }
+  /// A script of the program's own that is run on this page and on all that follow, in a world
+  /// beside theirs.
+  void SetAdditions(const QString& script);
 
   QSize sizeHint() const override { return {180, 90}; }
   QSize minimumSizeHint() const override { return {120, 60}; }
@@ -48,12 +56,18 @@ class PageView : public QWebEngineView {
 
   void TakeNewPage();
   void PageRead();
+  void Add();
+  void PointAt(const QUrl& link);
   /// Shows the text of the page that was loaded last in front of the view, under a sentence.
   void ShowAsText(const QString& reason);
 
   QWebEngineProfile& profile_;
   const PagePolicy& policy_;
   double zoom_ = 1.0;
+  QTimer rest_;  // of the pointer
+  QUrl pointed_;
+  int pointDelay_ = 0;
+  QString additions_;
   bool lost_ = false;               // the renderer of the page has gone
   QWidget* keyTaker_ = nullptr;     // as it was told last
   QPlainTextEdit* text_ = nullptr;  // stands in for a page that can't be shown

@@ -15,7 +15,8 @@ void PictureEvents::Press(MouseButton button) {
 }
 
 void PictureEvents::Hover() {
-  if (model_.MouseMove) window_.Host().Hover(window_.Model(), model_.Name);
+  if (!model_.MouseMove) return;
+  window_.Host().Hover(window_.Model(), {.Kind = UserEventKind::kHover, .Control = model_.Name});
 }
 
 void PictureEvents::PointMove(QPoint point) {

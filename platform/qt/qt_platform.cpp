@@ -174,8 +174,8 @@ bool QtPlatform::Deliver(Form& form, const UserEvent& event) {
   return true;
 }
 
-void QtPlatform::Hover(Form& form, const std::string& picture) {
-  nextHover_ = {&form, picture};
+void QtPlatform::Hover(Form& form, UserEvent event) {
+  nextHover_ = {&form, std::move(event)};
   if (logicRuns_) {
     // The focus moved because a handler hides or disables what had it.
     QTimer::singleShot(0, QCoreApplication::instance(), [this] { DeliverHovers(); });
@@ -185,11 +185,11 @@ void QtPlatform::Hover(Form& form, const std::string& picture) {
 }
 
 void QtPlatform::DeliverHovers() {
-  if (hovering_ || logicRuns_ || looks_) return;
+  if (hovering_ || logicRuns_ || looks_ || pagesBeingRead_ > 0) return;
   const Within hovering(hovering_, true);
   while (nextHover_ && !ending_) {
-    const HoveredPicture next = *std::exchange(nextHover_, std::nullopt);
-    Deliver(*next.Window, {.Kind = UserEventKind::kHover, .Control = next.Name});
+    const HoverEvent next = *std::exchange(nextHover_, std::nullopt);
+    Deliver(*next.Window, next.Event);
   }
 }
 

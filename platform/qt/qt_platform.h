@@ -62,7 +62,7 @@ class QtPlatform : public Platform, public WindowHost {
   bool Deliver(Form& form, const UserEvent& event) override;
   bool InsideLogic() const override { return pagesBeingRead_ > 0 || pumpsRunning_ > 0 || looks_; }
   PictureCache& Pictures() override { return pictures_; }
-  void Hover(Form& form, const std::string& picture) override;
+  void Hover(Form& form, UserEvent event) override;
   QWebEngineProfile& PageProfile() override { return *profile_; }
   const PagePolicy& Policy() const override { return policy_; }
   void AddView(BrowserView& model, FormWindow& window, PageView& widget) override {
@@ -79,9 +79,9 @@ class QtPlatform : public Platform, public WindowHost {
     Form* Shown;
     QEventLoop* Loop;
   };
-  struct HoveredPicture {
+  struct HoverEvent {
     Form* Window;
-    std::string Name;
+    UserEvent Event;
   };
   struct ViewPlace {
     FormWindow* Window = nullptr;
@@ -127,7 +127,7 @@ class QtPlatform : public Platform, public WindowHost {
   std::vector<QDialog*> dialogs_;
   std::deque<LinkClick> clicks_;
   std::deque<WaitingEvent> waiting_;
-  std::optional<HoveredPicture> nextHover_;
+  std::optional<HoverEvent> nextHover_;
   QString lastFolder_;  // of the file dialogs
   std::optional<std::uint64_t> seed_;
   int pagesBeingRead_ = 0;

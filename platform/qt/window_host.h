@@ -27,10 +27,10 @@ class WindowHost {
   virtual bool InsideLogic() const = 0;
 
   virtual PictureCache& Pictures() = 0;
-  /// The pointer or the focus came to a picture. While an earlier one is still being served, or the
-  /// logic is in the middle of something, only the last is kept, so that a wild pointer does not
-  /// nest handlers without end.
-  virtual void Hover(Form& form, const std::string& picture) = 0;
+  /// The pointer or the focus came to a picture or a link. While an earlier one is still being
+  /// served, or the logic is in the middle of something, only the last is kept, so that a wild
+  /// pointer does not nest handlers without end.
+  virtual void Hover(Form& form, UserEvent event) = 0;
 
   virtual QWebEngineProfile& PageProfile() = 0;
   virtual const PagePolicy& Policy() const = 0;

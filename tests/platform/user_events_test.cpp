@@ -40,6 +40,7 @@ struct Everything : Form {
     Picture.PointUp = [this](int x, int y) { Heard += Joined(x, ",", y, " "); };
     Picture.KeyDown = [](PictureKey key) { return key == PictureKey::kHome; };
     View.BeforeNavigate = [](const std::string& url) { return url == "taken"; };
+    View.LinkPointed = [this](const std::string& url) { Heard += url; };
     Inner.Click = note("menu ");
     Clock.Tick = note("tick ");
     QueryClose = [] { return true; };
@@ -85,6 +86,7 @@ TEST(UserEventsTest, PutTheirValueIntoTheModelAndCallItsHandler) {
       {{Kind::kKey, "Picture", "", 0}, ""},
       {{Kind::kLink, "View", "taken"}, "", true},
       {{Kind::kLink, "View", "other"}, ""},
+      {{Kind::kPoint, "View", "taken"}, "taken"},
       {{Kind::kMenu, "Inner"}, "menu "},
       {{Kind::kTick, "Clock"}, "tick "},
       {{Kind::kClose}, "", true},
@@ -121,6 +123,7 @@ TEST(UserEventsTest, RefuseWhatNoUserCanDo) {
            UserEvent{Kind::kOpen, "Items", "", 0},
            UserEvent{Kind::kScroll, "Bar", "", 10},
            UserEvent{Kind::kPress, "Picture", "", 2},
+           UserEvent{Kind::kPoint, "Picture", "taken"},
            UserEvent{Kind::kKey, "Picture", "", 8},
            UserEvent{Kind::kPointUp, "Picture", "", -1},
            UserEvent{Kind::kPointMove, "Picture", "", 0, 1 << 30},

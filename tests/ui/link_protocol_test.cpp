@@ -82,6 +82,59 @@ TEST_F(LinkProtocolTest, ACardClickShowsOrCompletesTheQueuedPlay) {
   EXPECT_EQ(State().PlayTarget[2], 0);
 }
 
+/// Looking at the table decides nothing, and the way to a menu does not lose it.
+TEST_F(LinkProtocolTest, PointingAtACardShowsItAndNothingElse) {
+  MainWindow& window = TheMainWindow();
+  const auto shows = [&](std::string_view name) {
+    return desktop_->Pages["CardDescWB"].find(name) != std::string::npos;
+  };
+  QueuePlay(3, 0);
+  State().SelectedSlot = 7;
+  State().ProgramFolder = "/my game";
+  window.WB.LinkPointed("file:///my%20game/CARD222");
+  EXPECT_TRUE(shows("Ogre"));
+  for (const char* link : {"CARD999", "CARDRulesCard", "game:1:2", "menuaction:111:1", "CARD"}) {
+    window.WB.LinkPointed(link);
+    EXPECT_TRUE(shows("Ogre")) << link;
+  }
+  EXPECT_EQ(State().SelectedSlot, 7);
+  EXPECT_EQ(State().AwaitingPlayTarget, 1);
+  EXPECT_EQ(State().PlayTarget[1], 0);
+
+  window.Picture2[1]->MouseMove();
+  EXPECT_TRUE(shows("C1"));
+  window.WB.LinkPointed("CARD111");
+  EXPECT_TRUE(shows("Goblin"));
+  EXPECT_EQ(window.WB.PointDelay.Get(), 0);
+  window.Picture2[1]->MouseMove();
+  EXPECT_TRUE(shows("C1")) << "the hand's card again, with no other in between";
+
+  State().AwaitingPlayTarget = 0;
+  WB_BeforeNavigate("CARD111");
+  EXPECT_GT(window.WB.PointDelay.Get(), 0) << "other cards lie on the way to its menu";
+  WB_BeforeNavigate("CARD222");
+  EXPECT_EQ(window.WB.PointDelay.Get(), 0);
+}
+
+TEST_F(LinkProtocolTest, PicturesOfThePageAreNamedAsTheGameNamesThem) {
+  Card price = MakeCard("OIL", 1);
+  GiveAction(price, "COST", "OWNER", "SUBTRAIT:MANA:SRCTRAIT/OIL");
+  State().TraitActions[1] = price;
+  State().TraitGraphics.Reset(2);
+  State().TraitGraphics[1].TraitName = "STRIKE";
+  State().TraitGraphics[1].Picture = "art\\Badge-Strike.png";
+  State().TraitGraphics[2].TraitName = "OIL";
+  State().TraitGraphics[2].Picture = "magiccost.jpg";
+  UpdateHand();
+  std::string tips;
+  for (const PictureTip& tip : TheMainWindow().WB.PictureTips.Get()) {
+    tips += Joined(tip.File, "=", tip.Words, " ");
+  }
+  EXPECT_EQ(tips,
+            "Badge-Strike.png=Strike magiccost.jpg=Oil monstercost.jpg=Monsters magiccost.jpg=Oil "
+            "heartcost.jpg=Hearts ");
+}
+
 /// The name of a folder may look like an escape, or need one in an address.
 TEST_F(LinkProtocolTest, ClicksCountInFoldersOfAnyName) {
   for (const char* folder : {"/my game", "/a b%20#c?d", "/M\xC3\xBChle/50%", "/100%25/x"}) {

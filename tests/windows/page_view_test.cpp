@@ -109,6 +109,65 @@ TEST_F(PageViewTest, ClicksArriveAsTheLogicReadsThem) {
   }
 }
 
+TEST_F(PageViewTest, TheLinkUnderThePointerOrTheFocusIsToldOnceItRests) {
+  Write("Display.html",
+        "<body style='margin:0'><a href=CARD1 style='position:absolute;top:10px;left:10px'>one</a>"
+        "<a href=CARD2 style='position:absolute;top:40px;left:10px'>two</a>");
+  std::vector<std::string> told;
+  view_.LinkPointed = [&](const std::string& url) { told.push_back(url.substr(url.rfind('/'))); };
+  Open("Display.html");
+  QWidget& face = *Find<PageView>(form_, view_)->focusProxy();
+  const auto point = [&](int y) { QTest::mouseMove(&face, {14, y}); };
+  const auto comes = [&](const char* link) {
+    return QTest::qWaitFor([&] { return !told.empty() && told.back() == link; }, 2000);
+  };
+  point(80);
+  point(15);
+  EXPECT_TRUE(comes("/CARD1"));
+  point(80);
+  QTest::qWait(100);
+  EXPECT_EQ(told.size(), 1) << "nothing is told of leaving it";
+  view_.PointDelay = 400;
+  told.clear();
+  point(45);
+  QTest::qWait(100);
+  point(15);
+  EXPECT_TRUE(comes("/CARD1"));
+  EXPECT_EQ(told.size(), 1) << "what was only crossed is not told of";
+  point(80);
+  view_.PointDelay = 0;
+  told.clear();
+  QTest::keyClick(&face, Qt::Key_Tab);
+  EXPECT_TRUE(comes("/CARD1"));
+  QTest::keyClick(&face, Qt::Key_Tab);
+  EXPECT_TRUE(comes("/CARD2"));
+  EXPECT_TRUE(asked_.empty()) << "looking is no click";
+}
+
+TEST_F(PageViewTest, PicturesOfEachPageGetTheirToolTips) {
+  Write("Display.html", "<img src='art/Magic%20Cost.jpg'><img src='%zz.jpg'><img src=other.jpg>");
+  const auto titles = [this] { return Look("[...document.images].map(i => i.title).join()"); };
+  Open("Display.html");
+  view_.PictureTips = {{"magic cost.JPG", "Oil's \"price\"</script>"}};
+  EXPECT_EQ(titles().toString(), "Oil's \"price\"</script>,,");
+  Open("Display.html");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return titles().toString().startsWith("Oil's"); }, 2000));
+}
+
+TEST_F(PageViewTest, OnlyTheLinksThatAreAskedForAreOutlined) {
+  Write("Display.html", "<a href=CARD1><img></a><a href=CARD12><img></a><a href='\"]{}'><img></a>");
+  const auto outlined = [this] {
+    return Look("[...document.images].map(i => getComputedStyle(i).outlineStyle).join()");
+  };
+  Open("Display.html");
+  view_.OutlinedLinks = {"CARD1", "\"]{}"};
+  EXPECT_EQ(outlined().toString(), "solid,none,solid");
+  Open("Display.html");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return outlined() == "solid,none,solid"; }, 2000));
+  view_.OutlinedLinks = {};
+  EXPECT_EQ(outlined().toString(), "none,none,none");
+}
+
 TEST_F(PageViewTest, APageHasBeenReadWhenNavigateReturns) {
   for (int number = 0; number < 3; ++number) {
     const QByteArray text = "Page " + QByteArray::number(number);

@@ -107,13 +107,13 @@ TEST_F(DesktopTest, AWildPointerDoesNotNestHandlers) {
   std::string order;
   first.MouseMove = [&] {
     order += "first ";
-    desktop_->Hover(form, second.Name);
-    desktop_->Hover(form, third.Name);
+    desktop_->Hover(form, {.Kind = UserEventKind::kHover, .Control = second.Name});
+    desktop_->Hover(form, {.Kind = UserEventKind::kHover, .Control = third.Name});
     order += "first-end ";
   };
   second.MouseMove = [&] { order += "second "; };
   third.MouseMove = [&] { order += "third "; };
-  desktop_->Hover(form, first.Name);
+  desktop_->Hover(form, {.Kind = UserEventKind::kHover, .Control = first.Name});
   EXPECT_EQ(order, "first first-end third ");
 }
 

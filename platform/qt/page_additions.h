@@ -1,0 +1,13 @@
+// What the program adds to a page when it is shown, without changing the page's file.
+#pragma once
+
+#include <QString>
+
+namespace brindlemoor {
+
+struct BrowserView;
+
+/// A script that adds what the model asks for: tool tips of pictures, outlines of links.
+QString PageAdditions(const BrowserView& model);
+
+}  // namespace brindlemoor

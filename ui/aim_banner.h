@@ -1,0 +1,29 @@
+// AimBanner: the line above the report that says what waits for a target.
+#pragma once
+
+#include "platform/passing_label.h"
+
+namespace brindlemoor {
+
+/// Keeps its place while a match goes on, so that the page does not move when it speaks. What can
+/// be aimed at is outlined on the page then.
+struct AimBanner {
+  AimBanner();
+
+  PassingLabel Words{"AimWords"};
+  Button Stop{"AimStop"};  ///< the Escape key presses it
+
+  Layout Arrangement();
+  void Update();
+  /// The next update tells of a play that has just been aimed at the card that was clicked before.
+  void TellAimOf(int queueEntry) { told_ = queueEntry; }
+  void Stop_Click();
+
+ private:
+  void Show(std::string words, std::vector<int> slots);
+
+  int told_ = 0;   // entry of the queue that the next update tells of
+  int aimed_ = 0;  // the one that the present words are about
+};
+
+}  // namespace brindlemoor
