@@ -5,6 +5,7 @@
 
 #include "core/cards.h"
 #include "core/state.h"
+#include "core/value.h"
 #include "game/looking.h"
 #include "language/target_types.h"
 #include "script/run_action.h"

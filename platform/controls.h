@@ -63,6 +63,8 @@ struct Control : Observed {
   Property<bool> Visible{*this, true};
   Property<bool> Enabled{*this, true};
   Property<std::string> ToolTip{*this};
+  /// What screen readers call a control that shows no words of its own; "" for the tool tip.
+  std::string Spoken;
 
   /// Another number asks for the keyboard: the control gets it, as soon as its window is shown.
   Property<int> FocusCalls{*this, 0};
@@ -238,6 +240,7 @@ struct PictureBox : Control {
   Property<std::string> Badge{*this};    ///< a few words at the lower edge, "" for none
   Property<bool> Dimmed{*this, false};   ///< cannot be used now
   Property<bool> Framed{*this, false};   ///< is chosen
+  Property<std::string> Told{*this};     ///< what screen readers tell beside the card's name
   bool FrameWhenEmpty = false;           ///< with nothing to show a faint frame is drawn
   std::string DragGroup;  ///< can be dragged to the boxes of other groups; "" for not at all
   std::function<void()> MouseMove;           ///< the pointer or the focus came over the box

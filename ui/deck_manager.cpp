@@ -13,6 +13,7 @@
 #include "platform/arrangement.h"
 #include "text/encoding.h"
 #include "ui/card_search.h"
+#include "ui/card_words.h"
 #include "ui/deck_chart.h"
 #include "ui/forms.h"
 #include "ui/nothing_saved.h"
@@ -108,6 +109,7 @@ DeckManager::DeckManager() : Form("DeckManager") {
     const int number = static_cast<int>(list);
     auto& bar = VScroll1[static_cast<std::size_t>(number)];
     bar = std::make_unique<ScrollBar>(Indexed("VScroll1", number));
+    bar->Spoken = list == CardList::kDeck ? "More of the deck" : "More of the collection";
     bar->SmallStep = kColumns;
     bar->LargeStep = kPictures;
     bar->Change = [this, list] { VScroll1_Change(list); };
@@ -153,6 +155,8 @@ void DeckManager::NameControls() {
   Text1.ToolTip = "Enter a trait name here for sorting.";
   Text1.Placeholder = "Trait";
   Text1.Editable = true;
+  Text1.Spoken = "Trait";
+  WB.Spoken = "The card that was pointed at";
   Text1.Change = [this] { Text1_Change(); };
   Text1.Enter = [this] { Command1_Click(0); };
   Command6.Caption = "UN-sort";
@@ -174,6 +178,7 @@ void DeckManager::NameControls() {
       "This is how many tokens you have.  Tokens are used to purchase and enhance new cards at the "
       "card shop.";
   SearchText.Placeholder = "Search";
+  SearchText.Spoken = "Search";
   SearchText.ToolTip =
       "Shows only the cards with these words in their name, traits or description.  A word such as "
       "HP>=3 asks for the value of a trait (also <=, >, < and =).";
@@ -380,6 +385,7 @@ void DeckManager::UpdateList(CardList list) {
       const auto copy = copies.find(card.Name.View());
       const int count = copy == copies.end() ? 1 : copy->second;
       box.Badge = count > 1 ? Joined(count) : std::string();
+      box.Told = Joined(isDeck ? "in the deck, " : "in the collection, ", TraitsInWords(card));
     }
     box.Visible = shown;
   }

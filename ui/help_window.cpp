@@ -10,6 +10,7 @@
 namespace brindlemoor {
 
 HelpForm::HelpForm() : Form("HelpForm") {
+  HelpWB.Spoken = "Help";
   Caption = "Brindlemoor Help";
   Width = 760;
   Height = 620;

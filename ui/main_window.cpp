@@ -21,6 +21,7 @@
 #include "platform/arrangement.h"
 #include "text/addresses.h"
 #include "ui/card_description.h"
+#include "ui/card_words.h"
 #include "ui/editor_door.h"
 #include "ui/forms.h"
 #include "ui/hint_page.h"
@@ -104,6 +105,10 @@ MainWindow::MainWindow() : Form("MainWindow") {
   fullsizemen.Checked = true;
   debugmen.Checkable = true;
   helppagesmen.Shortcut = "F1";
+  WB.Spoken = "The table and the report";
+  InPlayWB.Spoken = "Your plan and what a card can do";
+  CardDescWB.Spoken = "The card that was pointed at";
+  Picture1.Spoken = "Its picture";
   hintmen.Shortcut = "F2";
   newgamemen.Click = [this] { newgamemen_Click(); };
   switchmen.Click = [this] { switchmen_Click(); };
@@ -310,6 +315,7 @@ void UpdateHand() {
       const Card& card = hand[position];
       picture.Picture = ResolvePath(card.Thumb, 0);
       picture.ToolTip = card.Name.Str();
+      picture.Told = Joined("hand card ", position, ", ", TraitsInWords(card));
       int low = 0;
       int middle = 0;
       int high = 0;

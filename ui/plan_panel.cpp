@@ -72,6 +72,7 @@ PlanPanel::PlanPanel() {
   Panel.Visible = false;
   Warning.TextColor = kWarningColor;
   Warning.Visible = false;
+  Lines.Spoken = "What you have planned";
   Lines.Open = [this] { TakeBack_Click(); };
   TakeBack.Caption = "Take Back";
   TakeBack.ToolTip = "Takes the chosen line out of your plan.";

@@ -38,6 +38,7 @@ ProfileMenu::ProfileMenu() : Form("ProfileMenu") {
         {.Direction = Layout::Kind::kControl, .Leaf = button.get(), .Height = 40});
   }
   VScroll1.Visible = false;
+  VScroll1.Spoken = "More players";
   VScroll1.Change = [this] { VScroll1_Change(); };
   // The form has a second button that nothing is bound to; it is not shown.
   Command2.Visible = false;

@@ -10,6 +10,7 @@ namespace brindlemoor {
 ProgressForm::ProgressForm() : Form("ProgressForm") {
   Width = 420;
   CancelButton.Caption = "Cancel";
+  Bar.Spoken = "How much is done";
   CancelButton.Click = [this] { CancelButton_Click(); };
   StepTimer.Interval = 1;
   StepTimer.Tick = [this] { StepTimer_Tick(); };

@@ -5,6 +5,7 @@
 
 #include "platform/qt/bindings.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/spoken_widget.h"
 #include "platform/qt/style.h"
 
 namespace brindlemoor {
@@ -18,11 +19,14 @@ constexpr int kWidestBar = 36;
 constexpr double kBarShare = 0.7;  // of the width that a bar has
 constexpr int kLines = 3;          // of text: caption, counts, labels
 
-class ChartWidget : public QWidget {
+class ChartWidget : public QWidget, public SpokenWidget {
  public:
-  ChartWidget(const BarChart& model, QWidget* parent) : QWidget(parent), model_(model) {
+  ChartWidget(const BarChart& model, QWidget* parent)
+      : QWidget(parent), SpokenWidget(static_cast<QWidget&>(*this)), model_(model) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
   }
+
+  QAccessible::Role Role() const override { return QAccessible::Chart; }
 
   void Follow() {
     QStringList bars;

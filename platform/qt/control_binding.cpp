@@ -40,6 +40,24 @@ QString Wrapped(const std::string& toolTip) {
   return "<qt>" + QString::fromStdString(toolTip).toHtmlEscaped() + "</qt>";
 }
 
+/// Controls whose caption is their name.
+bool SaysItsName(const Control& model) {
+  return dynamic_cast<const Button*>(&model) != nullptr ||
+         dynamic_cast<const Label*>(&model) != nullptr ||
+         dynamic_cast<const OptionButton*>(&model) != nullptr ||
+         dynamic_cast<const CheckBox*>(&model) != nullptr ||
+         dynamic_cast<const Frame*>(&model) != nullptr;
+}
+
+/// What screen readers say of a control, unless its kind knows better.
+void Describe(const Control& model, QWidget& widget) {
+  const QString toolTip = QString::fromStdString(model.ToolTip);
+  widget.setAccessibleDescription(toolTip);
+  if (SaysItsName(model)) return;
+  widget.setAccessibleName(model.Spoken.empty() ? toolTip : QString::fromStdString(model.Spoken));
+  if (model.Spoken.empty()) widget.setAccessibleDescription({});
+}
+
 }  // namespace
 
 QWidget* BindControl(Control& control, FormWindow& window) {
@@ -56,6 +74,7 @@ void BindCommon(Control& model, QWidget& widget, FormWindow& window, std::functi
     widget.setVisible(model.Visible);
     widget.setEnabled(model.Enabled);
     widget.setToolTip(Wrapped(model.ToolTip));
+    Describe(model, widget);
     sync();
     if (std::exchange(calls, model.FocusCalls.Get()) != model.FocusCalls) window.Focus(widget);
   });

@@ -7,6 +7,7 @@
 #include "platform/passing_label.h"
 #include "platform/qt/bindings.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/spoken_widget.h"
 #include "platform/qt/style.h"
 
 namespace brindlemoor {
@@ -18,15 +19,22 @@ constexpr int kPadding = 2;
 constexpr double kHeadlineScale = 1.7;
 constexpr int kPlateRadius = 3;
 
-class LabelWidget : public QWidget {
+class LabelWidget : public QWidget, public SpokenWidget {
  public:
   LabelWidget(const Label& model, FormWindow& window)
-      : QWidget(&window), model_(model), window_(window) {
+      : QWidget(&window),
+        SpokenWidget(static_cast<QWidget&>(*this)),
+        model_(model),
+        window_(window) {
     if (!model.Headline) return;
     QFont large = font();
     large.setPointSizeF(large.pointSizeF() * kHeadlineScale);
     large.setBold(true);
     setFont(large);
+  }
+
+  QAccessible::Role Role() const override {
+    return model_.Click ? QAccessible::Link : QAccessible::StaticText;
   }
 
   void Follow() {

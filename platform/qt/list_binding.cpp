@@ -136,6 +136,7 @@ QWidget* BindComboBox(ComboBox& model, FormWindow& window) {
     // The box has the focus, its line gets what the box hands on.
     if (model.FormUndoes) LeaveUndoToForm(*combo);
     combo->lineEdit()->setPlaceholderText(QString::fromStdString(model.Placeholder));
+    combo->lineEdit()->setAccessibleName(QString::fromStdString(model.Spoken));
     if (model.Enter) {
       QObject::connect(combo->lineEdit(), &QLineEdit::returnPressed, &window, [&model, &window] {
         window.Deliver({.Kind = UserEventKind::kEnter, .Control = model.Name});

@@ -20,6 +20,7 @@
 #include "platform/qt/picture_face.h"
 #include "platform/qt/picture_focus.h"
 #include "platform/qt/picture_keys.h"
+#include "platform/qt/spoken_widget.h"
 #include "platform/qt/window_host.h"
 
 namespace brindlemoor {
@@ -30,10 +31,11 @@ constexpr QSize kNaturalSize(64, 88);
 constexpr QSize kSmallestSize(24, 36);
 
 /// Takes the events of a picture box and hands each to what it concerns.
-class PictureWidget : public QWidget {
+class PictureWidget : public QWidget, public SpokenWidget {
  public:
   PictureWidget(PictureBox& model, FormWindow& window)
       : QWidget(&window),
+        SpokenWidget(static_cast<QWidget&>(*this)),
         model_(model),
         events_(model, window),
         face_(model, window.Host().Pictures()) {
@@ -42,6 +44,11 @@ class PictureWidget : public QWidget {
     policy.setRetainSizeWhenHidden(true);
     setSizePolicy(policy);
   }
+
+  QAccessible::Role Role() const override {
+    return model_.MouseUp ? QAccessible::Button : QAccessible::Graphic;
+  }
+  void Press() override { events_.Press(MouseButton::kLeft); }
 
   void Follow() {
     const bool active = model_.MouseMove || model_.MouseUp;
@@ -53,9 +60,10 @@ class PictureWidget : public QWidget {
     }
     const std::string& words = !model_.ToolTip.Get().empty()   ? model_.ToolTip.Get()
                                : !model_.Caption.Get().empty() ? model_.Caption.Get()
+                               : !model_.Spoken.empty()        ? model_.Spoken
                                                                : model_.Name;
     setAccessibleName(QString::fromStdString(words));
-    setAccessibleDescription(QString::fromStdString(model_.Badge));
+    setAccessibleDescription(Told());
     update();
   }
 
@@ -218,6 +226,17 @@ class PictureWidget : public QWidget {
     QTimer::singleShot(0, this, [this] {
       if (hasFocus() && isVisible()) events_.Hover();
     });
+  }
+
+  /// What the picture shows beside the card.
+  QString Told() const {
+    QStringList words;
+    for (const std::string& text : {model_.Badge.Get(), model_.Told.Get()}) {
+      if (!text.empty()) words << QString::fromStdString(text);
+    }
+    if (model_.Framed) words << "chosen";
+    if (model_.Dimmed) words << "not possible now";
+    return words.join(", ");
   }
 
   bool CanBeDragged() const { return !model_.DragGroup.empty() && model_.MouseUp; }

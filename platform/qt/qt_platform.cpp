@@ -16,6 +16,7 @@
 #include "platform/qt/form_window.h"
 #include "platform/qt/page_profile.h"
 #include "platform/qt/page_view.h"
+#include "platform/qt/spoken_widget.h"
 #include "platform/qt/within.h"
 
 namespace brindlemoor {
@@ -29,6 +30,7 @@ QtPlatform::QtPlatform(std::unique_ptr<FileSystem> files, const std::string& fol
       profile_(NewPageProfile(policy_)),
       lastFolder_(QString::fromStdString(folder)),
       seed_(seed) {
+  SpeakForOwnWidgets();
   // Windows hide and show one another; the program ends by EndProgram.
   QGuiApplication::setQuitOnLastWindowClosed(false);
 }
