@@ -152,6 +152,7 @@ void NewGame() {
   }
   DiscoverGames();
   ShowGameList();
+  Windows().ShowFirstSteps();
 }
 
 }  // namespace brindlemoor

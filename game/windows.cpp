@@ -15,6 +15,7 @@ const GameWindows kNoWindows = {
     .HideHand = [] {},
     .ShowMatchEnd = [] {},
     .BlankSideViews = [] {},
+    .ShowFirstSteps = [] {},
     .ChooseProfile = [] {},
     .ShowDeckManager = [] { return false; },
     .NotesOnGames = [](const std::string& /*folder*/) { return std::string(); },

@@ -22,6 +22,8 @@ struct GameWindows {
   void (*ShowMatchEnd)();
   /// Takes plan, card page and picture of the last game from the sides.
   void (*BlankSideViews)();
+  /// The list of games is shown: says what comes first.
+  void (*ShowFirstSteps)();
   /// Asks who plays; no name in the profile means nobody.
   void (*ChooseProfile)();
   /// Lets the player choose and change a deck. False when that was closed without one.

@@ -167,6 +167,12 @@ void ChooseMenuAction(int slot, int index) {
 
 }  // namespace
 
+std::pair<int, int> OpponentOfLink(const std::string& address) {
+  const std::string url = CleanUrl(address, true);
+  if (!FoldEquals(FieldAt(url, 1, ':'), "GAME")) return {0, 0};
+  return {NumberField(url, 2), NumberField(url, 3)};
+}
+
 int TableSlotOfLink(const std::string& url) {
   const std::string body = CleanUrl(url, true);
   return body.starts_with(kCardLink) ? LinkedSlot(body) : 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 namespace brindlemoor {
 
@@ -12,6 +13,9 @@ bool CardDescWB_BeforeNavigate(const std::string& url);
 
 /// The slot of the table card that a link of the report leads to, 0 for none.
 int TableSlotOfLink(const std::string& url);
+
+/// Numbers of the game and the opponent that a link of the list leads to; 0 for other links.
+std::pair<int, int> OpponentOfLink(const std::string& url);
 
 /// Begins a match against an opponent of the list, or opens a store: its page is shown.
 void PlayOpponent(int gameIndex, int opponentIndex);

@@ -23,6 +23,7 @@
 #include "ui/card_description.h"
 #include "ui/card_words.h"
 #include "ui/editor_door.h"
+#include "ui/first_steps.h"
 #include "ui/forms.h"
 #include "ui/hint_page.h"
 #include "ui/link_protocol.h"
@@ -192,7 +193,7 @@ void MainWindow::Picture2_MouseMove(int position) {
 
 void MainWindow::WB_LinkPointed(const std::string& address) {
   const int slot = TableSlotOfLink(address);
-  if (slot == 0) return;
+  if (slot == 0) return ShowOpponent(address);
   LastHovered = {};
   ShowCardDescription(State().CardTable[slot], 1);
 }

@@ -9,6 +9,7 @@
 #include "game/session_opening.h"
 #include "game/windows.h"
 #include "ui/editor_door.h"
+#include "ui/first_steps.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
@@ -26,6 +27,7 @@ const GameWindows kWindows = {
     .HideHand = HideHand,
     .ShowMatchEnd = ShowMatchEnd,
     .BlankSideViews = BlankSideViews,
+    .ShowFirstSteps = ShowFirstSteps,
     .ChooseProfile = ChooseProfile,
     .ShowDeckManager = ShowDeckManager,
     .NotesOnGames = FindingsPage,

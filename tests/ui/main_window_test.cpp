@@ -8,6 +8,7 @@
 #include "script/card_setup.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/session_test.h"
+#include "ui/first_steps.h"
 #include "ui/forms.h"
 #include "ui/link_protocol.h"
 
@@ -177,6 +178,33 @@ TEST_F(MainWindowTest, MenuEntriesDoWhatTheySay) {
   EXPECT_EQ(ReadFile("ScriptReference.html"), ReferencePage());
   EXPECT_FALSE(window_.QueryClose());
   EXPECT_TRUE(desktop_->Ending());
+}
+
+TEST_F(MainWindowTest, TheListSaysWhatComesFirstAndWhoIsPointedAt) {
+  const auto said = [this](const char* words) {
+    return desktop_->Pages["CardDescWB"].find(words) != std::string::npos;
+  };
+  State().Profile.PlayerName = "Ann";
+  ShowFirstSteps();
+  EXPECT_TRUE(said("Welcome, Ann!") && said("Begin with a <b>starter deck</b>"));
+  WriteFile("Ann_Marsh.plr", "#PLAYERDECK\n\n#TOKENS, 5\n#CARD, COLLECTION, Elf, , , , , , \n");
+  ShowFirstSteps();
+  EXPECT_TRUE(said("You own:<br>Marsh: 1 card and 5 tokens</p>")) << desktop_->Pages["CardDescWB"];
+  State().Games.Reset(1);
+  State().Games[1].Name = "Marsh & moor";
+  Card ogre = MakeCard("Ogre <b>", 2);
+  ogre.Description = "He waits.";
+  State().Games[1].Opponents.Reset(1);
+  State().Games[1].Opponents.Append(ogre);
+  window_.WB.LinkPointed("game:1:2");
+  EXPECT_FALSE(said("He waits.")) << "another page is shown";
+  State().Links.Games = true;
+  for (const char* none : {"game:1:1", "game:1:3", "game:2:2", "game:x", "help:a"}) {
+    window_.WB.LinkPointed(none);
+    EXPECT_TRUE(said("You own:")) << none;
+  }
+  window_.WB.LinkPointed("game:1:2");
+  EXPECT_TRUE(said("He waits.") && said("Marsh & moor"));
 }
 
 TEST_F(MainWindowTest, ASnapshotHoldsThePageWithItsPictures) {
