@@ -17,6 +17,7 @@
 #include "core/random.h"
 #include "core/records.h"
 #include "core/shown_links.h"
+#include "core/turn_record.h"
 #include "core/work_budget.h"
 
 namespace brindlemoor {
@@ -164,6 +165,7 @@ struct Session {
 
   RandomSource Random;
   MatchRecord Match;              ///< the match of the main window
+  TurnRecord LastTurn;            ///< what somebody who looks is told of it
   std::shared_ptr<MatchLog> Log;  ///< of the match, where somebody counts; mostly empty
   std::unordered_map<std::string_view, Text>
       InternedTexts;  ///< see InternText; keys are views of the texts

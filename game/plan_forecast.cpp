@@ -76,9 +76,16 @@ class Trial {
   const std::int16_t pendingCount_ = State().PendingCount;
 };
 
+constexpr std::string_view kUnplayable = "It can't be played now.";
+
+std::string TooLittleFor(const std::vector<Amount>& price) {
+  return Joined("Not enough left: it costs ", AmountsText(price), ".");
+}
+
 class Forecaster {
  public:
   PlanForecast Make();
+  std::string WhyUnpayable(const Card& card);
 
  private:
   /// What a payment takes; nothing where it can't be made.
@@ -126,6 +133,13 @@ std::vector<Amount> Forecaster::AmountsOf(const Purse& price) {
     amounts.push_back({ResourceName(trait), count});
   }
   return amounts;
+}
+
+std::string Forecaster::WhyUnpayable(const Card& card) {
+  const WorkAccount account;
+  const auto price = PriceOf(card);
+  if (!price || WorkIsSpent()) return "It could not be played.";
+  return Joined("Too dear at ", AmountsText(AmountsOf(*price)), ".");
 }
 
 void Forecaster::PriceHand() {
@@ -194,9 +208,7 @@ void Forecaster::PlayEntry(int entry) {
     AddToTable(card);
     FreeCard(hand[position]);
   } else {
-    step.Problem = !known.IsPriceKnown
-                       ? "It can't be played now."
-                       : Joined("Not enough left: it costs ", AmountsText(known.Price), ".");
+    step.Problem = known.IsPriceKnown ? TooLittleFor(known.Price) : std::string(kUnplayable);
   }
   forecast_.Steps.push_back(std::move(step));
 }
@@ -289,6 +301,14 @@ std::string AmountsText(const std::vector<Amount>& amounts) {
     text += Joined(text.empty() ? "" : ", ", amount.Count, " ", amount.Resource);
   }
   return text;
+}
+
+std::string WhyUnpayable(const Card& card) {
+  const Card tried = card;
+  const Looking looking;
+  State().Services = &kServices;
+  State().Random = {};
+  return Forecaster().WhyUnpayable(tried);
 }
 
 PlanForecast ForecastPlan() {

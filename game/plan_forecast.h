@@ -23,6 +23,9 @@ std::string ResourceName(std::string_view trait);
 /// "3 oil, 1 heart"; "" for nothing.
 std::string AmountsText(const std::vector<Amount>& amounts);
 
+/// Why a card of side 1 can't be paid now, as a sentence. Nothing changes.
+std::string WhyUnpayable(const Card& card);
+
 /// Something that is planned: a queued card or an armed menu action.
 struct PlannedStep {
   int Entry = 0;         ///< of the queue; 0 for a menu action

@@ -2,6 +2,7 @@
 #include "game/turn.h"
 
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "core/cards.h"
@@ -9,7 +10,9 @@
 #include "core/state.h"
 #include "game/card_play.h"
 #include "game/opponent.h"
+#include "game/plan_forecast.h"
 #include "game/plans.h"
+#include "game/turn_changes.h"
 #include "game/windows.h"
 #include "language/target_types.h"
 #include "pages/battlefield.h"
@@ -17,6 +20,7 @@
 #include "pages/page_files.h"
 #include "script/card_entry.h"
 #include "script/triggers.h"
+#include "text/one_line.h"
 
 namespace brindlemoor {
 
@@ -31,6 +35,9 @@ std::string PlaysTable(std::string_view title, std::string_view background,
                 "</p></td></tr></table>");
 }
 
+/// A simulation tells nobody what a turn brought.
+bool SomebodyLooks() { return &Windows() != &kNoWindows; }
+
 void PlayHandCard(Card& card, int target, PlayCells& cells) {
   if (target == kDiscard) {
     FreeCard(card);
@@ -40,6 +47,7 @@ void PlayHandCard(Card& card, int target, PlayCells& cells) {
   if (!PayCost(card, Payment::kIsMade)) {
     cells.AddText(
         Joined("You do not have enough resources to play ", ColoredName(card), "!<br><br>"));
+    if (SomebodyLooks()) NoteRefusal(std::string(OneLine(card.Name)), WhyUnpayable(card));
     return;
   }
   if (target > 0) card.TargetSlot = static_cast<std::int16_t>(target);
@@ -172,7 +180,11 @@ void TakeTurn(int skipPlays) {
   session.RulesCard.InPlay = 1;
   session.CostCard.InPlay = 1;
   if (skipPlays != 1) ++session.Match.Turns;
+  session.LastTurn = {.Turn = session.Match.Turns};
+  std::optional<TurnChanges> changes;
+  if (SomebodyLooks()) changes.emplace();
   const Plays plays = RunScripts(skipPlays);
+  if (changes) changes->Record();
   {
     const WorkAccount account;  // a page shows right numbers after a turn that spent its own
     ShowReport(plays);

@@ -17,6 +17,8 @@
 #include "script/parsed_script.h"
 #include "script/run_action.h"
 #include "text/fold.h"
+#include "text/joined.h"
+#include "text/one_line.h"
 
 namespace brindlemoor {
 namespace {
@@ -29,9 +31,13 @@ struct Firing {
   RunOptions Options;
   int LastResult = kRunNothing;
   int Failures = 0;
+  int Runs = 0;
 
   const CardEffect& Effect(int effect) const { return Actor.Effects[effect]; }
-  void RunOn(Card& target, int effect) { LastResult = RunAction(Actor, target, effect, Options); }
+  void RunOn(Card& target, int effect) {
+    ++Runs;
+    LastResult = RunAction(Actor, target, effect, Options);
+  }
   void RunOnSlot(int slot, int effect) {
     Pile& table = State().CardTable;
     if (table.Holds(slot)) RunOn(table[slot], effect);
@@ -177,11 +183,36 @@ void PassBy(Card& card) {
   RecallTarget(card);
 }
 
+/// The player has chosen the action for this turn, or its card together with a target of it.
+bool IsPlanned(const Card& card, const CardEffect& action) {
+  const bool chosen = action.MenuState == kArmedMenuAction ||
+                      (action.TargetType == kTargetCard && action.Trigger == "ENTERPLAY");
+  return chosen && card.Owner == 1 && IsTableRecord(card);
+}
+
+/// Notes a planned action that has done nothing.
+void NoteOutcome(const Firing& firing, const CardEffect& action, bool ran) {
+  if (ran && (firing.LastResult == kRunClean || firing.LastResult == kRunMixed)) return;
+  std::string name(OneLine(firing.Actor.Name));
+  if (action.MenuState == kArmedMenuAction) {
+    name += Joined(": ", OneLine(action.MenuCaption));
+  }
+  std::string reason = ran ? State().FailReason : "It found no target.";
+  if (reason.empty()) reason = "What it asks for was not there.";  // the masks give no reason
+  NoteRefusal(std::move(name), std::move(reason));
+}
+
 void FireEffect(Firing& firing, std::string_view trigger, int effect) {
   Card& card = firing.Actor;
   BeginEffect(card);
   if (!Answers(card.Effects[effect], trigger)) return;
+  const int runs = firing.Runs;
+  std::optional<CardEffect> planned;
+  if (firing.Options.TestRun == 0 && IsPlanned(card, card.Effects[effect])) {
+    planned = card.Effects[effect];  // the run may change it
+  }
   RunEffect(firing, effect);
+  if (planned) NoteOutcome(firing, *planned, firing.Runs != runs);
   if (card.Effects[effect].MenuState == kArmedMenuAction) {
     card.Effects.Edit(effect).MenuState = kMenuAction;
   }

@@ -16,9 +16,9 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kHeight = 34;  // two lines
+constexpr int kHeight = 62;  // three lines
 constexpr int kButtonWidth = 90;
-constexpr int kWordsShare = 100;
+constexpr int kShare = 10'000;
 constexpr std::int32_t kColor = 0xF5C542;
 
 }  // namespace
@@ -33,10 +33,10 @@ AimBanner::AimBanner() {
   Stop.Click = [this] { Stop_Click(); };
 }
 
-Layout AimBanner::Arrangement() {
-  // The space keeps the row as wide as the page when both are hidden.
-  return Row({Cell(Words, kWordsShare, 0, kHeight), Cell(Stop, 0, kButtonWidth, kHeight),
-              Layout{.Stretch = 1}});
+Layout AimBanner::Arrangement(Control& otherwise) {
+  // The space keeps the row as wide as the page when all are hidden.
+  return Row({Cell(Words, kShare, 0, kHeight), Cell(Stop, 0, kButtonWidth, kHeight),
+              Cell(otherwise, kShare, 0, kHeight), Layout{.Stretch = 1}});
 }
 
 void AimBanner::Show(std::string words, std::vector<int> slots) {
@@ -45,13 +45,13 @@ void AimBanner::Show(std::string words, std::vector<int> slots) {
   for (const int slot : slots) links.push_back(Joined("CARD", table[slot].GlobalID));
   TheMainWindow().WB.OutlinedLinks = std::move(links);
   Stop.Visible = !words.empty();
+  Words.Visible = !words.empty();
   Words.ToolTip = words;
   Words.Caption = std::move(words);
 }
 
 void AimBanner::Update() {
   const bool plans = HasTurnToPlan();
-  Words.Visible = plans;
   aimed_ = std::exchange(told_, 0);
   const Pile& table = State().CardTable;
   const int target = State().PlayQueue.Holds(aimed_) ? int{State().PlayTarget[aimed_]} : 0;

@@ -5,15 +5,15 @@
 
 namespace brindlemoor {
 
-/// Keeps its place while a match goes on, so that the page does not move when it speaks. What can
-/// be aimed at is outlined on the page then.
+/// Takes the place of something else, so that the page does not move when it speaks. What can be
+/// aimed at is outlined on the page then.
 struct AimBanner {
   AimBanner();
 
   PassingLabel Words{"AimWords"};
   Button Stop{"AimStop"};  ///< the Escape key presses it
 
-  Layout Arrangement();
+  Layout Arrangement(Control& otherwise);
   void Update();
   /// The next update tells of a play that has just been aimed at the card that was clicked before.
   void TellAimOf(int queueEntry) { told_ = queueEntry; }

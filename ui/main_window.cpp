@@ -63,7 +63,8 @@ Layout Arrange(MainWindow& window) {
   return Row({Column({HandStrip(window), Cell(window.NothingSaved),
                       Cell(window.Command1, 0, 0, kTurnButtonHeight), Cell(window.InPlayWB, 1)}),
               Column({Cell(window.backbutton, 0, 0, kBackButtonHeight), window.End.Arrangement(),
-                      window.Aim.Arrangement(), Cell(window.WB, 1), window.Plan.Arrangement()},
+                      window.Aim.Arrangement(window.Story.Lines), Cell(window.WB, 1),
+                      window.Plan.Arrangement()},
                      1),
               Column({Cell(window.Picture1, 0, kPictureWidth, kPictureHeight),
                       Cell(window.CardDescWB, 1, kPictureWidth)})});

@@ -11,6 +11,7 @@
 #include "ui/aim_banner.h"
 #include "ui/match_end.h"
 #include "ui/plan_panel.h"
+#include "ui/turn_story.h"
 
 namespace brindlemoor {
 
@@ -28,6 +29,7 @@ struct MainWindow : Form {
   Button backbutton{"backbutton"};
   MatchEndPanel End;
   AimBanner Aim;
+  TurnStory Story;  ///< in its place while nothing is aimed
   PlanPanel Plan;
 
   MenuItem filemen{"filemen", "File"};

@@ -165,6 +165,7 @@ void ShowPlan() {
   window.Command1.Visible = State().CurrentGame != 0 || State().TestFromEditor == 1;
   window.Plan.Update();
   window.Aim.Update();
+  window.Story.Update(!window.Aim.Words.Visible);
 }
 
 }  // namespace brindlemoor

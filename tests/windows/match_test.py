@@ -112,6 +112,8 @@ class Match(shipped_game.ShippedGameTest):
             if turn == 0:
                 self.assertIn("Your Card Plays", self.report())
                 self.assertIn("blinks", self.report(), "the lamp was used")
+                self.assertRegex(self.run_.wait_for("control", "TurnStory").text,
+                                 r"The other side: .*Oona Ebb -\d+ HP")
             if self.run_.find("control", "Command1", "End Game"):
                 return self.told_of_the_end(turn + 1)
         raise AssertionError("no end in sight")
