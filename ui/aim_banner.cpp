@@ -16,7 +16,7 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr int kHeight = 62;  // three lines
+constexpr int kHeight = 68;  // three lines
 constexpr int kButtonWidth = 90;
 constexpr int kShare = 10'000;
 constexpr std::int32_t kColor = 0xF5C542;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <numeric>
 #include <random>
 #include <set>
 
@@ -323,6 +324,27 @@ TEST_F(CardDocumentTest, FilesOfStrangersKeepWhatNoCardSays) {
   }
   EXPECT_GT(changed, 450);
   EXPECT_LT(written, 10);
+}
+
+TEST_F(CardDocumentTest, OfTwentyThousandCardsOnlyTheLinesOfThreeChange) {
+  std::string file;
+  for (int card = 1; card <= 20'000; ++card) {
+    file += Joined("remark ", card, "\n#CARD, INDECK, C", card, ", U", card,
+                   ", , , , , \"\"\n#TRAIT, HP:", card, "\n");
+  }
+  ASSERT_TRUE(Open(file));
+  EXPECT_TRUE(Bytes() == file);
+  SetTrait(CardCalled("C1"), "HP", "0", 1);
+  SetTrait(CardCalled("C20000"), "HP", "0", 1);
+  FreeCard(CardCalled("C777"));
+  Lines expected = LinesOf(file);
+  // A card that has changed names its file and its colour.
+  const std::string rest = ", own.txt, , , #FFFFFF, \"\"\n#TRAIT, \"HP:0\"\n";
+  expected[1] = Joined("#CARD, INDECK, \"C1\", \"U1\"", rest);
+  expected[3 * 20'000 - 2] = Joined("#CARD, INDECK, \"C20000\", \"U20000\"", rest);
+  expected[2] = expected[3 * 20'000 - 1] = "";
+  expected.erase(expected.begin() + 3 * 776 + 1, expected.begin() + 3 * 777);
+  EXPECT_TRUE(Bytes() == std::accumulate(expected.begin(), expected.end(), std::string()));
 }
 
 class ShippedFilesTest : public CardDocumentTest {
