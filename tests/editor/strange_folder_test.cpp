@@ -269,7 +269,7 @@ TEST_F(StrangeFolderTest, NamesOfGamesCardsAndOpponentsAreNoLinesOfPages) {
         << path << "\n"
         << page;
   }
-  EXPECT_EQ(shown.size(), 4U);
+  EXPECT_EQ(shown.size(), 5U);
   for (const char* name : {"Im ps", "Lord of imps", "He ro", "Sti ng "}) {
     const bool isShown = std::ranges::any_of(files_->Pages, [&](const auto& page) {
       return page.second.find(name) != std::string::npos;
