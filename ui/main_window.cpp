@@ -24,6 +24,7 @@
 #include "ui/link_protocol.h"
 #include "ui/nothing_saved.h"
 #include "ui/owned_targets.h"
+#include "ui/report_links.h"
 #include "ui/report_tips.h"
 
 namespace brindlemoor {
@@ -297,6 +298,7 @@ void UpdateHand() {
       const Card& card = hand[position];
       picture.Picture = ResolvePath(card.Thumb, 0);
       picture.ToolTip = card.Name.Str();
+      picture.Caption = card.Name.Str();
       int low = 0;
       int middle = 0;
       int high = 0;
@@ -309,6 +311,7 @@ void UpdateHand() {
   }
   const std::vector<PictureTip> tips = ReportTips();
   window.WB.PictureTips = tips;
+  window.WB.CellLinks = LinksWithoutPicture();
   window.CardDescWB.PictureTips = tips;
   ShowPlan();
 }

@@ -1,4 +1,4 @@
-// The script that adds tool tips to the pictures of a page, and outlines to its links.
+// The script that adds tool tips, links and outlines to a page.
 #include "platform/qt/page_additions.h"
 
 #include <QJsonArray>
@@ -13,12 +13,28 @@ namespace {
 
 // The style is kept in the script's own world, so that a later run finds it again.
 constexpr const char* kScript = R"(
-(function([tips, links]) {
+(function([tips, cells, links]) {
+  for (const old of document.querySelectorAll('a.named')) old.replaceWith(...old.childNodes);
+  for (const cell of document.querySelectorAll('td[width="80"]')) {
+    const picture = cell.querySelector('a[href^="CARD"] img');
+    const name = cell.querySelector('font');
+    if (!name || (picture && picture.getAttribute('src'))) continue;
+    const at = cells.findIndex(([words]) => words === name.textContent);
+    if (at < 0) continue;
+    const link = document.createElement('a');
+    link.className = 'named';
+    link.setAttribute('href', cells[at][1]);
+    name.before(link);
+    link.append(name);
+    cells.splice(at, 1);
+  }
   if (!globalThis.outlines) {
     globalThis.outlines = document.createElement('style');
     document.documentElement.appendChild(globalThis.outlines);
   }
-  globalThis.outlines.textContent = links.map(link => 'a[href=' + JSON.stringify(link) + '] img').join() +
+  const places = link => ['', '.named'].map(
+      kind => 'a' + kind + '[href=' + JSON.stringify(link) + ']' + (kind ? '' : ' img:not([src=""])'));
+  globalThis.outlines.textContent = links.flatMap(places).join() +
       '{ outline: 3px solid #f5c542 !important; outline-offset: 1px !important; }';
   for (const image of document.images) {
     let name = image.src.split('/').pop();
@@ -36,11 +52,16 @@ QString PageAdditions(const BrowserView& model) {
   for (const PictureTip& tip : model.PictureTips.Get()) {
     tips.insert(QString::fromStdString(tip.File).toLower(), QString::fromStdString(tip.Words));
   }
+  QJsonArray cells;
+  for (const CellLink& cell : model.CellLinks.Get()) {
+    cells.append(QJsonArray{QString::fromStdString(cell.Words), QString::fromStdString(cell.Link)});
+  }
   QJsonArray links;
   for (const std::string& link : model.OutlinedLinks.Get()) {
     links.append(QString::fromStdString(link));
   }
-  const QByteArray json = QJsonDocument(QJsonArray{tips, links}).toJson(QJsonDocument::Compact);
+  const QByteArray json =
+      QJsonDocument(QJsonArray{tips, cells, links}).toJson(QJsonDocument::Compact);
   return QString(kScript).replace("%1", QString::fromUtf8(json));
 }
 
