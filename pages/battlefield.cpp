@@ -47,6 +47,7 @@ std::string TitleRow(const PlayerState& player) {
 }
 
 std::string CardCell(Card& card, std::string_view shade) {
+  State().Links.Composed.insert(card.GlobalID);  // without a thumbnail the view links its name
   std::string cell =
       Joined("<td width = 80 bgcolor = ", shade, " valign=top><center>",
              CardPictureHtml(card, 0, 0), "<br>", ColoredName(card), "<br>", TraitBadges(card, 1));

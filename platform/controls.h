@@ -282,11 +282,20 @@ struct PictureTip {
   bool operator==(const PictureTip&) const = default;
 };
 
+/// A link around the words that a table cell of a page begins with, where no picture of the cell
+/// can be clicked.
+struct CellLink {
+  std::string Words;
+  std::string Link;
+  bool operator==(const CellLink&) const = default;
+};
+
 /// A browser view. Navigations that a click in a page starts are asked for with their URL.
 struct BrowserView : Control {
   using Control::Control;
   Property<std::string> Url{*this};  ///< what the program showed last
   Property<std::vector<PictureTip>> PictureTips{*this};
+  Property<std::vector<CellLink>> CellLinks{*this};         ///< in the order of the cells
   Property<std::vector<std::string>> OutlinedLinks{*this};  ///< as they stand in the page
   /// So long the pointer rests on a link until LinkPointed is called, in milliseconds.
   Property<int> PointDelay{*this, 0};

@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kHeight = 68;  // three lines
 constexpr int kButtonWidth = 90;
+constexpr int kButtonHeight = 34;
 constexpr int kShare = 10'000;
 constexpr std::int32_t kColor = 0xF5C542;
 
@@ -35,7 +36,7 @@ AimBanner::AimBanner() {
 
 Layout AimBanner::Arrangement(Control& otherwise) {
   // The space keeps the row as wide as the page when all are hidden.
-  return Row({Cell(Words, kShare, 0, kHeight), Cell(Stop, 0, kButtonWidth, kHeight),
+  return Row({Cell(Words, kShare, 0, kHeight), Cell(Stop, 0, kButtonWidth, kButtonHeight),
               Cell(otherwise, kShare, 0, kHeight), Layout{.Stretch = 1}});
 }
 

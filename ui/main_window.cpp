@@ -29,6 +29,7 @@
 #include "ui/link_protocol.h"
 #include "ui/nothing_saved.h"
 #include "ui/owned_targets.h"
+#include "ui/report_links.h"
 #include "ui/report_tips.h"
 
 namespace brindlemoor {
@@ -318,6 +319,7 @@ void UpdateHand() {
       picture.Picture = ResolvePath(card.Thumb, 0);
       picture.ToolTip = card.Name.Str();
       picture.Told = Joined("hand card ", position, ", ", TraitsInWords(card));
+      picture.Caption = card.Name.Str();
       int low = 0;
       int middle = 0;
       int high = 0;
@@ -330,6 +332,7 @@ void UpdateHand() {
   }
   const std::vector<PictureTip> tips = ReportTips();
   window.WB.PictureTips = tips;
+  window.WB.CellLinks = LinksWithoutPicture();
   window.CardDescWB.PictureTips = tips;
   ShowPlan();
 }

@@ -1,4 +1,4 @@
-// The script that adds words to the pictures of a page, a title, and outlines to its links.
+// The script that adds a title, words for pictures, links and outlines to a page.
 #include "platform/qt/page_additions.h"
 
 #include <QJsonArray>
@@ -13,13 +13,32 @@ namespace {
 
 // The style is kept in the script's own world, so that a later run finds it again.
 constexpr const char* kScript = R"(
-(function([tips, links, title]) {
+(function([tips, cells, links, title]) {
   if (!document.title) document.title = title;
+  for (const old of document.querySelectorAll('a.named')) old.replaceWith(...old.childNodes);
+  for (const cell of document.querySelectorAll('td[width="80"]')) {
+    const picture = cell.querySelector('a[href^="CARD"] img');
+    const name = cell.querySelector('font');
+    if (!name || (picture && picture.getAttribute('src'))) continue;
+    const at = cells.findIndex(([words]) => words === name.textContent);
+    if (at < 0) continue;
+    const link = document.createElement('a');
+    link.className = 'named';
+    link.setAttribute('href', cells[at][1]);
+    name.before(link);
+    link.append(name);
+    cells.splice(at, 1);
+  }
   if (!globalThis.outlines) {
     globalThis.outlines = document.createElement('style');
     document.documentElement.appendChild(globalThis.outlines);
   }
-  globalThis.outlines.textContent = links.map(link => 'a[href=' + JSON.stringify(link) + '] img').join() +
+  const places = link => ['', '.named'].map(
+      kind => 'a' + kind + '[href=' + JSON.stringify(link) + ']' + (kind ? '' : ' img:not([src=""])'));
+  // The colours that composed pages ask for; browsers read darker ones out of their bytes.
+  const colors = document.body?.hasAttribute('link') ? 'a:link { color: #99FF33; } a:visited { color: #FFFF00; }' : '';
+  globalThis.outlines.textContent = colors +
+      links.flatMap(places).join() +
       '{ outline: 3px solid #f5c542 !important; outline-offset: 1px !important; }';
   const named = {};
   for (const link of document.links) named[link.getAttribute('href')] ||= link.innerText.trim();
@@ -42,12 +61,16 @@ QString PageAdditions(const BrowserView& model) {
   for (const PictureTip& tip : model.PictureTips.Get()) {
     tips.insert(QString::fromStdString(tip.File).toLower(), QString::fromStdString(tip.Words));
   }
+  QJsonArray cells;
+  for (const CellLink& cell : model.CellLinks.Get()) {
+    cells.append(QJsonArray{QString::fromStdString(cell.Words), QString::fromStdString(cell.Link)});
+  }
   QJsonArray links;
   for (const std::string& link : model.OutlinedLinks.Get()) {
     links.append(QString::fromStdString(link));
   }
   const QByteArray json =
-      QJsonDocument(QJsonArray{tips, links, QString::fromStdString(model.Spoken)})
+      QJsonDocument(QJsonArray{tips, cells, links, QString::fromStdString(model.Spoken)})
           .toJson(QJsonDocument::Compact);
   return QString(kScript).replace("%1", QString::fromUtf8(json));
 }

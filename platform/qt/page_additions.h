@@ -7,7 +7,8 @@ namespace brindlemoor {
 
 struct BrowserView;
 
-/// A script that adds what the model asks for: tool tips of pictures, outlines of links.
+/// A script that adds what the model asks for: tool tips of pictures, links of cells, outlines of
+/// links.
 QString PageAdditions(const BrowserView& model);
 
 }  // namespace brindlemoor

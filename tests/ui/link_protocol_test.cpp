@@ -116,6 +116,26 @@ TEST_F(LinkProtocolTest, PointingAtACardShowsItAndNothingElse) {
   EXPECT_EQ(window.WB.PointDelay.Get(), 0);
 }
 
+TEST_F(LinkProtocolTest, ACardWithoutAThumbnailIsReachedByItsName) {
+  WriteFile("ogre.jpg", "picture");
+  goblin_->Thumb = "gone.jpg";
+  ogre_->Thumb = "ogre.jpg";
+  Card& fog = PutInPlay(MakeCard("Fog", 1, {"INVISIBLE"}));
+  PutInPlay(MakeCard("Elf", 2)).GlobalID = 333;
+  PutInPlay(MakeCard("Imp", 1)).GlobalID = 444;
+  TakeTurn(1);
+  std::string links;
+  for (const CellLink& cell : TheMainWindow().WB.CellLinks.Get()) {
+    links += Joined(cell.Words, "=", cell.Link, " ");
+  }
+  EXPECT_EQ(links, "Goblin=CARD111 Imp=CARD444 Elf=CARD333 ");
+  EXPECT_EQ(desktop_->Pages["WB"].find("CARD333"), std::string::npos) << "the page has no link";
+  WB_BeforeNavigate("CARD333");
+  EXPECT_NE(desktop_->Pages["CardDescWB"].find("Elf"), std::string::npos);
+  WB_BeforeNavigate(Joined("CARD", fog.GlobalID));
+  EXPECT_NE(desktop_->Pages["CardDescWB"].find("Elf"), std::string::npos);
+}
+
 TEST_F(LinkProtocolTest, PicturesOfThePageAreNamedAsTheGameNamesThem) {
   Card price = MakeCard("OIL", 1);
   GiveAction(price, "COST", "OWNER", "SUBTRAIT:MANA:SRCTRAIT/OIL");

@@ -168,6 +168,31 @@ TEST_F(PageViewTest, OnlyTheLinksThatAreAskedForAreOutlined) {
   EXPECT_EQ(outlined().toString(), "none,none,none");
 }
 
+/// The page itself has a link only around a card's thumbnail.
+TEST_F(PageViewTest, NamesWithoutAPictureAreLinksInTheOrderOfTheCells) {
+  Write("Display.html",
+        "<table><tr><td width = 80><a href=\"CARD1\"><img src=a.jpg></a><font>Crab</font><td>"
+        "<td width = 80><br><font>Crab</font><font>1</font><td><td width = 80>"
+        "<a href=\"CARD3\"><img src=\"\"></a><font>Crab</font><td><td width = 80>"
+        "<font>Eel</font><td></table>");
+  const auto links = [this] {
+    return Look(
+        "[...document.querySelectorAll('td a')].map(a => a.getAttribute('href') + ' ' + "
+        "a.textContent).join()");
+  };
+  view_.CellLinks = {{"Crab", "CARD9"}, {"Crab", "CARD8"}};
+  Open("Display.html");
+  view_.CellLinks = {{"Crab", "CARD2"}, {"Crab", "CARD3"}};
+  view_.OutlinedLinks = {"CARD2"};
+  EXPECT_EQ(links().toString(), "CARD1 ,CARD2 Crab,CARD3 ,CARD3 Crab");
+  EXPECT_EQ(Look("getComputedStyle(document.querySelector('a.named')).outlineStyle"), "solid");
+  std::string told;
+  view_.LinkPointed = [&](const std::string& url) { told = url; };
+  Click(1);
+  EXPECT_TRUE(asked_.back().ends_with("/CARD2")) << asked_.back();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return told.ends_with("/CARD2"); }, 2000));
+}
+
 TEST_F(PageViewTest, APageHasBeenReadWhenNavigateReturns) {
   for (int number = 0; number < 3; ++number) {
     const QByteArray text = "Page " + QByteArray::number(number);
