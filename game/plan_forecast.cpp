@@ -304,7 +304,7 @@ std::string AmountsText(const std::vector<Amount>& amounts) {
 }
 
 std::string WhyUnpayable(const Card& card) {
-  const Card tried = card;
+  const Card tried = card;  // NOLINT: the session that it lies in changes
   const Looking looking;
   State().Services = &kServices;
   State().Random = {};

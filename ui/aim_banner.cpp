@@ -40,9 +40,10 @@ Layout AimBanner::Arrangement(Control& otherwise) {
               Cell(otherwise, kShare, 0, kHeight), Layout{.Stretch = 1}});
 }
 
-void AimBanner::Show(std::string words, std::vector<int> slots) {
+void AimBanner::Show(std::string words, const std::vector<int>& slots) {
   const Pile& table = State().CardTable;
   std::vector<std::string> links;
+  links.reserve(slots.size());
   for (const int slot : slots) links.push_back(Joined("CARD", table[slot].GlobalID));
   TheMainWindow().WB.OutlinedLinks = std::move(links);
   Stop.Visible = !words.empty();

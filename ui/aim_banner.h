@@ -20,7 +20,7 @@ struct AimBanner {
   void Stop_Click();
 
  private:
-  void Show(std::string words, std::vector<int> slots);
+  void Show(std::string words, const std::vector<int>& slots);
 
   int told_ = 0;   // entry of the queue that the next update tells of
   int aimed_ = 0;  // the one that the present words are about
