@@ -6,10 +6,9 @@
 
 namespace brindlemoor {
 
-bool HasTurnToPlan() {
-  const Session& session = State();
-  return (session.CurrentGame != 0 || session.TestFromEditor == 1) && session.GameOver == 0;
-}
+bool IsAtTable() { return State().CurrentGame != 0 || State().TestFromEditor == 1; }
+
+bool HasTurnToPlan() { return IsAtTable() && State().GameOver == 0; }
 
 void ForgetQueuedPlays() {
   Session& session = State();

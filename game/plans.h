@@ -3,6 +3,9 @@
 
 namespace brindlemoor {
 
+/// A match or a visit is on the table: not at the list of games.
+bool IsAtTable();
+
 /// There is a turn to plan: not at the list of games, nor when the match is over.
 bool HasTurnToPlan();
 

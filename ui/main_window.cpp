@@ -260,8 +260,9 @@ void MainWindow::saveplrmen_Click() {
 }
 
 void MainWindow::savehtmlmen_Click() {
-  const std::string shown = PathOfUrl(WB.Url.Get());
-  const auto page = Desktop().Files().Read(shown.substr(0, shown.find('#')));
+  // A "#" of the path itself is escaped.
+  const std::string url = WB.Url.Get();
+  const auto page = Desktop().Files().Read(PathOfUrl(url.substr(0, url.find('#'))));
   if (!page) {
     Desktop().MessageBox("There is no page to save.");
     return;

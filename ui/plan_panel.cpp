@@ -120,21 +120,19 @@ void PlanPanel::Update() {
 
 const PlanPanel::Step* PlanPanel::Chosen() const {
   const int line = Lines.Selected;
-  if (State().TurnRunning == 1 || line < 1 || line > static_cast<int>(steps_.size()))
-    return nullptr;
+  if (line < 1 || line > static_cast<int>(steps_.size())) return nullptr;
   return &steps_[static_cast<std::size_t>(line) - 1];
 }
 
 void PlanPanel::ShowChoice() {
-  const int line = Lines.Selected;
-  const bool chosen = line >= 1 && line <= static_cast<int>(steps_.size());
-  TakeBack.Enabled = chosen;
-  AimAnew.Enabled = chosen && steps_[static_cast<std::size_t>(line) - 1].IsAimed;
+  const Step* chosen = Chosen();
+  TakeBack.Enabled = chosen != nullptr;
+  AimAnew.Enabled = chosen != nullptr && chosen->IsAimed;
 }
 
 void PlanPanel::AimAnew_Click() {
   const Step* chosen = Chosen();
-  if (chosen == nullptr || !chosen->IsAimed) return;
+  if (State().TurnRunning == 1 || chosen == nullptr || !chosen->IsAimed) return;
   if (chosen->Entry != 0) {
     AwaitPlayTarget(chosen->Entry);
   } else {
@@ -146,7 +144,7 @@ void PlanPanel::AimAnew_Click() {
 void PlanPanel::TakeBack_Click() {
   Session& state = State();
   const Step* chosen = Chosen();
-  if (chosen == nullptr) return;
+  if (state.TurnRunning == 1 || chosen == nullptr) return;
   const Step step = *chosen;
   if (step.Entry != 0) {
     QueuePlay(state.PlayQueue[step.Entry], 0);
@@ -162,7 +160,7 @@ void PlanPanel::TakeBack_Click() {
 void ShowPlan() {
   MainWindow& window = TheMainWindow();
   // At the list of games there is no turn to take.
-  window.Command1.Visible = State().CurrentGame != 0 || State().TestFromEditor == 1;
+  window.Command1.Visible = IsAtTable();
   window.Plan.Update();
   window.Aim.Update();
   window.Story.Update(!window.Aim.Words.Visible);

@@ -32,7 +32,7 @@ struct PlanPanel {
     int Effect = 0;
     bool IsAimed = false;
   };
-  /// What the chosen line stands for; nullptr for nothing that can be changed now.
+  /// What the chosen line stands for; nullptr for no plan.
   const Step* Chosen() const;
   void ShowChoice();
 

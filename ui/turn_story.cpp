@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/state.h"
+#include "game/plans.h"
 #include "text/joined.h"
 #include "text/one_line.h"
 
@@ -87,7 +88,7 @@ TurnStory::TurnStory() {
 }
 
 void TurnStory::Update(bool hasPlace) {
-  const bool plays = State().CurrentGame != 0 || State().TestFromEditor == 1;
+  const bool plays = IsAtTable();
   Lines.Text = plays ? StoryOfTurn() : std::string();
   Lines.Visible = plays && hasPlace;
 }

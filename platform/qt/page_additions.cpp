@@ -41,7 +41,7 @@ constexpr const char* kScript = R"(
       links.flatMap(places).join() +
       '{ outline: 3px solid #f5c542 !important; outline-offset: 1px !important; }';
   const named = {};
-  for (const link of document.links) named[link.getAttribute('href')] ||= link.innerText.trim();
+  for (const link of document.links) named[link.getAttribute('href')] ||= link.textContent.trim();
   for (const image of document.images) {
     let name = image.src.split('/').pop();
     try { name = decodeURIComponent(name); } catch {}

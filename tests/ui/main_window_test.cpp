@@ -212,8 +212,8 @@ TEST_F(MainWindowTest, ASnapshotHoldsThePageWithItsPictures) {
   State().PageText =
       "one<img src='a%20b.png' width=4><img src=none.png><img src=secret.txt>"
       "<a href=\"CARD1\">two</a><img src=a%20b.png>";
-  WritePage("LastDisplayed.html", "");
-  ShowInView(window_.WB, "LastDisplayed.html", "there");
+  WritePage("Page#1.html", "");
+  ShowInView(window_.WB, "Page#1.html", "there");
   desktop_->FileAnswers.emplace_back("/game/kept.html");
   window_.savehtmlmen.Click();
   const std::string kept = ReadFile("kept.html");
