@@ -93,19 +93,24 @@ class OddFolderTest : public DesktopTest, public testing::WithParamInterface<con
         [&] { return (found = Look(form, view, script).toString()) == wanted; }, 5000))
         << view.Name << ": " << found.toStdString() << " pictures, wanted " << count;
   }
-  /// Clicks on the first link of a view whose address ends so.
+  /// Clicks on the first link of a view whose address ends so, once the page has the view's size
+  /// and the link stays where it is: windows are laid out again behind a new page.
   static void Click(const Form& form, const BrowserView& view, const std::string& ending) {
-    const QVariantList place =
-        Look(form, view,
-             QString("(function() { const link = Array.from(document.links).find("
-                     "l => l.getAttribute('href').endsWith('%1'));"
-                     "link.scrollIntoView(); const box = link.getClientRects()[0];"
-                     "return [box.left + 2, box.top + 2]; })()")
-                 .arg(QString::fromStdString(ending)))
-            .toList();
-    ASSERT_EQ(place.size(), 2) << view.Name << " has no link " << ending;
-    QTest::mouseClick(Find<PageView>(form, view)->focusProxy(), Qt::LeftButton, {},
-                      {place[0].toInt(), place[1].toInt()});
+    QWidget* target = Find<PageView>(form, view)->focusProxy();
+    const QString script = QString(
+                               "(function() { const link = Array.from(document.links).find("
+                               "l => l.getAttribute('href').endsWith('%1'));"
+                               "link.scrollIntoView(); const box = link.getClientRects()[0];"
+                               "return [box.left + 2, box.top + 2, innerWidth, innerHeight]; })()")
+                               .arg(QString::fromStdString(ending));
+    QVariantList place;
+    ASSERT_TRUE(Comes([&] {
+      const QVariantList before = std::exchange(place, Look(form, view, script).toList());
+      return place.size() == 4 && place == before && place[2].toInt() == target->width() &&
+             place[3].toInt() == target->height();
+    })) << view.Name
+        << " has no link " << ending;
+    QTest::mouseClick(target, Qt::LeftButton, {}, {place[0].toInt(), place[1].toInt()});
   }
   static bool Comes(const std::function<bool()>& what) { return QTest::qWaitFor(what, 3000); }
 
