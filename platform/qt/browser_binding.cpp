@@ -17,7 +17,10 @@ QWidget* BindBrowserView(BrowserView& model, FormWindow& window) {
         window.Model(),
         {.Kind = UserEventKind::kPoint, .Control = model.Name, .Text = LinkText(url)});
   };
-  view->OnKeyTakerChange = [&window] { window.OrderTabStops(); };
+  view->OnKeyTakerChange = [&window, view] {
+    window.OrderTabStops();
+    if (QWidget* taker = view->focusProxy()) window.TakeLetterWheel(*taker);
+  };
   window.AddView(*view);
   host.AddView(model, window, *view);
   BindCommon(model, *view, window, [&model, view] {

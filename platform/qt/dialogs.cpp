@@ -34,6 +34,7 @@ void PrepareBox(QMessageBox& box, std::string_view text) {
 
 bool QtPlatform::RunDialog(QDialog& dialog) {
   if (ending_) return false;
+  if (const QWidget* owner = dialog.parentWidget()) dialog.setFont(owner->window()->font());
   dialogs_.push_back(&dialog);
   WakeEventLoop();
   int result = 0;

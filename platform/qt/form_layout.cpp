@@ -72,10 +72,27 @@ QBoxLayout* NewBox(Kind direction) {
   return box;
 }
 
-void FixSize(QWidget& widget, const Layout& cell) {
-  if (cell.Width > 0) widget.setFixedWidth(cell.Width);
-  if (cell.Height > 0) widget.setFixedHeight(cell.Height);
-  if (cell.Shrinks) widget.setMinimumHeight(cell.Height / 2);
+/// Whether a cell is as high as its letters ask for.
+bool HoldsText(const Layout& cell) {
+  return dynamic_cast<PictureBox*>(cell.Leaf) == nullptr &&
+         dynamic_cast<BrowserView*>(cell.Leaf) == nullptr;
+}
+
+void FixSize(QWidget& widget, const Layout& cell, FormWindow& window) {
+  const bool asWideAsLetters = dynamic_cast<Button*>(cell.Leaf) != nullptr;
+  const bool asHighAsLetters = HoldsText(cell);
+  const bool shrinks = cell.Shrinks;
+  const QSize size(cell.Width, cell.Height);
+  if (size.isNull()) return;
+  window.OnSizeChange([&widget, &window, asWideAsLetters, asHighAsLetters, shrinks, size] {
+    const auto pixels = [&window](int length, bool asLetters) {
+      return qRound(length * (asLetters ? window.LetterSize() : window.PictureSize()));
+    };
+    const int height = pixels(size.height(), asHighAsLetters);
+    if (size.width() > 0) widget.setFixedWidth(pixels(size.width(), asWideAsLetters));
+    if (size.height() > 0) widget.setFixedHeight(height);
+    if (shrinks) widget.setMinimumHeight(height / 2);
+  });
 }
 
 void AddLeaf(QBoxLayout& box, const Layout& cell, Kind direction, FormWindow& window) {
@@ -93,12 +110,21 @@ void AddLeaf(QBoxLayout& box, const Layout& cell, Kind direction, FormWindow& wi
     }
     widget->setSizePolicy(policy);
   }
-  FixSize(*widget, cell);
+  FixSize(*widget, cell, window);
   box.addWidget(widget, cell.Stretch);
   window.AddTabStop(*widget);
 }
 
 void FillBox(QBoxLayout& box, const Layout& cell, FormWindow& window);
+
+/// The style leaves room for a frame's title in letters of ordinary size.
+void LeaveRoomForTitle(const QWidget& frame, QBoxLayout& box, FormWindow& window) {
+  window.OnSizeChange([&frame, &box, &window] {
+    const double height = frame.fontMetrics().height();
+    const int more = std::max(0, qRound(height - height / window.LetterSize()));
+    box.setContentsMargins(kMargin, kFrameMargin + more, kMargin, kFrameMargin);
+  });
+}
 
 QWidget* Container(const Layout& cell, FormWindow& window) {
   QWidget* widget = nullptr;
@@ -115,10 +141,10 @@ QWidget* Container(const Layout& cell, FormWindow& window) {
     widget = scrolled = new ScrolledRow(&window);
   }
   QBoxLayout* box = NewBox(cell.Direction);
-  if (scrolled == nullptr) box->setContentsMargins(kMargin, kFrameMargin, kMargin, kFrameMargin);
+  if (scrolled == nullptr) LeaveRoomForTitle(*widget, *box, window);
   widget->setLayout(box);
   FillBox(*box, cell, window);
-  FixSize(*widget, cell);
+  FixSize(*widget, cell, window);
   if (scrolled != nullptr && HoldsScrollBar(cell)) scrolled->Bar = widget->findChild<QScrollBar*>();
   return widget;
 }

@@ -1,14 +1,17 @@
 // Showing and closing a form's window.
 #include "platform/qt/form_window.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QCloseEvent>
-#include <QGuiApplication>
+#include <QMenu>
 #include <QScreen>
 #include <QShortcut>
+#include <QWheelEvent>
 #include <QWindow>
 #include <algorithm>
 
+#include "platform/qt/letter_sizes.h"
 #include "platform/qt/mnemonics.h"
 #include "platform/qt/page_view.h"
 #include "platform/qt/window_host.h"
@@ -17,9 +20,8 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr double kSmallestZoom = 0.5;
-constexpr double kLargestZoom = 3.0;
-constexpr double kZoomStep = 0.1;
+constexpr double kLetterStep = 0.1;
+constexpr double kWidthOfOrdinaryPictures = 1366.0;  // of a window that has room for no larger ones
 constexpr int kFrameWidth = 6;
 constexpr int kTitleHeight = 30;
 
@@ -46,7 +48,8 @@ void FormWindow::ShowThatItCloses(bool closes) {
 }
 
 void FormWindow::EndBuilding() {
-  if (!views_.empty()) AddZoomKeys();
+  AddLetterKeys();
+  SetLetterSize(host_.Letters().Of(form_.Name));
   OrderTabStops();
   building_ = false;
   RefreshMnemonics();
@@ -106,19 +109,50 @@ void FormWindow::OrderTabStops() {
   }
 }
 
-void FormWindow::AddZoomKeys() {
-  const auto zoomTo = [this](const char* keys, std::function<double()> zoom) {
+void FormWindow::AddLetterKeys() {
+  const auto sizeTo = [this](const char* keys, std::function<double()> size) {
     connect(new QShortcut(QKeySequence(QString(keys)), this), &QShortcut::activated, this,
-            [this, zoom = std::move(zoom)] { SetZoom(zoom()); });
+            [this, size = std::move(size)] { ChooseLetterSize(size()); });
   };
-  for (const char* keys : {"Ctrl++", "Ctrl+="}) zoomTo(keys, [this] { return zoom_ + kZoomStep; });
-  zoomTo("Ctrl+-", [this] { return zoom_ - kZoomStep; });
-  zoomTo("Ctrl+0", [] { return 1.0; });
+  for (const char* keys : {"Ctrl++", "Ctrl+="}) {
+    sizeTo(keys, [this] { return letters_ + kLetterStep; });
+  }
+  sizeTo("Ctrl+-", [this] { return letters_ - kLetterStep; });
+  sizeTo("Ctrl+0", [] { return 1.0; });
 }
 
-void FormWindow::SetZoom(double zoom) {
-  zoom_ = std::clamp(zoom, kSmallestZoom, kLargestZoom);
-  for (PageView* view : views_) view->SetZoom(zoom_);
+void FormWindow::SetLetterSize(double size) {
+  letters_ = std::clamp(size, LetterSizes::kSmallest, LetterSizes::kLargest);
+  QFont letters = QApplication::font();
+  letters.setPointSizeF(letters.pointSizeF() * letters_);
+  setFont(letters);
+  for (QMenu* menu : findChildren<QMenu*>()) menu->setFont(letters);
+  for (PageView* view : views_) view->SetZoom(letters_);
+  FollowSizes();
+}
+
+void FormWindow::ChooseLetterSize(double size) {
+  SetLetterSize(size);
+  host_.Letters().Keep(form_.Name, letters_);
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::Wheel) return QMainWindow::eventFilter(watched, event);
+  const auto* wheel = static_cast<QWheelEvent*>(event);
+  if (!wheel->modifiers().testFlag(Qt::ControlModifier)) return false;
+  if (const int way = wheel->angleDelta().y(); way != 0) {
+    ChooseLetterSize(letters_ + (way > 0 ? kLetterStep : -kLetterStep));
+  }
+  return true;
+}
+
+double FormWindow::PictureSize() const {
+  return std::max(1.0, std::min(letters_, width() / kWidthOfOrdinaryPictures));
+}
+
+void FormWindow::FollowSizes() {
+  pictureSize_ = PictureSize();
+  for (const auto& sync : sizeSyncs_) sync();
 }
 
 void FormWindow::TakeFirstSize(QWidget* owner) {
@@ -184,6 +218,7 @@ void FormWindow::hideEvent(QHideEvent* event) {
 
 void FormWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
+  if (PictureSize() != pictureSize_) FollowSizes();
   if (!building_ && !isMinimized() && form_.Resize) {
     Deliver({.Kind = UserEventKind::kResize});
   }

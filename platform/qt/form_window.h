@@ -52,6 +52,15 @@ class FormWindow : public QMainWindow {
   void OrderTabStops();
   /// Gives the keyboard to a widget, as soon as the window is shown.
   void Focus(QWidget& widget);
+  /// The wheel over a widget changes the size of the window's letters while Ctrl is held.
+  void TakeLetterWheel(QWidget& widget) { widget.installEventFilter(this); }
+  /// How many times the ordinary size the window's letters have.
+  double LetterSize() const { return letters_; }
+  /// How many times the ordinary size what holds no text has: as its letters, but never smaller,
+  /// and larger only where the window has the room.
+  double PictureSize() const;
+  /// Runs sync when all controls are there, and whenever one of the two has changed.
+  void OnSizeChange(std::function<void()> sync) { sizeSyncs_.push_back(std::move(sync)); }
   /// Runs sync whenever the window has come up or gone.
   void OnShownChange(std::function<void()> sync) { shownSyncs_.push_back(std::move(sync)); }
   /// All controls are there: access keys and the Tab key's way are set.
@@ -61,6 +70,7 @@ class FormWindow : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
@@ -70,9 +80,12 @@ class FormWindow : public QMainWindow {
     std::function<void(const QString&)> Apply;
   };
 
-  void AddZoomKeys();
+  void AddLetterKeys();
   void GiveFocus();
-  void SetZoom(double zoom);
+  void SetLetterSize(double size);
+  /// Sets a size by the user's wish, which is remembered.
+  void ChooseLetterSize(double size);
+  void FollowSizes();
   void TakeFirstSize(QWidget* owner);
   void ShowTitle();
 
@@ -81,11 +94,13 @@ class FormWindow : public QMainWindow {
   bool building_ = true;
   bool sized_ = false;
   bool closes_ = false;
-  double zoom_ = 1.0;
+  double letters_ = 1.0;
+  double pictureSize_ = 1.0;  // that the controls have taken
   std::vector<Observed*> bound_;
   std::vector<Mnemonic> mnemonics_;
   std::vector<PageView*> views_;
   std::vector<QWidget*> tabStops_;
+  std::vector<std::function<void()>> sizeSyncs_;
   std::vector<std::function<void()>> shownSyncs_;
   QPointer<QWidget> focusNext_;  // when the window comes up
   QMap<QString, QButtonGroup*> optionGroups_;

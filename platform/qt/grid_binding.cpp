@@ -94,7 +94,7 @@ class GridView : public QTableView {
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     setSelectionMode(ContiguousSelection);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kCellPadding / 2);
+    FitRows();
     horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setHighlightSections(false);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this,
@@ -113,6 +113,12 @@ class GridView : public QTableView {
   }
 
  protected:
+  void changeEvent(QEvent* event) override {
+    QTableView::changeEvent(event);
+    if (event->type() != QEvent::FontChange || cells_ == nullptr) return;
+    FitRows();
+    FitColumns();
+  }
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override {
     QTableView::currentChanged(current, previous);
     if (!following_ && current.isValid()) Tell(At(UserEventKind::kCell, current));
@@ -200,6 +206,10 @@ class GridView : public QTableView {
     UserEvent event = At(UserEventKind::kCells, first);
     event.Text = texts;
     Tell(event);
+  }
+
+  void FitRows() {
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kCellPadding / 2);
   }
 
   /// As wide as its heading and the first cells.

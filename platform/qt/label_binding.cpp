@@ -25,13 +25,7 @@ class LabelWidget : public QWidget, public SpokenWidget {
       : QWidget(&window),
         SpokenWidget(static_cast<QWidget&>(*this)),
         model_(model),
-        window_(window) {
-    if (!model.Headline) return;
-    QFont large = font();
-    large.setPointSizeF(large.pointSizeF() * kHeadlineScale);
-    large.setBold(true);
-    setFont(large);
-  }
+        window_(window) {}
 
   QAccessible::Role Role() const override {
     return model_.Click ? QAccessible::Link : QAccessible::StaticText;
@@ -51,15 +45,15 @@ class LabelWidget : public QWidget, public SpokenWidget {
   }
 
   QSize sizeHint() const override {
-    const QFontMetrics metrics(font());
+    const QFontMetrics metrics(Letters());
     const int width =
         std::min(metrics.horizontalAdvance(text_), kLongText * metrics.averageCharWidth());
     return {width + 2 * kPadding, metrics.height()};
   }
-  QSize minimumSizeHint() const override { return {0, QFontMetrics(font()).height()}; }
+  QSize minimumSizeHint() const override { return {0, QFontMetrics(Letters()).height()}; }
   bool hasHeightForWidth() const override { return IsLong() && minimumHeight() != maximumHeight(); }
   int heightForWidth(int width) const override {
-    return QFontMetrics(font())
+    return QFontMetrics(Letters())
         .boundingRect(QRect(0, 0, width - 2 * kPadding, 10'000), Qt::TextWordWrap, text_)
         .height();
   }
@@ -67,7 +61,8 @@ class LabelWidget : public QWidget, public SpokenWidget {
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
-    const QFontMetrics metrics(font());
+    painter.setFont(Letters());
+    const QFontMetrics metrics(Letters());
     const QRect room = rect().adjusted(kPadding, 0, -kPadding, 0);
     const bool wraps = room.height() >= 2 * metrics.height();
     const QString text = wraps ? text_ : metrics.elidedText(text_, Qt::ElideRight, room.width());
@@ -85,6 +80,11 @@ class LabelWidget : public QWidget, public SpokenWidget {
     painter.drawText(room, flags, text);
   }
 
+  void changeEvent(QEvent* event) override {
+    if (event->type() == QEvent::FontChange) updateGeometry();
+    QWidget::changeEvent(event);
+  }
+
   void mouseReleaseEvent(QMouseEvent* event) override {
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()) &&
         model_.Click) {
@@ -93,6 +93,14 @@ class LabelWidget : public QWidget, public SpokenWidget {
   }
 
  private:
+  QFont Letters() const {
+    QFont letters = font();
+    if (model_.Headline) {
+      letters.setPointSizeF(letters.pointSizeF() * kHeadlineScale);
+      letters.setBold(true);
+    }
+    return letters;
+  }
   bool IsLong() const { return text_.size() > kLongText; }
 
   const Label& model_;

@@ -37,6 +37,7 @@ class PictureWidget : public QWidget, public SpokenWidget {
       : QWidget(&window),
         SpokenWidget(static_cast<QWidget&>(*this)),
         model_(model),
+        window_(window),
         events_(model, window),
         face_(model, window.Host().Pictures()) {
     setMouseTracking(true);
@@ -72,7 +73,7 @@ class PictureWidget : public QWidget, public SpokenWidget {
     QWidget::setVisible(visible);
   }
 
-  QSize sizeHint() const override { return kNaturalSize; }
+  QSize sizeHint() const override { return kNaturalSize * window_.PictureSize(); }
   QSize minimumSizeHint() const override { return kSmallestSize; }
 
  protected:
@@ -281,6 +282,7 @@ class PictureWidget : public QWidget, public SpokenWidget {
   }
 
   PictureBox& model_;
+  const FormWindow& window_;
   PictureEvents events_;
   PictureFace face_;
   PictureDrag drag_;

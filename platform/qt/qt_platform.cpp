@@ -26,6 +26,7 @@ QtPlatform::QtPlatform(std::unique_ptr<FileSystem> files, const std::string& fol
     : Platform(std::move(files)),
       policy_(QString::fromStdString(folder)),
       pictures_(Files()),
+      letters_(Files(), folder),
       images_(Files()),
       profile_(NewPageProfile(policy_)),
       lastFolder_(QString::fromStdString(folder)),

@@ -11,6 +11,7 @@
 
 #include "platform/controls.h"
 #include "platform/platform.h"
+#include "platform/qt/letter_sizes.h"
 #include "platform/qt/page_policy.h"
 #include "platform/qt/picture_cache.h"
 #include "platform/qt/qt_image_library.h"
@@ -62,6 +63,7 @@ class QtPlatform : public Platform, public WindowHost {
   bool Deliver(Form& form, const UserEvent& event) override;
   bool InsideLogic() const override { return pagesBeingRead_ > 0 || pumpsRunning_ > 0 || looks_; }
   PictureCache& Pictures() override { return pictures_; }
+  LetterSizes& Letters() override { return letters_; }
   void Hover(Form& form, UserEvent event) override;
   QWebEngineProfile& PageProfile() override { return *profile_; }
   const PagePolicy& Policy() const override { return policy_; }
@@ -119,6 +121,7 @@ class QtPlatform : public Platform, public WindowHost {
 
   PagePolicy policy_;
   PictureCache pictures_;
+  LetterSizes letters_;
   QtImageLibrary images_;
   std::unique_ptr<QWebEngineProfile> profile_;
   std::map<Form*, std::unique_ptr<FormWindow>> windows_;

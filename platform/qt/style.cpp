@@ -16,13 +16,13 @@ namespace brindlemoor {
 namespace {
 
 constexpr double kSmallestFont = 10.0;  // points
-constexpr double kContrast = 3.0;       // that text needs to be read with ease
+constexpr double kContrast = 4.5;       // that text needs to be read with ease
 
 constexpr const char* kWindow = "#1d2126";
 constexpr const char* kRaised = "#2b3138";
 constexpr const char* kSunken = "#14171b";
 constexpr const char* kText = "#e6e4df";
-constexpr const char* kFaded = "#7d838a";
+constexpr const char* kFaded = "#9da3aa";
 constexpr const char* kPlate = "#d8d5cc";
 constexpr const char* kAccent = "#c99a4b";
 constexpr const char* kEdge = "#5a646f";
@@ -39,14 +39,14 @@ QPushButton {
 QPushButton:hover { background: #3a434d; border-color: #c99a4b; }
 QPushButton:focus { border-color: #c99a4b; }
 QPushButton:pressed { background: #22272d; }
-QPushButton:disabled { color: #6a7077; border-color: #333a42; }
+QPushButton:disabled { color: #9da3aa; border-color: #333a42; }
 QMenuBar { background: #171a1e; }
 QMenuBar::item { padding: 5px 10px; background: transparent; }
 QMenuBar::item:selected { background: #3a434d; }
 QMenu { background: #23282e; border: 1px solid #454d57; padding: 4px; }
 QMenu::item { padding: 5px 28px 5px 24px; }
 QMenu::item:selected { background: #c99a4b; color: #14171b; }
-QMenu::item:disabled { color: #6a7077; background: transparent; }
+QMenu::item:disabled { color: #9da3aa; background: transparent; }
 QLineEdit, QPlainTextEdit, QListWidget, QTableView {
   border: 1px solid #454d57; border-radius: 3px; padding: 3px;
 }
@@ -139,6 +139,8 @@ QIcon ProgramIcon() {
 void ApplyStyle(QApplication& application) {
   application.setStyle(QStyleFactory::create("Fusion"));
   application.setPalette(DarkPalette());
+  // Without it the letters of a window that has its own size would not reach its controls.
+  QCoreApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
   application.setStyleSheet(kSheet);
   QFont font = application.font();
   if (font.pointSizeF() < kSmallestFont) font.setPointSizeF(kSmallestFont);
@@ -152,7 +154,12 @@ double Contrast(QColor one, QColor other) {
 }
 
 QColor PlateFor(QColor text) {
-  return Contrast(text, QColor(kWindow)) < kContrast ? QColor(kPlate) : QColor();
+  if (Contrast(text, QColor(kWindow)) >= kContrast) return {};
+  // Only black and white together are far enough from every colour.
+  for (const QColor plate : {QColor(kPlate), QColor(Qt::black)}) {
+    if (Contrast(text, plate) >= kContrast) return plate;
+  }
+  return Qt::white;
 }
 
 QColor WindowColor() { return QColor(kWindow); }

@@ -108,7 +108,8 @@ QWidget* BindLines(TextBox& model, FormWindow& window) {
                    ? new WrappedLine([&model, &window] { PressEnter(model, window); }, &window)
                    : new QPlainTextEdit(&window);
   edit->document()->setDocumentMargin(kTextMargin);
-  edit->setMinimumHeight(HeightOfLines(*edit, model.Enter ? 1 : 2));
+  window.OnSizeChange(
+      [&model, edit] { edit->setMinimumHeight(HeightOfLines(*edit, model.Enter ? 1 : 2)); });
   edit->setTabChangesFocus(true);
   TextAids* aids =
       model.Runs || model.Suggest || model.Help ? new TextAids(model, *edit, window) : nullptr;

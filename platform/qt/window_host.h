@@ -12,6 +12,7 @@ class QWebEngineProfile;
 namespace brindlemoor {
 
 class FormWindow;
+class LetterSizes;
 class PagePolicy;
 class PageView;
 class PictureCache;
@@ -27,6 +28,7 @@ class WindowHost {
   virtual bool InsideLogic() const = 0;
 
   virtual PictureCache& Pictures() = 0;
+  virtual LetterSizes& Letters() = 0;
   /// The pointer or the focus came to a picture or a link. While an earlier one is still being
   /// served, or the logic is in the middle of something, only the last is kept, so that a wild
   /// pointer does not nest handlers without end.
