@@ -77,9 +77,11 @@ constexpr LabelRow kLabels[] = {
     {&CardEdit::cardtotal, "Total Cards:"},
 };
 
-/// The text boxes of the rows, each with its tool tip and what a change does.
+/// The text boxes of the rows, each with its name for screen readers, which its row's number
+/// follows, its tool tip and what a change does.
 struct TextRow {
   ControlArray<TextBox, 3> CardEdit::*Controls;
+  std::string_view Spoken;
   std::string_view ToolTip;
   RowHandler Change;
 };
@@ -87,17 +89,20 @@ constexpr std::string_view kCaptionTip =
     "If you want to override the default description for an action given by the game rules, enter "
     "the trait name here and type a new caption.";
 constexpr TextRow kTextRows[] = {
-    {&CardEdit::TraitText, "Enter the name of the trait here.", &CardEdit::TraitText_Change},
-    {&CardEdit::ValueText, "Enter the trait's value here.  (Can be left blank.)",
+    {&CardEdit::TraitText, "Trait", "Enter the name of the trait here.",
+     &CardEdit::TraitText_Change},
+    {&CardEdit::ValueText, "Value of trait", "Enter the trait's value here.  (Can be left blank.)",
      &CardEdit::ValueText_Change},
-    {&CardEdit::EffText,
+    {&CardEdit::EffText, "Script of action",
      "Input the card's action script here, or click on \"Add Effect\" to have the editor generate "
      "a script for you.",
      &CardEdit::EffText_Change},
-    {&CardEdit::TraitDescName, kCaptionTip, &CardEdit::TraitDescName_Change},
-    {&CardEdit::TraitDescText, kCaptionTip, &CardEdit::TraitDescText_Change},
-    {&CardEdit::CardText, "", &CardEdit::CardText_Change},
+    {&CardEdit::TraitDescName, "Trait with a caption", kCaptionTip,
+     &CardEdit::TraitDescName_Change},
+    {&CardEdit::TraitDescText, "Its caption", kCaptionTip, &CardEdit::TraitDescText_Change},
+    {&CardEdit::CardText, "", "", &CardEdit::CardText_Change},
 };
+constexpr std::array<std::string_view, 3> kCardTextNames = {"Name", "Cost", "Unique ID"};
 constexpr std::array<std::string_view, 3> kCardTextTips = {
     "The Name is simply the name of the card; it is what is displayed to the user.", "",
     "The Unique ID is a unique name the game engine uses to identify the card so that there are no "
@@ -106,28 +111,31 @@ constexpr std::array<std::string_view, 3> kCardTextTips = {
 
 struct ComboRow {
   ControlArray<ComboBox, 3> CardEdit::*Controls;
+  std::string_view Spoken;
   std::string_view ToolTip;
   RowHandler Click;
 };
 constexpr ComboRow kComboRows[] = {
-    {&CardEdit::TraitCombo,
+    {&CardEdit::TraitCombo, "Common traits",
      "This menu contains a list of common traits to choose from.  It will fill in the trait field "
      "for you.",
      &CardEdit::TraitCombo_Click},
-    {&CardEdit::TargetCombo, "Use this menu to determine which cards this action will target.",
+    {&CardEdit::TargetCombo, "Target of action",
+     "Use this menu to determine which cards this action will target.",
      &CardEdit::TargetCombo_Click},
-    {&CardEdit::TriggerCombo, "Use this menu to select the trigger for this action.",
-     &CardEdit::TriggerCombo_Click},
+    {&CardEdit::TriggerCombo, "Trigger of action",
+     "Use this menu to select the trigger for this action.", &CardEdit::TriggerCombo_Click},
 };
 
 struct ScrollRow {
   ScrollBar CardEdit::*Control;
+  std::string_view Spoken;
   Handler Change;
 };
 constexpr ScrollRow kScrolls[] = {
-    {&CardEdit::TraitScroll, &CardEdit::TraitScroll_Change},
-    {&CardEdit::EffScroll, &CardEdit::EffScroll_Change},
-    {&CardEdit::TraitDescScroll, &CardEdit::TraitDescScroll_Change},
+    {&CardEdit::TraitScroll, "More traits", &CardEdit::TraitScroll_Change},
+    {&CardEdit::EffScroll, "More actions", &CardEdit::EffScroll_Change},
+    {&CardEdit::TraitDescScroll, "More captions", &CardEdit::TraitDescScroll_Change},
 };
 
 struct EntryRow {
@@ -341,14 +349,18 @@ void CardEdit::NameControls() {
 
 void CardEdit::NameRows() {
   for (int index = 0; index < kVisibleRows; ++index) {
+    const std::string number = Joined(" ", index + 1);
     for (const TextRow& row : kTextRows) {
       TextBox& box = (this->*row.Controls)[index];
+      box.Spoken = std::string(row.Spoken) + number;
       box.ToolTip = std::string(row.ToolTip);
       box.Change = [this, index, change = row.Change] { (this->*change)(index); };
     }
+    CardText[index].Spoken = std::string(kCardTextNames[static_cast<std::size_t>(index)]);
     CardText[index].ToolTip = std::string(kCardTextTips[static_cast<std::size_t>(index)]);
     for (const ComboRow& row : kComboRows) {
       ComboBox& combo = (this->*row.Controls)[index];
+      combo.Spoken = std::string(row.Spoken) + number;
       combo.ToolTip = std::string(row.ToolTip);
       combo.Click = [this, index, click = row.Click] { (this->*click)(index); };
     }
@@ -367,6 +379,7 @@ void CardEdit::NameRows() {
     bar.Maximum = kLastTopRow;
     bar.Value = 1;
     bar.LargeStep = kVisibleRows;
+    bar.Spoken = std::string(row.Spoken);
     bar.Change = [this, change = row.Change] { (this->*change)(); };
   }
   for (int index = 0; index < 5; ++index) {

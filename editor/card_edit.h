@@ -210,6 +210,7 @@ struct CardEdit : Form {
   void NameControls();
   void NameRows();
   void NameMenus();
+  void NameForReaders();
 
   void BeginLists();
   void ShowRows();

@@ -19,7 +19,23 @@ constexpr int kPause = 400;  // milliseconds
 
 }  // namespace
 
+void CardEdit::NameForReaders() {
+  const std::pair<Control*, const char*> names[] = {{&DescText, "Card text"},
+                                                    {&RarityCombo, "Rarity"},
+                                                    {&ActivateCombo, "Comes into play at"},
+                                                    {&CardCombo, "Card"},
+                                                    {&FileCombo, "File of the card"},
+                                                    {&TemplateCombo, "Template"},
+                                                    {&MainPic, "Card image"},
+                                                    {&MiniPic, "Thumbnail"},
+                                                    {&OutputText, "Lines of the card file"},
+                                                    {&PreviewWB, "The card as players see it"},
+                                                    {&FindText, "Find a card"}};
+  for (const auto& [control, name] : names) control->Spoken = name;
+}
+
 void CardEdit::NameAids() {
+  NameForReaders();
   for (int row = 0; row < kVisibleRows; ++row) NameScriptAids(row);
   for (Label* label : {&NameHint, &FindNote}) label->TextColor = kHintColor;
   FindText.Placeholder = "Find a card";

@@ -23,6 +23,7 @@ CardGrid::CardGrid() : Form("CardGrid") {
   Caption = "All Cards";
   Width = 1100;
   Height = 640;
+  Cells.Spoken = "Cards and their values";
   Cells.CellText = [this](int row, int column) { return Table.Text(row, column); };
   Cells.CanEdit = [this](int column) { return Table.CanEdit(column); };
   Cells.CellsTyped = [this](int row, int column, const std::string& texts) {

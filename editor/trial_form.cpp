@@ -47,6 +47,10 @@ TrialForm::TrialForm() : Form("TrialForm") {
   AimLabel.Caption = "Target";
   AimCombo.ToolTip = "The card that the player has chosen, for actions on TARGETCARD.";
   SaidLabel.Caption = "What the page says";
+  WhatCombo.Spoken = "What is tried";
+  AimCombo.Spoken = "Target";
+  Changes.Spoken = "What changed";
+  SaidText.Spoken = "What the page says";
   WhatCombo.Click = AimCombo.Click = [this] { Combo_Click(); };
   Changes.Columns = Headings();
   Changes.CellText = [this](int row, int column) { return CellText(row, column); };

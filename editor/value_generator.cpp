@@ -99,6 +99,7 @@ Layout Arrange(ValGen& form) {
 ValGen::ValGen() : Form("ValGen") {
   Caption = "Value Generator";
   Width = 860;
+  Text1.Spoken = "Value";
   Text1.ToolTip =
       "The value so far.  The buttons add behind it; you can also type here, or clear it to begin "
       "anew.";

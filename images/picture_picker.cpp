@@ -46,6 +46,10 @@ PicPick::PicPick() : Form("PicPick"), LastPictures(kCells) {
   Label1.TextColor = kPromptColor;
   GuideLabel.Caption = "The dashed line shows the proportion that fills its place on the card.";
   Dirbox.ToolTip = "Double click a folder to see its pictures";
+  Drive1.Spoken = "Drive";
+  Dirbox.Spoken = "Folders";
+  VScroll1.Spoken = "More pictures";
+  Image2.Spoken = Picture1.Spoken = "The chosen picture";
   VScroll1.LargeStep = kCells / kColumns;
   Image2.Visible = false;
   Picture1.Visible = false;

@@ -52,10 +52,10 @@ bool SaysItsName(const Control& model) {
 /// What screen readers say of a control, unless its kind knows better.
 void Describe(const Control& model, QWidget& widget) {
   const QString toolTip = QString::fromStdString(model.ToolTip);
+  // Where there is no description readers are given the tool tip, marks and all.
   widget.setAccessibleDescription(toolTip);
   if (SaysItsName(model)) return;
   widget.setAccessibleName(model.Spoken.empty() ? toolTip : QString::fromStdString(model.Spoken));
-  if (model.Spoken.empty()) widget.setAccessibleDescription({});
 }
 
 }  // namespace

@@ -59,9 +59,9 @@ class PictureWidget : public QWidget, public SpokenWidget {
     } else if (model_.MouseUp) {
       setCursor(Qt::PointingHandCursor);
     }
-    const std::string& words = !model_.ToolTip.Get().empty()   ? model_.ToolTip.Get()
+    const std::string& words = !model_.Spoken.empty()          ? model_.Spoken
+                               : !model_.ToolTip.Get().empty() ? model_.ToolTip.Get()
                                : !model_.Caption.Get().empty() ? model_.Caption.Get()
-                               : !model_.Spoken.empty()        ? model_.Spoken
                                                                : model_.Name;
     setAccessibleName(QString::fromStdString(words));
     setAccessibleDescription(Told());
@@ -237,7 +237,7 @@ class PictureWidget : public QWidget, public SpokenWidget {
     }
     if (model_.Framed) words << "chosen";
     if (model_.Dimmed) words << "not possible now";
-    return words.join(", ");
+    return words.isEmpty() ? QString::fromStdString(model_.ToolTip) : words.join(", ");
   }
 
   bool CanBeDragged() const { return !model_.DragGroup.empty() && model_.MouseUp; }

@@ -45,9 +45,10 @@ class Accessible(shipped_game.ShippedGameTest):
 
     @staticmethod
     def faults(elements):
-        """What a reader's user could not make sense of."""
+        """What a reader's user could not make sense of. Entries and cells may be empty."""
         return [e for e in elements if "<qt>" in e["name"] + e["description"] or
-                (e["focusable"] or e["role"] == "link") and not e["name"].strip()]
+                (e["focusable"] or e["role"] == "link") and not e["name"].strip() and
+                e["role"] not in ("list item", "table cell")]
 
     def read(self, title, *words):
         """The elements of a window, once its pages hold the words and nothing is at fault."""
@@ -81,6 +82,36 @@ class Accessible(shipped_game.ShippedGameTest):
         table = self.read("Brindlemoor", "Attic Light", "Oona Ebb", "HP: ")
         self.assertTrue(any(e["role"] == "push button" and "hand card 1, " in e["description"]
                             for e in table))
+
+    def open_file(self, path):
+        self.run_.choose("File", "Load Cards")
+        self.run_.click("field")
+        self.display.key("ctrl+a")
+        self.display.type(str(path))
+        self.display.key("Return")
+
+    def test_the_editors_windows_and_the_help_can_be_read(self):
+        self.new_player(12)
+        self.run_.choose("Help", "Help Pages")
+        self.run_.wait_for("window", "HelpForm")
+        self.read("Help", "Your first game in ten pictures", "The window and the turn")
+        self.run_.choose("File", "Card Editor")
+        self.run_.wait_for("window", "CardEdit")
+        self.open_file(self.folder / "wickwater/WickwaterCards.txt")
+        self.read("Card Editor", "Total Cards: ", "Card Actions and Effects")
+        self.display.key("ctrl+t")
+        self.run_.wait_for("window", "CardGrid")
+        self.read("All Cards", "Unique ID")
+        self.run_.click("control", "EditButton")
+        self.run_.wait_gone("window", "CardGrid")
+        for button, form, title, words in (
+                ("TryButton", "TrialForm", "Try This Card", "What the page says"),
+                ("EffButton(0)", "EffectPicker", "Effect Picker", "Done")):
+            self.run_.click("control", button)
+            self.run_.wait_for("window", form)
+            self.read(title, words)
+            self.display.ask_to_close(title)
+            self.run_.wait_gone("window", form)
 
 
 if __name__ == "__main__":
