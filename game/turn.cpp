@@ -35,9 +35,6 @@ std::string PlaysTable(std::string_view title, std::string_view background,
                 "</p></td></tr></table>");
 }
 
-/// A simulation tells nobody what a turn brought.
-bool SomebodyLooks() { return &Windows() != &kNoWindows; }
-
 void PlayHandCard(Card& card, int target, PlayCells& cells) {
   if (target == kDiscard) {
     FreeCard(card);
@@ -47,7 +44,7 @@ void PlayHandCard(Card& card, int target, PlayCells& cells) {
   if (!PayCost(card, Payment::kIsMade)) {
     cells.AddText(
         Joined("You do not have enough resources to play ", ColoredName(card), "!<br><br>"));
-    if (SomebodyLooks()) NoteRefusal(std::string(OneLine(card.Name)), WhyUnpayable(card));
+    if (State().LastTurn.IsTold) NoteRefusal(std::string(OneLine(card.Name)), WhyUnpayable(card));
     return;
   }
   if (target > 0) card.TargetSlot = static_cast<std::int16_t>(target);
@@ -182,7 +179,8 @@ void TakeTurn(int skipPlays) {
   if (skipPlays != 1) ++session.Match.Turns;
   session.LastTurn = {.Turn = session.Match.Turns};
   std::optional<TurnChanges> changes;
-  if (SomebodyLooks()) changes.emplace();
+  session.LastTurn.IsTold = &Windows() != &kNoWindows;
+  if (session.LastTurn.IsTold) changes.emplace();
   const Plays plays = RunScripts(skipPlays);
   if (changes) changes->Record();
   {

@@ -183,8 +183,10 @@ void PassBy(Card& card) {
   RecallTarget(card);
 }
 
-/// The player has chosen the action for this turn, or its card together with a target of it.
+/// The player has chosen the action for this turn, or its card together with a target of it, and
+/// looks at what comes of it.
 bool IsPlanned(const Card& card, const CardEffect& action) {
+  if (!State().LastTurn.IsTold) return false;
   const bool chosen = action.MenuState == kArmedMenuAction ||
                       (action.TargetType == kTargetCard && action.Trigger == "ENTERPLAY");
   return chosen && card.Owner == 1 && IsTableRecord(card);
