@@ -121,7 +121,7 @@ QIcon ProgramIcon() {
   picture.fill(Qt::transparent);
   QPainter painter(&picture);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate(kSize / 2, kSize / 2 + 4);
+  painter.translate(kSize / 2.0, kSize / 2.0 + 4);
   for (const auto& [angle, color] : {std::pair{-16.0, "#5b3f7a"}, std::pair{10.0, kAccent}}) {
     painter.save();
     painter.rotate(angle);
