@@ -19,16 +19,17 @@ constexpr int kPause = 400;  // milliseconds
 
 }  // namespace
 
+/// What screen readers call the controls: the words of the labels beside them.
 void CardEdit::NameForReaders() {
-  const std::pair<Control*, const char*> names[] = {{&DescText, "Card text"},
+  const std::pair<Control*, const char*> names[] = {{&DescText, "Card Description"},
                                                     {&RarityCombo, "Rarity"},
-                                                    {&ActivateCombo, "Comes into play at"},
+                                                    {&ActivateCombo, "Enters Play During"},
                                                     {&CardCombo, "Card"},
                                                     {&FileCombo, "File of the card"},
                                                     {&TemplateCombo, "Template"},
                                                     {&MainPic, "Card image"},
                                                     {&MiniPic, "Thumbnail"},
-                                                    {&OutputText, "Lines of the card file"},
+                                                    {&OutputText, "Card text"},
                                                     {&PreviewWB, "The card as players see it"},
                                                     {&FindText, "Find a card"}};
   for (const auto& [control, name] : names) control->Spoken = name;

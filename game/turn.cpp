@@ -177,9 +177,8 @@ void TakeTurn(int skipPlays) {
   session.RulesCard.InPlay = 1;
   session.CostCard.InPlay = 1;
   if (skipPlays != 1) ++session.Match.Turns;
-  session.LastTurn = {.Turn = session.Match.Turns};
+  session.LastTurn = {.Turn = session.Match.Turns, .IsTold = &Windows() != &kNoWindows};
   std::optional<TurnChanges> changes;
-  session.LastTurn.IsTold = &Windows() != &kNoWindows;
   if (session.LastTurn.IsTold) changes.emplace();
   const Plays plays = RunScripts(skipPlays);
   if (changes) changes->Record();

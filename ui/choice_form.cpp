@@ -37,8 +37,8 @@ void ChoiceForm::Command2_Click() { Desktop().HideForm(*this); }
 int AskChoice(std::string_view question, std::vector<std::string> items) {
   ChoiceForm& form = TheChoiceForm();
   form.Label1.Caption = std::string(question);
-  form.List1.Items = std::move(items);
   form.List1.Spoken = form.Label1.Caption;
+  form.List1.Items = std::move(items);
   form.List1.Selected = 1;
   form.Accepted = false;
   Desktop().ShowForm(form, true);

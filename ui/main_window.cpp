@@ -52,8 +52,11 @@ Layout HandStrip(MainWindow& window) {
     for (const std::size_t label : {first, first + 1}) {
       Layout picture = Cell(*window.Picture2[label + 1], 0, kHandCellWidth, kThumbHeight);
       picture.Shrinks = true;
-      pair.Children.push_back(Column(
-          {Cell(*window.HandLabel[label], 0, kHandCellWidth, kLabelHeight), std::move(picture)}));
+      // The column holds the width, so that a name in large letters is shortened.
+      Layout card =
+          Column({Cell(*window.HandLabel[label], 0, 0, kLabelHeight), std::move(picture)});
+      card.Width = kHandCellWidth;
+      pair.Children.push_back(std::move(card));
     }
     strip.Children.push_back(std::move(pair));
   }

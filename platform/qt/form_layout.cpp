@@ -78,8 +78,14 @@ bool HoldsText(const Layout& cell) {
          dynamic_cast<BrowserView*>(cell.Leaf) == nullptr;
 }
 
+/// Whether the captions of buttons must find room in a cell's width.
+bool HoldsButton(const Layout& cell) {
+  return dynamic_cast<Button*>(cell.Leaf) != nullptr ||
+         std::any_of(cell.Children.begin(), cell.Children.end(), HoldsButton);
+}
+
 void FixSize(QWidget& widget, const Layout& cell, FormWindow& window) {
-  const bool asWideAsLetters = dynamic_cast<Button*>(cell.Leaf) != nullptr;
+  const bool asWideAsLetters = dynamic_cast<Label*>(cell.Leaf) != nullptr || HoldsButton(cell);
   const bool asHighAsLetters = HoldsText(cell);
   const bool shrinks = cell.Shrinks;
   const QSize size(cell.Width, cell.Height);

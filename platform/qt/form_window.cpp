@@ -140,9 +140,10 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::Wheel) return QMainWindow::eventFilter(watched, event);
   const auto* wheel = static_cast<QWheelEvent*>(event);
   if (!wheel->modifiers().testFlag(Qt::ControlModifier)) return false;
-  if (const int way = wheel->angleDelta().y(); way != 0) {
-    ChooseLetterSize(letters_ + (way > 0 ? kLetterStep : -kLetterStep));
-  }
+  wheel_ += wheel->angleDelta().y();
+  const int steps = wheel_ / QWheelEvent::DefaultDeltasPerStep;
+  wheel_ %= QWheelEvent::DefaultDeltasPerStep;
+  if (steps != 0) ChooseLetterSize(letters_ + steps * kLetterStep);
   return true;
 }
 

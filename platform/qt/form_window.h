@@ -95,6 +95,7 @@ class FormWindow : public QMainWindow {
   bool sized_ = false;
   bool closes_ = false;
   double letters_ = 1.0;
+  int wheel_ = 0;             // turned with Ctrl since the last whole step
   double pictureSize_ = 1.0;  // that the controls have taken
   std::vector<Observed*> bound_;
   std::vector<Mnemonic> mnemonics_;

@@ -1,6 +1,5 @@
 // The size of a window's letters: keys and wheel, what grows with it, and what is remembered.
-#include <QLabel>
-#include <QMenuBar>
+#include <QFile>
 #include <QWheelEvent>
 
 #include "platform/qt/style.h"
@@ -111,6 +110,9 @@ TEST_F(LetterSizesTest, TheWheelOverAPageChangesThemWhileCtrlIsHeld) {
   turn(120, Qt::ControlModifier);
   turn(-120, Qt::ControlModifier);
   EXPECT_EQ(Kept(), "Table=110\n");
+  // A touch pad sends many small pieces of a step.
+  for (int piece = 0; piece < 12; ++piece) turn(10, Qt::ControlModifier);
+  EXPECT_EQ(Kept(), "Table=120\n");
   desktop_->CloseWindows();
 }
 
