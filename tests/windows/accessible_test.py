@@ -97,6 +97,8 @@ class Accessible(shipped_game.ShippedGameTest):
         self.read("Help", "Your first game in ten pictures", "The window and the turn")
         self.run_.choose("File", "Card Editor")
         self.run_.wait_for("window", "CardEdit")
+        self.run_.wait_gone("window", "MainWindow")  # which has a menu of the same title
+        self.run_.fill_screen("Card Editor")
         self.open_file(self.folder / "wickwater/WickwaterCards.txt")
         self.read("Card Editor", "Total Cards: ", "Card Actions and Effects")
         self.display.key("ctrl+t")
