@@ -126,11 +126,13 @@ bool IsControl(char character) {
 }  // namespace
 
 bool BelongsToPlayers(std::string_view path) {
-  constexpr std::string_view kPlayerFile = ".plr";
   const std::string name = FileNameOf(path);
-  return name == kListFile || name == kLastPlayerFile ||
-         (name.size() >= kPlayerFile.size() &&
-          FoldEquals(std::string_view(name).substr(name.size() - kPlayerFile.size()), kPlayerFile));
+  const auto endsWith = [&name](std::string_view ending) {
+    return name.size() >= ending.size() &&
+           FoldEquals(std::string_view(name).substr(name.size() - ending.size()), ending);
+  };
+  return name == kListFile || name == kLastPlayerFile || endsWith(kPlayerFileEnding) ||
+         endsWith(kMatchFileEnding);
 }
 
 bool IsCardFileName(std::string_view path) {

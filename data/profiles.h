@@ -20,8 +20,12 @@ std::string ReplaceProfile(std::string_view name, const ProfileRec& line);
 bool HoldPlayer(std::string_view name);
 /// Lets other programs have the player again.
 void ReleasePlayer(std::string_view name);
-/// True for the files that the program writes for its players: player files, the profile list and
-/// who played last.
+/// What names of the files end with that hold what a player owns, and a match that shall go on.
+inline constexpr std::string_view kPlayerFileEnding = ".plr";
+inline constexpr std::string_view kMatchFileEnding = ".match";
+
+/// True for the files that the program writes for its players: player files, saved matches, the
+/// profile list and who played last.
 bool BelongsToPlayers(std::string_view path);
 /// True for the path of a text file that is none of those: rules, opponents, decks.
 bool IsCardFileName(std::string_view path);

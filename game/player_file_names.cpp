@@ -15,7 +15,7 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::string_view kEnding = ".plr";
+constexpr std::string_view kEnding = kPlayerFileEnding;
 /// Bytes of the parts of a name: with what is put behind a copy, 255 hold all of it.
 constexpr std::size_t kGameBytes = 120;
 constexpr std::size_t kGameBesideRules = 80;
@@ -155,13 +155,31 @@ std::string BeginningOfPlayerFiles(std::string_view player) {
   return Joined(BoundedForFileName(player, kPlayerNameBytes, "_"), "_");
 }
 
-std::vector<std::string> FilesOfPlayer(std::string_view player) {
+namespace {
+
+std::vector<std::string> FilesWithEnding(std::string_view player, std::string_view ending) {
   const std::string begin = BeginningOfPlayerFiles(player);
   std::vector<std::string> files = Desktop().Files().ListFiles(State().ProgramFolder);
   std::erase_if(files, [&](const std::string& file) {
-    return !file.starts_with(begin) || !file.ends_with(kEnding) || IsOfAnother(file, player);
+    return !file.starts_with(begin) || !file.ends_with(ending) || IsOfAnother(file, player);
   });
   return files;
+}
+
+}  // namespace
+
+std::vector<std::string> FilesOfPlayer(std::string_view player) {
+  return FilesWithEnding(player, kEnding);
+}
+
+std::vector<std::string> MatchesOfPlayer(std::string_view player) {
+  return FilesWithEnding(player, kMatchFileEnding);
+}
+
+std::string MatchFileName(int gameIndex) {
+  const std::string name = PlayerFileName(gameIndex);
+  return name.empty() ? name
+                      : Joined(name.substr(0, name.size() - kEnding.size()), kMatchFileEnding);
 }
 
 std::string PlayerFileName(int gameIndex) {

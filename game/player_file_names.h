@@ -21,6 +21,12 @@ std::string BeginningOfPlayerFiles(std::string_view player);
 /// The player files in the program's folder that are surely this player's.
 std::vector<std::string> FilesOfPlayer(std::string_view player);
 
+/// Those of them that hold a match that shall go on.
+std::vector<std::string> MatchesOfPlayer(std::string_view player);
+
+/// Name of the file for a match of a game: the one above with another ending, "Ann_Goblins.match".
+std::string MatchFileName(int gameIndex);
+
 /// Name of the file to read for it: this one or, while it is not there, an earlier one that surely
 /// is this player's and this game's.
 std::string StoredPlayerFile(int gameIndex);

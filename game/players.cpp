@@ -54,10 +54,17 @@ std::string CopyFiles(const std::vector<FileMove>& moves) {
   return "";
 }
 
+/// What a player owns in each game, and the matches that shall go on.
+std::vector<std::string> AllFilesOf(std::string_view player) {
+  std::vector<std::string> files = FilesOfPlayer(player);
+  for (std::string& file : MatchesOfPlayer(player)) files.push_back(std::move(file));
+  return files;
+}
+
 std::vector<FileMove> MovesOf(std::string_view player, std::string_view name) {
   std::vector<FileMove> moves;
   const std::string begin = BeginningOfPlayerFiles(player);
-  for (const std::string& file : FilesOfPlayer(player)) {
+  for (const std::string& file : AllFilesOf(player)) {
     // A file of an earlier name keeps it: the line of its player names it.
     if (!file.starts_with(begin)) continue;
     moves.push_back({file, BeginningOfPlayerFiles(name) + file.substr(begin.size())});
@@ -115,7 +122,7 @@ std::string RenamePlayer(std::string_view player, std::string_view name) {
 
 std::string DeletePlayer(std::string_view player) {
   if (!HoldPlayer(player)) return std::string(kElsewhere);
-  const std::vector<std::string> files = FilesOfPlayer(player);
+  const std::vector<std::string> files = AllFilesOf(player);
   std::string failure = ReplaceProfile(player, {});
   for (const std::string& file : files) {
     if (!failure.empty()) break;

@@ -12,9 +12,11 @@
 #include "core/match_log.h"
 #include "core/paths.h"
 #include "core/state.h"
+#include "core/strings.h"
 #include "data/field_stream.h"
 #include "data/profiles.h"
 #include "game/game_list.h"
+#include "game/kept_matches.h"
 #include "game/match_start.h"
 #include "game/player_file_names.h"
 #include "game/player_files.h"
@@ -23,6 +25,8 @@
 #include "language/traits.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/overlay_files.h"
+#include "saving/match_files.h"
+#include "saving/saved_match.h"
 #include "script/stored_cards.h"
 #include "simulation/automatic_player.h"
 #include "text/fold.h"
@@ -44,18 +48,27 @@ struct Stage {
   std::function<void(const std::string& name, const std::string& page)> OnPage;
 };
 
+constexpr std::string_view kPageName = "turn-";
+
 bool IsReportPage(const fs::path& file) {
   constexpr std::string_view kDigits = "0123456789";
   const std::string stem = file.stem().string();
-  return file.extension() == ".html" && stem.starts_with("turn-") &&
-         stem.find_first_not_of(kDigits, 5) == std::string::npos;
+  return file.extension() == ".html" && stem.starts_with(kPageName) &&
+         stem.find_first_not_of(kDigits, kPageName.size()) == std::string::npos;
 }
 
-void RemoveOldPages(const std::string& folder) {
+double TurnOf(const fs::path& page) {
+  return NumericPrefix(page.stem().string().substr(kPageName.size()));
+}
+
+/// Those from a turn on: what a match that goes on has shown before stays.
+void RemoveOldPages(const std::string& folder, int firstTurn) {
   std::error_code failure;
   fs::directory_iterator entry(folder, failure);
   for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
-    if (IsReportPage(entry->path())) LocalFileSystem().Remove(entry->path().string());
+    if (IsReportPage(entry->path()) && TurnOf(entry->path()) >= firstTurn) {
+      LocalFileSystem().Remove(entry->path().string());
+    }
   }
 }
 
@@ -75,16 +88,18 @@ std::string ChooseFolders(const AutomaticMatchOptions& options, Stage& stage) {
   return failure ? Joined("Can't make ", stage.Pages, ": ", failure.message()) : std::string();
 }
 
-void BeginSession(const Stage& stage, std::uint64_t seed) {
+HeadlessPlatform& BeginSession(const Stage& stage, std::uint64_t seed) {
   auto desktop = std::make_shared<HeadlessPlatform>(
       // A player of the same name would change the match.
       std::make_unique<OverlayFileSystem>(BelongsToPlayers), seed);
   desktop->AcceptMessages = true;
   desktop->ModalForms.emplace_back([](Form&) { TheDeckManager().Command2_Click(); });
+  HeadlessPlatform& kept = *desktop;
   OpenWindowSession(std::move(desktop), stage.Folder);
   State().Log = std::make_shared<MatchLog>();
   State().Profile.PlayerName = kPlayerName;
   State().Profiles.Append(State().Profile);
+  return kept;
 }
 
 /// Number of the n-th opponent of a game that is, or is not, a starter deck or store.
@@ -141,6 +156,41 @@ std::string StartMatch(const AutomaticMatchOptions& options) {
   return "";
 }
 
+/// Brings the session to where a saved match stands. "" or why it can't go on.
+std::string ContinueMatch(const AutomaticMatchOptions& options, HeadlessPlatform& desktop) {
+  const std::string path = AbsoluteFolder(options.Continue);
+  const auto bytes = LocalFileSystem().Read(path);
+  if (!bytes) return Joined("Can't read ", options.Continue, ".");
+  NewGame();
+  MatchRead read = ReadMatch(*bytes, options.Continue);
+  if (read.Match == nullptr) return read.Problem;
+  if (GameOfMatch(read.Match->Head) == 0) {
+    return Joined("The game of the match is not in this folder: there is no ",
+                  read.Match->Head.RulesFile, ".");
+  }
+  std::string changes;
+  for (const std::string& change : ChangedFiles(read.Match->Tables.Match.Files)) {
+    changes += Joined(changes.empty() ? "" : ", ", change);
+  }
+  if (!changes.empty() && !options.DespiteChanges) {
+    return Joined("Since the match was saved, ", changes, ".");
+  }
+  desktop.SetClock(read.Match->Head.Clock);
+  ShowSavedMatch(std::move(*read.Match), Owned::kAsSaved);
+  return "";
+}
+
+/// "" or why the match is not saved.
+std::string SaveMatch(const std::string& path, std::uint64_t clock) {
+  if (State().GameOver != 0) {
+    return Joined("The match ended in turn ", State().Match.Turns, ": there is nothing to save.");
+  }
+  const MatchFileBytes file = ComposeMatchFile(clock);
+  if (!file.Problem.empty()) return file.Problem;
+  const std::string failure = LocalFileSystem().Write(AbsoluteFolder(path), file.Bytes);
+  return failure.empty() ? "" : Joined("Can't write ", path, ": ", failure);
+}
+
 /// The card of a side's player, nullptr when it has left the table.
 const Card* PlayerCardOf(int side) {
   const Pile& table = State().CardTable;
@@ -171,7 +221,7 @@ std::string SavePage(const Stage& stage, int turn) {
   if (stage.Pages.empty() && !stage.OnPage) return "";
   const std::string page = Desktop().Files().Read(InProgramFolder("Display.html")).value_or("");
   std::array<char, 32> name{};
-  std::snprintf(name.data(), name.size(), "turn-%03d.html", turn);
+  std::snprintf(name.data(), name.size(), "%s%03d.html", kPageName.data(), turn);
   if (stage.OnPage) stage.OnPage(name.data(), page);
   if (stage.Pages.empty()) return "";
   const std::string path = Joined(stage.Pages, "/", name.data());
@@ -181,7 +231,8 @@ std::string SavePage(const Stage& stage, int turn) {
 
 AutomaticMatchResult PlayTurns(const Stage& stage, int maximumTurns, std::ostream& out) {
   AutomaticMatchResult result;
-  result.Error = SavePage(stage, 0);
+  result.Turns = State().Match.Turns;
+  result.Error = SavePage(stage, result.Turns);
   while (result.Error.empty() && State().GameOver == 0 && result.Turns < maximumTurns) {
     ++result.Turns;
     out << "Turn " << result.Turns << ": " << Standing(1) << ", " << Standing(2) << '\n';
@@ -231,13 +282,16 @@ AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::o
   result.Error = ChooseFolders(options, stage);
   if (!result.Error.empty()) return result;
   stage.OnPage = options.OnPage;
-  if (!stage.Pages.empty()) RemoveOldPages(stage.Pages);
-  BeginSession(stage, options.Seed);
-  result.Error = StartMatch(options);
+  HeadlessPlatform& desktop = BeginSession(stage, options.Seed);
+  result.Error = options.Continue.empty() ? StartMatch(options) : ContinueMatch(options, desktop);
   if (result.Error.empty()) {
+    if (!stage.Pages.empty()) RemoveOldPages(stage.Pages, State().Match.Turns);
     result = PlayTurns(stage, options.MaximumTurns, out);
     out << "After turn " << result.Turns << ": " << Standing(1) << ", " << Standing(2) << '\n'
         << "Result: " << VerdictOf(result.Winner) << ".\n";
+    if (result.Error.empty() && !options.SaveTo.empty()) {
+      result.Error = SaveMatch(options.SaveTo, desktop.Clock());
+    }
   }
   return result;
 }

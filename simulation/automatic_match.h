@@ -17,6 +17,10 @@ struct AutomaticMatchOptions {
   int MaximumTurns = 200;
   int Opponent = 1;    ///< which opponent of the game, starter decks and stores left out
   std::string Game{};  ///< its name, in any case; "" for the first of the folder
+  /// A file of a saved match to go on with, in place of seed, game and opponent; "" begins one.
+  std::string Continue{};
+  bool DespiteChanges = false;  ///< goes on though card files have changed
+  std::string SaveTo{};         ///< gets the match as it stands after the last turn; "" saves none
   /// Gets every report page under its file name, whether pages are kept or not.
   std::function<void(const std::string& name, const std::string& page)> OnPage{};
 };
@@ -29,12 +33,13 @@ std::string_view VerdictOf(MatchWinner winner);
 struct AutomaticMatchResult {
   std::string Error;  ///< why no match was played, "" when one was
   MatchWinner Winner = MatchWinner::kNobody;
-  int Turns = 0;
+  int Turns = 0;  ///< of the match, those before it was saved among them
 };
 
 /// Gets cards from the game's first starter deck and plays a match to its end or to the
 /// maximum of turns; what the program writes meanwhile stays in memory. Prints a line for each turn
-/// and the result. The same seed and files give the same lines and pages. Begins with a fresh
+/// and the result. The same seed and files give the same lines and pages, in one go or with the
+/// match saved in between. Begins with a fresh
 /// session and leaves it as the match ended.
 AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::ostream& out);
 

@@ -14,7 +14,7 @@ struct MatchOptions : AutomaticMatchOptions {
   std::string Journal;  ///< "" for none
 };
 using Options = MatchOptions;
-constexpr std::array<Option<MatchOptions>, 6> kOptions = {{
+constexpr std::array<Option<MatchOptions>, 9> kOptions = {{
     {"--game",
      [](Options& o, std::string_view v) {
        o.Game = v;
@@ -32,12 +32,34 @@ constexpr std::array<Option<MatchOptions>, 6> kOptions = {{
        o.PagesFolder = v;
        return !v.empty();
      }},
+    {"--save",
+     [](Options& o, std::string_view v) {
+       o.SaveTo = v;
+       return !v.empty();
+     }},
+    {"--continue",
+     [](Options& o, std::string_view v) {
+       o.Continue = v;
+       return !v.empty();
+     }},
+    {"--despite-changes",
+     [](Options& o, std::string_view) {
+       o.DespiteChanges = true;
+       return true;
+     },
+     true},
     {"--journal",
      [](Options& o, std::string_view v) {
        o.Journal = v;
        return !v.empty();
      }},
 }};
+
+bool ChoosesMatch(const Options& options) {
+  const Options none;
+  return options.Game != none.Game || options.Seed != none.Seed ||
+         options.Opponent != none.Opponent;
+}
 
 }  // namespace
 
@@ -49,6 +71,10 @@ int RunAuto(Arguments arguments) {
   if (wrong != kSuccess) return wrong;
   if (folders.size() > 1) return WrongUsage("one folder only: ", folders[1]);
   options.Folder = folders.empty() ? "." : folders[0];
+  if (!options.Continue.empty() && ChoosesMatch(options)) {
+    return WrongUsage("--continue goes on with one match: ",
+                      "--game, --seed and --opponent are its");
+  }
   JournalWriter journal;
   if (!options.Journal.empty()) {
     const std::string problem = OpenJournal(options.Journal, journal);

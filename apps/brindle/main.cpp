@@ -24,9 +24,9 @@ constexpr std::array<ToolCommand, 7> kCommands = {{
      "Adds up the shards of a simulation and reports on all of it.", RunMerge},
     {"auto",
      "auto [FOLDER] [--game NAME] [--seed N] [--pages DIR] [--turns N] [--opponent K] "
-     "[--journal FILE]",
+     "[--save FILE] [--continue FILE [--despite-changes]] [--journal FILE]",
      "Plays a match by itself and keeps its report pages. Without a name it is the folder's first "
-     "game.",
+     "game. --save keeps the match behind turn N, --continue goes on with one that was kept.",
      RunAuto},
     {"replay", "replay JOURNAL [FOLDER] [--pages DIR]",
      "Plays again what a program noted with --journal and says where its pages differ.", RunReplay},

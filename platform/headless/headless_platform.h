@@ -65,6 +65,9 @@ class HeadlessPlatform : public Platform {
   void EndProgram() override { ending_ = true; }
   bool Ending() const override { return ending_; }
   std::uint64_t ClockSeed() override { return seed_++; }
+  /// What ClockSeed gives next.
+  std::uint64_t Clock() const { return seed_; }
+  void SetClock(std::uint64_t seed) { seed_ = seed; }
 
  protected:
   std::optional<std::string> ChooseFile(const FileDialogRequest& request) override;

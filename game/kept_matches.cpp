@@ -1,0 +1,162 @@
+// Keeping the match in progress in a file, and going on with it.
+#include "game/kept_matches.h"
+
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "core/cards.h"
+#include "core/desktop.h"
+#include "core/paths.h"
+#include "data/saving.h"
+#include "game/leaving.h"
+#include "game/match_outcome.h"
+#include "game/player_file_names.h"
+#include "game/player_files.h"
+#include "game/windows.h"
+#include "pages/page_files.h"
+#include "saving/match_files.h"
+#include "text/hash.h"
+#include "text/text.h"
+
+namespace brindlemoor {
+
+namespace {
+
+/// The report is written under both names; the second one stays when a plan is shown.
+constexpr std::array<std::string_view, 2> kReportPages = {"Display.html", "LastDiplayed.html"};
+
+std::string GameIsGone(const SavedMatchHead& head) {
+  return Joined("The game of the saved match is not here: there is no ", head.RulesFile, ".");
+}
+
+/// The bytes of a kept match, or the sentence that says why there are none.
+std::optional<std::string> ReadKeptFile(const std::string& name, std::string& problem) {
+  auto bytes = Desktop().Files().Read(InProgramFolder(name));
+  if (!bytes) problem = CantRead(name, InProgramFolder(name));
+  return bytes;
+}
+
+/// What the player owns today is read beside a match that is on the table: nothing of that changes.
+void ReadOwnedAnew(const std::string& name) {
+  Session& session = State();
+  const RandomSource luck = session.Random;
+  PlayerState side = session.Players[1];
+  OwnNothing();
+  ReadPlayerFile(name);
+  side.Tokens = session.Players[1].Tokens;
+  session.Players[1] = std::move(side);
+  session.Random = luck;
+}
+
+}  // namespace
+
+int GameOfMatch(const SavedMatchHead& head) {
+  const Table<GameRec>& games = State().Games;
+  for (int game = 1; game <= games.UpperBound(); ++game) {
+    if (!games[game].Name.empty() && games[game].RulesFile == head.RulesFile) return game;
+  }
+  return 0;
+}
+
+std::optional<KeptMatch> KeptMatchOf(int gameIndex) {
+  const std::string name = MatchFileName(gameIndex);
+  if (name.empty() || !IsThere(Desktop().Files(), InProgramFolder(name))) return std::nullopt;
+  KeptMatch kept;
+  const auto bytes = ReadKeptFile(name, kept.Problem);
+  if (!bytes) return kept;
+  const MatchRead read = ReadMatch(*bytes, name);
+  kept.Problem = read.Problem;
+  if (read.Match == nullptr) return kept;
+  kept.Opponent = read.Match->Head.Opponent.Str();
+  kept.Turns = read.Match->Head.Turns;
+  kept.ChangedFiles = ChangedFiles(read.Match->Tables.Match.Files);
+  if (GameOfMatch(read.Match->Head) != gameIndex) kept.Problem = GameIsGone(read.Match->Head);
+  return kept;
+}
+
+bool CanKeepMatch() {
+  const Session& session = State();
+  return MatchIsRunning() && session.TurnRunning == 0 && session.RunDepth == 0 &&
+         session.Suspended == nullptr;
+}
+
+MatchFileBytes ComposeMatchFile(std::uint64_t clock) {
+  if (!CanKeepMatch()) return {"", "There is no match to save."};
+  NoteMatchFiles();
+  const std::string page =
+      Desktop().Files().Read(PagePath(kReportPages.back())).value_or(std::string());
+  MatchFileBytes file{BytesOfMatch(page, clock), ""};
+  if (ReadMatch(file.Bytes, "").Match == nullptr) {
+    file.Problem = "This match can't be saved: its tables do not agree with one another.";
+  }
+  return file;
+}
+
+std::string KeepMatch() {
+  const MatchFileBytes file = ComposeMatchFile();
+  if (!file.Problem.empty()) return file.Problem;
+  const std::string name = MatchFileName(State().CurrentGame);
+  if (name.empty()) return "There is no match to save.";
+  const std::string failure = Desktop().Files().Write(InProgramFolder(name), file.Bytes);
+  return failure.empty() ? "" : Joined("Can't save ", name, ": ", failure);
+}
+
+void ShowSavedMatch(SavedMatch match, Owned owned) {
+  Session& session = State();
+  const int game = GameOfMatch(match.Head);
+  const std::string own = StoredPlayerFile(game);
+  const std::string page = PageOf(match.Head);
+  EnterProgramFolder();
+  session.CurrentGame = static_cast<std::int16_t>(game);
+  session.GameOver = 0;
+  session.Profile.RulesFile = match.Head.RulesFile;
+  TakeMatch(std::move(match), owned == Owned::kAsSaved);
+  TakeFilesAsTheyAre(session.Match.Files);
+  if (owned == Owned::kAsSaved) {
+    session.StoredPlayer.Path = InProgramFolder(own);  // a player may have got another name
+  } else {
+    ReadOwnedAnew(own);
+  }
+  for (const std::string_view file : kReportPages) {
+    session.PagesWritten.emplace(file);
+    const std::string problem = Desktop().Files().Write(PagePath(file), page);
+    if (!problem.empty()) Desktop().MessageBox(Joined("Can't write ", file, ": ", problem));
+  }
+  Windows().SetTurnButton("Take Turn");
+  Windows().ShowMain(kReportPages.front());
+  const WorkAccount account;
+  Windows().UpdateHand();
+}
+
+std::string ContinueMatch(int gameIndex) {
+  Session& session = State();
+  const std::string name = MatchFileName(gameIndex);
+  if (session.TurnRunning == 1 || name.empty()) return "There is no match to go on with.";
+  // Saved before, what is owned in this very game can be compared with.
+  if (!MayLeavePlayer(Leaving::kSavesFirst)) return "The match stays saved.";
+  std::string problem;
+  const auto bytes = ReadKeptFile(name, problem);
+  if (!bytes) return problem;
+  MatchRead read = ReadMatch(*bytes, name);
+  if (read.Match == nullptr) return read.Problem;
+  if (GameOfMatch(read.Match->Head) != gameIndex) return GameIsGone(read.Match->Head);
+  const std::string own = StoredPlayerFile(gameIndex);
+  const bool isThere = IsThere(Desktop().Files(), InProgramFolder(own));
+  const auto owned = Desktop().Files().Read(InProgramFolder(own));
+  if (isThere && !owned) return CantRead(own, InProgramFolder(own));
+  const bool isSame = !owned || HashOf(*owned) == read.Match->Tables.StoredPlayer.OnDisk;
+  session.TurnRunning = 1;
+  ShowSavedMatch(std::move(*read.Match), isSame ? Owned::kAsSaved : Owned::kOfPlayerFile);
+  session.TurnRunning = 0;
+  return "";
+}
+
+std::string RemoveKeptMatch(int gameIndex) {
+  const std::string name = MatchFileName(gameIndex);
+  if (name.empty() || !IsThere(Desktop().Files(), InProgramFolder(name))) return "";
+  const std::string failure = Desktop().Files().Remove(InProgramFolder(name));
+  return failure.empty() ? "" : Joined("Can't remove ", name, ": ", failure);
+}
+
+}  // namespace brindlemoor
