@@ -188,6 +188,7 @@ inline constexpr auto kFieldsOf<TurnRecord> = std::tuple{
     Field{&TurnRecord::News},
     Field{&TurnRecord::Refusals},
     Field{&TurnRecord::Tokens},
+    Field{&TurnRecord::IsTold, 0, 1},
 };
 static_assert(std::tuple_size_v<decltype(kFieldsOf<TurnRecord>)> == kMembersOf<TurnRecord>);
 
