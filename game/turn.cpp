@@ -9,6 +9,7 @@
 #include "core/desktop.h"
 #include "core/state.h"
 #include "game/card_play.h"
+#include "game/match_outcome.h"
 #include "game/opponent.h"
 #include "game/plan_forecast.h"
 #include "game/plans.h"
@@ -181,6 +182,7 @@ void TakeTurn(int skipPlays) {
   std::optional<TurnChanges> changes;
   if (session.LastTurn.IsTold) changes.emplace();
   const Plays plays = RunScripts(skipPlays);
+  WithholdTokens();
   if (changes) changes->Record();
   {
     const WorkAccount account;  // a page shows right numbers after a turn that spent its own

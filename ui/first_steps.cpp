@@ -50,6 +50,7 @@ void ShowFirstSteps() {
     html += "</p><p>Choose an opponent, or a store where your tokens buy more cards.</p>";
   }
   Show(html + "<p>F1 shows the help. Each game has its own under its picture.</p>");
+  TheMainWindow().Kept.Show();
 }
 
 void ShowOpponent(const std::string& address) {

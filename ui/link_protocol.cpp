@@ -179,8 +179,15 @@ int TableSlotOfLink(const std::string& url) {
 }
 
 void PlayOpponent(int gameIndex, int opponentIndex) {
+  if (State().TurnRunning == 1 || !MayBeginMatch(gameIndex, opponentIndex)) return;
+  TheMainWindow().Kept.Hide();
   ChooseGame(gameIndex, opponentIndex);
   ShowStore();
+  if (State().Links.Games) {
+    TheMainWindow().Kept.Show();
+  } else {
+    KeepMatchAfterTurn();
+  }
 }
 
 bool WB_BeforeNavigate(const std::string& address) {
@@ -198,7 +205,7 @@ bool WB_BeforeNavigate(const std::string& address) {
     return true;
   }
   if (!url.starts_with(kCardLink)) return false;
-  if (url == "CARDRulesCard") return true;
+  if (url == "CARDRulesCard" || TheMainWindow().History.LooksBack()) return true;
   if (const int slot = LinkedSlot(url); slot != 0) CardClicked(slot);
   return true;
 }

@@ -63,11 +63,17 @@ Layout HandStrip(MainWindow& window) {
   return strip;
 }
 
+Layout Messages(MainWindow& window) {
+  Layout words = window.Aim.Arrangement(window.Story.Lines);
+  words.Stretch = 1;
+  return Row({std::move(words), window.History.Arrangement()});
+}
+
 Layout Arrange(MainWindow& window) {
   return Row({Column({HandStrip(window), Cell(window.NothingSaved),
                       Cell(window.Command1, 0, 0, kTurnButtonHeight), Cell(window.InPlayWB, 1)}),
               Column({Cell(window.backbutton, 0, 0, kBackButtonHeight), window.End.Arrangement(),
-                      window.Aim.Arrangement(window.Story.Lines), Cell(window.WB, 1),
+                      window.Kept.Arrangement(), Messages(window), Cell(window.WB, 1),
                       window.Plan.Arrangement()},
                      1),
               Column({Cell(window.Picture1, 0, kPictureWidth, kPictureHeight),
@@ -127,8 +133,9 @@ MainWindow::MainWindow() : Form("MainWindow") {
   helpmen.Click = [this] { helpmen_Click(); };
   helppagesmen.Click = helpmen.Click;
   hintmen.Click = [this] { hintmen_Click(); };
-  filemen.Items = {&newgamemen, &deckmanagermen, &EditMen, &saveplrmen, &savehtmlmen, &switchmen};
-  optionmen.Items = {&fullsizemen, &debugmen};
+  filemen.Items = {&newgamemen,  &deckmanagermen,       &EditMen,  &saveplrmen,
+                   &savehtmlmen, &History.TakeTurnBack, &switchmen};
+  optionmen.Items = {&fullsizemen, &debugmen, &History.Allowed};
   helpmen.Items = {&helppagesmen, &hintmen};
   Menus = {&filemen, &optionmen, &helpmen};
 
@@ -169,8 +176,10 @@ void MainWindow::Command1_Click() {
   }
   // At the game list there is no turn to take.
   if (state.CurrentGame == 0 && state.TestFromEditor == 0) return;
+  History.NoteBefore();
   TakeTurn(0);
   StorePlayer();
+  KeepMatchAfterTurn();
   UpdateHand();
   ForgetSelection();
   ShowPlayMenu();
@@ -338,6 +347,7 @@ void UpdateHand() {
   window.WB.PictureTips = tips;
   window.WB.CellLinks = LinksWithoutPicture();
   window.CardDescWB.PictureTips = tips;
+  window.History.Note();
   ShowPlan();
 }
 
@@ -349,6 +359,8 @@ void BlankSideViews() {
   }
   TheMainWindow().Picture1.Picture = "";
   TheMainWindow().End.Hide();
+  TheMainWindow().Kept.Hide();
+  TheMainWindow().History.Clear();
 }
 
 void HideHand() {
@@ -392,7 +404,10 @@ void CompactQueue() {
   }
 }
 
-void ShowMain(std::string_view file) { ShowInView(TheMainWindow().WB, file); }
+void ShowMain(std::string_view file) {
+  TheMainWindow().History.StopLooking();
+  ShowInView(TheMainWindow().WB, file);
+}
 
 void PaintImage(std::string_view file) { TheMainWindow().Picture1.Picture = std::string(file); }
 
