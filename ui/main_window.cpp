@@ -95,6 +95,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
   for (int position = 1; position <= kHandPositions; ++position) {
     auto& picture = Picture2[static_cast<std::size_t>(position)];
     picture = std::make_unique<PictureBox>("Picture2(" + std::to_string(position) + ")");
+    picture->TogglesByClick = true;
     picture->MouseMove = [this, position] { Picture2_MouseMove(position); };
     picture->MouseUp = [this, position](MouseButton button) { Picture2_MouseUp(position, button); };
     auto& label = HandLabel[static_cast<std::size_t>(position) - 1];
@@ -121,6 +122,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
   InPlayWB.Spoken = "Your plan and what a card can do";
   CardDescWB.Spoken = "The card that was pointed at";
   Picture1.Spoken = "Its picture";
+  CardDescWB.StartsAtFirstLink = true;
   hintmen.Shortcut = "F2";
   newgamemen.Click = [this] { newgamemen_Click(); };
   switchmen.Click = [this] { switchmen_Click(); };
@@ -274,15 +276,18 @@ void MainWindow::saveplrmen_Click() {
 void MainWindow::savehtmlmen_Click() {
   // A "#" of the path itself is escaped.
   const std::string url = WB.Url.Get();
-  const auto page = Desktop().Files().Read(PathOfUrl(url.substr(0, url.find('#'))));
+  std::string path = PathOfUrl(url.substr(0, url.find('#')));
+  // A plan is written over the file of the report that is shown; the other copy stays.
+  if (IsAtTable() && path == PagePath("Display.html")) path = PagePath("LastDiplayed.html");
+  const auto page = Desktop().Files().Read(path);
   if (!page) {
     Desktop().MessageBox("There is no page to save.");
     return;
   }
-  const auto path =
+  const auto target =
       Desktop().AskFile({.Save = true, .FileName = "*.html", .DefaultExtension = "html"});
-  if (!path || path->empty() || *path == "*.html") return;
-  SaveBytesOrTell(*path, FileNameOf(*path), PageSnapshot(*page, "Brindlemoor"));
+  if (!target || target->empty() || *target == "*.html") return;
+  SaveBytesOrTell(*target, FileNameOf(*target), PageSnapshot(*page, "Brindlemoor"));
 }
 
 void MainWindow::fullsizemen_Click() {

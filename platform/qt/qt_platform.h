@@ -11,6 +11,7 @@
 
 #include "platform/controls.h"
 #include "platform/platform.h"
+#include "platform/qt/held_keys.h"
 #include "platform/qt/letter_sizes.h"
 #include "platform/qt/page_policy.h"
 #include "platform/qt/picture_cache.h"
@@ -123,6 +124,7 @@ class QtPlatform : public Platform, public WindowHost {
   PagePolicy policy_;
   PictureCache pictures_;
   LetterSizes letters_;
+  HeldKeys heldKeys_;
   QtImageLibrary images_;
   std::unique_ptr<QWebEngineProfile> profile_;
   std::map<Form*, std::unique_ptr<FormWindow>> windows_;

@@ -184,6 +184,14 @@ TEST_F(KeptMatchTest, InDebugModeTheKeptMatchStaysAsItIs) {
   EXPECT_EQ(ReadFile(kFile), before);
 }
 
+TEST_F(KeptMatchTest, APlannedActionWithoutATargetIsToldOf) {
+  State().SelectedSlot = static_cast<std::int16_t>(State().Players[1].PlayerCard);
+  State().AwaitingMenuTarget = 1;
+  State().MenuEffect = 1;
+  TakeTurn();
+  EXPECT_NE(window_.Story.Lines.Text.Get().find("(no target was chosen)"), std::string::npos);
+}
+
 TEST_F(KeptMatchTest, EarlierReportsAreOnlyLookedAt) {
   const std::string now = Shown();
   EXPECT_TRUE(window_.History.Back.Enabled && !window_.History.Forward.Enabled);

@@ -61,7 +61,10 @@ class Match(shipped_game.ShippedGameTest):
         self.click_card("Attic Light")
         self.run_.wait_for("link", text=LAMP)
         self.keep("description")
-        self.run_.click("link", text=LAMP)
+        self.go_on_to_the_hand()
+        self.click_card("Attic Light")
+        self.run_.at_rest("link", text=LAMP)
+        self.display.key("Return")  # the keyboard is on the link
         said = f"Choose a target for Attic Light: {LAMP}.  Esc stops."
         self.run_.wait_for("control", "AimWords", said)
         self.display.key("Escape")
@@ -72,6 +75,14 @@ class Match(shipped_game.ShippedGameTest):
         self.click_card("Oona Ebb")
         harness.wait_until("the lamp in the plan", lambda: "uses special action" in self.plan())
         self.assertIn('on "Oona Ebb.<br>', self.plan())
+
+    def go_on_to_the_hand(self):
+        """The keyboard leaves a page for a card of the hand, which is shown without a wait."""
+        self.display.key("Tab")
+        harness.wait_until("a card of the hand beside the report",
+                           lambda: LAMP not in self.run_.page("CardDesc.html"), 5)
+        self.run_.at_rest("control", "Command1")
+        self.run_.wait_gone("work", seconds=5)
 
     def ask_for_a_hint(self):
         plan = self.plan()
