@@ -125,7 +125,9 @@ void StartProgram() {
   if (!Desktop().Ending()) Windows().ShowMainWindow();
 }
 
-void NewGame() {
+namespace {
+
+void LeadToList() {
   Session& session = State();
   EnterProgramFolder();
   session.GameOver = 0;
@@ -153,6 +155,15 @@ void NewGame() {
   DiscoverGames();
   ShowGameList();
   Windows().ShowFirstSteps();
+}
+
+}  // namespace
+
+void NewGame() {
+  // What the user clicks while pages are shown must not begin this once more.
+  const auto outer = std::exchange(State().TurnRunning, std::uint8_t{1});
+  LeadToList();
+  State().TurnRunning = outer;
 }
 
 }  // namespace brindlemoor

@@ -2,6 +2,7 @@
 #include "ui/match_end.h"
 
 #include "game/match_start.h"
+#include "game/player_file_names.h"
 #include "game/program_start.h"
 #include "tests/support/session_test.h"
 #include "ui/forms.h"
@@ -49,6 +50,21 @@ class MatchEndTest : public SessionTest {
   static constexpr int kKing = 2;
   static constexpr int kShop = 3;
 };
+
+TEST_F(MatchEndTest, AClickOnTheWayToTheListDoesNotBeginItAgain) {
+  Begin(kKing);
+  PlayScript("LOSEGAME");
+  int pumps = 0;
+  desktop_->OnPump = [&] {
+    if (++pumps < 5) window_.End.PlayAgain.Click();
+  };
+  window_.End.GameList.Click();
+  desktop_->OnPump = nullptr;
+  EXPECT_GT(pumps, 1);
+  EXPECT_TRUE(State().Games[1].Namesakes.empty()) << "each game is found once";
+  EXPECT_EQ(PlayerFileName(1), "Ann_Goblins.plr");
+  EXPECT_EQ(State().TurnRunning, 0);
+}
 
 TEST_F(MatchEndTest, ThePanelTellsWhoWonWhatItBroughtAndWhatIsNew) {
   Begin(kKing);
