@@ -40,7 +40,7 @@ std::string DataOf(std::string_view address) {
     return folded.ends_with(FoldUpper(row.Extension));
   });
   if (type == kMediaTypes.end()) return "";
-  const auto bytes = Desktop().Files().Read(InProgramFolder(path));
+  const auto bytes = Desktop().Files().Read(path.starts_with('/') ? path : InProgramFolder(path));
   return bytes ? Joined("data:", type->Type, ";base64,", Base64(*bytes)) : "";
 }
 

@@ -117,6 +117,7 @@ void ContinueKeptMatch(int gameIndex) {
     ShowFirstSteps();
     return;
   }
+  ShowOwnCard();
   ShowPlayMenu();
 }
 

@@ -11,6 +11,7 @@
 #include "core/replacing.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "game/match_outcome.h"
 #include "game/match_start.h"
 #include "game/plans.h"
 #include "language/target_types.h"
@@ -182,6 +183,13 @@ int TableSlotOfLink(const std::string& url) {
   return body.starts_with(kCardLink) ? LinkedSlot(body) : 0;
 }
 
+void ShowOwnCard() {
+  const int slot = State().Players[1].PlayerCard;
+  if (!MatchIsRunning() || !State().CardTable.Holds(slot)) return;
+  Card& card = State().CardTable[slot];
+  if (!IsFree(card)) ShowCardDescription(card, 1);
+}
+
 void PlayOpponent(int gameIndex, int opponentIndex) {
   if (State().TurnRunning == 1 || !MayBeginMatch(gameIndex, opponentIndex)) return;
   TheMainWindow().Kept.Hide();
@@ -190,6 +198,7 @@ void PlayOpponent(int gameIndex, int opponentIndex) {
   if (State().Links.Games) {
     ShowFirstSteps();
   } else {
+    ShowOwnCard();
     KeepMatchAfterTurn();
   }
 }

@@ -20,6 +20,9 @@ std::pair<int, int> OpponentOfLink(const std::string& url);
 /// Begins a match against an opponent of the list, or opens a store: its page is shown.
 void PlayOpponent(int gameIndex, int opponentIndex);
 
+/// Shows the player's own card of a match beside the report, until another one is pointed at.
+void ShowOwnCard();
+
 /// Lists the planned plays and menu actions in the side view.
 void ShowPlayMenu();
 

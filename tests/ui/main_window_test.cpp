@@ -210,8 +210,8 @@ TEST_F(MainWindowTest, TheListSaysWhatComesFirstAndWhoIsPointedAt) {
 TEST_F(MainWindowTest, ASnapshotHoldsThePageWithItsPictures) {
   WriteFile("a b.png", "\x01\xFE!");
   State().PageText =
-      "one<img src='a%20b.png' width=4><img src=none.png><img src=secret.txt>"
-      "<a href=\"CARD1\">two</a><img src=a%20b.png>";
+      "one<img src='file:///game/a%20b.png' width=4><img src=none.png><img src=secret.txt>"
+      "<a href=\"CARD1\">two</a><img src=/game/a%20b.png>";
   WritePage("Page#1.html", "");
   ShowInView(window_.WB, "Page#1.html", "there");
   desktop_->FileAnswers.emplace_back("/game/kept.html");
