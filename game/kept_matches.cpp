@@ -84,9 +84,10 @@ bool CanKeepMatch() {
 MatchFileBytes ComposeMatchFile(std::uint64_t clock) {
   if (!CanKeepMatch()) return {"", "There is no match to save."};
   NoteMatchFiles();
-  const std::string page =
-      Desktop().Files().Read(PagePath(kReportPages.back())).value_or(std::string());
-  MatchFileBytes file{BytesOfMatch(page, clock), ""};
+  const std::string path = PagePath(kReportPages.back());
+  const auto page = Desktop().Files().Read(path);
+  if (!page && IsThere(Desktop().Files(), path)) return {"", CantRead(kReportPages.back(), path)};
+  MatchFileBytes file{BytesOfMatch(page.value_or(""), clock), ""};
   if (ReadMatch(file.Bytes, "").Match == nullptr) {
     file.Problem = "This match can't be saved: its tables do not agree with one another.";
   }
