@@ -86,6 +86,8 @@ void SavedMatchGoesOn(Scene& scene, WordReader& line) {
   } else {
     scene.Desktop->SetClock(read.Match->Head.Clock);
     ShowSavedMatch(std::move(*read.Match), Owned::kAsSaved);
+    scene.Handles.clear();
+    scene.Aside = Pile();
     scene.Pristine = false;
     scene.Changed = false;
   }

@@ -126,7 +126,8 @@ TEST_F(WrittenScenariosTest, AMatchThatWasSavedGoesOn) {
   const std::string after = StateDigest();
 
   const std::string path = folder_ + "/bug.txt";
-  std::ofstream(path) << "folder " << games << "\nmatch kept.match\nturn\nexpect gameover 0\n"
+  std::ofstream(path) << "folder " << games << "\ncard Moth gid 1\nmatch kept.match\n"
+                      << "expect nocard Moth\nturn\nexpect gameover 0\n"
                       << "expect page Display.html contains \"CARD\"\n";
   ScenarioReport report;
   ScenarioLibrary library;
@@ -134,15 +135,15 @@ TEST_F(WrittenScenariosTest, AMatchThatWasSavedGoesOn) {
   bool lucky = false;
   RunScenarioFile(path, library, report, [&](const Scene&) {
     digests.push_back(StateDigest());
-    if (digests.size() == 3) lucky = State().Random.State == luck;
+    if (digests.size() == 5) lucky = State().Random.State == luck;
   });
   for (const ScenarioFinding& finding : report.Findings) {
     ADD_FAILURE() << ScenarioFindingLine(finding);
   }
-  ASSERT_EQ(digests.size(), 5U);
+  ASSERT_EQ(digests.size(), 7U);
   EXPECT_TRUE(lucky) << "another turn was rolled";
-  EXPECT_EQ(FirstDifference(digest, digests[1]), "");
-  EXPECT_EQ(FirstDifference(after, digests[2]), "");
+  EXPECT_EQ(FirstDifference(digest, digests[2]), "");
+  EXPECT_EQ(FirstDifference(after, digests[4]), "");
 
   const auto problemOf = [this](const std::string& text) {
     const ScenarioReport found = Run(text);
