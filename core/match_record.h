@@ -24,6 +24,7 @@ struct MatchRecord {
   bool IsVisit = false;            ///< a card store or starter deck: nobody wins
   int Turns = 0;                   ///< taken so far
   int Winners = 0;                 ///< bit 1 for side 1, bit 2 for side 2
+  bool TookBack = false;           ///< a turn was taken back: it pays no tokens
   std::int32_t Tokens = 0;         ///< what the player had
   std::vector<Text> Owned{};       ///< names of the cards that the player had
   std::vector<MatchFile> Files{};  ///< noted when the match was first saved

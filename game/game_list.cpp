@@ -315,6 +315,22 @@ std::string ComposeGameList() {
   return html;
 }
 
+bool IsStarterDeck(const std::string& path) {
+  constexpr std::string_view kWord = "#STARTERDECK";
+  WorkBudget& work = State().Work;
+  if (work.StopsFile(path)) return false;
+  std::string bytes = Desktop().Files().Read(path).value_or("");
+  work.SpendOnFile(bytes.size());
+  if (bytes.find(kWord) == std::string::npos) return false;
+  FieldStream stream(std::move(bytes));
+  std::size_t counted = 0;
+  for (std::string field; !work.StopsFile(path) && stream.Read(field);) {
+    if (field == kWord) return true;
+    work.SpendOnFields(stream.Position(), counted);
+  }
+  return false;
+}
+
 void ShowGameList() {
   {
     const WorkAccount account;

@@ -17,6 +17,9 @@ int FindGame(std::string_view name, std::string& problem);
 /// file, else the only game there is. 0 when that is not clear.
 int GameOfNewFiles();
 
+/// True for a file that is a starter deck or a card store.
+bool IsStarterDeck(const std::string& path);
+
 /// The HTML of the game list.
 std::string ComposeGameList();
 

@@ -13,6 +13,7 @@
 #include "game/match_outcome.h"
 #include "game/player_file_names.h"
 #include "game/player_files.h"
+#include "game/player_saving.h"
 #include "game/windows.h"
 #include "pages/page_files.h"
 #include "saving/match_files.h"
@@ -116,18 +117,19 @@ void ShowSavedMatch(SavedMatch match, Owned owned) {
   session.CurrentGame = static_cast<std::int16_t>(game);
   session.GameOver = 0;
   session.Profile.RulesFile = match.Head.RulesFile;
-  TakeMatch(std::move(match), owned == Owned::kAsSaved);
+  if (owned == Owned::kAsSaved) {
+    TakeMatch(std::move(match), true);
+  } else {
+    const Session kept = match.Tables;
+    TakeMatch(std::move(match), false);
+    ReadOwnedAnew(own);
+    CountAsOld(kept);
+  }
   TakeFilesAsTheyAre(session.Match.Files);
   if (owned == Owned::kAsSaved) {
     session.StoredPlayer.Path = InProgramFolder(own);  // a player may have got another name
-  } else {
-    ReadOwnedAnew(own);
   }
-  for (const std::string_view file : kReportPages) {
-    session.PagesWritten.emplace(file);
-    const std::string problem = Desktop().Files().Write(PagePath(file), page);
-    if (!problem.empty()) Desktop().MessageBox(Joined("Can't write ", file, ": ", problem));
-  }
+  RewritePages(page, kReportPages);
   Windows().SetTurnButton("Take Turn");
   Windows().ShowMain(kReportPages.front());
   const WorkAccount account;
@@ -154,6 +156,22 @@ std::string ContinueMatch(int gameIndex) {
   session.TurnRunning = 1;
   ShowSavedMatch(std::move(*read.Match), isSame ? Owned::kAsSaved : Owned::kOfPlayerFile);
   session.TurnRunning = 0;
+  return "";
+}
+
+std::string TakeBackTo(const std::string& bytes) {
+  Session& session = State();
+  MatchRead read = ReadMatch(bytes, "The turn");
+  if (read.Match == nullptr) return read.Problem;
+  // What is on the disk now was saved behind the turn.
+  PlayerFileRec stored = session.StoredPlayer;
+  session.TurnRunning = 1;
+  ShowSavedMatch(std::move(*read.Match), Owned::kAsSaved);
+  session.TurnRunning = 0;
+  session.StoredPlayer = std::move(stored);
+  session.Match.TookBack = true;
+  WithholdTokens();
+  StorePlayer();
   return "";
 }
 

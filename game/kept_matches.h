@@ -1,16 +1,5 @@
 // KeptMatches: a running match is left and goes on another day. Each player can keep one match of
 // each game, in a file beside the player file: "Ann_Goblins.match" beside "Ann_Goblins.plr".
-//
-// What windows have to call, and when:
-// - KeepMatch after each turn, behind StorePlayer, and when a match is left that shall go on: at
-//   closing the program or at leaving for the list of games, in place of giving it up. Behind
-//   StorePlayer, since a match goes on with what the player file holds then.
-// - KeptMatchOf for each game of the list of games, for a line "Continue: OPPONENT, turn 7".
-// - ContinueMatch when that line is clicked. KeptMatch::ChangedFiles asks to be shown before, with
-//   a question: the match goes on with the cards as they were when it was saved. Behind it the
-//   plan is to be shown (ShowPlayMenu), as after a turn.
-// - RemoveKeptMatch when the match has ended (GameOver is 1 after a turn) and when it is given up;
-//   also before ChooseGame begins another match of that game that takes its place.
 #pragma once
 
 #include <memory>
@@ -47,6 +36,11 @@ std::string ContinueMatch(int gameIndex);
 
 /// "" or why the file could not be removed, a sentence.
 std::string RemoveKeptMatch(int gameIndex);
+
+/// Goes on with what was composed before a turn (ComposeMatchFile), as if it had not been taken;
+/// what the player got by it is taken away. The match pays no tokens then. "" or why not, a
+/// sentence.
+std::string TakeBackTo(const std::string& bytes);
 
 // For those who keep matches elsewhere.
 

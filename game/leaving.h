@@ -8,7 +8,8 @@ enum class Leaving {
   kAsksFirst
 };
 
-/// Asks whether a match in progress is to be given up. True where none is.
+/// Asks whether a match in progress is to be saved for another day or given up. True where none is;
+/// false to stay, or when it could not be saved, which is told.
 bool MayLeaveMatch();
 
 /// Sees to it that nothing the player owns is lost unnoticed: saves it, or asks whether to save it,

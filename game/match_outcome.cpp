@@ -1,6 +1,7 @@
 // Comparing what a player owns after a match with what was there before.
 #include "game/match_outcome.h"
 
+#include <algorithm>
 #include <map>
 
 #include "core/cards.h"
@@ -17,10 +18,10 @@ void AddNames(const Pile& pile, std::vector<Text>& names) {
 }
 
 /// The names of all cards of the player, wherever they lie.
-std::vector<Text> OwnedNames() {
+std::vector<Text> OwnedNames(const Session& session = State()) {
   std::vector<Text> names;
-  AddNames(State().Collection, names);
-  for (const DeckRec& deck : State().Decks) AddNames(deck.Cards, names);
+  AddNames(session.Collection, names);
+  for (const DeckRec& deck : session.Decks) AddNames(deck.Cards, names);
   return names;
 }
 
@@ -39,6 +40,24 @@ void CountOwnedAsOld() {
 }
 
 void CountTokensAsOld(int tokens) { State().Match.Tokens += tokens; }
+
+void CountAsOld(const Session& kept) {
+  MatchRecord& match = State().Match;
+  CountTokensAsOld(State().Players[1].Tokens - kept.Players[1].Tokens);
+  std::map<std::string, int> old;
+  for (const Text& name : match.Owned) ++old[name.Str()];
+  for (const Text& name : OwnedNames()) ++old[name.Str()];
+  for (const Text& name : OwnedNames(kept)) --old[name.Str()];
+  match.Owned.clear();
+  for (const auto& [name, count] : old) {
+    for (int left = count; left > 0; --left) match.Owned.emplace_back(name);
+  }
+}
+
+void WithholdTokens() {
+  std::int32_t& tokens = State().Players[1].Tokens;
+  if (State().Match.TookBack) tokens = std::min(tokens, State().Match.Tokens);
+}
 
 void BeginMatchRecord(int gameIndex, int opponentIndex) {
   const GameRec& game = State().Games[gameIndex];

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/state.h"
+
 namespace brindlemoor {
 
 /// Begins to record the match against an opponent of the list, with what the player owns now.
@@ -15,6 +17,12 @@ void CountOwnedAsOld();
 
 /// Tokens that did not come out of the match (a sale) do not count as earned in it.
 void CountTokensAsOld(int tokens);
+
+/// What was bought or sold beside the match, since it was kept, is not of it.
+void CountAsOld(const Session& kept);
+
+/// A match in which a turn was taken back pays no tokens: takes away what it has paid.
+void WithholdTokens();
 
 /// True from the first report of a match to its end; visits of stores are no matches.
 bool MatchIsRunning();

@@ -9,6 +9,7 @@
 #include "core/desktop.h"
 #include "core/state.h"
 #include "game/card_play.h"
+#include "game/match_outcome.h"
 #include "game/opponent.h"
 #include "game/plan_forecast.h"
 #include "game/plans.h"
@@ -171,6 +172,21 @@ void ShowReport(const Plays& plays) {
 
 }  // namespace
 
+namespace {
+
+/// A menu action that still waits for its target is not carried out.
+void NoteUnaimedAction() {
+  const Session& session = State();
+  if (session.AwaitingMenuTarget == 0 || !session.CardTable.Holds(session.SelectedSlot)) return;
+  const Card& card = session.CardTable[session.SelectedSlot];
+  if (!card.Effects.Holds(session.MenuEffect)) return;
+  NoteRefusal(
+      Joined(OneLine(card.Name), ": ", OneLine(card.Effects[session.MenuEffect].MenuCaption)),
+      "no target was chosen");
+}
+
+}  // namespace
+
 void TakeTurn(int skipPlays) {
   Session& session = State();
   const auto outer = std::exchange(session.TurnRunning, std::uint8_t{1});
@@ -178,9 +194,11 @@ void TakeTurn(int skipPlays) {
   session.CostCard.InPlay = 1;
   if (skipPlays != 1) ++session.Match.Turns;
   session.LastTurn = {.Turn = session.Match.Turns, .IsTold = &Windows() != &kNoWindows};
+  if (session.LastTurn.IsTold) NoteUnaimedAction();
   std::optional<TurnChanges> changes;
   if (session.LastTurn.IsTold) changes.emplace();
   const Plays plays = RunScripts(skipPlays);
+  WithholdTokens();
   if (changes) changes->Record();
   {
     const WorkAccount account;  // a page shows right numbers after a turn that spent its own

@@ -26,7 +26,7 @@ struct RecordRow {
   std::size_t Least;
   std::size_t Most;
 };
-constexpr std::array<RecordRow, 35> kRows = {{
+constexpr std::array<RecordRow, 36> kRows = {{
     {"program", Part::kHead, 1, 1},
     {"kind", Part::kHead, 1, 1},
     {"folder", Part::kHead, 1, 1},
@@ -38,6 +38,7 @@ constexpr std::array<RecordRow, 35> kRows = {{
     {"message", Part::kRecords, 1, 1},
     {"question", Part::kRecords, 2, 2},
     {"saving", Part::kRecords, 2, 2},
+    {"choice", Part::kRecords, 2, 2},
     {"input", Part::kRecords, 1, 2},
     {"openfile", Part::kRecords, 1, 2},
     {"savefile", Part::kRecords, 1, 2},

@@ -147,6 +147,14 @@ SaveAnswer RecordingPlatform::AskSaving(std::string_view text) {
   return answer;
 }
 
+std::size_t RecordingPlatform::AskChoice(std::string_view text,
+                                         const std::vector<std::string>& captions) {
+  const Call call(moments_);
+  const std::size_t answer = desktop_->AskChoice(text, captions);
+  writer_.Add("choice", {std::string(text), captions[answer]});
+  return answer;
+}
+
 std::optional<std::string> RecordingPlatform::AskText(std::string_view prompt) {
   const Call call(moments_);
   auto answer = desktop_->AskText(prompt);

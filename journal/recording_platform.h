@@ -32,6 +32,7 @@ class RecordingPlatform : public Platform, public EventObserver {
   void MessageBox(std::string_view text) override;
   bool AskYesNo(std::string_view text) override;
   SaveAnswer AskSaving(std::string_view text) override;
+  std::size_t AskChoice(std::string_view text, const std::vector<std::string>& captions) override;
   std::optional<std::string> AskText(std::string_view prompt) override;
   std::optional<std::int32_t> AskColor(std::int32_t present) override;
   std::vector<std::string> Drives() const override;

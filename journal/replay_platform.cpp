@@ -178,6 +178,13 @@ SaveAnswer ReplayPlatform::AskSaving(std::string_view text) {
   return SaveAnswerOf(Answer("saving", text, "asks whether to save").value_or(""));
 }
 
+std::size_t ReplayPlatform::AskChoice(std::string_view text,
+                                      const std::vector<std::string>& captions) {
+  const auto chosen =
+      std::ranges::find(captions, Answer("choice", text, "asks what to do").value_or(""));
+  return static_cast<std::size_t>(std::min(chosen, captions.end() - 1) - captions.begin());
+}
+
 std::optional<std::string> ReplayPlatform::AskText(std::string_view prompt) {
   return Answer("input", prompt, "asks for a text");
 }

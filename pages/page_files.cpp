@@ -21,6 +21,9 @@ namespace {
 constexpr std::string_view kBodyLine =
     R"(<body bgcolor="#000000" text=\"#FFFFFF\" link=\"#99FF33\" alink=\"#00CC00\" vlink=\"#FFFF00\">)";
 
+constexpr std::string_view kHead = "<HTML>\r\n";
+constexpr std::string_view kFoot = "\r\n</body></HTML>\r\n";
+
 /// The longest beginning of a text within the bound that cuts no character in two.
 std::string_view CutAtBound(std::string_view text, std::size_t bound) {
   if (text.size() <= bound) return text;
@@ -67,8 +70,7 @@ void WritePages(std::span<const std::string_view> files) {
     page = WithBreaks(CutAtBound(page, limits::kPageBytes));
   }
   page = CleanMarkup(std::move(page));
-  const std::string bytes =
-      Joined("<HTML>\r\n", kBodyLine, "\r\n", page, "\r\n", "</body></HTML>\r\n");
+  const std::string bytes = Joined(kHead, kBodyLine, "\r\n", page, kFoot);
   for (const std::string_view file : files) {
     State().PagesWritten.emplace(file);
     const std::string problem = Desktop().Files().Write(PagePath(file), bytes);
@@ -77,6 +79,14 @@ void WritePages(std::span<const std::string_view> files) {
     const std::string message = Joined("Can't write ", file, ": ", problem);
     if (State().LimitsReported.insert(message).second) Desktop().MessageBox(message);
   }
+}
+
+void RewritePages(std::string_view page, std::span<const std::string_view> files) {
+  const std::string head = Joined(kHead, kBodyLine, "\r\n");
+  if (page.starts_with(head)) page.remove_prefix(head.size());
+  if (page.ends_with(kFoot)) page.remove_suffix(kFoot.size());
+  State().PageText = page;
+  WritePages(files);
 }
 
 void ShowInView(BrowserView& view, std::string_view file, std::string_view anchor) {

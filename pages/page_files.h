@@ -24,6 +24,10 @@ void WritePage(std::string_view file, std::string_view color);
 /// The same for a page that is kept in several files.
 void WritePages(std::span<const std::string_view> files);
 
+/// Writes a page anew that has been written before, with the same bytes. What was no such page gets
+/// the markup of one.
+void RewritePages(std::string_view page, std::span<const std::string_view> files);
+
 /// Shows a page, or another file of the program's folder, in a view, from the element with the id
 /// of the anchor on; lets events run and empties PageText.
 void ShowInView(BrowserView& view, std::string_view file, std::string_view anchor = {});

@@ -242,6 +242,7 @@ struct PictureBox : Control {
   Property<bool> Framed{*this, false};   ///< is chosen
   Property<std::string> Told{*this};     ///< what screen readers tell beside the card's name
   bool FrameWhenEmpty = false;           ///< with nothing to show a faint frame is drawn
+  bool TogglesByClick = false;           ///< a double click counts as one
   std::string DragGroup;  ///< can be dragged to the boxes of other groups; "" for not at all
   std::function<void()> MouseMove;           ///< the pointer or the focus came over the box
   std::function<void(MouseButton)> MouseUp;  ///< a click; a drop on another group is a left one
@@ -297,6 +298,7 @@ struct BrowserView : Control {
   Property<std::vector<PictureTip>> PictureTips{*this};
   Property<std::vector<CellLink>> CellLinks{*this};         ///< in the order of the cells
   Property<std::vector<std::string>> OutlinedLinks{*this};  ///< as they stand in the page
+  bool StartsAtFirstLink = false;  ///< when it is given the focus; else where it was left
   /// So long the pointer rests on a link until LinkPointed is called, in milliseconds.
   Property<int> PointDelay{*this, 0};
   /// Asked before a click navigates; true cancels the navigation.

@@ -1,6 +1,7 @@
 // The few operations that the program's logic needs from a desktop.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -55,6 +56,10 @@ class Platform {
   virtual bool AskYesNo(std::string_view text) = 0;
   /// A modal question with three buttons; closing it is a cancel.
   virtual SaveAnswer AskSaving(std::string_view text) = 0;
+  /// A modal question with a button for each caption, the first of them for the Enter key. The
+  /// index of the answer, from 0; closing it is the last one.
+  virtual std::size_t AskChoice(std::string_view text,
+                                const std::vector<std::string>& captions) = 0;
   /// One line of input; nothing when it was cancelled.
   virtual std::optional<std::string> AskText(std::string_view prompt) = 0;
   /// The chosen path; nothing when it was cancelled. Files there may be read and written.

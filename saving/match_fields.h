@@ -159,6 +159,7 @@ inline constexpr auto kFieldsOf<MatchRecord> = std::tuple{
     Field{&MatchRecord::IsVisit},
     Field{&MatchRecord::Turns, 0, kLargestCount},
     Field{&MatchRecord::Winners, 0, 3},
+    Field{&MatchRecord::TookBack, 0, 1},
     Field{&MatchRecord::Tokens},
     Field{&MatchRecord::Owned},
     Field{&MatchRecord::Files},

@@ -13,7 +13,6 @@
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
-#include "data/field_stream.h"
 #include "data/profiles.h"
 #include "game/game_list.h"
 #include "game/kept_matches.h"
@@ -258,22 +257,6 @@ std::string AbsoluteFolder(const std::string& folder) {
   std::string path = absolute.lexically_normal().generic_string();
   while (path.size() > 1 && path.back() == '/') path.pop_back();
   return path;
-}
-
-bool IsStarterDeck(const std::string& path) {
-  constexpr std::string_view kWord = "#STARTERDECK";
-  WorkBudget& work = State().Work;
-  if (work.StopsFile(path)) return false;
-  std::string bytes = Desktop().Files().Read(path).value_or("");
-  work.SpendOnFile(bytes.size());
-  if (bytes.find(kWord) == std::string::npos) return false;
-  FieldStream stream(std::move(bytes));
-  std::size_t counted = 0;
-  for (std::string field; !work.StopsFile(path) && stream.Read(field);) {
-    if (field == kWord) return true;
-    work.SpendOnFields(stream.Position(), counted);
-  }
-  return false;
 }
 
 AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::ostream& out) {

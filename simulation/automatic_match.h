@@ -48,7 +48,5 @@ AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::o
 
 /// The absolute path of a folder or file, without a separator behind it.
 std::string AbsoluteFolder(const std::string& folder);
-/// True for a file that is a starter deck or a card store.
-bool IsStarterDeck(const std::string& path);
 
 }  // namespace brindlemoor

@@ -21,6 +21,9 @@ class SimulationDesktop : public HeadlessPlatform {
   void MessageBox(std::string_view) override {}
   bool AskYesNo(std::string_view) override { return false; }
   SaveAnswer AskSaving(std::string_view) override { return SaveAnswer::kDiscard; }
+  std::size_t AskChoice(std::string_view, const std::vector<std::string>& captions) override {
+    return captions.size() - 1;
+  }
   void RaiseForm(Form&) override {}
   void Navigate(BrowserView&, const std::string&) override {}
   std::uint64_t ClockSeed() override { return seed_++; }

@@ -55,9 +55,9 @@ Layout Arrange(DeckManager& form) {
 
   Layout right = Column({Cell(form.NothingSaved), Cell(form.HintLabel), Cell(form.WB, 1),
                          Cell(form.DeckDrawing, 0, 0, kChartHeight),
+                         Cell(form.UndoSale),  // of its own row: it comes where room is short
                          Row({Cell(form.Label1, 0, 130),
                               {.Direction = Layout::Kind::kControl, .Stretch = 1},
-                              Cell(form.UndoSale),
                               Cell(form.Command5),
                               Cell(form.Command3)}),
                          Cell(form.Command2, 0, 0, 40)},

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/cards.h"
+#include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "game/players.h"
@@ -35,6 +36,7 @@ void Show(const std::string& html) {
 }  // namespace
 
 void ShowFirstSteps() {
+  PaintImage("");
   const std::string name = State().Profile.PlayerName.Str();
   const std::string holdings = HoldingsOf(name);
   std::string html = Joined("<p><b>Welcome, ", OneLine(name), "!</b></p>");
@@ -50,6 +52,7 @@ void ShowFirstSteps() {
     html += "</p><p>Choose an opponent, or a store where your tokens buy more cards.</p>";
   }
   Show(html + "<p>F1 shows the help. Each game has its own under its picture.</p>");
+  TheMainWindow().Kept.Show();
 }
 
 void ShowOpponent(const std::string& address) {
@@ -59,6 +62,7 @@ void ShowOpponent(const std::string& address) {
   const GameRec& record = state.Games[game];
   if (opponent < 2 || !record.Opponents.Holds(opponent)) return;
   Card shown = record.Opponents[opponent];
+  PaintImage(shown.Picture.empty() ? std::string() : ResolvePath(shown.Picture, 0));
   Show(Joined("<p><b>", ColoredName(shown), "</b><br>", OneLine(record.Name), "</p><p>",
               OneLine(shown.Description), "</p>"));
 }

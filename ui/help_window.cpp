@@ -3,6 +3,7 @@
 
 #include "core/desktop.h"
 #include "pages/page_files.h"
+#include "platform/arrangement.h"
 #include "reference/reference_page.h"
 #include "text/text.h"
 #include "ui/forms.h"
@@ -14,7 +15,10 @@ HelpForm::HelpForm() : Form("HelpForm") {
   Caption = "Brindlemoor Help";
   Width = 760;
   Height = 620;
-  Arrangement = {.Direction = Layout::Kind::kControl, .Leaf = &HelpWB, .Stretch = 1};
+  Close.Caption = "Close";
+  Close.Cancel = true;
+  Close.Click = [this] { Desktop().HideForm(*this); };
+  Arrangement = Column({Cell(HelpWB, 1), Row({Layout{.Stretch = 1}, Cell(Close)})});
 }
 
 void ShowHelp(std::string_view file, std::string_view anchor) {

@@ -10,6 +10,7 @@ namespace brindlemoor {
 struct HelpForm : Form {
   HelpForm();
   BrowserView HelpWB{"HelpWB"};
+  Button Close{"CloseHelp"};  ///< the Escape key presses it
 };
 
 /// Shows a help page of the program's folder in the help window, which stays usable beside the

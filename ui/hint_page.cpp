@@ -45,6 +45,7 @@ void ShowHint() {
   if (state.CurrentGame == 0 && state.TestFromEditor == 0) return;
   std::string outer = std::exchange(state.PageText, HintPage());
   State().Links.DescribedCard = 0;
+  PaintImage("");  // of whatever card was looked at before
   WritePage("CardDesc.html", "#000000");
   ShowInView(TheMainWindow().CardDescWB, "CardDesc.html");
   state.PageText = std::move(outer);

@@ -21,6 +21,7 @@
 #include "text/fold.h"
 #include "text/one_line.h"
 #include "ui/card_description.h"
+#include "ui/first_steps.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
@@ -105,8 +106,10 @@ void CardClicked(int slot) {
   } else {
     ShowCardDescription(state.CardTable[slot], 1);
     state.SelectedSlot = static_cast<std::int16_t>(slot);
-    // The way to the links of its menu leads over other cards.
-    if (HasMenu(state.CardTable[slot])) TheMainWindow().WB.PointDelay = kMenuKept;
+    if (!HasMenu(state.CardTable[slot])) return;
+    // The way to the links of its menu leads over other cards, also that of the keyboard.
+    TheMainWindow().WB.PointDelay = kMenuKept;
+    TheMainWindow().CardDescWB.TakeFocus();
   }
 }
 
@@ -157,6 +160,7 @@ void ChooseMenuAction(int slot, int index) {
     case kTargetCard:
       state.AwaitingMenuTarget = 1;
       state.SelectedSlot = static_cast<std::int16_t>(slot);
+      TheMainWindow().WB.TakeFocus();  // where its target is clicked
       break;
     default:
       effect.MenuState = kArmedMenuAction;
@@ -179,8 +183,15 @@ int TableSlotOfLink(const std::string& url) {
 }
 
 void PlayOpponent(int gameIndex, int opponentIndex) {
+  if (State().TurnRunning == 1 || !MayBeginMatch(gameIndex, opponentIndex)) return;
+  TheMainWindow().Kept.Hide();
   ChooseGame(gameIndex, opponentIndex);
   ShowStore();
+  if (State().Links.Games) {
+    ShowFirstSteps();
+  } else {
+    KeepMatchAfterTurn();
+  }
 }
 
 bool WB_BeforeNavigate(const std::string& address) {
@@ -198,7 +209,7 @@ bool WB_BeforeNavigate(const std::string& address) {
     return true;
   }
   if (!url.starts_with(kCardLink)) return false;
-  if (url == "CARDRulesCard") return true;
+  if (url == "CARDRulesCard" || TheMainWindow().History.LooksBack()) return true;
   if (const int slot = LinkedSlot(url); slot != 0) CardClicked(slot);
   return true;
 }

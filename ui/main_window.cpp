@@ -63,11 +63,17 @@ Layout HandStrip(MainWindow& window) {
   return strip;
 }
 
+Layout Messages(MainWindow& window) {
+  Layout words = window.Aim.Arrangement(window.Story.Lines);
+  words.Stretch = 1;
+  return Row({std::move(words), window.History.Arrangement()});
+}
+
 Layout Arrange(MainWindow& window) {
   return Row({Column({HandStrip(window), Cell(window.NothingSaved),
                       Cell(window.Command1, 0, 0, kTurnButtonHeight), Cell(window.InPlayWB, 1)}),
               Column({Cell(window.backbutton, 0, 0, kBackButtonHeight), window.End.Arrangement(),
-                      window.Aim.Arrangement(window.Story.Lines), Cell(window.WB, 1),
+                      window.Kept.Arrangement(), Messages(window), Cell(window.WB, 1),
                       window.Plan.Arrangement()},
                      1),
               Column({Cell(window.Picture1, 0, kPictureWidth, kPictureHeight),
@@ -89,6 +95,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
   for (int position = 1; position <= kHandPositions; ++position) {
     auto& picture = Picture2[static_cast<std::size_t>(position)];
     picture = std::make_unique<PictureBox>("Picture2(" + std::to_string(position) + ")");
+    picture->TogglesByClick = true;
     picture->MouseMove = [this, position] { Picture2_MouseMove(position); };
     picture->MouseUp = [this, position](MouseButton button) { Picture2_MouseUp(position, button); };
     auto& label = HandLabel[static_cast<std::size_t>(position) - 1];
@@ -115,6 +122,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
   InPlayWB.Spoken = "Your plan and what a card can do";
   CardDescWB.Spoken = "The card that was pointed at";
   Picture1.Spoken = "Its picture";
+  CardDescWB.StartsAtFirstLink = true;
   hintmen.Shortcut = "F2";
   newgamemen.Click = [this] { newgamemen_Click(); };
   switchmen.Click = [this] { switchmen_Click(); };
@@ -127,8 +135,9 @@ MainWindow::MainWindow() : Form("MainWindow") {
   helpmen.Click = [this] { helpmen_Click(); };
   helppagesmen.Click = helpmen.Click;
   hintmen.Click = [this] { hintmen_Click(); };
-  filemen.Items = {&newgamemen, &deckmanagermen, &EditMen, &saveplrmen, &savehtmlmen, &switchmen};
-  optionmen.Items = {&fullsizemen, &debugmen};
+  filemen.Items = {&newgamemen,  &deckmanagermen,       &EditMen,  &saveplrmen,
+                   &savehtmlmen, &History.TakeTurnBack, &switchmen};
+  optionmen.Items = {&fullsizemen, &debugmen, &History.Allowed};
   helpmen.Items = {&helppagesmen, &hintmen};
   Menus = {&filemen, &optionmen, &helpmen};
 
@@ -169,8 +178,10 @@ void MainWindow::Command1_Click() {
   }
   // At the game list there is no turn to take.
   if (state.CurrentGame == 0 && state.TestFromEditor == 0) return;
+  History.NoteBefore();
   TakeTurn(0);
   StorePlayer();
+  KeepMatchAfterTurn();
   UpdateHand();
   ForgetSelection();
   ShowPlayMenu();
@@ -265,15 +276,18 @@ void MainWindow::saveplrmen_Click() {
 void MainWindow::savehtmlmen_Click() {
   // A "#" of the path itself is escaped.
   const std::string url = WB.Url.Get();
-  const auto page = Desktop().Files().Read(PathOfUrl(url.substr(0, url.find('#'))));
+  std::string path = PathOfUrl(url.substr(0, url.find('#')));
+  // A plan is written over the file of the report that is shown; the other copy stays.
+  if (IsAtTable() && path == PagePath("Display.html")) path = PagePath("LastDiplayed.html");
+  const auto page = Desktop().Files().Read(path);
   if (!page) {
     Desktop().MessageBox("There is no page to save.");
     return;
   }
-  const auto path =
+  const auto target =
       Desktop().AskFile({.Save = true, .FileName = "*.html", .DefaultExtension = "html"});
-  if (!path || path->empty() || *path == "*.html") return;
-  SaveBytesOrTell(*path, FileNameOf(*path), PageSnapshot(*page, "Brindlemoor"));
+  if (!target || target->empty() || *target == "*.html") return;
+  SaveBytesOrTell(*target, FileNameOf(*target), PageSnapshot(*page, "Brindlemoor"));
 }
 
 void MainWindow::fullsizemen_Click() {
@@ -338,6 +352,7 @@ void UpdateHand() {
   window.WB.PictureTips = tips;
   window.WB.CellLinks = LinksWithoutPicture();
   window.CardDescWB.PictureTips = tips;
+  window.History.Note();
   ShowPlan();
 }
 
@@ -349,6 +364,8 @@ void BlankSideViews() {
   }
   TheMainWindow().Picture1.Picture = "";
   TheMainWindow().End.Hide();
+  TheMainWindow().Kept.Hide();
+  TheMainWindow().History.Clear();
 }
 
 void HideHand() {
@@ -392,7 +409,10 @@ void CompactQueue() {
   }
 }
 
-void ShowMain(std::string_view file) { ShowInView(TheMainWindow().WB, file); }
+void ShowMain(std::string_view file) {
+  TheMainWindow().History.StopLooking();
+  ShowInView(TheMainWindow().WB, file);
+}
 
 void PaintImage(std::string_view file) { TheMainWindow().Picture1.Picture = std::string(file); }
 

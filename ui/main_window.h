@@ -9,8 +9,10 @@
 #include "core/records.h"
 #include "platform/controls.h"
 #include "ui/aim_banner.h"
+#include "ui/kept_match_panel.h"
 #include "ui/match_end.h"
 #include "ui/plan_panel.h"
+#include "ui/turn_history.h"
 #include "ui/turn_story.h"
 
 namespace brindlemoor {
@@ -31,6 +33,8 @@ struct MainWindow : Form {
   AimBanner Aim;
   TurnStory Story;  ///< in its place while nothing is aimed
   PlanPanel Plan;
+  KeptMatchPanel Kept;
+  TurnHistory History;
 
   MenuItem filemen{"filemen", "File"};
   MenuItem newgamemen{"newgamemen", "Quit / New Game"};
@@ -52,7 +56,8 @@ struct MainWindow : Form {
     std::int32_t GlobalID = 0;
     bool operator==(const HandCard&) const = default;
   };
-  HandCard LastHovered;  ///< what the pointer showed last
+  HandCard LastHovered;     ///< what the pointer showed last
+  std::string KeepingTold;  ///< why the match could not be kept, as the player was told
 
   void Form_Load();
   void Command1_Click();

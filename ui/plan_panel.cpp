@@ -35,6 +35,13 @@ std::string LineOf(const PlannedStep& step) {
   return line;
 }
 
+/// What there is to plan, in words for somebody who has not planned anything yet.
+std::string_view NothingPlanned() {
+  return HoldsCards(State().Players[1].Hand)
+             ? "Nothing yet: click a card of your hand to plan it."
+             : "Nothing yet: click a card on the table to see what it can do.";
+}
+
 std::string LeftText(const PlanForecast& forecast) {
   const std::string amounts = AmountsText(forecast.Left);
   if (amounts.empty()) return "";
@@ -107,7 +114,7 @@ void PlanPanel::Update() {
     steps_.push_back({});
   }
   const int last = static_cast<int>(lines.size());
-  if (lines.empty()) lines.emplace_back("Nothing yet: click a card of your hand to plan it.");
+  if (lines.empty()) lines.emplace_back(NothingPlanned());
   Lines.Items = std::move(lines);
   Lines.Selected = last;
   ShowChoice();

@@ -1,12 +1,14 @@
 // The story of a turn as plain text.
 #include "ui/turn_story.h"
 
+#include <utility>
 #include <vector>
 
 #include "core/state.h"
 #include "game/plans.h"
 #include "text/joined.h"
 #include "text/one_line.h"
+#include "ui/forms.h"
 
 namespace brindlemoor {
 
@@ -89,7 +91,8 @@ TurnStory::TurnStory() {
 
 void TurnStory::Update(bool hasPlace) {
   const bool plays = IsAtTable();
-  Lines.Text = plays ? StoryOfTurn() : std::string();
+  std::string earlier = TheMainWindow().History.WhatIsShown();
+  Lines.Text = !plays ? std::string() : earlier.empty() ? StoryOfTurn() : std::move(earlier);
   Lines.Visible = plays && hasPlace;
 }
 

@@ -83,6 +83,16 @@ SaveAnswer HeadlessPlatform::AskSaving(std::string_view text) {
   return TakeAnswer(SaveAnswers, "question about saving", text);
 }
 
+std::size_t HeadlessPlatform::AskChoice(std::string_view text,
+                                        const std::vector<std::string>& captions) {
+  Choices.emplace_back(text);
+  const std::string answer = TakeAnswer(ChoiceAnswers, "choice", text);
+  const auto chosen = std::ranges::find(captions, answer);
+  if (chosen != captions.end()) return static_cast<std::size_t>(chosen - captions.begin());
+  if (!answer.empty()) UnexpectedDialogs.push_back(Joined("no button ", answer, ": ", text));
+  return captions.size() - 1;
+}
+
 std::optional<std::string> HeadlessPlatform::AskText(std::string_view prompt) {
   Questions.emplace_back(prompt);
   return TakeAnswer(TextAnswers, "input box", prompt);

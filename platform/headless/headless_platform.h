@@ -24,6 +24,7 @@ class HeadlessPlatform : public Platform {
   std::deque<std::string> ExpectedMessages;  ///< message boxes to come, whole texts
   std::deque<bool> YesNoAnswers;
   std::deque<SaveAnswer> SaveAnswers;
+  std::deque<std::string> ChoiceAnswers;  ///< captions
   std::deque<std::optional<std::string>> TextAnswers;  ///< nothing stands for a cancel
   std::deque<std::optional<std::string>> FileAnswers;
   std::deque<std::optional<std::string>> FolderAnswers;
@@ -38,6 +39,7 @@ class HeadlessPlatform : public Platform {
   std::vector<std::string> Messages;        ///< every message box
   std::vector<std::string> Questions;       ///< prompt of every input box
   std::vector<std::string> YesNoQuestions;  ///< every question for yes or no
+  std::vector<std::string> Choices;         ///< every question with captions of its own
   std::vector<std::string> UnexpectedDialogs;
   std::map<std::string, std::string> Pages;  ///< bytes of the page each view shows, by its name
   std::vector<std::string> Navigations;      ///< "view url" in order
@@ -51,6 +53,7 @@ class HeadlessPlatform : public Platform {
   void MessageBox(std::string_view text) override;
   bool AskYesNo(std::string_view text) override;
   SaveAnswer AskSaving(std::string_view text) override;
+  std::size_t AskChoice(std::string_view text, const std::vector<std::string>& captions) override;
   std::optional<std::string> AskText(std::string_view prompt) override;
   std::optional<std::int32_t> AskColor(std::int32_t present) override;
   std::vector<std::string> Drives() const override { return {"/"}; }

@@ -23,6 +23,7 @@ QWidget* BindBrowserView(BrowserView& model, FormWindow& window) {
   };
   window.AddView(*view);
   host.AddView(model, window, *view);
+  view->setProperty("startsAtFirstLink", model.StartsAtFirstLink);
   BindCommon(model, *view, window, [&model, view] {
     view->SetPointDelay(model.PointDelay);
     view->SetAdditions(PageAdditions(model));

@@ -6,6 +6,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPushButton>
 #include <algorithm>
 #include <utility>
 
@@ -78,6 +79,22 @@ SaveAnswer QtPlatform::AskSaving(std::string_view text) {
   if (box.clickedButton() == box.button(QMessageBox::Save)) return SaveAnswer::kSave;
   return box.clickedButton() == box.button(QMessageBox::Discard) ? SaveAnswer::kDiscard
                                                                  : SaveAnswer::kCancel;
+}
+
+std::size_t QtPlatform::AskChoice(std::string_view text, const std::vector<std::string>& captions) {
+  QMessageBox box(Owner());
+  PrepareBox(box, text);
+  box.setIcon(QMessageBox::Question);
+  QList<QPushButton*> buttons;
+  for (const std::string& caption : captions) {
+    // Only the role that all have keeps them in their order.
+    buttons.append(box.addButton(ToQt(caption), QMessageBox::ActionRole));
+  }
+  box.setDefaultButton(buttons.first());
+  box.setEscapeButton(buttons.last());
+  RunDialog(box);
+  const qsizetype chosen = ending_ ? -1 : buttons.indexOf(box.clickedButton());
+  return chosen < 0 ? captions.size() - 1 : static_cast<std::size_t>(chosen);
 }
 
 std::optional<std::string> QtPlatform::AskText(std::string_view prompt) {

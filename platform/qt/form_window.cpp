@@ -94,7 +94,11 @@ void FormWindow::Focus(QWidget& widget) {
 }
 
 void FormWindow::GiveFocus() {
-  if (!focusNext_.isNull()) focusNext_->setFocus(Qt::OtherFocusReason);
+  if (!focusNext_.isNull()) {
+    // A page takes this reason as the order to begin with its first link.
+    const bool first = focusNext_->property("startsAtFirstLink").toBool();
+    focusNext_->setFocus(first ? Qt::TabFocusReason : Qt::OtherFocusReason);
+  }
   focusNext_.clear();
 }
 

@@ -20,6 +20,7 @@
 
 #include "platform/qt/form_window.h"
 #include "platform/qt/page_view.h"
+#include "platform/qt/window_host.h"
 
 namespace brindlemoor {
 
@@ -140,7 +141,8 @@ void GeometryReport::Collect() {
   std::map<QWidget*, QString> links;
   for (QWidget* top : QApplication::topLevelWidgets()) {
     if (!top->isVisible()) continue;
-    if (const auto* window = dynamic_cast<FormWindow*>(top)) {
+    if (auto* window = dynamic_cast<FormWindow*>(top)) {
+      if (window->Host().InsideLogic()) text += Line("work", window->objectName(), {}, "");
       text += WindowLines(*window);
       for (QWidget* widget : window->findChildren<QWidget*>()) {
         if (dynamic_cast<PageView*>(widget) == nullptr || !widget->isVisible()) continue;

@@ -15,6 +15,8 @@ namespace {
 constexpr const char* kScript = R"(
 (function([tips, cells, links, title]) {
   if (!document.title) document.title = title;
+  // The next page has the same address, but not the same places.
+  history.scrollRestoration = 'manual';
   for (const old of document.querySelectorAll('a.named')) old.replaceWith(...old.childNodes);
   for (const cell of document.querySelectorAll('td[width="80"]')) {
     const picture = cell.querySelector('a[href^="CARD"] img');

@@ -104,10 +104,11 @@ class PictureWidget : public QWidget, public SpokenWidget {
       drag_.ButtonIsUp();
     }
   }
-  /// The second click of a double click may fall on a box that only the first one brought up: it
-  /// was not meant for that.
+  /// The second click of a double click may fall on a box that only the first one brought up, or
+  /// take back what the first one did: it was not meant for that.
   void mouseDoubleClickEvent(QMouseEvent* event) override {
-    notMeant_ = !lastPress_.isValid() || lastPress_.elapsed() > QApplication::doubleClickInterval();
+    notMeant_ = model_.TogglesByClick || !lastPress_.isValid() ||
+                lastPress_.elapsed() > QApplication::doubleClickInterval();
     mousePressEvent(event);
   }
   void mouseMoveEvent(QMouseEvent* event) override {
@@ -147,7 +148,7 @@ class PictureWidget : public QWidget, public SpokenWidget {
       case Qt::BacktabFocusReason:
       case Qt::ShortcutFocusReason:
       case Qt::OtherFocusReason:
-        if (!quiet_) events_.Hover();
+        HoverSoon();
         break;
       default:
         break;
@@ -215,15 +216,14 @@ class PictureWidget : public QWidget, public SpokenWidget {
   /// Gives the focus to another box of the group, if there is one.
   void HandFocusOn() {
     const std::vector<PictureWidget*> boxes = OthersForFocus();
-    if (const auto next = SpotAfter(SpotsOf(boxes), Spot())) boxes[*next]->TakeFocusOver();
+    if (const auto next = SpotAfter(SpotsOf(boxes), Spot()))
+      boxes[*next]->setFocus(Qt::OtherFocusReason);
   }
 
-  /// Takes the focus of a box that hides. Whoever hides boxes may be in the middle of it, so the
-  /// preview comes when that is over, and only where the focus has come to rest.
-  void TakeFocusOver() {
-    quiet_ = true;
-    setFocus(Qt::OtherFocusReason);
-    quiet_ = false;
+  /// Whoever moves the focus may be in the middle of something: hiding boxes, or giving it up for a
+  /// page, while the browser engine can't read another one. So the preview comes when that is over,
+  /// and only where the focus has come to rest.
+  void HoverSoon() {
     QTimer::singleShot(0, this, [this] {
       if (hasFocus() && isVisible()) events_.Hover();
     });
@@ -288,7 +288,6 @@ class PictureWidget : public QWidget, public SpokenWidget {
   PictureDrag drag_;
   QElapsedTimer lastPress_;
   bool notMeant_ = false;  // the click that is being made
-  bool quiet_ = false;     // the focus comes without a preview
 };
 
 }  // namespace

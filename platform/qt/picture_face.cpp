@@ -208,8 +208,14 @@ void PictureFace::Draw(QPainter& painter, QRect room, double ratio, bool ring) {
     if (model_.FrameWhenEmpty) DrawEmptyFrame(painter, place);
   }
   if (!ring) return;
-  painter.setPen(QPen(HighlightColor(), kRingWidth));
-  painter.drawRect(place.adjusted(1, 1, -1, -1));
+  // Of three colours, so that it is seen beside a frame of the picture's own.
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  const QColor colors[] = {HighlightColor(), Qt::black, Qt::white};
+  for (int line = 0; line < 3; ++line) {
+    const int inset = 1 + line * kRingWidth;
+    painter.setPen(QPen(colors[line], kRingWidth));
+    painter.drawRect(place.adjusted(inset, inset, -inset, -inset));
+  }
 }
 
 QPixmap PictureFace::Shown(QSize size, double ratio, const QFont& font) {

@@ -11,6 +11,7 @@
 
 #include "platform/controls.h"
 #include "platform/platform.h"
+#include "platform/qt/held_keys.h"
 #include "platform/qt/letter_sizes.h"
 #include "platform/qt/page_policy.h"
 #include "platform/qt/picture_cache.h"
@@ -46,6 +47,7 @@ class QtPlatform : public Platform, public WindowHost {
   void MessageBox(std::string_view text) override;
   bool AskYesNo(std::string_view text) override;
   SaveAnswer AskSaving(std::string_view text) override;
+  std::size_t AskChoice(std::string_view text, const std::vector<std::string>& captions) override;
   std::optional<std::string> AskText(std::string_view prompt) override;
   std::optional<std::int32_t> AskColor(std::int32_t present) override;
   std::vector<std::string> Drives() const override;
@@ -122,6 +124,7 @@ class QtPlatform : public Platform, public WindowHost {
   PagePolicy policy_;
   PictureCache pictures_;
   LetterSizes letters_;
+  HeldKeys heldKeys_;
   QtImageLibrary images_;
   std::unique_ptr<QWebEngineProfile> profile_;
   std::map<Form*, std::unique_ptr<FormWindow>> windows_;

@@ -379,21 +379,27 @@ TEST_F(LeavingTest, AnOldListOfPlayersSetsNobodyBackAndMakesNoSecondOne) {
   EXPECT_NE(Get("PlayerProfiles.txt").find(kOwn), std::string::npos);
 }
 
-TEST_F(LeavingTest, AMatchIsGivenUpOnlyByAnAnswer) {
+TEST_F(LeavingTest, AMatchIsLeftOnlyByAnAnswer) {
   Match("Goblins", 2);
   const auto leave = {
       +[] { TheMainWindow().newgamemen.Click(); }, +[] { TheMainWindow().switchmen.Click(); },
       +[] { TheMainWindow().Form_QueryClose(); }, +[] { TheDeckManager().quitmen.Click(); }};
   for (const auto& way : leave) {
-    desktop_->YesNoAnswers = {false};
+    desktop_->ChoiceAnswers = {"Stay"};
     way();
     EXPECT_TRUE(State().CurrentGame == 1 && State().GameOver == 0 && !desktop_->Ending());
+    EXPECT_TRUE(desktop_->ChoiceAnswers.empty());
   }
-  EXPECT_EQ(desktop_->YesNoQuestions.back(),
-            "Give up the match against King?  Your cards and tokens are kept.");
-  desktop_->YesNoAnswers = {true};
+  desktop_->ChoiceAnswers = {"Save and Leave"};
   TheMainWindow().newgamemen.Click();
   EXPECT_EQ(State().CurrentGame, 0);
+  EXPECT_TRUE(files_->Contents.contains("/game/Ann_Goblins.match"));
+  EXPECT_TRUE(TheMainWindow().Kept.Panel.Visible);
+  Match("Goblins", 2);
+  desktop_->ChoiceAnswers = {"Give Up"};
+  TheMainWindow().newgamemen.Click();
+  EXPECT_EQ(State().CurrentGame, 0);
+  EXPECT_FALSE(files_->Contents.contains("/game/Ann_Goblins.match"));
   TheMainWindow().newgamemen.Click();  // at the list, and in a visit, nothing is given up
   Match("Orcs", 3, false);
   TheMainWindow().newgamemen.Click();
@@ -403,7 +409,7 @@ TEST_F(LeavingTest, AMatchIsGivenUpOnlyByAnAnswer) {
 TEST_F(LeavingTest, AnotherPlayerTakesOverWithoutARestart) {
   Match("Goblins", 2);
   State().Players[1].Tokens = 77;
-  desktop_->YesNoAnswers = {true};
+  desktop_->ChoiceAnswers = {"Give Up"};
   desktop_->TextAnswers = {"Bo"};
   desktop_->ModalForms.emplace_back(
       [](Form& form) { static_cast<ProfileMenu&>(form).Command1[0]->Click(); });

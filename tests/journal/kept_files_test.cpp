@@ -85,14 +85,16 @@ TEST_F(KeptFilesTest, WhatOthersMakeOfAPlayersFileMeanwhileIsPlayedAgain) {
     desktop_->SaveAnswers = {SaveAnswer::kCancel, SaveAnswer::kCancel};
     WriteBytes(own, bytes + "\r\n");
     // Sells, leaves the other file alone, gives up the match.
-    desktop_->YesNoAnswers = {true, false, true};
+    desktop_->ChoiceAnswers = {"Give Up", "Give Up"};
+    desktop_->YesNoAnswers = {true, false};
     desktop_->ModalForms.emplace_back(sell);
     Menu("deckmanagermen");
     fs::remove(own);
     fs::create_directory(own);  // which can't be read
-    desktop_->YesNoAnswers = {true, true};
+    desktop_->YesNoAnswers = {true};
     desktop_->ModalForms.emplace_back(sell);
     Menu("deckmanagermen");
+    EXPECT_TRUE(desktop_->ChoiceAnswers.empty());
     EXPECT_TRUE(desktop_->YesNoAnswers.empty() && desktop_->SaveAnswers.empty());
     EXPECT_NE(desktop_->Messages.back().find("can't be read"), std::string::npos);
     fs::remove(own);

@@ -64,6 +64,7 @@ Answers AskEverything(Platform& desktop, const std::string& outside) {
   Answers answers;
   for (int n = 0; n < 2; ++n) {
     answers.emplace_back(desktop.AskYesNo("Sure?") ? "yes" : "no");
+    answers.push_back(Joined("choice ", desktop.AskChoice("Which?", {"A", "B \"b\"", "C"})));
     answers.push_back(Printed(desktop.AskText("Name?")));
     for (const bool save : {false, true}) {
       answers.push_back(Printed(desktop.AskFile({.Save = save, .FileName = "*.txt"})));
@@ -105,6 +106,7 @@ class PlatformAnswersTest : public testing::Test {
     auto desktop = std::make_shared<HeadlessPlatform>(std::make_unique<LocalFileSystem>(), 7);
     desktop->AcceptMessages = true;
     desktop->YesNoAnswers = {true, false};
+    desktop->ChoiceAnswers = {"B \"b\"", "A"};
     desktop->TextAnswers = {"Ann \"A\"\n", std::nullopt};
     desktop->FileAnswers = {"/in.txt", "/out.txt", std::nullopt, std::nullopt};
     desktop->FolderAnswers = {"/my folder", std::nullopt};

@@ -38,10 +38,15 @@ TEST_F(SessionReplayTest, BeginsWithThePlayersOfTheJournal) {
   Record([this] { PlayAWhile(); });
   const std::string second = Record([this] {
     desktop_->ModalForms.emplace_back([this](Form& decks) { Do(decks, {.Control = "Command2"}); });
+    desktop_->ChoiceAnswers = {"Continue", "Save and Leave", "New Match"};
+    Link("GAME:1:4");
+    TakeTurn();
+    Menu("newgamemen");
     Link("GAME:1:4");
     TakeTurn();
   });
   fs::remove(root_ / "game/Ann_Wickwater.plr");
+  fs::remove(root_ / "game/Ann_Wickwater.match");
   WriteBytes(root_ / "game/PlayerProfiles.txt", "nobody");
   WriteBytes(root_ / "game/Debug.on", "");
   EXPECT_EQ(Replay(second).Difference, "");

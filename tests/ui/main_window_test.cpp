@@ -252,7 +252,7 @@ TEST_F(MainWindowTest, TheHintShowsTheHandAndChangesNothing) {
   EXPECT_EQ(StateDigest(), before);
   EXPECT_EQ(State().Random.State, dice);
   EXPECT_EQ(State().SelectedSlot, 2);
-  EXPECT_EQ(window_.Picture1.Picture.Get(), "card.jpg");
+  EXPECT_EQ(window_.Picture1.Picture.Get(), "") << "a card that was looked at before";
   const std::string page = desktop_->Pages["CardDescWB"];
   const std::size_t bolt = page.find(
       "Bolt <i></font></b>, worth playing now<br>When it enters play, on Player 2: works.");

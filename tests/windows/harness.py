@@ -243,6 +243,8 @@ class Program:
     def at_rest(self, kind, name=None, text=None):
         """Something as soon as it is there and has stopped moving; a busy program reports late."""
         place = self.wait_for(kind, name, text)
+        if kind == "link":
+            self.wait_gone("work")
         while True:
             before = self._report.stat().st_mtime_ns
             time.sleep(0.15)

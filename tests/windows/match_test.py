@@ -11,6 +11,7 @@ import shipped_game
 LAMP = "Turn the lamp on an enemy (2 oil)"
 CHEST, OONA = 2, 4  # places in the list of games
 TURNS = 40
+LEFT_IN = 5  # the turn in which the program is closed
 VICTORY = "The water is yours tonight!"
 MATCHES = 4
 PRIZE = 40  # tokens for a victory over the first opponent
@@ -20,6 +21,7 @@ CHEST_CARDS = 31
 
 class Match(shipped_game.ShippedGameTest):
     pictures = "match"
+    came_back = False
 
     def start(self, *arguments, environment=None):
         run = super().start(*arguments, environment=environment)
@@ -59,7 +61,10 @@ class Match(shipped_game.ShippedGameTest):
         self.click_card("Attic Light")
         self.run_.wait_for("link", text=LAMP)
         self.keep("description")
-        self.run_.click("link", text=LAMP)
+        self.go_on_to_the_hand()
+        self.click_card("Attic Light")
+        self.run_.at_rest("link", text=LAMP)
+        self.display.key("Return")  # the keyboard is on the link
         said = f"Choose a target for Attic Light: {LAMP}.  Esc stops."
         self.run_.wait_for("control", "AimWords", said)
         self.display.key("Escape")
@@ -70,6 +75,14 @@ class Match(shipped_game.ShippedGameTest):
         self.click_card("Oona Ebb")
         harness.wait_until("the lamp in the plan", lambda: "uses special action" in self.plan())
         self.assertIn('on "Oona Ebb.<br>', self.plan())
+
+    def go_on_to_the_hand(self):
+        """The keyboard leaves a page for a card of the hand, which is shown without a wait."""
+        self.display.key("Tab")
+        harness.wait_until("a card of the hand beside the report",
+                           lambda: LAMP not in self.run_.page("CardDesc.html"), 5)
+        self.run_.at_rest("control", "Command1")
+        self.run_.wait_gone("work", seconds=5)
 
     def ask_for_a_hint(self):
         plan = self.plan()
@@ -107,6 +120,8 @@ class Match(shipped_game.ShippedGameTest):
                 self.aim_the_lamp()
             self.queue_hand("Oona Ebb" if turn == 0 else None)
             self.keep(f"plan-{turn}")
+            if turn == LEFT_IN - 1:
+                self.leave_and_come_back(turn)
             self.take_turn()
             self.keep(f"report-{turn}")
             if turn == 0:
@@ -118,10 +133,32 @@ class Match(shipped_game.ShippedGameTest):
                 return self.told_of_the_end(turn + 1)
         raise AssertionError("no end in sight")
 
+    def leave_and_come_back(self, turns):
+        """Closes the program in a match, and goes on with it in the next one."""
+        report, plan = self.report(), self.plan()
+        self.assertIn("Play ", plan)
+        self.display.ask_to_close(shipped_game.TITLE)
+        self.run_.wait_for("button", "Save and Leave")
+        self.keep("leaving")
+        self.run_.click("button", "Save and Leave")
+        self.assertEqual(self.run_.wait_for_end(), 0)
+        self.run_ = self.start(self.folder, "--seed", "99")
+        self.run_.click("control", text="Ann")
+        goes_on = f"Continue: Oona Ebb, turn {turns}"
+        self.run_.wait_for("control", text=goes_on)
+        self.run_.fill_screen(shipped_game.TITLE)
+        self.keep("continue")
+        self.run_.click("control", text=goes_on)
+        harness.wait_until("the plan", lambda: self.plan() == plan)
+        self.assertEqual(self.report(), report)
+        self.run_.wait_gone("control", text=goes_on)
+        self.came_back = True
+
     def told_of_the_end(self, turns):
         """True for a victory, as the panel above the report says it."""
         won = VICTORY in self.report()
         self.run_.wait_for("control", "MatchVerdict", "You won!" if won else "You lost.")
+        self.assertFalse((self.folder / "Ann_Wickwater.match").exists())
         facts = self.run_.find("control", "MatchFacts").text
         self.assertRegex(facts, f"Against Oona Ebb.  {turns} turns.  "
                                 f"{PRIZE if won else CONSOLATION} tokens earned.")
@@ -151,6 +188,7 @@ class Match(shipped_game.ShippedGameTest):
             losses += 1
             self.assertLess(losses, MATCHES, "the opponent won every time")
             self.leave_the_ended_game()
+        self.assertTrue(self.came_back)
         self.keep("victory")
         self.play_again_by_keyboard()
         self.close_and_check(shipped_game.TITLE)

@@ -59,9 +59,9 @@ class ShippedGameTest(harness.WindowTest):
         harness.wait_until("the list or its question", lambda: self.asked_to_give_up() or
                            self.run_.find("link", text="Oona Ebb"))
         if self.asked_to_give_up():
-            self.run_.click("button", "Yes")
+            self.run_.click("button", "Give Up")
         self.run_.wait_for("link", text="Oona Ebb")
 
     def asked_to_give_up(self):
-        return any(place.kind == "dialog" and place.text.startswith("Give up the match against")
+        return any(place.kind == "dialog" and place.text.startswith("Leave the match against")
                    for place in self.run_.places())
