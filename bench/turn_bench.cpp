@@ -2,49 +2,17 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/bench_session.h"
+#include "bench/card_supply.h"
 #include "bench/measures.h"
 #include "bench/seated_stage.h"
 #include "game/turn.h"
 #include "pages/battlefield.h"
 #include "pages/card_pages.h"
 #include "pages/page_files.h"
-#include "script/card_entry.h"
-#include "script/parsed_script.h"
 #include "script/trait_changes.h"
 
 namespace brindlemoor {
 namespace {
-
-/// Cards of the side's deck that stay in the table, one after the other and over again.
-class Supply {
- public:
-  explicit Supply(int side) {
-    for (const Card& card : State().Decks[1].Cards) Take(card, side);
-    for (const Card& card : State().Players[side].Deck) Take(card, side);
-    if (cards_.empty()) throw std::runtime_error("no cards");
-  }
-  Card Next() {
-    Card card = cards_[next_++ % cards_.size()];
-    card.GlobalID = 0;
-    return card;
-  }
-
- private:
-  void Take(Card card, int side) {
-    if (IsFree(card) || card.Owner != side) return;
-    if (!HasTrait(card, "HP", "") || HasTrait(card, "PLAYER", "")) return;
-    card.ActivateOn = Text();  // it is in play at once
-    cards_.push_back(std::move(card));
-  }
-  std::vector<Card> cards_;
-  std::size_t next_ = 0;
-};
-
-int CardsInPlay() {
-  int count = 0;
-  for (const Card& card : State().CardTable) count += !IsFree(card) && card.InPlay == 1 ? 1 : 0;
-  return count;
-}
 
 /// A match in its second turn, with so many cards in the table and a full hand of the enemy. Both
 /// players have hit points enough for every turn to come.
@@ -55,9 +23,7 @@ void LayOut(Stage& stage, std::int64_t cards) {
   for (int side = 1; side <= 2; ++side) {
     SetTrait(session.CardTable[session.Players[side].PlayerCard], "HP", 1000000, 0);
   }
-  Supply supplies[] = {Supply(1), Supply(2)};
-  for (int side = 1; CardsInPlay() < cards; side = 3 - side) AddToTable(supplies[side - 1].Next());
-  for (Card& card : session.Players[2].Hand) card = supplies[1].Next();
+  FillUpTable(cards);
 }
 
 void BM_TakeTurn(benchmark::State& state) {

@@ -11,13 +11,16 @@
 #include "fuzz/fuzz_session.h"
 #include "fuzz/fuzz_targets.h"
 #include "fuzz/made_folder.h"
+#include "game/kept_matches.h"
 #include "game/match_start.h"
 #include "game/player_files.h"
 #include "game/program_start.h"
+#include "game/turn.h"
 #include "platform/headless/memory_images.h"
 #include "script/card_setup.h"
 #include "script/command_table.h"
 #include "script/parsed_script.h"
+#include "simulation/automatic_player.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -179,6 +182,28 @@ Inputs Writers(const std::string&) {
       "1NAnn\n1G0\n1E\n1U\n1G1\n1B\n1Rfast, \"small\"\n1A\n1W\n1U\n1K\n2P0\n2G2\n2B\n2D\n2S\n2Q\n"};
 }
 
+/// The small game behind each of some turns, with a plan for the next one.
+Inputs SavedMatches(const std::string&) {
+  FuzzSession session;
+  for (const FolderFile& file : FilesOfText(SmallGame())) session.WriteFile(file.Name, file.Bytes);
+  PlayDeckManagers(session.Desktop());
+  NewGame();
+  ChooseGame(1, kFirstOpponent);
+  EndGame();
+  NewGame();
+  ChooseGame(1, kFirstOpponent + 1);
+  Inputs inputs;
+  for (int turn = 0; turn < 4; ++turn) {
+    PlanAutomaticPlays();
+    if (turn == 1) LayOutSmallTable();
+    const MatchFileBytes file = ComposeMatchFile(7);
+    MustHold(file.Problem.empty(), file.Problem);
+    inputs.push_back(file.Bytes);
+    TakeTurn(0);
+  }
+  return inputs;
+}
+
 constexpr FuzzTarget kTargets[] = {
     {"card_file", FuzzCardFile, CardFiles},
     {"script", FuzzScript, Scripts},
@@ -192,6 +217,7 @@ constexpr FuzzTarget kTargets[] = {
     {"match", FuzzMatch, Matches},
     {"folder", FuzzFolder, Folders},
     {"writers", FuzzWriters, Writers},
+    {"saved_match", FuzzSavedMatch, SavedMatches},
 };
 
 }  // namespace

@@ -27,7 +27,11 @@ namespace {
 /// The report is written under both names; the second one stays when a plan is shown.
 constexpr std::array<std::string_view, 2> kReportPages = {"Display.html", "LastDiplayed.html"};
 
-std::string GameIsGone(const SavedMatchHead& head) {
+/// Why a match is none of the game in whose name it lies.
+std::string WrongGame(const SavedMatchHead& head, std::string_view name) {
+  if (GameOfMatch(head) != 0) {
+    return Joined(name, " holds a match of another game: ", head.RulesFile, ".");
+  }
   return Joined("The game of the saved match is not here: there is no ", head.RulesFile, ".");
 }
 
@@ -72,7 +76,7 @@ std::optional<KeptMatch> KeptMatchOf(int gameIndex) {
   kept.Opponent = read.Match->Head.Opponent.Str();
   kept.Turns = read.Match->Head.Turns;
   kept.ChangedFiles = ChangedFiles(read.Match->Tables.Match.Files);
-  if (GameOfMatch(read.Match->Head) != gameIndex) kept.Problem = GameIsGone(read.Match->Head);
+  if (GameOfMatch(read.Match->Head) != gameIndex) kept.Problem = WrongGame(read.Match->Head, name);
   return kept;
 }
 
@@ -85,9 +89,10 @@ bool CanKeepMatch() {
 MatchFileBytes ComposeMatchFile(std::uint64_t clock) {
   if (!CanKeepMatch()) return {"", "There is no match to save."};
   NoteMatchFiles();
-  const std::string page =
-      Desktop().Files().Read(PagePath(kReportPages.back())).value_or(std::string());
-  MatchFileBytes file{BytesOfMatch(page, clock), ""};
+  const std::string path = PagePath(kReportPages.back());
+  const auto page = Desktop().Files().Read(path);
+  if (!page && IsThere(Desktop().Files(), path)) return {"", CantRead(kReportPages.back(), path)};
+  MatchFileBytes file{BytesOfMatch(page.value_or(""), clock), ""};
   if (ReadMatch(file.Bytes, "").Match == nullptr) {
     file.Problem = "This match can't be saved: its tables do not agree with one another.";
   }
@@ -142,7 +147,7 @@ std::string ContinueMatch(int gameIndex) {
   if (!bytes) return problem;
   MatchRead read = ReadMatch(*bytes, name);
   if (read.Match == nullptr) return read.Problem;
-  if (GameOfMatch(read.Match->Head) != gameIndex) return GameIsGone(read.Match->Head);
+  if (GameOfMatch(read.Match->Head) != gameIndex) return WrongGame(read.Match->Head, name);
   const std::string own = StoredPlayerFile(gameIndex);
   const bool isThere = IsThere(Desktop().Files(), InProgramFolder(own));
   const auto owned = Desktop().Files().Read(InProgramFolder(own));

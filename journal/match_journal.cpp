@@ -118,6 +118,10 @@ void RecordMatch(JournalWriter& writer, AutomaticMatchOptions& options) {
   head.Options["seed"] = std::to_string(options.Seed);
   head.Options["turns"] = std::to_string(options.MaximumTurns);
   head.Options["opponent"] = std::to_string(options.Opponent);
+  if (!options.Continue.empty()) {
+    options.SavedBytes = LocalFileSystem().Read(AbsoluteFolder(options.Continue));
+    head.Options["saved"] = options.SavedBytes.value_or("");
+  }
   WriteHead(writer, head);
   options.OnPage = [&writer](const std::string& name, const std::string& page) {
     writer.AddText(name, page);
@@ -143,6 +147,11 @@ ReplayResult ReplayMatch(const Journal& journal, const ReplayOptions& options) {
   match.Seed = journal.Number("seed");
   match.MaximumTurns = IntOption(journal, "turns");
   match.Opponent = IntOption(journal, "opponent");
+  if (journal.Options.contains("saved")) {
+    match.Continue = "The match of the journal";
+    match.SavedBytes = TextOption(journal, "saved");
+    match.DespiteChanges = true;  // what has changed has been told
+  }
   match.OnPage = [&](const std::string& name, const std::string& page) {
     if (options.OnText) options.OnText(name, page);
     tape.ExpectText(name, Renamed(page, options.Folder, journal.Folder));

@@ -2,6 +2,7 @@
 #include "saving/match_files.h"
 
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <string_view>
 
@@ -20,9 +21,13 @@ namespace brindlemoor {
 
 namespace {
 
-std::string HashOfFile(const std::string& path) {
-  const auto bytes = Desktop().Files().Read(path);
-  return bytes ? HashOf(*bytes) : "";
+/// "" for a file that is not there, nothing for one that is there and can't be read.
+std::optional<std::string> HashOfFile(const std::string& path) {
+  FileSystem& files = Desktop().Files();
+  if (!IsThere(files, path)) return "";
+  const auto bytes = files.Read(path);
+  if (!bytes) return std::nullopt;
+  return HashOf(*bytes);
 }
 
 /// A path as it lies below the program's folder; one that lies elsewhere stays what it is.
@@ -43,7 +48,8 @@ void Note(std::string_view path) {
       std::ranges::find(files, name, &MatchFile::Name) != files.end()) {
     return;
   }
-  files.push_back({name, HashOfFile(std::string(path))});
+  auto hash = HashOfFile(std::string(path));
+  if (hash) files.push_back({name, *std::move(hash)});
 }
 
 void AddSources(const Pile& pile, std::set<std::string_view>& sources) {
@@ -94,9 +100,10 @@ void NoteMatchFiles() {
 std::vector<std::string> ChangedFiles(const std::vector<MatchFile>& files) {
   std::vector<std::string> lines;
   for (const MatchFile& file : files) {
-    const std::string hash = HashOfFile(PathOf(file));
+    const auto hash = HashOfFile(PathOf(file));
     if (hash == file.Hash) continue;
-    lines.push_back(Joined(file.Name, hash.empty()        ? " is gone"
+    lines.push_back(Joined(file.Name, !hash               ? " can't be read"
+                                      : hash->empty()     ? " is gone"
                                       : file.Hash.empty() ? " is new"
                                                           : " has changed"));
   }
@@ -104,7 +111,7 @@ std::vector<std::string> ChangedFiles(const std::vector<MatchFile>& files) {
 }
 
 void TakeFilesAsTheyAre(std::vector<MatchFile>& files) {
-  for (MatchFile& file : files) file.Hash = HashOfFile(PathOf(file));
+  for (MatchFile& file : files) file.Hash = HashOfFile(PathOf(file)).value_or(file.Hash);
 }
 
 }  // namespace brindlemoor

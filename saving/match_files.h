@@ -10,7 +10,7 @@ namespace brindlemoor {
 
 /// Notes in the record of the match (MatchRecord::Files) those files that it does not know yet:
 /// rules, opponent, the card files of the game's folder, and where cards came from otherwise. What
-/// has been noted once is not read again.
+/// has been noted once is not read again, and what can't be read is not noted.
 void NoteMatchFiles();
 
 /// A line for each file that is not what it was: "goblins/Cards.txt has changed".

@@ -16,7 +16,7 @@ RecordReader::RecordReader(std::string_view bytes, std::string_view folder) : by
     bytes_.remove_prefix(size);
     const bool isMarked = text.starts_with(kFolderMark);
     if (isMarked) text.remove_prefix(1);
-    texts_.push_back(isMarked && text.starts_with('/') ? Text::Of(folder, text) : Text(text));
+    texts_.push_back(isMarked && text.starts_with('/') ? Text(Joined(folder, text)) : Text(text));
   }
 }
 

@@ -6,6 +6,9 @@
 #include "core/paths.h"
 #include "core/state.h"
 #include "data/card_reader.h"
+#include "game/kept_matches.h"
+#include "game/program_start.h"
+#include "saving/saved_match.h"
 #include "scenario/scenario_fields.h"
 #include "scenario/scenario_library.h"
 #include "scenario/scenario_words.h"
@@ -22,16 +25,22 @@ namespace fs = std::filesystem;
 constexpr int kSides = 3;
 constexpr std::size_t kAnswers = 1000;
 
-void Folder(Scene& scene, WordReader& line) {
-  const std::string name = line.Take("a folder");
-  if (!line.Ends()) return;
+/// A path as it is seen from the file of the line; "" when there can be none.
+std::string SeenFromFile(const Scene& scene, const std::string& name) {
   const std::string& here = scene.Text.Files[static_cast<std::size_t>(scene.Line->Place.File)];
   std::error_code failure;
   std::string path = fs::absolute(fs::path(here).parent_path() / name, failure)
                          .lexically_normal()
                          .generic_string();
   while (path.size() > 1 && path.back() == '/') path.pop_back();
-  if (failure || !scene.Files->FolderExists(path)) {
+  return failure ? "" : path;
+}
+
+void Folder(Scene& scene, WordReader& line) {
+  const std::string name = line.Take("a folder");
+  if (!line.Ends()) return;
+  const std::string path = SeenFromFile(scene, name);
+  if (path.empty() || !scene.Files->FolderExists(path)) {
     scene.Stop(Joined("There is no folder ", ShownText(path), "."));
     return;
   }
@@ -56,6 +65,32 @@ void Rules(Scene& scene, WordReader& line) {
   }
   scene.Pristine = false;
   scene.Changed = true;
+}
+
+void SavedMatchGoesOn(Scene& scene, WordReader& line) {
+  const std::string name = line.Take("the file of a match");
+  if (!line.Ends()) return;
+  const auto bytes = scene.Library.Machine().ReadNamed(SeenFromFile(scene, name));
+  if (!bytes) {
+    scene.Stop(Joined("There is no file ", ShownText(name), "."));
+    return;
+  }
+  State().Profile.PlayerName = "Player";
+  NewGame();
+  MatchRead read = ReadMatch(*bytes, ShownText(name));
+  if (read.Match == nullptr) {
+    scene.Stop(std::move(read.Problem));
+  } else if (GameOfMatch(read.Match->Head) == 0) {
+    scene.Stop(Joined("The game of the match is not in the folder: there is no ",
+                      ShownText(read.Match->Head.RulesFile), "."));
+  } else {
+    scene.Desktop->SetClock(read.Match->Head.Clock);
+    ShowSavedMatch(std::move(*read.Match), Owned::kAsSaved);
+    scene.Handles.clear();
+    scene.Aside = Pile();
+    scene.Pristine = false;
+    scene.Changed = false;
+  }
 }
 
 void ReadFile(Scene& scene, WordReader& line) {
@@ -197,7 +232,7 @@ void Answer(Scene& scene, WordReader& line) {
 }
 
 // clang-format off
-constexpr std::array<ScenarioWord, 12> kWords = {{
+constexpr std::array<ScenarioWord, 13> kWords = {{
     {"scenario", WordKind::kScenario, nullptr, "scenario NAME",
      "begins a scenario; the lines before the first one are carried out at the start of each"},
     {"include", WordKind::kInclude, nullptr, "include FILE", "the lines of another scenario file stand here; it holds no scenarios"},
@@ -205,6 +240,7 @@ constexpr std::array<ScenarioWord, 12> kWords = {{
     {"file", WordKind::kBlock, WriteOwnFile, "file NAME", "the lines up to \"end\" are a file of the program's folder, in memory"},
     {"let", WordKind::kSetUp, Let, "let NAME TEXT", "from here on {NAME} stands for the text"},
     {"rules", WordKind::kSetUp, Rules, "rules FILE", "reads a rules file as the start of a match does"},
+    {"match", WordKind::kSetUp, SavedMatchGoesOn, "match FILE", "a match that was saved goes on, with its luck and its cards as they were then; the file is seen from the scenario file, its game lies in the program's folder"},
     {"read", WordKind::kSetUp, ReadFile, "read FILE [side N]", "reads a card file for a side, its cards in the order of the file"},
     {"seed", WordKind::kSetUp, Seed, "seed N", "where the random source begins; without it at 0"},
     {"string", WordKind::kSetUp, CustomString, "string KEY TEXT...", "a custom string and its values"},

@@ -74,6 +74,11 @@ const std::string* MachineFiles::Read(const std::string& path) {
   return entry->second ? &*entry->second : nullptr;
 }
 
+std::optional<std::string> MachineFiles::ReadNamed(const std::string& path) {
+  machine_.TakeChoice(path);
+  return machine_.Read(path);
+}
+
 bool ScenarioFiles::Hides(const std::string& path) const {
   return std::ranges::find(removed_, path) != removed_.end();
 }

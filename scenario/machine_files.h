@@ -33,6 +33,8 @@ class MachineFiles {
   /// nullptr when the file can't be read.
   const std::string* Read(const std::string& path);
   std::string WhyUnread(const std::string& path) const;
+  /// A file that a scenario names itself, be it a player's and wherever it lies.
+  std::optional<std::string> ReadNamed(const std::string& path);
 
  private:
   std::unique_ptr<FileSystem> own_;

@@ -157,8 +157,8 @@ std::string StartMatch(const AutomaticMatchOptions& options) {
 
 /// Brings the session to where a saved match stands. "" or why it can't go on.
 std::string ContinueMatch(const AutomaticMatchOptions& options, HeadlessPlatform& desktop) {
-  const std::string path = AbsoluteFolder(options.Continue);
-  const auto bytes = LocalFileSystem().Read(path);
+  auto bytes = options.SavedBytes;
+  if (!bytes) bytes = LocalFileSystem().Read(AbsoluteFolder(options.Continue));
   if (!bytes) return Joined("Can't read ", options.Continue, ".");
   NewGame();
   MatchRead read = ReadMatch(*bytes, options.Continue);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,8 @@ struct AutomaticMatchOptions {
   std::string Game{};  ///< its name, in any case; "" for the first of the folder
   /// A file of a saved match to go on with, in place of seed, game and opponent; "" begins one.
   std::string Continue{};
+  /// The bytes of that file where they are known already: Continue is only its name then.
+  std::optional<std::string> SavedBytes{};
   bool DespiteChanges = false;  ///< goes on though card files have changed
   std::string SaveTo{};         ///< gets the match as it stands after the last turn; "" saves none
   /// Gets every report page under its file name, whether pages are kept or not.

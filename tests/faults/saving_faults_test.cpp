@@ -19,6 +19,7 @@
 #include "editor/card_edit.h"
 #include "editor/editor_forms.h"
 #include "editor/program_session.h"
+#include "game/kept_matches.h"
 #include "game/match_start.h"
 #include "game/player_files.h"
 #include "game/player_saving.h"
@@ -111,6 +112,17 @@ void ComposeImage(HeadlessPlatform&, const std::string&, int version) {
   form.Image.Show({.Drawing = picture}, {.Drawing = picture});
 }
 
+/// In a match that has been kept before and has taken so many turns, with its report.
+void PlayMatch(HeadlessPlatform&, const std::string& folder, int version) {
+  Session& session = State();
+  std::ofstream(folder + "/small.txt") << kRules;
+  std::ofstream(folder + "/LastDiplayed.html") << "After turn " << version;
+  session.Games[1].RulesFile = session.Match.RulesFile = "small.txt";
+  session.Match.Files = {{"small.txt", ""}};
+  session.Match.Turns = version;
+  OwnCards(version);
+}
+
 constexpr Saving kSavings[] = {
     {"save_player", OwnSome, [](const std::string&, int) { TheMainWindow().saveplrmen.Click(); }},
     {"save_over_change", OwnElsewhere,
@@ -122,6 +134,11 @@ constexpr Saving kSavings[] = {
        SaveProfiles();
      }},
     {"end_of_game", OwnSome, [](const std::string&, int) { EndGame(); }},
+    {"keep_match", PlayMatch,
+     [](const std::string&, int) {
+       const std::string problem = KeepMatch();
+       if (!problem.empty()) Desktop().MessageBox(problem);
+     }},
     {"save_cards", LoadIntoEditor,
      [](const std::string&, int) { TheCardEdit().savedeckmen.Click(); }},
     {"save_cards_as", LoadIntoEditor,

@@ -1,6 +1,7 @@
 // Journals of the computer's own matches.
 #include "journal/match_journal.h"
 
+#include <fstream>
 #include <sstream>
 
 #include "simulation/stage.h"
@@ -92,6 +93,35 @@ TEST_F(MatchJournalTest, AMatchIsPlayedAgainAndItsPagesCompared) {
   EXPECT_EQ(cut.Difference, "");
   EXPECT_TRUE(cut.CutOff);
   EXPECT_EQ(cut.Texts, 2);
+}
+
+TEST_F(MatchJournalTest, AMatchThatWentOnIsPlayedAgainWithoutItsFile) {
+  const std::string path = (root_ / "m.match").string();
+  AutomaticMatchOptions first;
+  first.Folder = Folder();
+  first.Game = "Wickwater";
+  first.Seed = 7;
+  first.MaximumTurns = 2;
+  first.SaveTo = path;
+  std::ostringstream unseen;
+  ASSERT_EQ(AutomaticMatch(first, unseen).Error, "");
+  const std::string bytes = Recorded([&](JournalWriter& writer) {
+    AutomaticMatchOptions options;
+    options.Folder = Folder();
+    options.Continue = path;
+    options.MaximumTurns = 5;
+    RecordMatch(writer, options);
+    RecordResult(writer, AutomaticMatch(options, unseen));
+  });
+  std::filesystem::remove(path);
+  std::filesystem::rename(root_ / "game", root_ / "moved");
+  const std::string folder = (root_ / "moved").string();
+  std::ofstream(root_ / "moved" / "Wickwater.txt", std::ios::app) << "*** a remark\n";
+  const ReplayResult same = ReplayMatch(Read(bytes), Here(folder));
+  EXPECT_EQ(same.Problem + same.Difference, "");
+  EXPECT_EQ(same.Texts, 4) << "turns 2 to 5";
+  const Journal damaged = ReadChanged(bytes, "Brindlemoor match 1", "Brindlemoor match x");
+  EXPECT_EQ(ReplayMatch(damaged, Here(folder)).Problem, "The match of the journal is damaged.");
 }
 
 TEST_F(MatchJournalTest, ASimulationIsPlayedAgainMatchByMatch) {

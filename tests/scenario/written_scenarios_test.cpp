@@ -9,7 +9,11 @@
 #include <unistd.h>
 #include <vector>
 
+#include "core/state.h"
+#include "game/turn.h"
 #include "scenario/scenario_run.h"
+#include "scenario/state_digest.h"
+#include "simulation/automatic_match.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -107,6 +111,47 @@ TEST_F(WrittenScenariosTest, FilesThatWereReadBeforeGiveTheSame) {
   for (std::size_t finding = 0; finding < 3; ++finding) {
     EXPECT_EQ(report.Findings[finding].Text, report.Findings[finding + 3].Text);
   }
+}
+
+TEST_F(WrittenScenariosTest, AMatchThatWasSavedGoesOn) {
+  const std::string games = BRINDLEMOOR_SOURCE_DIR "/games";
+  std::ostringstream unseen;
+  AutomaticMatchOptions options{
+      .Folder = games, .PagesFolder = "", .Seed = 4, .MaximumTurns = 3, .Game = "Wickwater"};
+  options.SaveTo = folder_ + "/kept.match";
+  ASSERT_EQ(AutomaticMatch(options, unseen).Error, "");
+  const std::string digest = StateDigest();
+  TakeTurn(0);
+  const std::uint64_t luck = State().Random.State;
+  const std::string after = StateDigest();
+
+  const std::string path = folder_ + "/bug.txt";
+  std::ofstream(path) << "folder " << games << "\ncard Moth gid 1\nmatch kept.match\n"
+                      << "expect nocard Moth\nturn\nexpect gameover 0\n"
+                      << "expect page Display.html contains \"CARD\"\n";
+  ScenarioReport report;
+  ScenarioLibrary library;
+  std::vector<std::string> digests;
+  bool lucky = false;
+  RunScenarioFile(path, library, report, [&](const Scene&) {
+    digests.push_back(StateDigest());
+    if (digests.size() == 5) lucky = State().Random.State == luck;
+  });
+  for (const ScenarioFinding& finding : report.Findings) {
+    ADD_FAILURE() << ScenarioFindingLine(finding);
+  }
+  ASSERT_EQ(digests.size(), 7U);
+  EXPECT_TRUE(lucky) << "another turn was rolled";
+  EXPECT_EQ(FirstDifference(digest, digests[2]), "");
+  EXPECT_EQ(FirstDifference(after, digests[4]), "");
+
+  const auto problemOf = [this](const std::string& text) {
+    const ScenarioReport found = Run(text);
+    return found.Findings.empty() ? "" : found.Findings[0].Text;
+  };
+  EXPECT_EQ(problemOf("match kept.match\n"),
+            "The game of the match is not in the folder: there is no Wickwater.txt.");
+  EXPECT_EQ(problemOf("match bug.txt\n"), "bug.txt is no saved match.");
 }
 
 TEST_F(WrittenScenariosTest, MixedUpLinesOfTheTestFilesComeToAnEnd) {
