@@ -53,6 +53,8 @@ void AimBanner::Show(std::string words, const std::vector<int>& slots) {
 }
 
 void AimBanner::Update() {
+  // On an earlier report there is nothing to aim at.
+  if (TheMainWindow().History.LooksBack()) return Show("", {});
   const bool plans = HasTurnToPlan();
   aimed_ = std::exchange(told_, 0);
   const Pile& table = State().CardTable;

@@ -361,12 +361,13 @@ bool DeckManager::MayClose() {
     }
   }
   if (missing.empty()) return true;
-  if (Desktop().AskYesNo(Joined(missing,
-                                "\nStay here and mend the deck?  With \"No\" you go back "
-                                "to the list of games, and your decks are as they were "
-                                "before."))) {
-    return false;
-  }
+  const std::vector<std::string> captions = {"Back to the List", "Stay and Mend"};
+  const std::size_t chosen = Desktop().AskChoice(
+      Joined(missing,
+             "\nStay here and mend the deck?  At the list of games your decks are as they were "
+             "before."),
+      captions);
+  if (chosen == 1) return false;
   PutDecksBack();
   GaveUp = true;
   return true;

@@ -47,21 +47,6 @@ std::string FactsOf(const MatchOutcome& outcome) {
   return facts + Joined("You have ", Counted(State().Players[1].Tokens, "token"), ".");
 }
 
-/// The names of the new cards, as many as a line or two hold.
-std::string NewCardsOf(const MatchOutcome& outcome) {
-  constexpr std::size_t kNamed = 8;
-  std::string words;
-  for (std::size_t index = 0; index < std::min(kNamed, outcome.NewCards.size()); ++index) {
-    const auto& [name, count] = outcome.NewCards[index];
-    words += Joined(index == 0 ? "New cards: " : ", ", OneLine(name));
-    if (count > 1) words += Joined(" (", count, ")");
-  }
-  if (outcome.NewCards.size() > kNamed) {
-    words += Joined(" and ", outcome.NewCards.size() - kNamed, " more");
-  }
-  return words.empty() ? words : words + ".";
-}
-
 /// A portrait of the list of games.
 struct Portrait {
   int Game = 0;
@@ -84,6 +69,19 @@ Portrait FindPortrait(const MatchRecord& match) {
 }
 
 }  // namespace
+
+std::string NewCardsText() {
+  constexpr std::size_t kNamed = 8;
+  const auto cards = OutcomeOfMatch().NewCards;
+  std::string words;
+  for (std::size_t index = 0; index < std::min(kNamed, cards.size()); ++index) {
+    const auto& [name, count] = cards[index];
+    words += Joined(index == 0 ? "New cards: " : ", ", OneLine(name));
+    if (count > 1) words += Joined(" (", count, ")");
+  }
+  if (cards.size() > kNamed) words += Joined(" and ", cards.size() - kNamed, " more");
+  return words.empty() ? words : words + ".";
+}
 
 MatchEndPanel::MatchEndPanel() {
   Verdict.Headline = true;
@@ -114,8 +112,8 @@ void MatchEndPanel::Show() {
       State().Match.IsVisit ? std::string("This visit is over.") : std::string(row->Words);
   Verdict.TextColor = State().Match.IsVisit ? kCalmColor : row->Color;
   Facts.Caption = FactsOf(outcome);
-  NewCards.Caption = NewCardsOf(outcome);
-  NewCards.Visible = !outcome.NewCards.empty();
+  NewCards.Caption = NewCardsText();
+  NewCards.Visible = !NewCards.Caption.Get().empty();
   Panel.Visible = true;
   PlayAgain.TakeFocus();
 }

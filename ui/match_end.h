@@ -1,6 +1,8 @@
 // MatchEndPanel: what the main window says above the report when a match has ended.
 #pragma once
 
+#include <string>
+
 #include "platform/passing_label.h"
 
 namespace brindlemoor {
@@ -26,6 +28,9 @@ struct MatchEndPanel {
   void GameList_Click();
   void SeeReport_Click();
 };
+
+/// "New cards: Elf, Imp (2)." since the match or visit began, "" for none.
+std::string NewCardsText();
 
 /// The panel of the main window; nothing where no match is recorded.
 void ShowMatchEnd();

@@ -28,6 +28,7 @@ constexpr int kButtons = 8;
 ProfileMenu::ProfileMenu() : Form("ProfileMenu") {
   Caption = "Choose a Player Profile";
   Width = 380;
+  Height = 470;  // the players and what can be done with them
   Layout buttons{.Direction = Layout::Kind::kColumn, .Stretch = 1};
   for (int index = 0; index < kButtons; ++index) {
     auto& button = Command1[static_cast<std::size_t>(index)];

@@ -100,6 +100,7 @@ void TurnHistory::ShowReport(std::size_t index) {
     State().PageText = std::move(outer);
     Update();
   }
+  window.Aim.Update();
   window.Story.Update(!window.Aim.Words.Visible);
 }
 

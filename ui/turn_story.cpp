@@ -9,6 +9,7 @@
 #include "text/joined.h"
 #include "text/one_line.h"
 #include "ui/forms.h"
+#include "ui/match_end.h"
 
 namespace brindlemoor {
 
@@ -96,7 +97,21 @@ void TurnStory::Update(bool hasPlace) {
   Lines.Visible = plays && hasPlace;
 }
 
+namespace {
+
+/// In a store or at a starter deck it counts what one takes home, and how one leaves.
+std::string StoryOfVisit() {
+  const TurnRecord& turn = State().LastTurn;
+  std::string story = RefusedLine(turn);
+  if (turn.Tokens != 0) story += TokensText(turn.Tokens) + ".\n";
+  if (const std::string cards = NewCardsText(); !cards.empty()) story += cards + "\n";
+  return story + "File, Quit / New Game leads back to the list of games.";
+}
+
+}  // namespace
+
 std::string StoryOfTurn() {
+  if (State().Match.IsVisit) return StoryOfVisit();
   const TurnRecord& turn = State().LastTurn;
   std::vector<std::string> yours;
   std::vector<std::string> theirs;

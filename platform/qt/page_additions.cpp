@@ -42,6 +42,11 @@ constexpr const char* kScript = R"(
   globalThis.outlines.textContent = colors +
       links.flatMap(places).join() +
       '{ outline: 3px solid #f5c542 !important; outline-offset: 1px !important; }';
+  const marked = links.flatMap(link => [...document.querySelectorAll(places(link).join())]);
+  const isSeen = ({top, bottom}) => bottom > 0 && top < innerHeight;
+  if (marked.length && !marked.some(element => isSeen(element.getBoundingClientRect()))) {
+    marked[0].scrollIntoView({block: 'center'});
+  }
   const named = {};
   for (const link of document.links) named[link.getAttribute('href')] ||= link.textContent.trim();
   for (const image of document.images) {

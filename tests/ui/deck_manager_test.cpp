@@ -99,16 +99,16 @@ TEST_F(DeckManagerTest, TheRulesOfTheGameRefuseCardsAndDecks) {
   ClickCollection(0);
   desktop_->ExpectedMessages = {"You can only have 1 \"Elf\" cards in your deck.",
                                 "You must have at least 2 cards in your play deck."};
-  desktop_->YesNoAnswers = {true};
+  desktop_->ChoiceAnswers = {"Stay and Mend"};
   ClickCollection(0);
   EXPECT_EQ(Deck(1) + "| " + Collection(), "Elf | Elf Orc - ");
   form_.Command2.Click();
   EXPECT_TRUE(form_.Shown);
   EXPECT_EQ(ReadFile("Ann_Goblins.plr"), "(no such file)");
   EXPECT_TRUE(form_.QueryClose());
-  EXPECT_TRUE(desktop_->YesNoQuestions.back().starts_with(
+  EXPECT_TRUE(desktop_->Choices.back().starts_with(
       "You must have at least 2 cards in your play deck.  It has 1.\n"))
-      << desktop_->YesNoQuestions.back();
+      << desktop_->Choices.back();
   EXPECT_NE(ReadFile("Ann_Goblins.plr"), "(no such file)") << "saved, though it stays open";
   State().DeckManagerInGame = 1;
   EXPECT_FALSE(form_.QueryClose()) << "a match that is going on needs no whole deck";
@@ -173,11 +173,12 @@ TEST_F(DeckManagerTest, ADeckThatIsNotReadyCanBeLeftAsItWas) {
   ClickCollection(0);  // Elf
   form_.Option1[0]->Click();
   State().SaleMode = 1;
-  desktop_->YesNoAnswers = {true, false};
+  desktop_->YesNoAnswers = {true};
+  desktop_->ChoiceAnswers = {"Back to the List"};
   ClickDeck(0);  // Cat
   EXPECT_FALSE(form_.QueryClose());
   EXPECT_TRUE(form_.GaveUp);
-  EXPECT_EQ(desktop_->YesNoQuestions.back().substr(0, 131),
+  EXPECT_EQ(desktop_->Choices.back().substr(0, 131),
             "You must have at least 2 cards in your play deck.  It has 0.\n"
             "You must have at least 1 cards in your deck with the PLAYER trait.  It");
   EXPECT_EQ(Deck(1) + "| " + Deck(2), "Bat | Dog ");

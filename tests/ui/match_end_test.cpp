@@ -93,6 +93,8 @@ TEST_F(MatchEndTest, ThePanelTellsWhoWonWhatItBroughtAndWhatIsNew) {
   EXPECT_TRUE(State().Links.Games);
 
   Begin(kShop);
+  EXPECT_EQ(window_.Story.Lines.Text.Get(),
+            "File, Quit / New Game leads back to the list of games.");
   PlayScript("WINGAME");
   EXPECT_EQ(Told(), "This visit is over.|1 turn.  You have 85 tokens.");
 }
