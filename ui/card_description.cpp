@@ -44,7 +44,7 @@ std::string DebugText(const Card& card) {
 }
 
 void PaintPicture(const Card& card) {
-  if (!card.Picture.empty()) PaintImage(ResolvePath(card.Picture, 0));
+  PaintImage(card.Picture.empty() ? std::string() : ResolvePath(card.Picture, 0));
 }
 
 }  // namespace

@@ -335,7 +335,7 @@ class WindowTest(unittest.TestCase):
         """Closing the window must end the process in order."""
         self.display.ask_to_close(title)
         if gives_up_match:
-            self.started.click("button", "Yes")
+            self.started.click("button", "Give Up")
         self.assertEqual(self.started.wait_for_end(), 0, self.started.errors())
 
     def _keep_screenshot(self):
