@@ -89,6 +89,8 @@ void Play(std::string_view bytes, Owned owned) {
   MatchRead read = ReadMatch(bytes, kName);
   if (read.Match == nullptr || GameOfMatch(read.Match->Head) == 0) return;
   ShowSavedMatch(std::move(*read.Match), owned);
+  MustBeHarmless(session.ReadFile("Display.html"));
+  MustHold(!State().Links.Games, "the report of a match offers other games");
   PlayOn();
   MustHold(!CanKeepMatch() || ComposeMatchFile().Problem.empty(), "a match can't be saved again");
   TheMainWindow().Command1.Click();

@@ -153,6 +153,7 @@ void TakeMatch(SavedMatch match, bool withOwned) {
   MoveFields(saved, session, kMatchFields);
   session.RefCache = std::move(saved.RefCache);
   session.Log = log;
+  session.Links.Games = false;  // no report lists games, whatever a file says
   if (withOwned) {
     MoveFields(saved, session, kOwnedFields);
   } else {

@@ -10,6 +10,7 @@
 #include "scenario/state_digest.h"
 #include "simulation/automatic_player.h"
 #include "tests/support/shipped_games.h"
+#include "ui/link_protocol.h"
 
 namespace brindlemoor {
 namespace {
@@ -136,6 +137,19 @@ TEST_F(KeptMatchesTest, APlayersMatchHasTheFateOfThePlayer) {
   ASSERT_EQ(DeletePlayer("Zoe"), "");
   EXPECT_EQ(ReadFile("Zoe_Wickwater.match"), kNoFile);
   EXPECT_EQ(ReadFile("Ann_B_Wickwater.match"), "of the player Ann_B");
+}
+
+TEST_F(KeptMatchesTest, AStrangersMatchShowsNoMoreThanAReport) {
+  ASSERT_EQ(ContinueMatch(1), "");
+  WriteFile("LastDiplayed.html", "<script>x()</script><b>Turn</b> <a href=\"GAME:1:3\">more</a>");
+  State().Links.Games = true;
+  ASSERT_EQ(KeepMatch(), "");
+  NewGame();
+  ASSERT_EQ(ContinueMatch(1), "");
+  EXPECT_NE(ReadFile("Display.html").find("<b>Turn</b>"), std::string::npos);
+  EXPECT_EQ(ReadFile("Display.html").find("<script"), std::string::npos);
+  WB_BeforeNavigate("file:///game/GAME:1:3");
+  EXPECT_EQ(State().Match.Opponent, "Oona Ebb") << "a link of the file began another match";
 }
 
 TEST_F(KeptMatchesTest, WhatCannotGoOnSaysWhyAndChangesNothing) {
