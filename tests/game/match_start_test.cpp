@@ -191,7 +191,7 @@ TEST_F(MatchStartTest, TheDeckIsChosenInTheDeckManager) {
     EXPECT_FALSE(form.Shown);
   });
   desktop_->ExpectedMessages = {"You must have at least 2 cards in your play deck."};
-  desktop_->YesNoAnswers = {true};
+  desktop_->ChoiceAnswers = {"Stay and Mend"};
   ChooseGame(1, 2);
   EXPECT_EQ(State().CurrentGame, 0) << "the player went back to the list";
   ListGames();

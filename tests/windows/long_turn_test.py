@@ -83,7 +83,7 @@ class LongTurn(shipped_game.ShippedGameTest):
         self.run_.wait_for("window", "MainWindow", "Closing: " + shipped_game.TITLE)
         self.told("the X is answered", clicked)
         self.keep("closing")
-        self.run_.click("button", "Give Up")  # the match is left once the turn is over
+        self.run_.click("button", "Yes")  # the match is given up once the turn is over
         self.assertEqual(self.run_.wait_for_end(), 0, self.run_.errors())
         self.told("the program ends", clicked)
         self.assertRegex(self.noted().split(TURN_CLICK)[2], r"(?s)write LastDiplayed.*\nevent ",
