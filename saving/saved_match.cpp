@@ -34,7 +34,7 @@ constexpr std::size_t kLargestFile = 64 << 20;  // bytes
 /// The records of a file whose first lines are in order. "" or the sentence that says what is not.
 std::string OpenRecords(std::string_view bytes, std::string_view shownName,
                         std::string_view& records) {
-  const std::string damaged = Joined(shownName, " is damaged.");
+  std::string damaged = Joined(shownName, " is damaged.");
   const std::size_t end = bytes.find('\n');
   if (!bytes.starts_with(kFirstWords) || end == std::string_view::npos) {
     return kFirstWords.starts_with(bytes) ? damaged : Joined(shownName, " is no saved match.");
