@@ -24,7 +24,7 @@ class HeadlessPlatform : public Platform {
   std::deque<std::string> ExpectedMessages;  ///< message boxes to come, whole texts
   std::deque<bool> YesNoAnswers;
   std::deque<SaveAnswer> SaveAnswers;
-  std::deque<std::string> ChoiceAnswers;  ///< captions
+  std::deque<std::string> ChoiceAnswers;               ///< captions
   std::deque<std::optional<std::string>> TextAnswers;  ///< nothing stands for a cancel
   std::deque<std::optional<std::string>> FileAnswers;
   std::deque<std::optional<std::string>> FolderAnswers;
