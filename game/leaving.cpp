@@ -68,6 +68,7 @@ bool MayLeaveMatch() {
   if (!MatchIsRunning()) return true;
   if (State().DebugMode == 1 || !CanKeepMatch()) return MayGiveUpMatch();
   std::vector<std::string> captions;
+  captions.reserve(kWaysOut.size());
   for (const WayOut& way : kWaysOut) captions.emplace_back(way.Caption);
   const std::size_t chosen = Desktop().AskChoice(
       Joined("Leave the match against ", State().Match.Opponent,
