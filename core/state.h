@@ -27,6 +27,7 @@ class cGdiPlus;
 struct EditorForms;
 struct Forms;
 struct EditorDoor;
+struct TrialMatches;
 struct GameWindows;
 struct MatchLog;
 struct RunServices;
@@ -176,6 +177,8 @@ struct Session {
   const RunServices* Services = nullptr;  ///< script asks game
   const GameWindows* Windows = nullptr;   ///< game asks ui
   const EditorDoor* Editor = nullptr;     ///< ui asks editor
+  /// Ui asks simulation how matches against an opponent go; nullptr where nobody can tell.
+  TrialMatches (*TryOpponent)(int gameIndex, int opponentIndex) = nullptr;
 
   // What the engine reaches of the desktop.
   std::shared_ptr<Platform> Desktop;             ///< never empty while the program runs

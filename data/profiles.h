@@ -1,6 +1,7 @@
 // The profile list "PlayerProfiles.txt".
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -20,11 +21,15 @@ std::string ReplaceProfile(std::string_view name, const ProfileRec& line);
 bool HoldPlayer(std::string_view name);
 /// Lets other programs have the player again.
 void ReleasePlayer(std::string_view name);
-/// What names of the files end with that hold what a player owns, and a match that shall go on.
+/// What names of the files end with that hold what a player owns, a match that shall go on, and how
+/// matches ended.
 inline constexpr std::string_view kPlayerFileEnding = ".plr";
 inline constexpr std::string_view kMatchFileEnding = ".match";
+inline constexpr std::string_view kResultsFileEnding = ".results";
+inline constexpr std::array<std::string_view, 3> kPlayersEndings = {
+    kPlayerFileEnding, kMatchFileEnding, kResultsFileEnding};
 
-/// True for the files that the program writes for its players: player files, saved matches, the
+/// True for the files that the program writes for its players: those of kPlayersEndings, the
 /// profile list and who played last.
 bool BelongsToPlayers(std::string_view path);
 /// True for the path of a text file that is none of those: rules, opponents, decks.

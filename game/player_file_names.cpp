@@ -6,7 +6,6 @@
 #include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "data/profiles.h"
 #include "text/encoding.h"
 #include "text/file_names.h"
 #include "text/one_line.h"
@@ -155,9 +154,7 @@ std::string BeginningOfPlayerFiles(std::string_view player) {
   return Joined(BoundedForFileName(player, kPlayerNameBytes, "_"), "_");
 }
 
-namespace {
-
-std::vector<std::string> FilesWithEnding(std::string_view player, std::string_view ending) {
+std::vector<std::string> FilesOfPlayer(std::string_view player, std::string_view ending) {
   const std::string begin = BeginningOfPlayerFiles(player);
   std::vector<std::string> files = Desktop().Files().ListFiles(State().ProgramFolder);
   std::erase_if(files, [&](const std::string& file) {
@@ -166,20 +163,19 @@ std::vector<std::string> FilesWithEnding(std::string_view player, std::string_vi
   return files;
 }
 
+namespace {
+
+std::string BesidePlayerFile(int gameIndex, std::string_view ending) {
+  const std::string name = PlayerFileName(gameIndex);
+  return name.empty() ? name : Joined(name.substr(0, name.size() - kEnding.size()), ending);
+}
+
 }  // namespace
 
-std::vector<std::string> FilesOfPlayer(std::string_view player) {
-  return FilesWithEnding(player, kEnding);
-}
+std::string MatchFileName(int gameIndex) { return BesidePlayerFile(gameIndex, kMatchFileEnding); }
 
-std::vector<std::string> MatchesOfPlayer(std::string_view player) {
-  return FilesWithEnding(player, kMatchFileEnding);
-}
-
-std::string MatchFileName(int gameIndex) {
-  const std::string name = PlayerFileName(gameIndex);
-  return name.empty() ? name
-                      : Joined(name.substr(0, name.size() - kEnding.size()), kMatchFileEnding);
+std::string ResultsFileName(int gameIndex) {
+  return BesidePlayerFile(gameIndex, kResultsFileEnding);
 }
 
 std::string PlayerFileName(int gameIndex) {

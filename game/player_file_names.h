@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/profiles.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -18,14 +19,14 @@ std::string PlayerFileName(int gameIndex);
 /// What the names of a player's files begin with, in every game: "Ann_".
 std::string BeginningOfPlayerFiles(std::string_view player);
 
-/// The player files in the program's folder that are surely this player's.
-std::vector<std::string> FilesOfPlayer(std::string_view player);
-
-/// Those of them that hold a match that shall go on.
-std::vector<std::string> MatchesOfPlayer(std::string_view player);
+/// The files in the program's folder that are surely this player's, of one of kPlayersEndings.
+std::vector<std::string> FilesOfPlayer(std::string_view player,
+                                       std::string_view ending = kPlayerFileEnding);
 
 /// Name of the file for a match of a game: the one above with another ending, "Ann_Goblins.match".
 std::string MatchFileName(int gameIndex);
+/// The same for how matches of the game ended: "Ann_Goblins.results".
+std::string ResultsFileName(int gameIndex);
 
 /// Name of the file to read for it: this one or, while it is not there, an earlier one that surely
 /// is this player's and this game's.

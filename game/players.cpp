@@ -54,10 +54,12 @@ std::string CopyFiles(const std::vector<FileMove>& moves) {
   return "";
 }
 
-/// What a player owns in each game, and the matches that shall go on.
+/// What a player owns in each game, the matches that shall go on, and how others ended.
 std::vector<std::string> AllFilesOf(std::string_view player) {
-  std::vector<std::string> files = FilesOfPlayer(player);
-  for (std::string& file : MatchesOfPlayer(player)) files.push_back(std::move(file));
+  std::vector<std::string> files;
+  for (const std::string_view ending : kPlayersEndings) {
+    for (std::string& file : FilesOfPlayer(player, ending)) files.push_back(std::move(file));
+  }
   return files;
 }
 

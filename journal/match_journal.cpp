@@ -64,7 +64,7 @@ JournalFields FieldsOf(const MatchKey& key) {
   return {std::to_string(key.Pairing), key.SeatsChanged ? "1" : "0", std::to_string(key.Match)};
 }
 
-JournalFields FieldsOf(const MatchOutcome& outcome, const Stage& stage) {
+JournalFields FieldsOf(const PlayedMatch& outcome, const Stage& stage) {
   return {std::to_string(stage.LastSeed()), std::to_string(outcome.Winner),
           std::to_string(outcome.Turns), std::to_string(outcome.Tokens), stage.MatchHash()};
 }
@@ -187,7 +187,7 @@ void SimulationRecorder::Begin(const SimulationOptions& options) {
 
 void SimulationRecorder::MatchBegins(const MatchKey& key) { writer_.Add("playing", FieldsOf(key)); }
 
-void SimulationRecorder::MatchEnds(const MatchKey& key, const MatchOutcome& outcome,
+void SimulationRecorder::MatchEnds(const MatchKey& key, const PlayedMatch& outcome,
                                    const Stage& stage) {
   JournalFields fields = FieldsOf(key);
   for (std::string& field : FieldsOf(outcome, stage)) fields.push_back(std::move(field));
@@ -221,7 +221,7 @@ ReplayResult ReplaySimulation(const Journal& journal, const ReplayOptions& optio
     if (!sits) result.Problem = SeatMatch(setup, key, stage);
     if (!result.Problem.empty()) return result;
     seated = key;
-    const MatchOutcome outcome = PlayMatch(setup, key, stage);
+    const PlayedMatch outcome = PlayMatch(setup, key, stage);
     ++result.Events;
     result.Difference = CompareMatch(*record, FieldsOf(outcome, stage));
     if (!result.Difference.empty()) return result;

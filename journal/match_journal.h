@@ -23,7 +23,7 @@ class SimulationRecorder : public MatchObserver {
   /// Writes the head; folder is as the simulation names it.
   void Begin(const SimulationOptions& options);
   void MatchBegins(const MatchKey& key) override;
-  void MatchEnds(const MatchKey& key, const MatchOutcome& outcome, const Stage& stage) override;
+  void MatchEnds(const MatchKey& key, const PlayedMatch& outcome, const Stage& stage) override;
 
  private:
   JournalWriter& writer_;

@@ -291,8 +291,9 @@ inline constexpr auto kLeftOut = std::tuple{
     &Session::Profile, &Session::Profiles, &Session::ProgramFolder, &Session::PagesWritten,
     &Session::CopyOfProgram, &Session::OwnNavigation, &Session::DebugMode, &Session::FullSizeImages,
     &Session::DeckManagerMode, &Session::DeckManagerInGame, &Session::PickingCard,
-    &Session::SaleMode, &Session::Services, &Session::Windows, &Session::Editor, &Session::Desktop,
-    &Session::OpenForms, &Session::OpenEditorForms, &Session::ImageBridge,
+    &Session::SaleMode, &Session::Services, &Session::Windows, &Session::Editor,
+    &Session::TryOpponent, &Session::Desktop, &Session::OpenForms, &Session::OpenEditorForms,
+    &Session::ImageBridge,
     // Of the card editor.
     &Session::Templates, &Session::Crop, &Session::CardFile, &Session::EditCard,
     &Session::CommonTraits, &Session::SingleCardEdit, &Session::TestFromEditor, &Session::Suspended,

@@ -2,20 +2,27 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/files.h"
 
 namespace brindlemoor {
 
-/// Asks the machine for each file and folder once (giant files are not all kept). What is written
-/// is dropped, nothing on the machine is changed, and the files of players are hidden.
+/// Asks the machine, or other files, for each file and folder once (giant files are not all kept).
+/// What is written is dropped, nothing on the machine is changed, and the files of players are
+/// hidden.
 class CachedFileSystem : public FileSystem {
  public:
+  explicit CachedFileSystem(
+      std::unique_ptr<FileSystem> machine = std::make_unique<LocalFileSystem>())
+      : machine_(std::move(machine)) {}
+
   /// A file that stands before one of the machine.
   void Put(const std::string& path, std::string bytes) {
     exists_[path] = true;
@@ -25,7 +32,7 @@ class CachedFileSystem : public FileSystem {
   /// Gets what is written and dropped.
   std::function<void(std::string_view bytes)> OnWrite;
 
-  void KeepTo(const std::string& programFolder) override { machine_.KeepTo(programFolder); }
+  void KeepTo(const std::string& programFolder) override { machine_->KeepTo(programFolder); }
   bool Exists(const std::string& path) const override;
   bool FolderExists(const std::string& path) const override;
   std::vector<std::string> ListFiles(const std::string& folder) const override;
@@ -39,7 +46,7 @@ class CachedFileSystem : public FileSystem {
   std::string Remove(const std::string&) override { return ""; }
 
  private:
-  LocalFileSystem machine_;
+  std::unique_ptr<FileSystem> machine_;
   template <class Value>
   using ByPath = std::unordered_map<std::string, Value>;
   mutable ByPath<bool> exists_;

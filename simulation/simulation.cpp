@@ -33,7 +33,7 @@ std::string PlaySeat(const Order& order, MatchKey key) {
       if (!problem.empty()) return problem;
       seated = true;
     }
-    const MatchOutcome outcome = PlayMatch(setup, key, order.Theatre);
+    const PlayedMatch outcome = PlayMatch(setup, key, order.Theatre);
     AddMatch(order.Sums, key.Pairing, key.SeatsChanged, outcome, order.Theatre.Log());
     if (order.Observer != nullptr) order.Observer->MatchEnds(key, outcome, order.Theatre);
     order.Played();
@@ -50,7 +50,7 @@ std::string SeatMatch(const SimulationSetup& setup, const MatchKey& key, Stage& 
   return key.SeatsChanged ? stage.Seat(opponent, deck) : stage.Seat(deck, opponent);
 }
 
-MatchOutcome PlayMatch(const SimulationSetup& setup, const MatchKey& key, Stage& stage) {
+PlayedMatch PlayMatch(const SimulationSetup& setup, const MatchKey& key, Stage& stage) {
   return stage.Play(MatchSeed(setup.Seed, key.Match), setup.MaximumTurns);
 }
 

@@ -11,7 +11,7 @@
 namespace brindlemoor {
 
 class Stage;
-struct MatchOutcome;
+struct PlayedMatch;
 
 /// What a simulation is asked for.
 struct SimulationOptions {
@@ -51,13 +51,13 @@ class MatchObserver {
  public:
   virtual ~MatchObserver() = default;
   virtual void MatchBegins(const MatchKey& key) = 0;
-  virtual void MatchEnds(const MatchKey& key, const MatchOutcome& outcome, const Stage& stage) = 0;
+  virtual void MatchEnds(const MatchKey& key, const PlayedMatch& outcome, const Stage& stage) = 0;
 };
 
 /// Sits those of a match down on the stage. "" or why they can't play.
 std::string SeatMatch(const SimulationSetup& setup, const MatchKey& key, Stage& stage);
 /// Plays a match of those who sit.
-MatchOutcome PlayMatch(const SimulationSetup& setup, const MatchKey& key, Stage& stage);
+PlayedMatch PlayMatch(const SimulationSetup& setup, const MatchKey& key, Stage& stage);
 
 /// Plays the part's matches and adds them to the totals; calls back after each. "" or what is
 /// wrong.

@@ -13,12 +13,15 @@
 #include "game/card_refresh.h"
 #include "game/game_list.h"
 #include "game/match_start.h"
+#include "game/player_file_names.h"
 #include "game/player_files.h"
 #include "game/program_start.h"
 #include "game/turn.h"
+#include "game/windows.h"
 #include "script/trait_actions.h"
 #include "simulation/automatic_match.h"
 #include "simulation/automatic_player.h"
+#include "simulation/borrowed_files.h"
 #include "simulation/desktop.h"
 #include "text/fold.h"
 #include "text/hash.h"
@@ -55,10 +58,12 @@ std::string HashOfFiles() {
 }
 
 /// The cards that a starter deck has given: its first deck, or else what lies in the collection.
-std::string DeckText() {
+const Pile& GivenCards() {
   const Session& session = State();
-  const Pile& pile =
-      HoldsCards(session.Decks[1].Cards) ? session.Decks[1].Cards : session.Collection;
+  return HoldsCards(session.Decks[1].Cards) ? session.Decks[1].Cards : session.Collection;
+}
+
+std::string TextOf(const Pile& pile) {
   std::string text;
   for (const Card& given : pile) {
     if (IsFree(given)) continue;
@@ -99,21 +104,59 @@ void Stage::OpenStarterDecks(std::uint64_t seed) {
   const GameRec game = list_.Games[gameIndex_];
   for (int index = 1; index <= game.Opponents.UpperBound(); ++index) {
     if (IsFree(game.Opponents[index])) continue;
-    Contender contender{game.Opponents[index].Name.Str(), game.OpponentFiles[index].Str()};
-    if (!IsStarterDeck(contender.Path)) {
-      opponents_.push_back(std::move(contender));
+    const std::string name = game.Opponents[index].Name.Str();
+    const std::string file = game.OpponentFiles[index].Str();
+    if (!IsStarterDeck(file)) {
+      opponents_.push_back({name, file});
       continue;
     }
     State() = list_;
     desktop_->Restart(seed);
     SeedFromClock();
     ChooseGame(gameIndex_, index);
-    const std::string deck = DeckText();
-    if (deck.empty()) continue;
-    contender.Path = Joined(kDeckFiles, index, ".txt");
-    desktop_->Cache().Put(contender.Path, deck);
-    decks_.push_back(std::move(contender));
+    AddDeck(name, TextOf(GivenCards()));
   }
+}
+
+void Stage::AddDeck(const std::string& name, const std::string& cards) {
+  if (cards.empty()) return;
+  const std::string path = Joined(kDeckFiles, decks_.size() + 1, ".txt");
+  desktop_->Cache().Put(path, cards);
+  decks_.push_back({name, path});
+}
+
+void Stage::OpenOwnDeck(int opponentIndex, const std::string& owned, std::uint64_t seed) {
+  State() = list_;
+  desktop_->Restart(seed);
+  SeedFromClock();
+  if (!ReadMatchFiles(gameIndex_, opponentIndex)) return;
+  const std::string path = Joined(kDeckFiles, "owned.plr");
+  desktop_->Cache().Put(path, owned);
+  Session& session = State();
+  ReadCards(path, session.Players[1], 0, "", 0);
+  for (int tried = 0; tried < kDecks && decks_.empty(); ++tried) {
+    const DeckRec& deck = session.Decks[(session.CurrentDeck - 1 + tried) % kDecks + 1];
+    AddDeck(deck.DeckName.Str(), TextOf(deck.Cards));
+  }
+}
+
+std::string Stage::OpenInSession(int gameIndex, int opponentIndex, std::uint64_t seed) {
+  Session& session = State();
+  gameIndex_ = gameIndex;
+  game_ = session.Games[gameIndex].Name.Str();
+  const std::string playerFile = InProgramFolder(StoredPlayerFile(gameIndex));
+  const auto owned = Desktop().Files().Read(playerFile);
+  desktop_ = std::make_shared<SimulationDesktop>(
+      std::make_unique<CachedFileSystem>(std::make_unique<BorrowedFiles>(Desktop().Files())));
+  session.Desktop = desktop_;
+  session.Windows = &kNoWindows;
+  session.DebugMode = 0;
+  OwnNothing();
+  list_ = session;
+  if (owned) OpenOwnDeck(opponentIndex, *owned, seed);
+  hasOwnDeck_ = !decks_.empty();
+  if (!hasOwnDeck_) OpenStarterDecks(seed);
+  return decks_.empty() ? "There are no cards to play with." : "";
 }
 
 std::string Stage::Seat(const Contender& side1, const Contender& side2) {
@@ -142,6 +185,11 @@ std::string Stage::Seat(const Contender& side1, const Contender& side2) {
   return "";
 }
 
+void Stage::BoundWork(std::int64_t steps, std::int64_t stepsOfTurn) {
+  workLeft_ = steps;
+  stepsOfTurn_ = stepsOfTurn;
+}
+
 void Stage::HashPages() {
   desktop_->Cache().OnWrite = [this](std::string_view bytes) {
     const std::string folder = State().ProgramFolder + "/";
@@ -161,7 +209,7 @@ std::string Stage::MatchHash() const {
   return hash.Text();
 }
 
-MatchOutcome Stage::Play(std::uint64_t seed, int maximumTurns) {
+PlayedMatch Stage::Play(std::uint64_t seed, int maximumTurns) {
   State() = seated_;
   lastSeed_ = seed;
   pages_ = {};
@@ -170,16 +218,19 @@ MatchOutcome Stage::Play(std::uint64_t seed, int maximumTurns) {
   SeedFromClock();
   Session& session = State();
   for (int side = 1; side <= 2; ++side) ShufflePile(session.Players[side]);
+  session.Work.Limit = stepsOfTurn_;
+  session.Work.Total = 0;
   session.TurnRunning = 1;
   BringInStartingCards();
   TakeTurn(1);
   session.TurnRunning = 0;
-  MatchOutcome outcome;
-  while (session.GameOver == 0 && outcome.Turns < maximumTurns) {
+  PlayedMatch outcome;
+  while (session.GameOver == 0 && outcome.Turns < maximumTurns && session.Work.Total < workLeft_) {
     ++outcome.Turns;
     PlanAutomaticPlays();
     TakeTurn(0);
   }
+  workLeft_ -= session.Work.Total;
   outcome.Winner = WinnerOf(*log_);
   outcome.Tokens = session.Players[1].Tokens - kFirstTokens;
   return outcome;

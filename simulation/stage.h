@@ -22,7 +22,7 @@ struct Contender {
 };
 
 /// How a match went.
-struct MatchOutcome {
+struct PlayedMatch {
   int Winner = 0;  ///< side, 0 when nobody or both won
   int Turns = 0;
   std::int32_t Tokens = 0;  ///< that side 1 got
@@ -35,10 +35,15 @@ class Stage {
   /// Finds the opponents of a game ("" the first of the folder) and opens its starter decks, with
   /// the seed where they are filled by chance. "" or why there is nothing to play.
   std::string Open(const std::string& folder, std::string_view game, std::uint64_t seed);
+  /// The same for an opponent of the session that shows its list, whose place the stage takes; the
+  /// caller keeps it. The only deck is that which its player has for the game, where there is one.
+  std::string OpenInSession(int gameIndex, int opponentIndex, std::uint64_t seed);
 
   const std::string& Game() const { return game_; }
   const std::vector<Contender>& Opponents() const { return opponents_; }
   const std::vector<Contender>& Decks() const { return decks_; }
+  /// True when the deck is one of the player's own.
+  bool HasOwnDeck() const { return hasOwnDeck_; }
   /// From now on the decks are the opponents.
   void LetDecksMeet() { opponents_ = decks_; }
   /// A hash of the card files of the folder and its subfolders, 16 hexadecimal digits.
@@ -48,7 +53,12 @@ class Stage {
   std::string Seat(const Contender& side1, const Contender& side2);
   /// Plays a match of those who sit: a function of them, the seed and the most turns alone. Both
   /// sides are played by the computer.
-  MatchOutcome Play(std::uint64_t seed, int maximumTurns);
+  PlayedMatch Play(std::uint64_t seed, int maximumTurns);
+  /// The matches to come may take so many steps together (core/work_budget.h), and each of their
+  /// turns so many.
+  void BoundWork(std::int64_t steps, std::int64_t stepsOfTurn);
+  /// False when they have: the last match was broken off, and none is played any more.
+  bool WorkIsLeft() const { return workLeft_ > 0; }
   /// The seed of the last match.
   std::uint64_t LastSeed() const { return lastSeed_; }
   /// What happened in the last match.
@@ -62,15 +72,21 @@ class Stage {
  private:
   std::string ChooseGameByName(std::string_view name);
   void OpenStarterDecks(std::uint64_t seed);
+  /// The deck that a player file names first, from the one in use on.
+  void OpenOwnDeck(int opponentIndex, const std::string& owned, std::uint64_t seed);
+  void AddDeck(const std::string& name, const std::string& cards);
 
   std::string game_;
   int gameIndex_ = 0;
   std::string filesHash_;
   std::vector<Contender> opponents_;
   std::vector<Contender> decks_;
+  bool hasOwnDeck_ = false;
   std::shared_ptr<SimulationDesktop> desktop_;
   std::uint64_t lastSeed_ = 0;
-  Hash pages_;  ///< of the last match
+  std::int64_t workLeft_ = WorkBudget::kNever;
+  std::int64_t stepsOfTurn_ = 0;  ///< 0 for the program's own bound
+  Hash pages_;                    ///< of the last match
   std::shared_ptr<MatchLog> log_ = std::make_shared<MatchLog>();
   Session list_;    ///< the list of games
   Session seated_;  ///< the files of a match have been read

@@ -36,7 +36,7 @@ void TakeName(std::string& name, const std::string& other) {
   if (name.empty() || (!other.empty() && other < name)) name = other;
 }
 
-void AddUses(Totals& totals, int side, const MatchOutcome& outcome, const MatchLog& log) {
+void AddUses(Totals& totals, int side, const PlayedMatch& outcome, const MatchLog& log) {
   for (const auto& [id, use] : UsesOf(log, side)) {
     CardTotals& card = totals.Cards[id];
     TakeName(card.Name, use.Name);
@@ -113,7 +113,7 @@ Totals& Totals::operator+=(const Totals& other) {
   return *this;
 }
 
-void AddMatch(Totals& totals, int pairing, bool seatsChanged, const MatchOutcome& outcome,
+void AddMatch(Totals& totals, int pairing, bool seatsChanged, const PlayedMatch& outcome,
               const MatchLog& log) {
   const auto index = static_cast<std::size_t>(pairing);
   if (totals.Pairings.size() <= index) totals.Pairings.resize(index + 1);

@@ -100,10 +100,10 @@ struct Totals {
   bool operator==(const Totals&) const = default;
 };
 
-struct MatchOutcome;
+struct PlayedMatch;
 
 /// Adds a match of a pairing.
-void AddMatch(Totals& totals, int pairing, bool seatsChanged, const MatchOutcome& outcome,
+void AddMatch(Totals& totals, int pairing, bool seatsChanged, const PlayedMatch& outcome,
               const MatchLog& log);
 
 }  // namespace brindlemoor

@@ -43,11 +43,11 @@ std::string DebugText(const Card& card) {
   return html;
 }
 
+}  // namespace
+
 void PaintPicture(const Card& card) {
   PaintImage(card.Picture.empty() ? std::string() : ResolvePath(card.Picture, 0));
 }
-
-}  // namespace
 
 bool HasMenu(const Card& card) { return card.InPlay == 1 && !MenuLinks(card).empty(); }
 

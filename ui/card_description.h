@@ -9,6 +9,8 @@ namespace brindlemoor {
 
 /// Shows the card's picture and its description page with menu links.
 void ShowCardDescription(Card& card, int withBadges);
+/// Paints the card's picture; none where it has none.
+void PaintPicture(const Card& card);
 /// The description page of this card has links of a menu.
 bool HasMenu(const Card& card);
 /// The description as a fragment, for previews.

@@ -2,17 +2,21 @@
 #include "ui/first_steps.h"
 
 #include <algorithm>
+#include <array>
 
 #include "core/cards.h"
-#include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "game/game_list.h"
+#include "game/match_results.h"
 #include "game/players.h"
 #include "pages/card_pages.h"
 #include "pages/page_files.h"
 #include "text/one_line.h"
+#include "ui/card_description.h"
 #include "ui/forms.h"
 #include "ui/link_protocol.h"
+#include "ui/opponent_trial.h"
 
 namespace brindlemoor {
 
@@ -33,9 +37,51 @@ void Show(const std::string& html) {
   ShowInView(TheMainWindow().CardDescWB, kPage);
 }
 
+/// How hard a match is by how many of a hundred trials were won.
+struct HardnessRow {
+  int WonOfHundred;  ///< at least
+  std::string_view Words;
+};
+constexpr std::array<HardnessRow, 3> kHardness = {
+    {{70, "An easy match"}, {30, "An even match"}, {0, "A hard match"}}};
+/// Fewer trials tell nothing.
+constexpr int kLeastTrials = 5;
+
+std::string HardnessWords(const TrialMatches& trial) {
+  if (trial.Matches < kLeastTrials) return "";
+  const int share = trial.Won * 100 / trial.Matches;
+  const auto* row = std::ranges::find_if(
+      kHardness, [&](const HardnessRow& entry) { return share >= entry.WonOfHundred; });
+  return Joined("<p><b>", row->Words, "</b> for ", trial.IsOwn ? "your deck " : "the cards of ",
+                OneLine(trial.Deck), ": the computer tried it ", trial.Matches, " times and won ",
+                trial.Won, ".</p>");
+}
+
+std::string ResultsWords(const MatchResults& results) {
+  if (results.Played() == 0) return "<p>You have not met yet.</p>";
+  return Joined("<p>", results.Won > 0 ? "Beaten" : "Not beaten yet", ": you won ", results.Won,
+                " of ", results.Played(), results.Played() == 1 ? " match.</p>" : " matches.</p>");
+}
+
+/// What is known of an opponent beside the picture and the words of the file.
+std::string ProspectsAgainst(int game, int opponent) {
+  const Table<Text>& files = State().Games[game].OpponentFiles;
+  {
+    const WorkAccount account;
+    if (!files.Holds(opponent) || files[opponent].empty() || IsStarterDeck(files[opponent].Str())) {
+      return "";
+    }
+  }
+  auto& trials = TheMainWindow().Trials;
+  const auto [entry, isNew] = trials.try_emplace({game, opponent});
+  if (isNew && State().TryOpponent != nullptr) entry->second = State().TryOpponent(game, opponent);
+  return ResultsWords(ResultsAgainst(game, opponent)) + HardnessWords(entry->second);
+}
+
 }  // namespace
 
 void ShowFirstSteps() {
+  TheMainWindow().Trials.clear();
   PaintImage("");
   const std::string name = State().Profile.PlayerName.Str();
   const std::string holdings = HoldingsOf(name);
@@ -57,14 +103,16 @@ void ShowFirstSteps() {
 
 void ShowOpponent(const std::string& address) {
   const auto [game, opponent] = OpponentOfLink(address);
-  const Session& state = State();
-  if (!state.Links.Games || !state.Games.Holds(game)) return;
-  const GameRec& record = state.Games[game];
-  if (opponent < 2 || !record.Opponents.Holds(opponent)) return;
+  if (!State().Links.Games || !State().Games.Holds(game) || opponent < 2 ||
+      !State().Games[game].Opponents.Holds(opponent)) {
+    return;
+  }
+  const std::string prospects = ProspectsAgainst(game, opponent);
+  const GameRec& record = State().Games[game];
   Card shown = record.Opponents[opponent];
-  PaintImage(shown.Picture.empty() ? std::string() : ResolvePath(shown.Picture, 0));
+  PaintPicture(shown);
   Show(Joined("<p><b>", ColoredName(shown), "</b><br>", OneLine(record.Name), "</p><p>",
-              OneLine(shown.Description), "</p>"));
+              OneLine(shown.Description), "</p>", prospects));
 }
 
 }  // namespace brindlemoor

@@ -10,6 +10,7 @@
 #include "game/game_list.h"
 #include "game/kept_matches.h"
 #include "game/match_outcome.h"
+#include "game/match_results.h"
 #include "platform/arrangement.h"
 #include "text/one_line.h"
 #include "ui/first_steps.h"
@@ -96,7 +97,9 @@ void KeepMatchAfterTurn() {
   if (MatchIsRunning()) {
     problem = KeepMatch();
   } else if (session.GameOver == 1 && session.TestFromEditor == 0 && !session.Match.IsVisit) {
+    const std::string uncounted = CountEndedMatch();
     problem = RemoveKeptMatch(session.CurrentGame);
+    if (problem.empty()) problem = uncounted;
   }
   std::string& told = TheMainWindow().KeepingTold;
   if (!problem.empty() && problem != told) Desktop().MessageBox(problem);

@@ -3,14 +3,17 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "core/records.h"
 #include "platform/controls.h"
 #include "ui/aim_banner.h"
 #include "ui/kept_match_panel.h"
 #include "ui/match_end.h"
+#include "ui/opponent_trial.h"
 #include "ui/plan_panel.h"
 #include "ui/turn_history.h"
 #include "ui/turn_story.h"
@@ -57,6 +60,8 @@ struct MainWindow : Form {
     bool operator==(const HandCard&) const = default;
   };
   HandCard LastHovered;     ///< what the pointer showed last
+  /// What is known of the opponents of the list, by game and opponent, while it is shown.
+  std::map<std::pair<int, int>, TrialMatches> Trials;
   std::string KeepingTold;  ///< why the match could not be kept, as the player was told
 
   void Form_Load();

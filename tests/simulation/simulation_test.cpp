@@ -156,7 +156,7 @@ TEST_F(SimulationTest, AMatchIsAFunctionOfItsSeedWhateverWasPlayedBefore) {
   ASSERT_EQ(stage.Open(root_.string(), "Imps", 1), "");
   ASSERT_EQ(stage.Seat(stage.Decks()[0], stage.Opponents()[0]), "");
   const auto play = [&stage](std::uint64_t seed) {
-    const MatchOutcome outcome = stage.Play(seed, 30);
+    const PlayedMatch outcome = stage.Play(seed, 30);
     std::string text = Joined(outcome.Winner, " ", outcome.Turns, " ", outcome.Tokens);
     for (const LoggedEvent& event : stage.Log().Events) {
       text += Joined(" ", static_cast<int>(event.Kind), event.Side, event.Name);

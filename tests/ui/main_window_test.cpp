@@ -204,7 +204,43 @@ TEST_F(MainWindowTest, TheListSaysWhatComesFirstAndWhoIsPointedAt) {
     EXPECT_TRUE(said("You own:")) << none;
   }
   window_.WB.LinkPointed("game:1:2");
-  EXPECT_TRUE(said("He waits.") && said("Marsh & moor"));
+  EXPECT_TRUE(said("He waits.") && said("Marsh & moor") && !said("You have not met yet."));
+
+  // An opponent of a file can be met.
+  State().Games[1].RulesFile = "Marsh.txt";
+  State().Games[1].OpponentFiles.Reset(1);
+  State().Games[1].OpponentFiles.Append(Text("Ogre.txt"));
+  WriteFile("Ogre.txt", "#GAMEFILE, Marsh.txt\r\n");
+  window_.WB.LinkPointed("game:1:2");
+  EXPECT_TRUE(said("You have not met yet.") && !said("match"));
+  WriteFile("Ann_Marsh & moor.results", "#RESULT, Ogre.txt, 2, 1, 1\r\n");
+  struct Row {
+    TrialMatches (*Trial)(int, int);
+    const char* Words;
+  };
+  for (const Row& row :
+       {Row{[](int, int) {
+              return TrialMatches{"Elves", true, 20, 14};
+            },
+            "<b>An easy match</b> for your deck Elves: the computer tried it 20 times and won 14."},
+        Row{[](int, int) {
+              return TrialMatches{"the Chest", false, 20, 13};
+            },
+            "<b>An even match</b> for the cards of the Chest:"},
+        Row{[](int, int) {
+              return TrialMatches{"Elves", true, 20, 5};
+            },
+            "<b>A hard match</b>"}}) {
+    ShowFirstSteps();
+    State().TryOpponent = row.Trial;
+    window_.WB.LinkPointed("game:1:2");
+    EXPECT_TRUE(said(row.Words)) << desktop_->Pages["CardDescWB"];
+    EXPECT_TRUE(said("Beaten: you won 2 of 4 matches.")) << desktop_->Pages["CardDescWB"];
+  }
+  ShowFirstSteps();
+  State().TryOpponent = [](int, int) { return TrialMatches{"Elves", true, 4, 4}; };
+  window_.WB.LinkPointed("game:1:2");
+  EXPECT_FALSE(said("the computer")) << "too few";
 }
 
 TEST_F(MainWindowTest, ASnapshotHoldsThePageWithItsPictures) {

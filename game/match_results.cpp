@@ -1,0 +1,105 @@
+// A line for each opponent, others stay as they are: "#RESULT, "Ogre.txt", 3, 1, 0".
+#include "game/match_results.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <string_view>
+
+#include "core/desktop.h"
+#include "core/paths.h"
+#include "core/state.h"
+#include "core/strings.h"
+#include "data/field_stream.h"
+#include "data/field_text.h"
+#include "data/saving.h"
+#include "game/match_outcome.h"
+#include "game/player_file_names.h"
+#include "text/text.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr std::string_view kDirective = "#RESULT";
+
+int ReadCount(FieldStream& stream) {
+  constexpr double kMost = std::numeric_limits<int>::max() / 4;
+  std::string field;
+  if (!stream.Read(field)) return 0;
+  return static_cast<int>(std::clamp(NumericPrefix(field), 0.0, kMost));
+}
+
+/// What a line says of an opponent, nothing for a line of another one.
+std::optional<MatchResults> ReadResults(std::string_view line, std::string_view opponentFile) {
+  FieldStream stream{std::string(line)};
+  std::string field;
+  if (!stream.Read(field) || field != kDirective) return std::nullopt;
+  if (!stream.Read(field) || FreeTextOf(field) != opponentFile) return std::nullopt;
+  MatchResults results;
+  results.Won = ReadCount(stream);
+  results.Lost = ReadCount(stream);
+  results.Undecided = ReadCount(stream);
+  return results;
+}
+
+std::string LineOf(std::string_view opponentFile, const MatchResults& results) {
+  return Joined(kDirective, ", ", FreeTextField(opponentFile), ", ", results.Won, ", ",
+                results.Lost, ", ", results.Undecided, kLineEnd);
+}
+
+/// The file without the lines of an opponent, and what the first of them says.
+struct ResultsFile {
+  MatchResults Found;
+  std::string Others;
+};
+
+ResultsFile TakeApart(std::string_view text, std::string_view opponentFile) {
+  ResultsFile file;
+  bool isFound = false;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size() - 1) + 1;
+    const std::string_view line = text.substr(0, end);
+    text.remove_prefix(end);
+    const auto results = ReadResults(line, opponentFile);
+    if (!results) {
+      file.Others += line;
+    } else if (!isFound) {
+      file.Found = *results;
+      isFound = true;
+    }
+  }
+  if (!file.Others.empty() && !file.Others.ends_with('\n')) file.Others += kLineEnd;
+  return file;
+}
+
+void CountEnd(MatchResults& results, MatchEnd end) {
+  if (end == MatchEnd::kWon) ++results.Won;
+  if (end == MatchEnd::kLost) ++results.Lost;
+  if (end == MatchEnd::kNobodyWon) ++results.Undecided;
+}
+
+}  // namespace
+
+MatchResults ResultsAgainst(int gameIndex, int opponentIndex) {
+  const std::string name = ResultsFileName(gameIndex);
+  if (name.empty()) return {};
+  const std::string text = Desktop().Files().Read(InProgramFolder(name)).value_or("");
+  return TakeApart(text, State().Games[gameIndex].OpponentFiles[opponentIndex].Str()).Found;
+}
+
+std::string CountEndedMatch() {
+  const MatchRecord& match = State().Match;
+  const std::string name = ResultsFileName(State().CurrentGame);
+  if (name.empty() || match.IsVisit || match.TookBack || match.OpponentFile.empty()) return "";
+  const std::string path = InProgramFolder(name);
+  const auto bytes = Desktop().Files().Read(path);
+  if (!bytes && IsThere(Desktop().Files(), path)) return CantRead(name, path);
+  ResultsFile file = TakeApart(bytes.value_or(""), match.OpponentFile.Str());
+  CountEnd(file.Found, OutcomeOfMatch().End);
+  const std::string failure =
+      Desktop().Files().Write(path, file.Others + LineOf(match.OpponentFile, file.Found));
+  return failure.empty() ? "" : Joined("Can't save ", name, ": ", failure);
+}
+
+}  // namespace brindlemoor
