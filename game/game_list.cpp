@@ -188,8 +188,10 @@ void AddOpponent(Scan& scan, GameRec& game, const std::string& path) {
   }
   Card opponent;
   opponent.Name = fields[0];
+  opponent.Picture = fields[3];
   opponent.Thumb = fields[4];
-  opponent.Description = fields[7];
+  // The eighth field that is read belongs to what follows the card.
+  opponent.Description = fields[6];
   game.Opponents.Append(std::move(opponent));
   game.OpponentFiles.Append(path);
 }

@@ -1,4 +1,4 @@
-// A line for each opponent, others stay as they are: "#RESULT, "Ogre.txt", 3, 1, 0".
+// A line for each opponent, others stay as they are: #RESULT, "goblins/Ogre.txt", 3, 1, 0
 #include "game/match_results.h"
 
 #include <algorithm>
@@ -22,6 +22,14 @@ namespace brindlemoor {
 namespace {
 
 constexpr std::string_view kDirective = "#RESULT";
+
+/// A folder of games that is moved keeps its results.
+std::string_view WithinProgramFolder(std::string_view file) {
+  const std::string& folder = State().ProgramFolder;
+  const bool isWithin =
+      file.size() > folder.size() && file.starts_with(folder) && file[folder.size()] == '/';
+  return isWithin ? file.substr(folder.size() + 1) : file;
+}
 
 int ReadCount(FieldStream& stream) {
   constexpr double kMost = std::numeric_limits<int>::max() / 4;
@@ -85,7 +93,8 @@ MatchResults ResultsAgainst(int gameIndex, int opponentIndex) {
   const std::string name = ResultsFileName(gameIndex);
   if (name.empty()) return {};
   const std::string text = Desktop().Files().Read(InProgramFolder(name)).value_or("");
-  return TakeApart(text, State().Games[gameIndex].OpponentFiles[opponentIndex].Str()).Found;
+  const Text& file = State().Games[gameIndex].OpponentFiles[opponentIndex];
+  return TakeApart(text, WithinProgramFolder(file)).Found;
 }
 
 std::string CountEndedMatch() {
@@ -95,10 +104,11 @@ std::string CountEndedMatch() {
   const std::string path = InProgramFolder(name);
   const auto bytes = Desktop().Files().Read(path);
   if (!bytes && IsThere(Desktop().Files(), path)) return CantRead(name, path);
-  ResultsFile file = TakeApart(bytes.value_or(""), match.OpponentFile.Str());
+  const std::string_view opponent = WithinProgramFolder(match.OpponentFile);
+  ResultsFile file = TakeApart(bytes.value_or(""), opponent);
   CountEnd(file.Found, OutcomeOfMatch().End);
   const std::string failure =
-      Desktop().Files().Write(path, file.Others + LineOf(match.OpponentFile, file.Found));
+      Desktop().Files().Write(path, file.Others + LineOf(opponent, file.Found));
   return failure.empty() ? "" : Joined("Can't save ", name, ": ", failure);
 }
 

@@ -59,7 +59,7 @@ struct MainWindow : Form {
     std::int32_t GlobalID = 0;
     bool operator==(const HandCard&) const = default;
   };
-  HandCard LastHovered;     ///< what the pointer showed last
+  HandCard LastHovered;  ///< what the pointer showed last
   /// What is known of the opponents of the list, by game and opponent, while it is shown.
   std::map<std::pair<int, int>, TrialMatches> Trials;
   std::string KeepingTold;  ///< why the match could not be kept, as the player was told

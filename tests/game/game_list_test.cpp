@@ -27,14 +27,14 @@ class GameListTest : public SessionTest {
 
 TEST_F(GameListTest, GameLineFillsTheRecord) {
   WriteFile("Goblins.TXT", "Words, #CARD\r\n#GAMERULES, \"Gob, lins\", b.jpg, #112233, gob, g.htm");
-  WriteFile("gob/Gob.txt", "#PLAYERCARD,Gob,a,b,c,gob.bmp,d,e,\"Big\"\n");
+  WriteFile("gob/Gob.txt", "#PLAYERCARD,Gob,a,b,big.bmp,gob.bmp,d,\"Big\"\n#CARD");
   EXPECT_EQ(Found(), "Gob, lins: Gob=2; ");
   const GameRec& game = State().Games[1];
   const Card& opponent = game.Opponents[2];
   EXPECT_EQ(Joined(game.Banner, "|", game.Color, "|", game.Folder, "|", game.HelpPage, "|",
-                   game.RulesFile, "|", opponent.Thumb, "|", opponent.Description, "|",
-                   game.OpponentFiles[2]),
-            "b.jpg|#112233|gob|g.htm|Goblins.TXT|gob.bmp|Big|/game/gob/Gob.txt");
+                   game.RulesFile, "|", opponent.Picture, "|", opponent.Thumb, "|",
+                   opponent.Description, "|", game.OpponentFiles[2]),
+            "b.jpg|#112233|gob|g.htm|Goblins.TXT|big.bmp|gob.bmp|Big|/game/gob/Gob.txt");
 }
 
 TEST_F(GameListTest, WhatCountsAsGame) {

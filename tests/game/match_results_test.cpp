@@ -49,7 +49,7 @@ TEST_F(MatchResultsTest, EachEndCountsOnceForItsOpponent) {
 }
 
 TEST_F(MatchResultsTest, WhatElseIsInTheFileStays) {
-  const std::string name = State().Games[1].OpponentFiles[oona_].Str();
+  const std::string name = "wickwater/3_Oona_Ebb.txt";
   const std::string strange = "a note\n#RESULT, \"Gone.txt\", 7\n#LATER, 1, 2, 3";
   WriteFile(kFile, strange);
   EXPECT_EQ(End(oona_, 1), "");

@@ -35,7 +35,10 @@ TEST_F(OpponentTrialTest, ItPlaysThePlayersDeckAndNothingChanges) {
   const auto before = StateDigest();
   const auto* windows = State().Windows;
   const std::string shown = TheMainWindow().Command1.Caption.Get();
+  const Card listed = State().Games[1].Opponents[oona_];
   const TrialMatches own = TryOpponent(1, oona_);
+  EXPECT_EQ(State().Games[1].Opponents[oona_].Picture, listed.Picture);
+  EXPECT_EQ(State().Games[1].Opponents[oona_].Description, listed.Description);
   EXPECT_EQ(FirstDifference(before, StateDigest()), "");
   EXPECT_EQ(files_->Contents, contents);
   EXPECT_EQ(State().Windows, windows);

@@ -194,6 +194,13 @@ class Match(shipped_game.ShippedGameTest):
         self.close_and_check(shipped_game.TITLE)
         self.come_back(500 + PRIZE + losses * CONSOLATION)
 
+    def look_at_the_opponent(self):
+        """The side view tells of whoever is pointed at in the list."""
+        self.display.move(*self.run_.at_rest("link", f"WB GAME:1:{OONA}").center)
+        harness.wait_until("words of the opponent", lambda: all(
+            words in self.run_.page("FirstSteps.html")
+            for words in ("She keeps crabs", "Beaten: you won 1 of ", "match</b> for your deck")))
+
     def come_back(self, tokens):
         """What the player owns is there at the next start, and the next match uses it."""
         saved = self.saved()
@@ -201,6 +208,7 @@ class Match(shipped_game.ShippedGameTest):
         self.assertEqual(saved.count("#CARD, INPLAYERDECK:1"), CHEST_CARDS)
         self.run_ = self.start(self.folder, "--seed", "2")
         self.run_.click("control", text="Ann")
+        self.look_at_the_opponent()
         self.choose_opponent(OONA, self.run_.places)
         self.assertTrue(self.title_card("Oona Ebb"), "the next match has begun")
         self.assertTrue(self.title_card("Attic Light"), "with the player's own deck")
