@@ -90,7 +90,9 @@ void ProfileMenu::UpdateButtons() {
     } else if (profiles.Holds(profile)) {
       caption = profiles[profile].PlayerName.Str();
     }
-    Command1[static_cast<std::size_t>(index)]->Caption = caption;
+    Button& button = *Command1[static_cast<std::size_t>(index)];
+    button.Visible = !caption.empty();
+    button.Caption = caption;
   }
 }
 

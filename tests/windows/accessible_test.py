@@ -82,6 +82,18 @@ class Accessible(shipped_game.ShippedGameTest):
         table = self.read("Brindlemoor", "Attic Light", "Oona Ebb", "HP: ")
         self.assertTrue(any(e["role"] == "push button" and "hand card 1, " in e["description"]
                             for e in table))
+        self.back_to_the_list()
+        self.read_the_choosers()
+
+    def read_the_choosers(self):
+        self.run_.choose("File", "Switch Player")
+        self.run_.wait_for("window", "ProfileMenu")
+        self.read("Choose a Player Profile", "New Player", "Ann")
+        self.keep("chooser")
+        self.run_.click("control", text="Rename a Player")
+        self.run_.wait_for("window", "ChoiceForm")
+        self.read("Choose", "Cancel", "Ann")
+        self.keep("choice")
 
     def open_file(self, path):
         self.run_.choose("File", "Load Cards")
@@ -114,6 +126,21 @@ class Accessible(shipped_game.ShippedGameTest):
             self.read(title, words)
             self.display.ask_to_close(title)
             self.run_.wait_gone("window", form)
+        self.read_the_pickers()
+
+    def read_the_pickers(self):
+        self.run_.click("control", "EffButton(0)")
+        self.pick("Combo1(0)", "Effect: Add to a trait in t")
+        self.run_.wait_for("dialog", text="Which trait?")
+        self.run_.answer("HP")
+        self.run_.wait_for("window", "ValGen")
+        self.read("Value Generator", "DONE", "Add an arbitrary amount")
+        for title, form in (("Value Generator", "ValGen"), ("Effect Picker", "EffectPicker")):
+            self.display.ask_to_close(title)
+            self.run_.wait_gone("window", form)
+        self.run_.choose("Graphic", "Load new Background Image")
+        self.run_.wait_for("window", "PicPick")
+        self.read("Picture Viewer", "Random Image", "Close")
 
 
 if __name__ == "__main__":

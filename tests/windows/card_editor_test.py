@@ -50,14 +50,6 @@ class CardEditorTest(shipped_game.ShippedGameTest):
         else:
             self.run_.wait_gone("field")
 
-    def pick(self, name, beginning):
-        """Opens a list by its arrow and goes to an entry by its first letters."""
-        box = self.run_.at_rest("control", name)
-        self.display.click(box.x + box.width - 8, box.center[1])
-        time.sleep(0.3)
-        self.display.xdotool("type", "--delay", 20, beginning)
-        self.display.xdotool("key", "Return")
-
     def open_the_editor(self):
         self.run_.choose("File", EDITOR)
         self.run_.wait_for("window", "CardEdit", EDITOR)

@@ -62,6 +62,14 @@ class ShippedGameTest(harness.WindowTest):
             self.run_.click("button", "Give Up")
         self.run_.wait_for("link", text="Oona Ebb")
 
+    def pick(self, name, beginning):
+        """Opens a list by its arrow and goes to an entry by its first letters."""
+        box = self.run_.at_rest("control", name)
+        self.display.click(box.x + box.width - 8, box.center[1])
+        time.sleep(0.3)
+        self.display.xdotool("type", "--delay", 20, beginning)
+        self.display.xdotool("key", "Return")
+
     def asked_to_give_up(self):
         return any(place.kind == "dialog" and place.text.startswith("Leave the match against")
                    for place in self.run_.places())
