@@ -64,19 +64,46 @@ int GameOfMatch(const SavedMatchHead& head) {
   return 0;
 }
 
+namespace {
+
+/// The file of a game's kept match; "" where there is none.
+std::string KeptFile(int gameIndex) {
+  std::string name = MatchFileName(gameIndex);
+  const bool isThere = !name.empty() && IsThere(Desktop().Files(), InProgramFolder(name));
+  return isThere ? name : "";
+}
+
+void TakeHead(const SavedMatchHead& head, int gameIndex, std::string_view name, KeptMatch& kept) {
+  kept.Opponent = head.Opponent.Str();
+  kept.Turns = head.Turns;
+  if (GameOfMatch(head) != gameIndex) kept.Problem = WrongGame(head, name);
+}
+
+}  // namespace
+
 std::optional<KeptMatch> KeptMatchOf(int gameIndex) {
-  const std::string name = MatchFileName(gameIndex);
-  if (name.empty() || !IsThere(Desktop().Files(), InProgramFolder(name))) return std::nullopt;
+  const std::string name = KeptFile(gameIndex);
+  if (name.empty()) return std::nullopt;
   KeptMatch kept;
   const auto bytes = ReadKeptFile(name, kept.Problem);
   if (!bytes) return kept;
   const MatchRead read = ReadMatch(*bytes, name);
   kept.Problem = read.Problem;
   if (read.Match == nullptr) return kept;
-  kept.Opponent = read.Match->Head.Opponent.Str();
-  kept.Turns = read.Match->Head.Turns;
+  TakeHead(read.Match->Head, gameIndex, name, kept);
   kept.ChangedFiles = ChangedFiles(read.Match->Tables.Match.Files);
-  if (GameOfMatch(read.Match->Head) != gameIndex) kept.Problem = WrongGame(read.Match->Head, name);
+  return kept;
+}
+
+std::optional<KeptMatch> NameOfKeptMatch(int gameIndex) {
+  const std::string name = KeptFile(gameIndex);
+  if (name.empty()) return std::nullopt;
+  KeptMatch kept;
+  const auto bytes = ReadKeptFile(name, kept.Problem);
+  if (!bytes) return kept;
+  SavedMatchHead head;
+  kept.Problem = ReadMatchHead(*bytes, name, head);
+  if (kept.Problem.empty()) TakeHead(head, gameIndex, name, kept);
   return kept;
 }
 
@@ -165,10 +192,13 @@ std::string TakeBackTo(const std::string& bytes) {
   if (read.Match == nullptr) return read.Problem;
   // What is on the disk now was saved behind the turn.
   PlayerFileRec stored = session.StoredPlayer;
+  // What changes on the disk in a running match is told of when it goes on another day.
+  std::vector<MatchFile> files = session.Match.Files;
   session.TurnRunning = 1;
   ShowSavedMatch(std::move(*read.Match), Owned::kAsSaved);
   session.TurnRunning = 0;
   session.StoredPlayer = std::move(stored);
+  session.Match.Files = std::move(files);
   session.Match.TookBack = true;
   WithholdTokens();
   StorePlayer();
@@ -176,10 +206,15 @@ std::string TakeBackTo(const std::string& bytes) {
 }
 
 std::string RemoveKeptMatch(int gameIndex) {
-  const std::string name = MatchFileName(gameIndex);
-  if (name.empty() || !IsThere(Desktop().Files(), InProgramFolder(name))) return "";
+  const std::string name = KeptFile(gameIndex);
+  if (name.empty()) return "";
   const std::string failure = Desktop().Files().Remove(InProgramFolder(name));
   return failure.empty() ? "" : Joined("Can't remove ", name, ": ", failure);
+}
+
+void RemoveKeptMatchOrTell(int gameIndex) {
+  const std::string problem = RemoveKeptMatch(gameIndex);
+  if (!problem.empty()) Desktop().MessageBox(problem);
 }
 
 }  // namespace brindlemoor

@@ -21,6 +21,9 @@ struct KeptMatch {
 
 /// What the current player has kept of a game. A file that can't be read is told of as a problem.
 std::optional<KeptMatch> KeptMatchOf(int gameIndex);
+/// The same by the beginning of the file alone: whether the match can go on is not known, and which
+/// files have changed.
+std::optional<KeptMatch> NameOfKeptMatch(int gameIndex);
 
 /// True while there is a match that can be kept: it has begun, has not ended, and no turn runs.
 bool CanKeepMatch();
@@ -36,6 +39,8 @@ std::string ContinueMatch(int gameIndex);
 
 /// "" or why the file could not be removed, a sentence.
 std::string RemoveKeptMatch(int gameIndex);
+/// The same; says so in a message box.
+void RemoveKeptMatchOrTell(int gameIndex);
 
 /// Goes on with what was composed before a turn (ComposeMatchFile), as if it had not been taken;
 /// what the player got by it is taken away. The match pays no tokens then. "" or why not, a

@@ -41,8 +41,7 @@ bool KeepMatchOrTell() {
 }
 
 bool GiveUpMatch() {
-  const std::string problem = RemoveKeptMatch(State().CurrentGame);
-  if (!problem.empty()) Desktop().MessageBox(problem);
+  RemoveKeptMatchOrTell(State().CurrentGame);
   return true;
 }
 

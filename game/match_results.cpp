@@ -81,10 +81,26 @@ ResultsFile TakeApart(std::string_view text, std::string_view opponentFile) {
   return file;
 }
 
-void CountEnd(MatchResults& results, MatchEnd end) {
-  if (end == MatchEnd::kWon) ++results.Won;
-  if (end == MatchEnd::kLost) ++results.Lost;
-  if (end == MatchEnd::kNobodyWon) ++results.Undecided;
+int& CountOf(MatchResults& results, MatchEnd end) {
+  if (end == MatchEnd::kWon) return results.Won;
+  return end == MatchEnd::kLost ? results.Lost : results.Undecided;
+}
+
+/// "" or what went wrong.
+std::string ChangeCount(int by) {
+  const MatchRecord& match = State().Match;
+  const std::string name = ResultsFileName(State().CurrentGame);
+  if (name.empty() || match.IsVisit || match.TookBack || match.OpponentFile.empty()) return "";
+  const std::string path = InProgramFolder(name);
+  const auto bytes = Desktop().Files().Read(path);
+  if (!bytes && IsThere(Desktop().Files(), path)) return CantRead(name, path);
+  const std::string_view opponent = WithinProgramFolder(match.OpponentFile);
+  ResultsFile file = TakeApart(bytes.value_or(""), opponent);
+  int& count = CountOf(file.Found, OutcomeOfMatch().End);
+  count = std::max(count + by, 0);
+  const std::string failure =
+      Desktop().Files().Write(path, file.Others + LineOf(opponent, file.Found));
+  return failure.empty() ? "" : Joined("Can't save ", name, ": ", failure);
 }
 
 }  // namespace
@@ -97,19 +113,8 @@ MatchResults ResultsAgainst(int gameIndex, int opponentIndex) {
   return TakeApart(text, WithinProgramFolder(file)).Found;
 }
 
-std::string CountEndedMatch() {
-  const MatchRecord& match = State().Match;
-  const std::string name = ResultsFileName(State().CurrentGame);
-  if (name.empty() || match.IsVisit || match.TookBack || match.OpponentFile.empty()) return "";
-  const std::string path = InProgramFolder(name);
-  const auto bytes = Desktop().Files().Read(path);
-  if (!bytes && IsThere(Desktop().Files(), path)) return CantRead(name, path);
-  const std::string_view opponent = WithinProgramFolder(match.OpponentFile);
-  ResultsFile file = TakeApart(bytes.value_or(""), opponent);
-  CountEnd(file.Found, OutcomeOfMatch().End);
-  const std::string failure =
-      Desktop().Files().Write(path, file.Others + LineOf(opponent, file.Found));
-  return failure.empty() ? "" : Joined("Can't save ", name, ": ", failure);
-}
+std::string CountEndedMatch() { return ChangeCount(1); }
+
+std::string UncountEndedMatch() { return ChangeCount(-1); }
 
 }  // namespace brindlemoor

@@ -21,5 +21,7 @@ MatchResults ResultsAgainst(int gameIndex, int opponentIndex);
 /// Counts the recorded match, which has ended. One in which a turn was taken back does not count,
 /// nor do visits. "" or why nothing was counted, a sentence.
 std::string CountEndedMatch();
+/// Takes that count back with the last turn of the match.
+std::string UncountEndedMatch();
 
 }  // namespace brindlemoor

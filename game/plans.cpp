@@ -1,8 +1,9 @@
-// Forgetting what the player's clicks have lined up.
+// What the player's clicks have lined up, and forgetting it.
 #include "game/plans.h"
 
 #include "core/state.h"
 #include "script/triggers.h"
+#include "text/one_line.h"
 
 namespace brindlemoor {
 
@@ -35,6 +36,14 @@ void AwaitMenuTarget(int slot, int effect) {
   session.AwaitingMenuTarget = 1;
   session.SelectedSlot = static_cast<std::int16_t>(slot);
   session.MenuEffect = static_cast<std::uint8_t>(effect);
+}
+
+std::string WaitingMenuAction() {
+  const Session& session = State();
+  if (session.AwaitingMenuTarget == 0 || !session.CardTable.Holds(session.SelectedSlot)) return "";
+  const Card& card = session.CardTable[session.SelectedSlot];
+  if (!card.Effects.Holds(session.MenuEffect)) return "";
+  return Joined(OneLine(card.Name), ": ", OneLine(card.Effects[session.MenuEffect].MenuCaption));
 }
 
 void ForgetSelection() {

@@ -1,6 +1,8 @@
 // What the player's clicks have lined up for the coming turn.
 #pragma once
 
+#include <string>
+
 namespace brindlemoor {
 
 /// A match or a visit is on the table: not at the list of games.
@@ -17,6 +19,9 @@ void AwaitPlayTarget(int queueEntry);
 
 /// The same of a menu action of a table card.
 void AwaitMenuTarget(int slot, int effect);
+
+/// The menu action that still waits for a click on its target, as "Lamp: Shine"; "" for none.
+std::string WaitingMenuAction();
 
 /// No card counts as clicked last, and no menu action waits for its target.
 void ForgetSelection();

@@ -172,21 +172,6 @@ void ShowReport(const Plays& plays) {
 
 }  // namespace
 
-namespace {
-
-/// A menu action that still waits for its target is not carried out.
-void NoteUnaimedAction() {
-  const Session& session = State();
-  if (session.AwaitingMenuTarget == 0 || !session.CardTable.Holds(session.SelectedSlot)) return;
-  const Card& card = session.CardTable[session.SelectedSlot];
-  if (!card.Effects.Holds(session.MenuEffect)) return;
-  NoteRefusal(
-      Joined(OneLine(card.Name), ": ", OneLine(card.Effects[session.MenuEffect].MenuCaption)),
-      "no target was chosen");
-}
-
-}  // namespace
-
 void TakeTurn(int skipPlays) {
   Session& session = State();
   const auto outer = std::exchange(session.TurnRunning, std::uint8_t{1});
@@ -194,7 +179,8 @@ void TakeTurn(int skipPlays) {
   session.CostCard.InPlay = 1;
   if (skipPlays != 1) ++session.Match.Turns;
   session.LastTurn = {.Turn = session.Match.Turns, .IsTold = &Windows() != &kNoWindows};
-  if (session.LastTurn.IsTold) NoteUnaimedAction();
+  const std::string waiting = session.LastTurn.IsTold ? WaitingMenuAction() : std::string();
+  if (!waiting.empty()) NoteRefusal(waiting, "no target was chosen");
   std::optional<TurnChanges> changes;
   if (session.LastTurn.IsTold) changes.emplace();
   const Plays plays = RunScripts(skipPlays);

@@ -30,12 +30,6 @@ std::string CaptionOf(const KeptMatch& kept, int game) {
   return Joined("Continue: ", WordsOf(kept));
 }
 
-bool RemoveOrTell(int game) {
-  const std::string problem = RemoveKeptMatch(game);
-  if (!problem.empty()) Desktop().MessageBox(problem);
-  return problem.empty();
-}
-
 /// Whether a match goes on although files of its game have changed.
 bool GoesOnDespite(const std::vector<std::string>& changes, int game) {
   std::string list;
@@ -45,7 +39,7 @@ bool GoesOnDespite(const std::vector<std::string>& changes, int game) {
       Desktop().AskChoice(Joined("Since the match was saved, ", list,
                                  ".  It can go on with its cards as they were, or you give it up."),
                           captions);
-  if (chosen == 1) RemoveOrTell(game);
+  if (chosen == 1) RemoveKeptMatchOrTell(game);
   return chosen == 0;
 }
 
@@ -53,7 +47,8 @@ bool CanGoOn(const KeptMatch& kept, int game) {
   if (kept.Problem.empty()) {
     return kept.ChangedFiles.empty() || GoesOnDespite(kept.ChangedFiles, game);
   }
-  if (Desktop().AskYesNo(Joined(kept.Problem, "  Remove the saved match?"))) RemoveOrTell(game);
+  if (Desktop().AskYesNo(Joined(kept.Problem, "  Remove the saved match?")))
+    RemoveKeptMatchOrTell(game);
   return false;
 }
 
@@ -79,7 +74,7 @@ void KeptMatchPanel::Show() {
   std::size_t shown = 0;
   const Table<GameRec>& games = State().Games;
   for (int game = 1; game <= games.UpperBound() && shown < kMost; ++game) {
-    const std::optional<KeptMatch> kept = KeptMatchOf(game);
+    const std::optional<KeptMatch> kept = NameOfKeptMatch(game);
     if (!kept) continue;
     Buttons[shown]->Caption = CaptionOf(*kept, game);
     Buttons[shown]->ToolTip = Joined("A match of ", OneLine(games[game].Name), ".");
@@ -90,13 +85,26 @@ void KeptMatchPanel::Show() {
   if (shown > 0) Buttons[0]->TakeFocus();
 }
 
+namespace {
+
+bool MatchHasEnded() {
+  const Session& session = State();
+  return session.GameOver == 1 && session.TestFromEditor == 0 && !session.Match.IsVisit;
+}
+
+}  // namespace
+
+void UncountMatch() {
+  if (State().DebugMode == 0 && MatchHasEnded()) UncountEndedMatch();
+}
+
 void KeepMatchAfterTurn() {
   const Session& session = State();
   if (session.DebugMode == 1) return;
   std::string problem;
   if (MatchIsRunning()) {
     problem = KeepMatch();
-  } else if (session.GameOver == 1 && session.TestFromEditor == 0 && !session.Match.IsVisit) {
+  } else if (MatchHasEnded()) {
     const std::string uncounted = CountEndedMatch();
     problem = RemoveKeptMatch(session.CurrentGame);
     if (problem.empty()) problem = uncounted;
@@ -129,7 +137,7 @@ bool MayBeginMatch(int gameIndex, int opponentIndex) {
   const bool isThere =
       session.Games.Holds(gameIndex) && session.Games[gameIndex].OpponentFiles.Holds(opponentIndex);
   if (!isThere || session.DebugMode == 1) return true;
-  const std::optional<KeptMatch> kept = KeptMatchOf(gameIndex);
+  const std::optional<KeptMatch> kept = NameOfKeptMatch(gameIndex);
   if (!kept) return true;
   const WorkAccount account;
   if (IsStarterDeck(session.Games[gameIndex].OpponentFiles[opponentIndex].Str())) return true;

@@ -27,9 +27,11 @@ struct KeptMatchPanel {
   std::array<int, kMost> games_{};  // of the buttons, 0 for none
 };
 
-/// Keeps the match in progress after a turn, or forgets it when it has ended. What goes wrong is
-/// told once.
+/// Keeps the match in progress after a turn, or forgets and counts it when it has ended. What goes
+/// wrong is told once.
 void KeepMatchAfterTurn();
+/// An ended match, which goes on as its last turn is taken back, is no longer counted.
+void UncountMatch();
 
 /// Goes on with the match of a game. Where its files have changed, or it can't be read, the player
 /// chooses.

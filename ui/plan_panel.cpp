@@ -6,7 +6,6 @@
 #include "game/plan_forecast.h"
 #include "game/plans.h"
 #include "platform/arrangement.h"
-#include "text/one_line.h"
 #include "ui/forms.h"
 #include "ui/link_protocol.h"
 
@@ -17,15 +16,6 @@ namespace {
 constexpr int kListHeight = 66;
 constexpr int kButtonWidth = 110;
 constexpr std::int32_t kWarningColor = 0xF0B060;
-
-/// The card whose menu action still waits for a click on its target; "" for none.
-std::string WaitingMenuAction() {
-  const Session& state = State();
-  if (state.AwaitingMenuTarget == 0 || !state.CardTable.Holds(state.SelectedSlot)) return "";
-  const Card& card = state.CardTable[state.SelectedSlot];
-  if (!card.Effects.Holds(state.MenuEffect)) return "";
-  return Joined(OneLine(card.Name), ": ", OneLine(card.Effects[state.MenuEffect].MenuCaption));
-}
 
 std::string LineOf(const PlannedStep& step) {
   std::string line = step.Words;

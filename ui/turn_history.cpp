@@ -12,6 +12,7 @@
 #include "pages/page_files.h"
 #include "platform/arrangement.h"
 #include "ui/forms.h"
+#include "ui/kept_match_panel.h"
 #include "ui/link_protocol.h"
 
 namespace brindlemoor {
@@ -125,6 +126,7 @@ void TurnHistory::TakeTurnBack_Click() {
   const std::string before = turns_.back().Before;
   turns_.pop_back();
   TheMainWindow().End.Hide();
+  UncountMatch();
   const std::string problem = TakeBackTo(before);
   if (!problem.empty()) Desktop().MessageBox(problem);
   StopLooking();

@@ -2,6 +2,7 @@
 #include <regex>
 
 #include "game/kept_matches.h"
+#include "game/match_results.h"
 #include "scenario/state_digest.h"
 #include "tests/support/shipped_games.h"
 #include "ui/kept_match_panel.h"
@@ -232,6 +233,10 @@ TEST_F(KeptMatchTest, ATurnThatIsTakenBackComesAgainAndPaysNothing) {
   TakeTurn();
   const std::string won = Shown();
   EXPECT_TRUE(State().GameOver == 1 && State().Players[1].Tokens == tokens + 40);
+  const int oona = OpponentNamed("Oona Ebb");
+  EXPECT_EQ(ResultsAgainst(1, oona).Won, 1);
+  const std::string changed = "wickwater/WickwaterCards.txt";
+  WriteFile(changed, ReadFile(changed) + "***");
 
   desktop_->YesNoAnswers = {false, true};
   window_.History.TakeTurnBack.Click();
@@ -243,8 +248,10 @@ TEST_F(KeptMatchTest, ATurnThatIsTakenBackComesAgainAndPaysNothing) {
   EXPECT_FALSE(window_.End.Panel.Visible || window_.History.TakeTurnBack.Enabled);
   EXPECT_NE(ReadFile("Ann_Wickwater.plr").find(Joined("#TOKENS, ", tokens)), std::string::npos);
   EXPECT_TRUE(IsKept());
+  EXPECT_EQ(KeptMatchOf(1)->ChangedFiles.size(), 1U) << "the change is not forgotten";
 
   TakeTurn();
+  EXPECT_EQ(ResultsAgainst(1, oona).Played(), 0);
   EXPECT_TRUE(State().GameOver == 1 && State().Players[1].Tokens == tokens);
   EXPECT_EQ(WithoutNumbers(Shown()), WithoutNumbers(won)) << "the same luck";
 }
