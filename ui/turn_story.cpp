@@ -99,13 +99,15 @@ void TurnStory::Update(bool hasPlace) {
 
 namespace {
 
-/// In a store or at a starter deck it counts what one takes home, and how one leaves.
+/// In a store or at a starter deck it tells how one leaves, and counts what one takes home.
 std::string StoryOfVisit() {
   const TurnRecord& turn = State().LastTurn;
-  std::string story = RefusedLine(turn);
-  if (turn.Tokens != 0) story += TokensText(turn.Tokens) + ".\n";
-  if (const std::string cards = NewCardsText(); !cards.empty()) story += cards + "\n";
-  return story + "File, Quit / New Game leads back to the list of games.";
+  // First what is needed in any case: on a low screen the rest may have to be scrolled to.
+  std::string story =
+      Joined(RefusedLine(turn), "File, Quit / New Game leads back to the list of games.");
+  if (turn.Tokens != 0) story += Joined("\n", TokensText(turn.Tokens), ".");
+  if (const std::string cards = NewCardsText(); !cards.empty()) story += "\n" + cards;
+  return story;
 }
 
 }  // namespace
