@@ -4,6 +4,7 @@
 #include "check/field_checks.h"
 #include "core/strings.h"
 #include "language/target_types.h"
+#include "lint/place_check.h"
 #include "lint/reaction_check.h"
 #include "lint/script_arguments.h"
 #include "script/triggers.h"
@@ -66,7 +67,13 @@ void FileCheck::Trigger(const CheckedField& field) {
 
 void FileCheck::Script(const CheckedField& field) {
   NoteAll(field.Offset, CheckScript(field.Text));
-  NoteAll(field.Offset, CheckReaction(FieldOf(1).Text, FieldOf(2).Text, field.Text));
+  const std::string& target = FieldOf(1).Text;
+  const std::string& trigger = FieldOf(2).Text;
+  NoteAll(field.Offset, CheckReaction(target, trigger, field.Text));
+  NoteAll(field.Offset, CheckPlace(target, trigger, field.Text));
+  if (const std::string_view why = WhyNeverRun(target, trigger, side_); !why.empty()) {
+    Note(FieldOf(1), FindingCode::kLostAction, std::string(why));
+  }
   Gather(field.Text, field.Offset);
 }
 
@@ -77,6 +84,7 @@ void FileCheck::EntryScripts(const CheckedField& field) {
     const std::string_view script = text.substr(start, end - start);
     NoteAll(field.Offset + start, CheckScript(script));
     NoteAll(field.Offset + start, CheckReaction("", "", script));
+    NoteAll(field.Offset + start, CheckPlace("", "", script));
     Gather(script, field.Offset + start);
     start = end + kBetweenScripts.size();
   }

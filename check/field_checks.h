@@ -9,6 +9,7 @@
 #include "check/card_set.h"
 #include "check/file_check.h"
 #include "check/finding.h"
+#include "lint/place_check.h"
 #include "lint/script_check.h"
 
 namespace brindlemoor {
@@ -76,6 +77,7 @@ class FileCheck {
   bool colorIsWrong_ =
       false;  ///< of the present directive: its other fields are not where they seem
   bool isRules_ = false;
+  ActionSide side_ = ActionSide::kAny;
   std::unordered_set<std::string> traits_;  ///< folded, of the card before
 };
 

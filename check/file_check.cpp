@@ -28,6 +28,10 @@ constexpr auto kScriptCodes = std::to_array<CodeRow>({
     {FindingKind::kQuoteInText, FindingCode::kQuote},
     {FindingKind::kRequirementBehindEffect, FindingCode::kLateRequirement},
     {FindingKind::kRequirementCancels, FindingCode::kCancellingRequirement},
+    {FindingKind::kCommandIsLost, FindingCode::kLostCommand},
+    {FindingKind::kActionIsLost, FindingCode::kLostAction},
+    {FindingKind::kCountIsZero, FindingCode::kZeroCount},
+    {FindingKind::kDiceAreStored, FindingCode::kStoredDice},
 });
 
 struct FieldRow {
@@ -92,7 +96,23 @@ void FileCheck::NoteAll(std::size_t offset, const std::vector<ScriptFinding>& fo
   }
 }
 
+namespace {
+
+/// The deck of an opponent: it has a portrait in the list of games, and nobody takes it home.
+bool IsOpponents(const CheckedFile& file) {
+  bool hasPortrait = false;
+  for (const CheckedDirective& directive : file.Directives()) {
+    if (directive.Word == "#STARTERDECK") return false;
+    hasPortrait = hasPortrait ||
+                  (directive.Word == "#CARD" && directive.Fields[0].Text.ends_with("PLAYERCARD"));
+  }
+  return hasPortrait;
+}
+
+}  // namespace
+
 void FileCheck::Run() {
+  if (IsOpponents(file_)) side_ = ActionSide::kComputer;
   findings_.insert(findings_.end(), file_.Findings().begin(), file_.Findings().end());
   for (const CheckedDirective& directive : file_.Directives()) {
     directive_ = &directive;

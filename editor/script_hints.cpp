@@ -9,6 +9,7 @@
 #include "data/field_text.h"
 #include "editor/card_rows.h"
 #include "editor/script_parts.h"
+#include "lint/place_check.h"
 #include "lint/reaction_check.h"
 #include "lint/script_check.h"
 #include "reference/script_sentence.h"
@@ -50,6 +51,7 @@ Findings FindingsOfScript(const EffectRow& row) {
   const std::string_view script = OwnScript(row.Script);
   Findings all = CheckScript(script);
   Take(all, CheckReaction(row.Target, row.Trigger, script));
+  Take(all, CheckPlace(row.Target, row.Trigger, script));
   return all;
 }
 
@@ -107,6 +109,10 @@ std::string HintForAction(const EffectRow& row) {
     }
   }
   if (acts) Take(all, FindingsOfScript(row));
+  const std::string_view why = acts && !IsCounter(row)
+                                   ? WhyNeverRun(row.Target, row.Trigger, ActionSide::kAny)
+                                   : std::string_view();
+  if (!why.empty()) Take(all, {{FindingKind::kActionIsLost, 0, 0, std::string(why), ""}});
   for (const ScriptFinding& finding : all) {
     if (!IsRemark(finding.Kind)) return Worded(finding);
   }

@@ -24,11 +24,15 @@ enum class FindingKind : std::uint8_t {
   kRequirementBehindEffect,  ///< understood, but it comes too late to keep the effect from
                              ///< happening
   kRequirementCancels,       ///< understood, but it calls the answered action off
+  kCommandIsLost,            ///< does nothing where it stands
+  kActionIsLost,             ///< never runs with this target and trigger
+  kCountIsZero,
+  kDiceAreStored,  ///< as a text: they are never rolled
 };
 
 /// True for a finding that the engine understands all the same.
 constexpr bool IsRemark(FindingKind kind) {
-  return kind == FindingKind::kRequirementBehindEffect || kind == FindingKind::kRequirementCancels;
+  return kind >= FindingKind::kRequirementBehindEffect;
 }
 
 struct ScriptFinding {

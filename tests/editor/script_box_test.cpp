@@ -95,9 +95,11 @@ TEST_F(ScriptBoxTest, MarksTheVeryWordThatIsNotUnderstood) {
     EXPECT_EQ(noted({"TURNSTART", "SELF", script}), words) << script;
   }
   // A reaction that calls the answered action off is told of only where it is one.
-  const std::string script = "REQMYTRAITMORE:HP:2:CANCEL";
+  const std::string script = "REQMYTRAITMORE:HP:2:MODTRAIT:HP:1";
   EXPECT_EQ(noted({"TARGETED", "SELF", script}), "REQMYTRAITMORE|");
   EXPECT_EQ(noted({"TURNSTART", "SELF", script}), "");
+  // What is right and does nothing is marked as well.
+  EXPECT_EQ(noted({"TURNSTART", "SELF", "CANCEL"}), "CANCEL|");
 }
 
 TEST_F(ScriptBoxTest, TellsWhatAnActionOfATraitDoesBehindTheTrait) {
