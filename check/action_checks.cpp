@@ -131,6 +131,11 @@ void FileCheck::Gather(std::string_view script, std::size_t offset) {
       Reads(argument.Next, place(argument.Next));
     } else if (argument.Name == "PICTURE" && !IsComposed(argument.Text)) {
       FindPicture(argument.Text, place(argument.Text));
+    } else if (argument.Name == "NAME" && argument.Word == "BOOSTERCARD") {
+      if (IsComposed(argument.Text)) return;
+      facts_.StoreCards.try_emplace(std::string(argument.Text),
+                                    SetFacts::Definition{std::string(argument.Text), file_.Path(),
+                                                         file_.PlaceOf(place(argument.Text))});
     } else if (argument.Name == "NAME" && argument.Word == "CREATECARD" &&
                !IsComposed(argument.Text) && !argument.Next.empty() && !IsComposed(argument.Next)) {
       FindCard(argument.Text, argument.Next, place(argument.Text), CardUse::kModel);

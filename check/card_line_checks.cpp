@@ -45,6 +45,11 @@ std::vector<std::string_view> LocationWords() {
 }  // namespace
 
 void FileCheck::Include(const CheckedField& field) {
+  if (directive_->Word == "#INCLUDE" &&
+      !included_.insert(Joined(FoldUpper(field.Text), "\n", FieldOf(2).Text)).second) {
+    Note(field, FindingCode::kTwofoldInclude,
+         Joined("\"", field.Text, "\" is included twice: its cards come twice."));
+  }
   if (set_.HasFile(field.Text)) return;
   Note(field, FindingCode::kMissingInclude, Joined("The file \"", field.Text, "\" is not there."));
 }
@@ -131,6 +136,11 @@ void FileCheck::FindCard(std::string_view name, std::string_view cardFile, std::
 void FileCheck::Source(const CheckedField& field) {
   if (field.Text.empty() || colorIsWrong_) return;
   const CheckedField& id = FieldOf(3);
+  if (id.Text.empty()) {
+    Note(FieldOf(2), FindingCode::kMissingId,
+         Joined("Without a unique ID the card takes nothing from \"", field.Text,
+                "\": cards without one share a single place there."));
+  }
   if (!id.Text.empty() && set_.HasCard(field.Text, id.Text, CardUse::kSource)) return;
   FindCard(FieldOf(2).Text, field.Text, field.Offset, CardUse::kSource);
 }
@@ -138,6 +148,7 @@ void FileCheck::Source(const CheckedField& field) {
 /// What such a card has stands in the other file.
 void FileCheck::Reference(const CheckedField& field) {
   const CheckedField& name = directive_->Fields[directive_->Fields.size() - 2];
+  facts_.CardNames.insert(name.Text);
   FindCard(name.Text, field.Text, name.Offset, CardUse::kReference);
   hasCard_ = true;
   hasPlaceForCaption_ = false;
@@ -183,8 +194,16 @@ void FileCheck::DeckRules(const CheckedField& field) {
   }
 }
 
-void FileCheck::NewCard(const CheckedField&) {
+void FileCheck::NewCard(const CheckedField& field) {
   hasCard_ = true;
+  facts_.CardNames.insert(field.Text);
+  const std::size_t tag =
+      field.Offset == directive_->Head.Offset ? field.Text.npos : field.Text.find('<');
+  if (tag != field.Text.npos && field.Text.find('>', tag) != field.Text.npos) {
+    Note(field.Offset + tag, FindingCode::kMarkupInName,
+         "Markup in a name counts as its letters: scripts, search and sorting have to repeat it. "
+         "The colour of a card is a field of its own.");
+  }
   // The line of the game list is no card; what is said behind it goes to the card before.
   if (directive_->Word == "#CARD" && directive_->Fields[0].Text.ends_with("PLAYERCARD")) return;
   traits_.clear();

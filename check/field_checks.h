@@ -78,7 +78,8 @@ class FileCheck {
       false;  ///< of the present directive: its other fields are not where they seem
   bool isRules_ = false;
   ActionSide side_ = ActionSide::kAny;
-  std::unordered_set<std::string> traits_;  ///< folded, of the card before
+  std::unordered_set<std::string> included_;  ///< names, folded, with their locations
+  std::unordered_set<std::string> traits_;    ///< folded, of the card before
 };
 
 /// A name that is only known while the script runs.

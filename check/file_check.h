@@ -30,6 +30,9 @@ struct SetFacts {
     FilePlace Place;
   };
   std::unordered_map<std::string, Definition> UniqueIds;
+  std::unordered_set<std::string> CardNames;
+  /// What scripts call cards of stores, by name, the first place.
+  std::unordered_map<std::string, Definition> StoreCards;
 };
 
 /// Checks a file of a set: adds what is wrong, and what the file says to the facts.

@@ -93,6 +93,18 @@ void CheckTraits(const SetFacts& facts, std::vector<Finding>& findings) {
   }
 }
 
+/// A store can sell any card of the folder.
+void CheckStoreCards(const SetFacts& facts, std::vector<Finding>& findings) {
+  std::vector<std::string_view> names(facts.CardNames.begin(), facts.CardNames.end());
+  std::ranges::sort(names);
+  for (const auto& [name, use] : facts.StoreCards) {
+    if (facts.CardNames.contains(name) || facts.UniqueIds.contains(name)) continue;
+    findings.push_back({use.File, use.Place, FindingCode::kMissingReference,
+                        Joined("There is no card \"", name, "\" that a store could give."),
+                        NearestWord(name, names)});
+  }
+}
+
 class Check {
  public:
   /// Of the folder of a game's opponents the whole game is read, and only the folder's findings
@@ -164,6 +176,7 @@ class Check {
     }
     const SetFacts facts = CheckFiles(set);
     CheckTraits(facts, result_.Findings);
+    CheckStoreCards(facts, result_.Findings);
     CheckNames(set, shown, result_.Findings);
     CheckDecks(path, shown, result_.Findings);
   }

@@ -118,8 +118,8 @@ TEST_F(CheckedExamplesTest, TheCheckerHasNothingAgainstActionsValuesAndMessages)
     std::string file(kCard);
     Words words;
     for (const ActionExample& example : table.Actions) {
-      // The one word that no action can be kept under.
-      if (example.Word == "ENTERSPLAY") continue;
+      // A word that no action can be kept under, and one whose actions never run.
+      if (example.Word == "ENTERSPLAY" || example.Word == "COUNTER") continue;
       file += LineOf(example);
       words.emplace_back(example.Word);
     }
