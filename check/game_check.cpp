@@ -2,7 +2,6 @@
 #include "check/game_check.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <string_view>
 #include <utility>
@@ -17,6 +16,7 @@
 #include "data/card_reader.h"
 #include "data/profiles.h"
 #include "game/session_opening.h"
+#include "language/program_traits.h"
 #include "lint/word_distance.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/overlay_files.h"
@@ -78,15 +78,13 @@ void TakeCustomStrings(const CardSet& set) {
   }
 }
 
-/// Traits that the program itself gives.
-constexpr std::array<std::string_view, 2> kProgramTraits = {"AILOVE", "NOMRP"};
-
 void CheckTraits(const SetFacts& facts, std::vector<Finding>& findings) {
   std::vector<std::string_view> given(facts.GivenTraits.begin(), facts.GivenTraits.end());
   std::ranges::sort(given);
   for (const auto& [folded, reading] : facts.ReadTraits) {
     if (facts.GivenTraits.contains(folded) || folded == "#ANY#") continue;
-    if (std::ranges::find(kProgramTraits, folded) != kProgramTraits.end()) continue;
+    const ProgramTrait* own = FindProgramTrait(folded);
+    if (own != nullptr && own->IsGiven) continue;
     findings.push_back({reading.File, reading.Place, FindingCode::kTraitNeverGiven,
                         Joined("No card has or gets the trait \"", reading.Name, "\"."),
                         NearestWord(folded, given)});

@@ -5,10 +5,12 @@
 #include <array>
 
 #include "core/desktop.h"
+#include "core/limits.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "data/directives.h"
+#include "language/program_traits.h"
 #include "language/target_types.h"
 #include "language/values.h"
 #include "pages/messages.h"
@@ -42,7 +44,7 @@ pre { background: #16283c; color: #ffe3a0; margin: .3em 0; padding: .4em .8em; w
 <p><a href="MainHelp.html">Help</a></p>
 <h1>Reference for authors</h1>
 <p>Every word that card files and scripts are made of. The program writes this page from its own tables, so it tells what this version really does.</p>
-<p><a href="#files">Card files</a> &middot; <a href="#places">Places</a> &middot; <a href="#targets">Targets</a> &middot; <a href="#triggers">Triggers</a> &middot; <a href="#scripts">Scripts</a> &middot; <a href="#values">Values</a> &middot; <a href="#messages">Messages</a> &middot; <a href="#markup">Markup</a></p>
+<p><a href="#files">Card files</a> &middot; <a href="#places">Places</a> &middot; <a href="#targets">Targets</a> &middot; <a href="#triggers">Triggers</a> &middot; <a href="#scripts">Scripts</a> &middot; <a href="#values">Values</a> &middot; <a href="#traits">Traits</a> &middot; <a href="#messages">Messages</a> &middot; <a href="#markup">Markup</a> &middot; <a href="#turn">The turn</a> &middot; <a href="#neutral">Neutral cards</a> &middot; <a href="#limits">Limits</a></p>
 )";
 
 constexpr std::string_view kFilesIntro =
@@ -79,6 +81,35 @@ constexpr std::string_view kMessagesIntro =
 constexpr std::string_view kMarkupIntro =
     R"(<p>Names, descriptions, captions and messages may hold these tags, with the attributes that stand beside them. Pages show nothing else: other tags and attributes, comments, style sheets and scripts are left out, and so is a tag that browsers would have to mend, such as one without its <code>&gt;</code>. A <code>&lt;</code> that opens no tag is text. Pictures come from the game's folders, by name. Links are those that the program makes itself. <code>brindle check</code> tells of markup that no page shows.</p>
 )";
+
+constexpr std::string_view kTraitsIntro =
+    R"(<p>A trait is any name with a value, and it means what the game's scripts make of it. Names are the same in small and capital letters. These few the program itself knows.</p>
+<p>A trait that a card has not counts 0. A trait without a value counts 1. A value that is a text counts as the number that it begins with, 0 for none.</p>
+)";
+
+constexpr std::string_view kTurn =
+    R"(<p>A turn goes like this. What begins to act in the middle of it acts from the next step on.</p>
+<ol>
+<li>The computer judges its hand and plays; then the player's planned cards come. Each card pays its price and goes to the table: its actions at ENTERPLAY run, and those of others at OTHERENTERSPLAY.</li>
+<li>TURNSTART, then PHASE1 to PHASE9: in each the rules card acts first and the cards of the table after it. In PHASE10 only cards act: the rules card gets no PHASE10. Cards that scripts have made come in behind each of them; at TURNSTART only when rules and cards have acted.</li>
+<li>TURNEND: here the cards act first. Then all that begins with BONUS is gone, and then the rules card acts.</li>
+</ol>
+<p>A card that is not in play yet answers no trigger but the one that brings it in: the word in the second field of <code>#EXTRADATA</code>. Within a step cards act in the order in which they came to the table, and a card's actions in the order of its lines.</p>
+)";
+
+constexpr std::string_view kNeutral =
+    R"(<p>Cards of <code>#NEUTRALCARD</code>, or with the place NEUTRAL, belong to no side. They lie on the table and act like others, but no table of the report shows them. To show one, let its action write a message (<code>ECHO</code>), or give it the trait STORE and menu actions: then its page stands beside the report when the player comes in. REQALLY and RANDOMALLY find them for each other only; REQENEMY and RANDOMENEMY take them for enemies of both sides, so a script that means the other side only should ask for a trait that its cards have.</p>
+)";
+
+std::string LimitsText() {
+  return Joined("<p>Whatever a script asks for has an end: the work of a turn stops at ",
+                limits::kStepsOfTurn,
+                " steps (a step is about one command on one card), runs in runs at ",
+                limits::kNestedRuns, ", the table at ", limits::kTableCards,
+                " cards, a booster at ", limits::kBoosterCards,
+                " cards. At a bound the work stops in order, and the page says "
+                "so once.</p>\n");
+}
 
 struct Family {
   std::string_view Title;
@@ -256,11 +287,23 @@ std::string Markup() {
   return html + "</p>\n";
 }
 
+std::string Traits() {
+  std::string html = Section("traits", "Traits of the program", kTraitsIntro) + "<dl>\n";
+  for (const ProgramTrait& row : ProgramTraits()) {
+    const bool isPrefix = row.Place == TraitPlace::kPrefix;
+    html += Entry(Joined("trait-", row.Name), Joined(row.Name, isPrefix ? "\u2026" : ""),
+                  row.Meaning, row.Example);
+  }
+  return html + "</dl>\n";
+}
+
 }  // namespace
 
 std::string ReferencePage() {
   return Joined(kHead, Directives(), Locations(), Targets(), Triggers(), Commands(), Values(),
-                Messages(), Markup(), "</body>\n</html>\n");
+                Traits(), Messages(), Markup(), Section("turn", "The turn", kTurn),
+                Section("neutral", "Neutral cards", kNeutral),
+                Section("limits", "Limits", LimitsText()), "</body>\n</html>\n");
 }
 
 std::string WriteReferencePage() {

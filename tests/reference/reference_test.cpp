@@ -2,8 +2,10 @@
 // has nothing against the example, and the page tells of all of them.
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <map>
+#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -11,6 +13,7 @@
 #include "check/game_check.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "language/program_traits.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/headless/overlay_files.h"
 #include "reference/notes.h"
@@ -165,6 +168,39 @@ TEST(ReferencePageTest, TellsOfEveryWordWithItsExample) {
       page.find("<dt id=\"SUBTRAIT\"><code>SUBTRAIT:TRAIT:VALUE</code></dt>\n<dd>takes VALUE from"),
       std::string::npos);
   EXPECT_EQ(page.find("<pre></pre>"), std::string::npos) << "a word without its example";
+}
+
+/// The names of traits that a line of the engine's own code asks for.
+std::vector<std::string> TraitsAskedFor(const std::string& line) {
+  static const std::regex call(
+      "(HasTrait|GetTrait|TraitNumber|SetTrait|DeclaredTrait|TraitName [A-Za-z]+)"
+      "\\([^\"]*\"([A-Z]+)\"");
+  std::vector<std::string> names;
+  for (std::sregex_iterator found(line.begin(), line.end(), call), end; found != end; ++found) {
+    names.push_back((*found)[2]);
+  }
+  return names;
+}
+
+TEST(ReferencePageTest, TellsOfEveryTraitThatTheProgramAsksFor) {
+  const std::string page = ReferencePage();
+  std::set<std::string> asked;
+  for (const char* folder : {"data", "game", "language", "pages", "script", "ui"}) {
+    for (const auto& file : fs::directory_iterator(kSource / folder)) {
+      std::ifstream stream(file.path());
+      for (std::string line; std::getline(stream, line);) {
+        for (const std::string& name : TraitsAskedFor(line)) asked.insert(name);
+      }
+    }
+  }
+  EXPECT_GT(asked.size(), 10U);
+  for (const std::string& name : asked) {
+    const ProgramTrait* row = FindProgramTrait(name);
+    ASSERT_NE(row, nullptr) << name;
+    EXPECT_NE(page.find(Joined("<dt id=\"trait-", row->Name, "\">")), std::string::npos) << name;
+  }
+  EXPECT_EQ(FindProgramTrait("bonusglow"), FindProgramTrait("BONUS"));
+  EXPECT_EQ(FindProgramTrait("GLOW"), nullptr);
 }
 
 TEST(ReferencePageTest, EveryNoteStandsWithItsWord) {
