@@ -30,6 +30,7 @@ struct ToolCommand {
 int RunAuto(Arguments arguments);       // auto_command.cpp
 int RunCheck(Arguments arguments);      // check_command.cpp
 int RunMerge(Arguments arguments);      // merge_command.cpp
+int RunNew(Arguments arguments);        // new_command.cpp
 int RunReference(Arguments arguments);  // reference_command.cpp
 int RunReplay(Arguments arguments);     // replay_command.cpp
 int RunScenario(Arguments arguments);   // scenario_command.cpp

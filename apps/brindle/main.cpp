@@ -10,7 +10,9 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::array<ToolCommand, 7> kCommands = {{
+constexpr std::array<ToolCommand, 8> kCommands = {{
+    {"new", "new FOLDER [--name NAME]",
+     "Makes a folder with a small game that plays at once, for its author to go on from.", RunNew},
     {"check", "check FOLDER|FILE... [--json] [--codes]",
      "Says what is wrong in card files, and where. --codes lists the kinds of findings.", RunCheck},
     {"scenario", "scenario FILE|FOLDER... [--words]",

@@ -40,6 +40,39 @@ class ToolOutputTest : public ::testing::Test {
       fs::path(testing::TempDir()) / Joined("brindlemoor_tool_output_", ::getpid());
 };
 
+TEST_F(ToolOutputTest, ANewGamePlaysAtOnceAndTakesNobodysPlace) {
+  for (const char* name : {"Goblins", "\"My 2nd Game\"", "\"\u00c4\u00d6\"", "Tests", "\"It's\""}) {
+    const std::string made = Run(Joined("brindle new ", name));
+    EXPECT_TRUE(made.ends_with("status 0")) << made;
+    EXPECT_NE(Run(Joined("brindle check ", name)).find("4 files, 0 findings\nstatus 0"),
+              std::string::npos)
+        << name;
+    EXPECT_NE(Run(Joined("brindle scenario ", name, "/tests")).find(" 0 failed, 0 could not"),
+              std::string::npos)
+        << name;
+    EXPECT_NE(
+        Run(Joined("brindle auto ", name, " --pages pages | grep -c wins")).find("1\nstatus 0"),
+        std::string::npos)
+        << name;
+  }
+  const std::string rules = Bytes("Goblins/Goblins.txt");
+  EXPECT_NE(rules.find("#GAMERULES, \"Goblins\","), std::string::npos);
+  const std::pair<const char*, const char*> refused[] = {
+      {"brindle new Goblins", "Goblins is there already.\nstatus 1"},
+      {"brindle new Goblins/Goblins.txt/x", "status 1"},
+      {"brindle new x --name 'a,b'", "mean something else in card files.\nstatus 1"},
+      {"brindle new x --name 'a/b'", "status 1"},
+      {"brindle new", "status 2"}};
+  for (const auto& [command, told] : refused) {
+    const std::string output = Run(command);
+    EXPECT_TRUE(output.ends_with(told)) << command << "\n" << output;
+  }
+  EXPECT_EQ(Bytes("Goblins/Goblins.txt"), rules);
+  EXPECT_FALSE(fs::exists(folder_ / "x"));
+  EXPECT_TRUE(Run("mkdir empty; brindle new empty --name Elves").ends_with("status 0"));
+  EXPECT_NE(Bytes("empty/Elves.txt").find("\"Elves\""), std::string::npos);
+}
+
 TEST_F(ToolOutputTest, WhatCanNotBeWrittenWholeIsToldAndIsNoSuccess) {
   struct stat device {};
   if (::stat("/dev/full", &device) != 0) GTEST_SKIP() << "no /dev/full";
