@@ -35,6 +35,7 @@ int RunReference(Arguments arguments);  // reference_command.cpp
 int RunReplay(Arguments arguments);     // replay_command.cpp
 int RunScenario(Arguments arguments);   // scenario_command.cpp
 int RunSim(Arguments arguments);        // sim_command.cpp
+int RunWatch(Arguments arguments);      // watch_command.cpp
 
 int WrongUsage(std::string_view problem, std::string_view text);
 /// Tells a problem and returns the code.

@@ -10,11 +10,15 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::array<ToolCommand, 8> kCommands = {{
+constexpr std::array<ToolCommand, 9> kCommands = {{
     {"new", "new FOLDER [--name NAME]",
      "Makes a folder with a small game that plays at once, for its author to go on from.", RunNew},
     {"check", "check FOLDER|FILE... [--json] [--codes]",
      "Says what is wrong in card files, and where. --codes lists the kinds of findings.", RunCheck},
+    {"watch", "watch FOLDER [--once]",
+     "Checks a game, carries out the tests in its folder \"tests\" and plays some matches, again "
+     "whenever a file changes.",
+     RunWatch},
     {"scenario", "scenario FILE|FOLDER... [--words]",
      "Carries out tests of cards. --words lists what they are written with.", RunScenario},
     {"sim",

@@ -28,7 +28,8 @@ class ToolOutputTest : public ::testing::Test {
   /// "brindle" stands for the program, "GAMES" for the folder of the shipped games.
   std::string Run(const std::string& command) const {
     return Shell(Joined("cd '", folder_.string(), "'; GAMES='", BRINDLEMOOR_SOURCE_DIR,
-                        "/games'; brindle() { '", BRINDLE_PROGRAM, "' \"$@\"; }; ", command));
+                        "/games'; BRINDLE='", BRINDLE_PROGRAM,
+                        "'; brindle() { \"$BRINDLE\" \"$@\"; }; ", command));
   }
   std::string Bytes(const std::string& file) const {
     std::ifstream in(folder_ / file, std::ios::binary);
@@ -71,6 +72,27 @@ TEST_F(ToolOutputTest, ANewGamePlaysAtOnceAndTakesNobodysPlace) {
   EXPECT_FALSE(fs::exists(folder_ / "x"));
   EXPECT_TRUE(Run("mkdir empty; brindle new empty --name Elves").ends_with("status 0"));
   EXPECT_NE(Bytes("empty/Elves.txt").find("\"Elves\""), std::string::npos);
+}
+
+TEST_F(ToolOutputTest, WatchingLooksOverAGameAtEachChange) {
+  Run("brindle new Goblins");
+  const std::string well = Run("brindle watch Goblins --once");
+  EXPECT_NE(well.find("Starter Deck against Rival: won "), std::string::npos) << well;
+  EXPECT_NE(well.find("4 expectations: 0 failed"), std::string::npos) << well;
+  EXPECT_TRUE(well.ends_with("status 0")) << well;
+  const std::string card = "Goblins/goblins/GoblinsCards.txt";
+  const std::string log =
+      Run(Joined("timeout 5 \"$BRINDLE\" watch Goblins > log.txt 2>&1 & "
+                 "for wait in $(seq 30); do grep -q well log.txt && break; sleep 0.1; done; "
+                 "sed -i 's/SUBTRAIT:HP:2/SUBTRIAT:HP:2/' ",
+                 card,
+                 "; for wait in $(seq 30); do grep -q above log.txt && break; sleep 0.1; done; "
+                 "kill $!; cat log.txt"));
+  EXPECT_NE(log.find("Did you mean \"SUBTRAIT\"?"), std::string::npos) << log;
+  EXPECT_NE(log.find("See above, "), std::string::npos) << log;
+  EXPECT_TRUE(Run("brindle watch Goblins --once").ends_with("status 1"));
+  EXPECT_TRUE(Run("brindle watch nowhere --once").ends_with("status 2"));
+  EXPECT_TRUE(Run("brindle watch").ends_with("status 2"));
 }
 
 TEST_F(ToolOutputTest, WhatCanNotBeWrittenWholeIsToldAndIsNoSuccess) {
