@@ -135,7 +135,7 @@ std::string Lowered(std::string text) {
 }  // namespace
 
 std::string RefuseGameName(std::string_view name) {
-  const std::string refusal = RefuseNameInFiles(name);
+  std::string refusal = RefuseNameInFiles(name);
   if (!refusal.empty()) return refusal;
   if (name.find_first_of(",#{}") != name.npos) {
     return "The name holds one of the characters , # { }, which mean something else in card files.";
@@ -154,6 +154,7 @@ std::vector<NewGameFile> FilesOfNewGame(std::string_view name) {
     return ReplaceAll(out, "{FOLDER}", folder);
   };
   std::vector<NewGameFile> files;
+  files.reserve(kTemplates.size());
   for (const TemplateRow& row : kTemplates) files.push_back({filled(row.Path), filled(row.Text)});
   return files;
 }

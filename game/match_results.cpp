@@ -2,14 +2,13 @@
 #include "game/match_results.h"
 
 #include <algorithm>
-#include <limits>
+#include <charconv>
 #include <optional>
 #include <string_view>
 
 #include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
-#include "core/strings.h"
 #include "data/field_stream.h"
 #include "data/field_text.h"
 #include "data/saving.h"
@@ -31,23 +30,26 @@ std::string_view WithinProgramFolder(std::string_view file) {
   return isWithin ? file.substr(folder.size() + 1) : file;
 }
 
-int ReadCount(FieldStream& stream) {
-  constexpr double kMost = std::numeric_limits<int>::max() / 4;
+/// False for what the program has not written.
+bool ReadCount(FieldStream& stream, int& count) {
+  constexpr int kMost = 1'000'000;
   std::string field;
-  if (!stream.Read(field)) return 0;
-  return static_cast<int>(std::clamp(NumericPrefix(field), 0.0, kMost));
+  if (!stream.Read(field)) return false;
+  const auto [end, failure] = std::from_chars(field.data(), field.data() + field.size(), count);
+  return failure == std::errc() && end == field.data() + field.size() && count >= 0 &&
+         count <= kMost;
 }
 
-/// What a line says of an opponent, nothing for a line of another one.
+/// What a line says of an opponent, nothing for a line of another one or a damaged one.
 std::optional<MatchResults> ReadResults(std::string_view line, std::string_view opponentFile) {
   FieldStream stream{std::string(line)};
   std::string field;
   if (!stream.Read(field) || field != kDirective) return std::nullopt;
   if (!stream.Read(field) || FreeTextOf(field) != opponentFile) return std::nullopt;
   MatchResults results;
-  results.Won = ReadCount(stream);
-  results.Lost = ReadCount(stream);
-  results.Undecided = ReadCount(stream);
+  for (int* count : {&results.Won, &results.Lost, &results.Undecided}) {
+    if (!ReadCount(stream, *count)) return std::nullopt;
+  }
   return results;
 }
 

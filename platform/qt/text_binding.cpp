@@ -108,6 +108,9 @@ QWidget* BindLines(TextBox& model, FormWindow& window) {
                    ? new WrappedLine([&model, &window] { PressEnter(model, window); }, &window)
                    : new QPlainTextEdit(&window);
   edit->document()->setDocumentMargin(kTextMargin);
+  // Lines are wrapped. A second bar for the few pixels that the first one takes would come and go
+  // for ever at some sizes.
+  edit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   window.OnSizeChange(
       [&model, edit] { edit->setMinimumHeight(HeightOfLines(*edit, model.Enter ? 1 : 2)); });
   edit->setTabChangesFocus(true);

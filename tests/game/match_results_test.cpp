@@ -60,8 +60,8 @@ TEST_F(MatchResultsTest, WhatElseIsInTheFileStays) {
     const char* Counts;
     const char* Read;
   };
-  for (const Row& row : {Row{", -3, 1e300, x", "0 536870911 0"}, Row{"", "0 0 0"},
-                         Row{", 2, 1, 1, 9", "2 1 1"}, Row{", \"2", "2 0 0"}}) {
+  for (const Row& row : {Row{", -3, 1e300, x", "0 0 0"}, Row{"", "0 0 0"}, Row{", 3, 1", "0 0 0"},
+                         Row{", 4294967297, 0, 0", "0 0 0"}, Row{", 2, 1, 1, 9", "2 1 1"}}) {
     WriteFile(kFile, Joined("#RESULT, \"", name, "\"", row.Counts));
     EXPECT_EQ(Against(oona_), row.Read) << row.Counts;
     EXPECT_EQ(End(oona_, 1), "");
