@@ -16,6 +16,7 @@ constexpr int kMaximumTurns = 100;
 /// Steps of all matches together: about a fifth of a second.
 constexpr std::int64_t kSteps = 1000000;
 constexpr std::int64_t kStepsOfTurn = 100000;
+constexpr std::int64_t kStepsOfReading = 50000;  ///< of one file with those that it includes
 
 /// Puts the session back. Records keep their addresses in a copy, not in a move.
 class Aside {
@@ -51,7 +52,8 @@ TrialMatches TryOpponent(int gameIndex, int opponentIndex) {
   TrialMatches result;
   Stage stage;
   if (IsStarterDeck(file)) return result;
-  if (!stage.OpenInSession(gameIndex, opponentIndex, kFirstSeed).empty()) return result;
+  if (!stage.OpenInSession(gameIndex, opponentIndex, kFirstSeed, kStepsOfReading).empty())
+    return result;
   const Contender& deck = stage.Decks().front();
   result.Deck = deck.Name;
   result.IsOwn = stage.HasOwnDeck();

@@ -63,6 +63,14 @@ const Pile& GivenCards() {
   return HoldsCards(session.Decks[1].Cards) ? session.Decks[1].Cards : session.Collection;
 }
 
+constexpr std::string_view kTooMuchWork = "The files take too much work.";
+
+/// True when a file was not read to its end, where there is a bound.
+bool ReadingWasCutOff() {
+  const WorkBudget& work = State().Work;
+  return work.Limit > 0 && work.Most >= work.Limit;
+}
+
 std::string TextOf(const Pile& pile) {
   std::string text;
   for (const Card& given : pile) {
@@ -140,7 +148,8 @@ void Stage::OpenOwnDeck(int opponentIndex, const std::string& owned, std::uint64
   }
 }
 
-std::string Stage::OpenInSession(int gameIndex, int opponentIndex, std::uint64_t seed) {
+std::string Stage::OpenInSession(int gameIndex, int opponentIndex, std::uint64_t seed,
+                                 std::int64_t stepsOfReading) {
   Session& session = State();
   gameIndex_ = gameIndex;
   game_ = session.Games[gameIndex].Name.Str();
@@ -151,10 +160,12 @@ std::string Stage::OpenInSession(int gameIndex, int opponentIndex, std::uint64_t
   session.Desktop = desktop_;
   session.Windows = &kNoWindows;
   session.DebugMode = 0;
+  session.Work = {.Limit = stepsOfReading};
   OwnNothing();
   list_ = session;
   if (owned) OpenOwnDeck(opponentIndex, *owned, seed);
   hasOwnDeck_ = !decks_.empty();
+  if (ReadingWasCutOff()) return std::string(kTooMuchWork);
   if (!hasOwnDeck_) OpenStarterDecks(seed);
   return decks_.empty() ? "There are no cards to play with." : "";
 }
@@ -176,6 +187,7 @@ std::string Stage::Seat(const Contender& side1, const Contender& side2) {
   session.StarterDeckFlag = 0;
   ReapplyTraitActions(1);
   RefreshPlayers();
+  if (ReadingWasCutOff()) return std::string(kTooMuchWork);
   session.MasterCards.Reset(1);
   // The end of a match saves the player of a game; for one without a name there is nothing to save.
   session.Games.Reset(gameIndex_);

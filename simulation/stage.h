@@ -37,7 +37,9 @@ class Stage {
   std::string Open(const std::string& folder, std::string_view game, std::uint64_t seed);
   /// The same for an opponent of the session that shows its list, whose place the stage takes; the
   /// caller keeps it. The only deck is that which its player has for the game, where there is one.
-  std::string OpenInSession(int gameIndex, int opponentIndex, std::uint64_t seed);
+  /// From now on a file whose reading takes more than so many steps is refused.
+  std::string OpenInSession(int gameIndex, int opponentIndex, std::uint64_t seed,
+                            std::int64_t stepsOfReading);
 
   const std::string& Game() const { return game_; }
   const std::vector<Contender>& Opponents() const { return opponents_; }

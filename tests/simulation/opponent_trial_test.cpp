@@ -70,6 +70,13 @@ TEST_F(OpponentTrialTest, AnOpponentThatCantLoseOrThatWorksForEverIsToldApart) {
       cards.find("#EFFECT"), "#EFFECT, SELF, PHASE1, \"MODTRAIT:N:1:REPEAT:SELF:2000000000\"\r\n");
   EXPECT_LT(TryOpponent(1, oona_).Matches, 20) << "the work of all is bounded";
 
+  files_->Contents[path] = cards + "\r\n#DUPLICATE, 200000\r\n";
+  EXPECT_EQ(TryOpponent(1, oona_).Matches, 0) << "too many cards";
+  std::string many = cards;
+  for (int line = 0; line < 30000; ++line) many += "#CARD, INDECK, \"Newt\", N-1, , , , , \"\"\r\n";
+  files_->Contents[path] = many;
+  EXPECT_EQ(TryOpponent(1, oona_).Matches, 0) << "a giant file";
+
   files_->Contents.erase(path);
   EXPECT_EQ(TryOpponent(1, oona_).Matches, 0) << "its file has gone";
 }
