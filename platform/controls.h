@@ -352,6 +352,7 @@ struct Layout {
   int Height = 0;          ///< fixed height, 0 natural
   int Columns = 1;         ///< a grid has a multiple of so many: those that show its cells largest
   bool Shrinks = false;    ///< Height is the most; where the window is low it may be half
+  bool Collapses = false;  ///< takes no room while none of its controls is shown
   std::string Title{};     ///< caption of a frame around the children, "" for no frame
   Frame* Group = nullptr;  ///< the frame around the children where it is a control itself
 };

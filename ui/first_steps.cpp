@@ -58,7 +58,7 @@ std::string HardnessWords(const TrialMatches& trial) {
 }
 
 std::string ResultsWords(const MatchResults& results) {
-  if (results.Played() == 0) return "<p>You have not met yet.</p>";
+  if (results.Played() == 0) return "<p>Not beaten yet.</p>";
   return Joined("<p>", results.Won > 0 ? "Beaten" : "Not beaten yet", ": you won ", results.Won,
                 " of ", results.Played(), results.Played() == 1 ? " match.</p>" : " matches.</p>");
 }

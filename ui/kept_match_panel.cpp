@@ -22,7 +22,8 @@ namespace brindlemoor {
 namespace {
 
 std::string WordsOf(const KeptMatch& kept) {
-  return Joined(OneLine(kept.Opponent), ", turn ", kept.Turns);
+  const std::string opponent(OneLine(kept.Opponent));
+  return kept.Turns == 0 ? opponent : Joined(opponent, ", turn ", kept.Turns);
 }
 
 std::string CaptionOf(const KeptMatch& kept, int game) {
@@ -143,9 +144,10 @@ bool MayBeginMatch(int gameIndex, int opponentIndex) {
   if (IsStarterDeck(session.Games[gameIndex].OpponentFiles[opponentIndex].Str())) return true;
   if (!kept->Problem.empty()) return true;
   const std::vector<std::string> captions = {"Continue", "New Match", "Cancel"};
-  const std::size_t chosen = Desktop().AskChoice(
-      Joined("Your match against ", WordsOf(*kept), ", is saved.  A new match takes its place."),
-      captions);
+  const std::size_t chosen =
+      Desktop().AskChoice(Joined("Your match against ", WordsOf(*kept), kept->Turns == 0 ? "" : ",",
+                                 " is saved.  A new match takes its place."),
+                          captions);
   if (chosen == 0) ContinueKeptMatch(gameIndex);
   return chosen == 1;
 }

@@ -70,8 +70,12 @@ Layout Messages(MainWindow& window) {
 }
 
 Layout Arrange(MainWindow& window) {
-  return Row({Column({HandStrip(window), Cell(window.NothingSaved),
-                      Cell(window.Command1, 0, 0, kTurnButtonHeight), Cell(window.InPlayWB, 1)}),
+  Layout ownSide =
+      Column({HandStrip(window), Cell(window.NothingSaved),
+              Cell(window.Command1, 0, 0, kTurnButtonHeight), Cell(window.InPlayWB, 1)});
+  // The list of games has the room of the hand and of the plan.
+  ownSide.Collapses = true;
+  return Row({std::move(ownSide),
               Column({Cell(window.backbutton, 0, 0, kBackButtonHeight), window.End.Arrangement(),
                       window.Kept.Arrangement(), Messages(window), Cell(window.WB, 1),
                       window.Plan.Arrangement()},

@@ -156,8 +156,9 @@ void PlanPanel::TakeBack_Click() {
 
 void ShowPlan() {
   MainWindow& window = TheMainWindow();
-  // At the list of games there is no turn to take.
+  // At the list of games there is no turn to take or to plan, and the list needs the room.
   window.Command1.Visible = IsAtTable();
+  window.InPlayWB.Visible = IsAtTable();
   window.Plan.Update();
   window.Aim.Update();
   window.Story.Update(!window.Aim.Words.Visible);

@@ -82,6 +82,10 @@ void ProfileMenu::UpdateButtons() {
   const int beyond = profiles.UpperBound() - (kButtons - 1);
   VScroll1.Maximum = std::max(beyond, 0);
   VScroll1.Visible = beyond > 0;
+  bool hasPlayers = false;
+  for (const ProfileRec& profile : profiles) hasPlayers |= !profile.PlayerName.empty();
+  RenamePlayer.Enabled = hasPlayers;
+  DeletePlayer.Enabled = hasPlayers;
   for (int index = 0; index < kButtons; ++index) {
     const int profile = ScrollOffset + index;
     std::string caption;

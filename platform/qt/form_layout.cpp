@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
+#include <vector>
 
 #include "platform/qt/bindings.h"
 #include "platform/qt/cell_grid.h"
@@ -37,6 +38,37 @@ class ScrolledRow : public QWidget {
     }
   }
 };
+
+/// Shows a box only while one of its controls is shown.
+class Collapsing : public QObject {
+ public:
+  explicit Collapsing(QWidget& box) : QObject(&box), box_(box) {}
+  void Watch(QWidget& control) {
+    controls_.push_back(&control);
+    control.installEventFilter(this);
+  }
+  void Update() {
+    box_.setVisible(std::ranges::any_of(controls_, [](QWidget* w) { return !w->isHidden(); }));
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool changes =
+        event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent;
+    if (changes) Update();
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  QWidget& box_;
+  std::vector<QWidget*> controls_;
+};
+
+void WatchControls(const Layout& cell, const QWidget& box, Collapsing& collapsing) {
+  if (cell.Leaf != nullptr) {
+    auto* control = box.findChild<QWidget*>(QString::fromStdString(cell.Leaf->Name));
+    if (control != nullptr) collapsing.Watch(*control);
+  }
+  for (const Layout& child : cell.Children) WatchControls(child, box, collapsing);
+}
 
 /// All of a form. It scrolls only where it can't be any lower.
 class Page : public QWidget {
@@ -151,6 +183,11 @@ QWidget* Container(const Layout& cell, FormWindow& window) {
   widget->setLayout(box);
   FillBox(*box, cell, window);
   FixSize(*widget, cell, window);
+  if (cell.Collapses) {
+    auto* collapsing = new Collapsing(*widget);
+    WatchControls(cell, *widget, *collapsing);
+    collapsing->Update();
+  }
   if (scrolled != nullptr && HoldsScrollBar(cell)) scrolled->Bar = widget->findChild<QScrollBar*>();
   return widget;
 }
@@ -177,7 +214,7 @@ void AddCell(QBoxLayout& box, const Layout& cell, Kind direction, FormWindow& wi
   } else if (cell.Leaf != nullptr) {
     AddLeaf(box, cell, direction, window);
   } else if (cell.Group != nullptr || !cell.Title.empty() || cell.Width > 0 || cell.Height > 0 ||
-             HoldsScrollBar(cell)) {
+             cell.Collapses || HoldsScrollBar(cell)) {
     box.addWidget(Container(cell, window), cell.Stretch);
   } else {
     QBoxLayout* inner = NewBox(cell.Direction);

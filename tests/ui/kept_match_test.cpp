@@ -111,7 +111,7 @@ TEST_F(KeptMatchTest, AnotherMatchTakesItsPlaceOnlyByAnAnswer) {
   Begin();
   EXPECT_EQ(State().Match.Turns, 0);
   Leave("Save and Leave");
-  EXPECT_EQ(Offered(), "Continue: Oona Ebb, turn 0|");
+  EXPECT_EQ(Offered(), "Continue: Oona Ebb|");
   desktop_->ChoiceAnswers = {"Continue"};
   PlayOpponent(1, OpponentNamed("Oona Ebb"));
   EXPECT_EQ(State().CurrentGame, 1);

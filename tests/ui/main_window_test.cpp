@@ -204,7 +204,7 @@ TEST_F(MainWindowTest, TheListSaysWhatComesFirstAndWhoIsPointedAt) {
     EXPECT_TRUE(said("You own:")) << none;
   }
   window_.WB.LinkPointed("game:1:2");
-  EXPECT_TRUE(said("He waits.") && said("Marsh & moor") && !said("You have not met yet."));
+  EXPECT_TRUE(said("He waits.") && said("Marsh & moor") && !said("Not beaten yet."));
 
   // An opponent of a file can be met.
   State().Games[1].RulesFile = "Marsh.txt";
@@ -212,7 +212,7 @@ TEST_F(MainWindowTest, TheListSaysWhatComesFirstAndWhoIsPointedAt) {
   State().Games[1].OpponentFiles.Append(Text("Ogre.txt"));
   WriteFile("Ogre.txt", "#GAMEFILE, Marsh.txt\r\n");
   window_.WB.LinkPointed("game:1:2");
-  EXPECT_TRUE(said("You have not met yet.") && !said("match"));
+  EXPECT_TRUE(said("Not beaten yet.") && !said("match"));
   WriteFile("Ann_Marsh & moor.results", "#RESULT, Ogre.txt, 2, 1, 1\r\n");
   struct Row {
     TrialMatches (*Trial)(int, int);
