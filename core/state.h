@@ -22,6 +22,7 @@
 
 namespace brindlemoor {
 
+class ActionTrace;
 class Platform;
 class cGdiPlus;
 struct EditorForms;
@@ -168,6 +169,7 @@ struct Session {
   MatchRecord Match;              ///< the match of the main window
   TurnRecord LastTurn;            ///< what somebody who looks is told of it
   std::shared_ptr<MatchLog> Log;  ///< of the match, where somebody counts; mostly empty
+  ActionTrace* Trace = nullptr;   ///< who listens why actions do not act; mostly nobody
   std::unordered_map<std::string_view, Text>
       InternedTexts;  ///< see InternText; keys are views of the texts
 

@@ -5,8 +5,10 @@
 #include "core/match_log.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "language/target_types.h"
 #include "language/traits.h"
 #include "pages/card_pages.h"
+#include "script/action_trace.h"
 #include "script/card_entry.h"
 #include "script/parsed_script.h"
 #include "script/trait_changes.h"
@@ -44,13 +46,27 @@ void ExpireBonusActions(Card& card) {
 void PlanMenuAction(Card& card, int effect) {
   const CardEffect& action = card.Effects[effect];
   if (action.MenuState == kOrdinaryAction) return;
-  int quality = kNoTarget;
-  PickTarget(card, effect, action.TargetType, Text(), quality);
-  const MenuStates state = quality == kCleanTarget ? kArmedMenuAction : kMenuAction;
+  const MenuStates state = ChooseMenuAction(card, effect) ? kArmedMenuAction : kMenuAction;
   if (card.Effects[effect].MenuState != state) card.Effects.Edit(effect).MenuState = state;
 }
 
 }  // namespace
+
+std::optional<int> ChooseMenuAction(Card& card, int effect) {
+  const TracedAction asking(card, effect);
+  if (asking) [[unlikely]]
+    asking->AskForChoice();
+  const int type = card.Effects[effect].TargetType;
+  int quality = kNoTarget;
+  const int slot = PickTarget(card, effect, type, Text(), quality);
+  const bool chosen = quality == kCleanTarget;
+  if (asking) [[unlikely]] {
+    asking->Choose(chosen, quality == kPartialTarget
+                               ? "none on which all of it works"
+                               : Joined("none is looked for with ", TargetTypeName(type)));
+  }
+  return chosen ? std::optional(slot) : std::nullopt;
+}
 
 void PlayCells::AddCard(std::string_view picture) {
   html_ += Joined("<td><center>", picture, "</td>");

@@ -1,6 +1,7 @@
 // Paying for cards and playing them, the enemy's menu actions and the end of bonuses.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,6 +30,9 @@ class PlayCells {
 
 /// Puts a card that is paid for from a side's hand into the table, and its picture into the cells.
 void PlayCard(int side, Card& card, PlayCells& cells);
+
+/// The slot of a clean target for a menu action, nothing when there is none.
+std::optional<int> ChooseMenuAction(Card& card, int effect);
 
 /// The enemy arms each of its menu actions for which a clean target exists.
 void PlanEnemyMenuActions();

@@ -17,6 +17,7 @@ constexpr RunServices kServices = {TakeCardsOut, PayCost, [] {}};
 Looking::Looking() : kept_(State()) {
   State().Services = &kServices;
   State().Windows = &kNoWindows;
+  State().Trace = nullptr;
 }
 
 // Records keep their addresses in a copy, not in a move.

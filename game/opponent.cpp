@@ -13,6 +13,7 @@
 #include "language/target_types.h"
 #include "language/traits.h"
 #include "pages/card_pages.h"
+#include "script/action_trace.h"
 #include "script/card_setup.h"
 #include "script/run_action.h"
 #include "script/trait_changes.h"
@@ -122,6 +123,7 @@ void Consider(Card& card, PlayCells& cells, std::string& thoughts) {
 
 double ValueCardForAI(Card& card, ValuationNotes* notes) {
   if (IsFree(card)) return kFreeRecord;
+  const Untraced trials;
   Judgement judgement{.Love = kNotPayable};
   if (PayCost(card, Payment::kIsTested)) {
     card.InPlay = 1;  // the tests treat it as a card on the table

@@ -293,7 +293,7 @@ inline constexpr auto kLeftOut = std::tuple{
     &Session::DeckManagerMode, &Session::DeckManagerInGame, &Session::PickingCard,
     &Session::SaleMode, &Session::Services, &Session::Windows, &Session::Editor,
     &Session::TryOpponent, &Session::Desktop, &Session::OpenForms, &Session::OpenEditorForms,
-    &Session::ImageBridge,
+    &Session::ImageBridge, &Session::Trace,
     // Of the card editor.
     &Session::Templates, &Session::Crop, &Session::CardFile, &Session::EditCard,
     &Session::CommonTraits, &Session::SingleCardEdit, &Session::TestFromEditor, &Session::Suspended,

@@ -127,6 +127,27 @@ void MenuIs(Scene& scene, WordReader& line) {
               found < kMenuStates.size() ? kMenuStates[found] : "unknown");
 }
 
+/// The Global ID of a card that may have gone by now; 0 for one that was never there.
+std::int32_t GlobalIdOf(const Scene& scene, const std::string& reference, const Card* card) {
+  if (card != nullptr) return card->GlobalID;
+  const auto handle = scene.Handles.find(reference);
+  return handle != scene.Handles.end() ? handle->second.GlobalID : 0;
+}
+
+void WhyIs(Scene& scene, WordReader& line) {
+  const std::string reference = line.Take("a card");
+  const int action = line.TakeWhole("the number of an action", 0, limits::kCardItems);
+  if (!line.Good()) return;
+  const Card* card = FindScenarioCard(scene, reference).Record;
+  const std::int32_t globalId = GlobalIdOf(scene, reference, card);
+  const std::string what = Joined("why action ", action, " of ", reference, " did nothing");
+  if (card == nullptr && globalId == 0) {
+    ExpectTrue(scene, false, what, "there is no such card");
+  } else {
+    ExpectText(scene, line, what, WhyNot(scene, globalId, card, action));
+  }
+}
+
 void TargetIs(Scene& scene, WordReader& line) {
   const Card* card = TakeExpectedCard(scene, line);
   if (card == nullptr) return;
@@ -276,7 +297,7 @@ constexpr std::array<ScenarioWord, 2> kQuestions = {{
      "what a message becomes; the cards' pictures are <source> and <target>"},
 }};
 
-constexpr std::array<ScenarioWord, 15> kExpectations = {{
+constexpr std::array<ScenarioWord, 16> kExpectations = {{
     {"trait", WordKind::kExpect, TraitIs, "expect trait CARD NAME [VALUE]", "the card has the trait, with this value"},
     {"notrait", WordKind::kExpect, TraitIsNot, "expect notrait CARD NAME...", "the card has none of the traits"},
     {"traits", WordKind::kExpect, TraitsAre, "expect traits CARD [TRAIT...]", "the card has these traits, in this order, and no other"},
@@ -284,6 +305,7 @@ constexpr std::array<ScenarioWord, 15> kExpectations = {{
     {"action", WordKind::kExpect, ActionIs, "expect action CARD N \"TARGET TRIGGER SCRIPT\"", "action N of the card, \"\" for none"},
     {"actions", WordKind::kExpect, ActionCountIs, "expect actions CARD N", "how many actions the card has"},
     {"menu", WordKind::kExpect, MenuIs, "expect menu CARD N ordinary | waiting | armed", "how the menu action stands"},
+    {"why", WordKind::kExpect, WhyIs, "expect why CARD N TEXT", "why action N did nothing when it was last asked for, \"it acted\" when it did something; 0 is a script of \"run\""},
     {"target", WordKind::kExpect, TargetIs, "expect target CARD N CARD | none", "the card in play that the action aims at"},
     {"card", WordKind::kExpect, CardIsThere, "expect card CARD [in PLACE]", "the card is there"},
     {"nocard", WordKind::kExpect, CardIsGone, "expect nocard CARD", "the card is nowhere"},

@@ -18,6 +18,8 @@ struct ScenarioFinding {
 
 struct ScenarioReport {
   std::vector<ScenarioFinding> Findings;  ///< bounded
+  bool Traces = false;                    ///< Trace is wanted
+  std::vector<std::string> Trace;         ///< actions that did nothing, a line each; bounded
   int Line = 0;                           ///< that is being carried out
   int Files = 0;
   int Scenarios = 0;  ///< rows counted one by one

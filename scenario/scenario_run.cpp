@@ -2,6 +2,7 @@
 #include "scenario/scenario_run.h"
 
 #include <filesystem>
+#include <optional>
 
 #include "core/limits.h"
 #include "core/state.h"
@@ -35,7 +36,11 @@ void CarryOut(Scene& scene, const ScenarioLine& line) {
   constexpr std::size_t kBehindExpect = 2;
   const bool expects = line.Tokens[0].Text == "expect";
   WordReader reader(scene, expects ? kBehindExpect : 1);
-  if (!scene.Stopped) line.Word->Carry(scene, reader);
+  if (!scene.Stopped) {
+    std::optional<SceneTrace::Listening> listening;
+    if (acts) listening.emplace(scene);
+    line.Word->Carry(scene, reader);
+  }
   if (acts && (State().RunDepth != depth || State().RedirectDepth != 0)) {
     scene.Fail("the action left runs in progress");
   }

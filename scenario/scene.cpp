@@ -86,6 +86,7 @@ void OpenScene(Scene& scene, const std::string& folder) {
   scene.Desktop = std::make_shared<HeadlessPlatform>(std::move(files));
   scene.Desktop->BlanksForLineEnds = true;
   OpenWindowSession(scene.Desktop, folder);
+  if (WantsTrace(scene)) scene.Trace = std::make_unique<SceneTrace>(scene);
   const OwnSequence sequence;
   PrepareTables();
   InitCard(State().RulesCard, 1, 1);

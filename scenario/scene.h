@@ -15,6 +15,7 @@
 #include "scenario/machine_files.h"
 #include "scenario/scenario_report.h"
 #include "scenario/scenario_text.h"
+#include "scenario/scene_trace.h"
 
 namespace brindlemoor {
 
@@ -63,6 +64,7 @@ struct Scene {
   Card CopiedTarget{};
   std::string CopiedSourceName{};
   std::string CopiedTargetName{};
+  std::unique_ptr<SceneTrace> Trace{};  ///< empty when nobody asks why actions do nothing
 
   /// A failed expectation.
   void Fail(std::string text);

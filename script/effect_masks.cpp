@@ -13,6 +13,7 @@
 #include "language/value_keywords.h"
 #include "script/command_table.h"
 #include "text/fold.h"
+#include "text/joined.h"
 
 namespace brindlemoor {
 
@@ -138,6 +139,36 @@ void BuildEffectMasks(Card& card, int effectIndex) {
     effect.ForbidTargetBits = effect.ForbidMyBits = TraitWords();
     BuildOne(effect, card.Owner);
   }
+}
+
+std::string WhatMasksRefuse(const CardEffect& effect, const Card& source, const Card& target) {
+  if (SideRefuses(effect, target)) {
+    const bool wantsEnemy = (effect.OwnerMask & source.OwnerBit) == 0;
+    return wantsEnemy ? "the target is no enemy" : "the target is no ally";
+  }
+  struct Mask {
+    const TraitWords& Asked;
+    const Card& Of;
+    bool Forbids;
+    std::string_view Words;
+  };
+  const std::array<Mask, 4> masks = {{
+      {effect.NeedMyBits, source, false, "the acting card has no "},
+      {effect.NeedTargetBits, target, false, "the target has no "},
+      {effect.ForbidMyBits, source, true, "the acting card has "},
+      {effect.ForbidTargetBits, target, true, "the target has "},
+  }};
+  const SharedArray<TraitBitName> names = State().TraitBitNames;
+  for (const TraitBitName& known : names) {
+    const TraitBit bit = TraitBitOf({known.Name, known.Key});
+    if (bit.Word == -1 || (State().UnsureTraitBits[bit.Word] & bit.BitValue) != 0) continue;
+    for (const Mask& mask : masks) {
+      const bool has = (mask.Of.TraitBits[bit.Word] & bit.BitValue) != 0;
+      const bool asked = (mask.Asked[bit.Word] & bit.BitValue) != 0;
+      if (asked && has == mask.Forbids) return Joined(mask.Words, known.Name);
+    }
+  }
+  return "its first requirements";
 }
 
 void RenumberTraitBits(Card& card) {

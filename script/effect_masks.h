@@ -1,6 +1,7 @@
 // The fast pre-filter of script runs: bit masks of what a script's leading requirements ask for.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "core/state.h"
@@ -53,5 +54,8 @@ inline bool MasksRefuse(const CardEffect& effect, const Card& source, const Card
   }
   return missing != 0;
 }
+
+/// In words, the first trait or the side for which the masks refuse the pair.
+std::string WhatMasksRefuse(const CardEffect& effect, const Card& source, const Card& target);
 
 }  // namespace brindlemoor

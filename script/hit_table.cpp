@@ -4,6 +4,7 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "language/target_types.h"
+#include "script/action_trace.h"
 #include "script/triggers.h"
 #include "text/fold.h"
 
@@ -46,7 +47,13 @@ void FireHits(Session& session, int code, std::string_view trigger, int value,
     const Hit hit = hits[index];
     Pile& table = session.CardTable;
     if (hit.Effect == 0 || !table.Holds(hit.Slot)) continue;
-    if (table[hit.Slot].Effects[hit.Effect].AddedAt > added) continue;
+    if (table[hit.Slot].Effects[hit.Effect].AddedAt > added) {
+      if (session.Trace != nullptr) [[unlikely]] {
+        session.Trace->NoteSkipped(table[hit.Slot], hit.Effect, trigger, Obstacle::kWaits,
+                                   kAddedMeanwhile);
+      }
+      continue;
+    }
     // The card that enters is no other card, also when a trait has put it into the list by now.
     if (code == kOtherEntersPlay && hit.Slot == value) continue;
     session.Work.Spend(1);

@@ -80,6 +80,10 @@ Step Redirect(Run& run) {
     session.RedirectScript = ScriptOf(script);
     run.Reply.RedirectsTo = slot;
     run.Reply.RedirectScript = session.RedirectScript;
+    if (run.Trace != nullptr) [[unlikely]]
+      run.Trace->Applied(1);
+  } else if (run.Trace != nullptr) [[unlikely]] {
+    run.Trace->Note(Obstacle::kNoTarget, "no other card meets what REDIRECT asks for");
   }
   return Step::kLeave;
 }

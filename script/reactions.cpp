@@ -7,6 +7,7 @@
 #include "core/limits.h"
 #include "core/state.h"
 #include "language/target_types.h"
+#include "script/action_trace.h"
 #include "script/firing.h"
 #include "script/run.h"
 #include "script/run_epilogue.h"
@@ -26,6 +27,7 @@ void RunReaction(const Run& action, Card& actor, std::string_view trigger, int e
     FireTrigger(actor, trigger, -1, effect, 0, &options);
     return;
   }
+  const TracedAction asking(actor, effect);
   BeginFiring();
   if (targetType == kTargetTriggeringCard) {
     RunAction(actor, action.Source, effect, options);
@@ -34,6 +36,8 @@ void RunReaction(const Run& action, Card& actor, std::string_view trigger, int e
     const int slot = PickTarget(actor, effect, targetType, Text(), quality);
     Pile& table = State().CardTable;
     if (table.Holds(slot)) RunAction(actor, table[slot], effect, options);
+    if (asking) [[unlikely]]
+      asking->NoteIfNone(Obstacle::kNoTarget, "no card is there to act on");
   }
   if (actor.Effects[effect].MenuState == kArmedMenuAction) {
     actor.Effects.Edit(effect).MenuState = kMenuAction;
@@ -56,6 +60,9 @@ void React(const Run& action, Card& actor, std::string_view trigger, int effect)
   session.RedirectTarget = 0;
   session.RedirectScript = Text();
   KeepAnswer(answer);
+  if (answer.Cancels && action.Trace != nullptr) [[unlikely]] {
+    action.Trace->Note(Obstacle::kCancelled, CanceledBy(actor, effect, answer.SourceFails));
+  }
 }
 
 bool TurnedAway(const Run& action) {

@@ -59,7 +59,9 @@ double TraitOf(Run& run, const Card& card) { return TraitNumber(card, run.TraitA
 /// The trait less the value. Both may roll dice: the trait is read first.
 double Surplus(Run& run, const Card& card) {
   const double trait = TraitOf(run, card);
-  return trait - run.Evaluated(2).Number();
+  const double value = run.Evaluated(2).Number();
+  TellCompared(run, run.Argument(1), trait, value);
+  return trait - value;
 }
 bool AtMost(Run& run, const Card& card) { return Surplus(run, card) <= 0; }
 bool AtLeast(Run& run, const Card& card) { return Surplus(run, card) >= 0; }
@@ -75,7 +77,9 @@ bool EqualsValue(Run& run, const Card& card) {
       value = EvalValue(run.Source, run.Target, expression);
     }
   }
-  return TraitOf(run, card) == value.Number();
+  const double trait = TraitOf(run, card);
+  TellCompared(run, run.Argument(1), trait, value.Number());
+  return trait == value.Number();
 }
 
 /// The text that a trait is compared with. A positive expression is evaluated a second time, and
@@ -89,14 +93,14 @@ std::string WantedText(Run& run, bool expand) {
   if (wanted.starts_with(' ')) wanted.erase(0, 1);
   return wanted;
 }
-bool IsText(Run& run, const Card& card) {
-  const std::string wanted = WantedText(run, true);
-  return FoldEquals(GetTrait(card, run.TraitArgument(1)).Print(), wanted);
+bool HoldsText(Run& run, const Card& card, bool expand) {
+  const std::string wanted = WantedText(run, expand);
+  const Text found = GetTrait(card, run.TraitArgument(1)).Print();
+  TellCompared(run, run.Argument(1), Joined("\"", found, "\""), Joined("\"", wanted, "\""));
+  return FoldEquals(found, wanted);
 }
-bool IsPlainText(Run& run, const Card& card) {
-  const std::string wanted = WantedText(run, false);
-  return FoldEquals(GetTrait(card, run.TraitArgument(1)).Print(), wanted);
-}
+bool IsText(Run& run, const Card& card) { return HoldsText(run, card, true); }
+bool IsPlainText(Run& run, const Card& card) { return HoldsText(run, card, false); }
 
 // Names.
 
@@ -120,24 +124,37 @@ bool ActionHas(Run& run, const Card&) {
   return ParsedScript::Of(run.Options.IncomingScript).HasField(run.Argument(1));
 }
 bool ActionHasNot(Run& run, const Card& card) { return !ActionHas(run, card); }
-bool AmountAtLeast(Run& run, const Card&) { return run.Amount >= run.Evaluated(1).Number(); }
-bool AmountAtMost(Run& run, const Card&) { return run.Amount <= run.Evaluated(1).Number(); }
-bool AmountIs(Run& run, const Card&) { return run.Amount == run.Evaluated(1).Number(); }
+/// The value that the amount is held against.
+double ValueForAmount(Run& run) {
+  const double value = run.Evaluated(1).Number();
+  TellCompared(run, "the amount", run.Amount, value);
+  return value;
+}
+bool AmountAtLeast(Run& run, const Card&) { return run.Amount >= ValueForAmount(run); }
+bool AmountAtMost(Run& run, const Card&) { return run.Amount <= ValueForAmount(run); }
+bool AmountIs(Run& run, const Card&) { return run.Amount == ValueForAmount(run); }
 
 // Two values.
 
-bool IsMore(Run& run, const Card&) {
+std::pair<double, double> BothValues(Run& run) {
   const double first = run.Evaluated(1).Number();
-  return first > run.Evaluated(2).Number();
+  const double second = run.Evaluated(2).Number();
+  TellCompared(run, "the first value", first, second);
+  return {first, second};
+}
+bool IsMore(Run& run, const Card&) {
+  const auto [first, second] = BothValues(run);
+  return first > second;
 }
 bool IsLess(Run& run, const Card&) {
-  const double first = run.Evaluated(1).Number();
-  return first < run.Evaluated(2).Number();
+  const auto [first, second] = BothValues(run);
+  return first < second;
 }
 /// Two texts, such as the cards' names, are compared as texts.
 bool AreEqual(Run& run, const Card&) {
   const Value first = run.Evaluated(1);
   const Value second = run.Evaluated(2);
+  TellCompared(run, "the first value", first.Print(), second.Print());
   if (first.IsNumber() || second.IsNumber()) return first.Number() == second.Number();
   return first.Print() == second.Print();
 }
@@ -301,26 +318,24 @@ template <std::size_t Index>
 Step CarryRequirement(Run& run) {
   const RequirementRow& row = kRequirements[Index];
   const Card* card = CardAbout(run, row.About);
+  if (card == nullptr) TellOf(run, "its side has no player card");
   return card != nullptr && row.Holds(run, *card) ? Step::kNext : Fail(run, row);
 }
 
-Step Chance(Run& run, bool missed) {
+Step Chance(Run& run, int roll, bool above) {
+  const double percent = run.Evaluated(1).Number();
+  const bool missed = above ? roll < percent : roll > percent;
   if (!missed) return Step::kNext;
+  TellCompared(run, "the roll", roll, percent);
   ++run.SoftFailCount;
   return Step::kEnd;
 }
-Step CarryChance(Run& run) {
-  const int roll = RollDie(100);
-  return Chance(run, roll > run.Evaluated(1).Number());
-}
-Step CarryChanceAbove(Run& run) {
-  const int roll = RollDie(100);
-  return Chance(run, roll < run.Evaluated(1).Number());
-}
+Step CarryChance(Run& run) { return Chance(run, RollDie(100), false); }
+Step CarryChanceAbove(Run& run) { return Chance(run, RollDie(100), true); }
 Step CarryOneChance(Run& run) {
   int& roll = State().SharedChanceRoll;
   if (roll == 0) roll = RollDie(100);
-  return Chance(run, roll > run.Evaluated(1).Number());
+  return Chance(run, roll, false);
 }
 
 constexpr Command kChances[] = {

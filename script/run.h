@@ -8,6 +8,7 @@
 #include "core/records.h"
 #include "core/trait_item.h"
 #include "core/value.h"
+#include "script/action_trace.h"
 #include "script/command_table.h"
 #include "script/parsed_script.h"
 #include "script/run_action.h"
@@ -65,6 +66,7 @@ struct Run {
   bool DestroyTarget = false;
   int Winner = 0;
   int LeaveResult = -1;
+  ActionTrace* Trace = nullptr;  ///< who listens why actions do not act
 
   bool Testing() const { return Options.TestRun != 0; }
   /// The row of the command being walked.
@@ -80,5 +82,18 @@ struct Run {
   /// Everything from argument n on, as a script of its own.
   Text Rest(int n) const;
 };
+
+/// For who listens: what a requirement or a chance found.
+inline void TellOf(const Run& run, std::string_view words) {
+  if (run.Trace != nullptr) [[unlikely]]
+    run.Trace->Compared(std::string(words));
+}
+/// The same of a comparison.
+template <class Found, class Asked>
+void TellCompared(const Run& run, std::string_view what, const Found& found, const Asked& asked) {
+  if (run.Trace != nullptr) [[unlikely]] {
+    run.Trace->Compared(Joined(what, " is ", found, ", the value ", asked));
+  }
+}
 
 }  // namespace brindlemoor

@@ -6,6 +6,7 @@
 #include "core/cards.h"
 #include "core/random.h"
 #include "core/state.h"
+#include "script/action_trace.h"
 #include "script/run_action.h"
 #include "script/triggers.h"
 
@@ -28,12 +29,23 @@ int SearchTarget(const Card& source, int effectIndex, int targetType, const Text
       .TestRun = 1, .Nested = 1, .ScriptOverride = script, .AnswerTo = &answer};
   std::vector<int> clean;
   std::vector<int> partial;
+  TracedSearch search(source, effectIndex);
   for (int slot = 1; slot <= table.UpperBound(); ++slot) {
-    if (StopsForWork(source)) return 0;
+    if (StopsForWork(source)) {
+      if (session.Trace != nullptr) [[unlikely]] {
+        session.Trace->Note(Obstacle::kBudget, kStepsAreSpent);
+      }
+      return 0;
+    }
     const Card& candidate = table[slot];
     if (IsFree(candidate) || candidate.InPlay == 0) continue;
     SpendWork(1);
-    if (IsOnWrongSide(targetType, source, candidate)) continue;
+    if (IsOnWrongSide(targetType, source, candidate)) {
+      if (session.Trace != nullptr) [[unlikely]] {
+        session.Trace->Note(Obstacle::kFilter, "it is on the wrong side", &candidate);
+      }
+      continue;
+    }
     if (script.empty() && MasksEndTest(effect, source, candidate)) continue;
     Card actor = source;
     Card target = candidate;
@@ -44,6 +56,7 @@ int SearchTarget(const Card& source, int effectIndex, int targetType, const Text
     if (result == kRunMixed) partial.push_back(slot);
   }
   if (clean.empty() && partial.empty()) return 0;
+  search.FoundOne();
   quality = clean.empty() ? kPartialTarget : kCleanTarget;
   return OneOf(clean.empty() ? partial : clean);
 }

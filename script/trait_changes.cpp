@@ -10,6 +10,7 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "language/traits.h"
+#include "script/action_trace.h"
 #include "script/firing.h"
 #include "script/run_action.h"
 #include "script/trait_actions.h"
@@ -88,6 +89,26 @@ struct Cause {
   bool Paying;
 };
 
+/// For who listens: the change that a run counted as made was cancelled.
+void TellCancel(const Card& card, int reaction, const Answer& answer) {
+  if (State().Trace == nullptr) [[likely]]
+    return;
+  State().Trace->Voided(Obstacle::kCancelled, CanceledBy(card, reaction, answer.SourceFails));
+}
+
+/// The same of a change that is none, from the beginning or by reactions.
+void TellNoChange(const Card& card, std::string_view trait, double asked) {
+  if (State().Trace == nullptr) [[likely]]
+    return;
+  const std::string change = Joined(trait, " of ", card.Name, " changes by 0");
+  if (asked == 0) {
+    State().Trace->Voided(Obstacle::kNoEffect, change);
+  } else {
+    State().Trace->Voided(Obstacle::kCancelled,
+                          Joined(change, " in place of ", asked, ", by its BEFORETRAITCHANGE"));
+  }
+}
+
 /// Lets the BEFORETRAITCHANGE reactions see a change. False when one of them cancelled it.
 bool OfferChange(Card& card, std::string_view name, double& amount, const Cause& cause) {
   State().Work.SpendOnSearch(static_cast<std::size_t>(card.Effects.UpperBound()));
@@ -110,6 +131,7 @@ bool OfferChange(Card& card, std::string_view name, double& amount, const Cause&
     }
     if (answer.Cancels) {
       State().CancelState = 1;  // the run that makes the change stops at its next command
+      TellCancel(card, index, answer);
       return false;
     }
   }
@@ -177,7 +199,9 @@ void ModTrait(Card& card, const TraitName& name, double& amount, Card& other, in
   const TraitName own(kept, name.Key());
   state.RedirectTraitName = Text();
   const Cause cause{other, testRun, script, paying};
+  const double asked = amount;
   if (!OfferChange(card, kept, amount, cause)) return;
+  if (amount == 0) TellNoChange(card, kept, asked);
   state.LastValue = std::fabs(amount);
   if (RedirectLoss(card, amount, cause)) return;
   SetTrait(card, own, amount + TraitNumber(card, own), 0);

@@ -91,6 +91,7 @@ Step Subtract(Run& run, Card& card, bool gainsToo) {
   const auto trait = run.TraitArgument(1);
   double value = run.Evaluated(2).Number();
   if (PaysCost(run) && value > TraitNumber(card, trait)) {
+    TellCompared(run, run.Argument(1), TraitNumber(card, trait), value);
     return LeaveInsufficient(run, run.Argument(1));
   }
   if (value < 0 && !gainsToo) value = 0;

@@ -12,6 +12,7 @@
 #include "language/target_types.h"
 #include "language/traits.h"
 #include "language/values.h"
+#include "script/action_trace.h"
 #include "script/card_setup.h"
 #include "script/firing.h"
 #include "script/parsed_script.h"
@@ -65,8 +66,11 @@ bool SuitsSlot(const Firing& firing, int effect, int slot) {
   Card target = table[slot];
   RunOptions options = firing.Options;
   options.TestRun = 1;
+  TracedSearch search(firing.Actor, effect);
   const int result = RunAction(actor, target, effect, options);
-  return result != kRunFailed && result != kRunNothing;
+  if (result == kRunFailed || result == kRunNothing) return false;
+  search.FoundOne();
+  return true;
 }
 
 void RunOnChosenCard(Firing& firing, int effect) {
@@ -204,16 +208,60 @@ void NoteOutcome(const Firing& firing, const CardEffect& action, bool ran) {
   NoteRefusal(std::move(name), std::move(reason));
 }
 
+/// For who listens: why an action has no card to run on, where no search says it.
+std::string_view WhyNoTarget(int targetType) {
+  switch (targetType) {
+    case kTargetGidCard:
+      return "no card has the Global ID that the target names";
+    case kTargetCollection:
+      return "no owned card was chosen for it";
+    case kTargetOwner:
+    case kTargetEnemyPlayer:
+      return "the side has no player card";
+    case kTargetTriggeringCard:
+      return "no card set it going";
+    case kTargetCounter:
+      return "COUNTER is reserved and aims at no card";
+    default:
+      return "the chosen card is gone";
+  }
+}
+
+void TellAll(const Card& card, std::string_view trigger, Obstacle obstacle,
+             std::string_view words) {
+  if (State().Trace == nullptr) [[likely]]
+    return;
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    State().Trace->NoteSkipped(card, effect, trigger, obstacle, words);
+  }
+}
+
+void TellMenus(const Card& card, std::string_view trigger) {
+  if (State().Trace == nullptr) [[likely]]
+    return;
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    State().Trace->NoteMenu(card, effect, trigger);
+  }
+}
+
 void FireEffect(Firing& firing, std::string_view trigger, int effect) {
   Card& card = firing.Actor;
   BeginEffect(card);
-  if (!Answers(card.Effects[effect], trigger)) return;
+  if (!Answers(card.Effects[effect], trigger)) {
+    if (State().Trace != nullptr) [[unlikely]]
+      State().Trace->NoteMenu(card, effect, trigger);
+    return;
+  }
+  const TracedAction asking(card, effect);
   const int runs = firing.Runs;
   std::optional<CardEffect> planned;
   if (firing.Options.TestRun == 0 && IsPlanned(card, card.Effects[effect])) {
     planned = card.Effects[effect];  // the run may change it
   }
   RunEffect(firing, effect);
+  if (asking && firing.Runs == runs) [[unlikely]] {
+    asking->NoteIfNone(Obstacle::kNoTarget, WhyNoTarget(card.Effects[effect].TargetType));
+  }
   if (planned) NoteOutcome(firing, *planned, firing.Runs != runs);
   if (card.Effects[effect].MenuState == kArmedMenuAction) {
     card.Effects.Edit(effect).MenuState = kMenuAction;
@@ -227,11 +275,19 @@ void FireEffect(Firing& firing, std::string_view trigger, int effect) {
 int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect, int testRun,
                 const RunOptions* reaction) {
   if (trigger == "ENTERSPLAY") trigger = "ENTERPLAY";
-  if (IsFree(card) || StopsForWork(card)) return 0;
+  if (IsFree(card)) return 0;
+  if (StopsForWork(card)) {
+    TellAll(card, trigger, Obstacle::kBudget, kStepsAreSpent);
+    return 0;
+  }
   const bool paying = trigger == "COST";
   const bool enters = !paying && card.InPlay == 0;
-  if (enters && !FoldEquals(card.ActivateOn, trigger)) return 0;
+  if (enters && !FoldEquals(card.ActivateOn, trigger)) {
+    TellAll(card, trigger, Obstacle::kNotInPlay, "the acting card");
+    return 0;
+  }
   if (!enters && onlyEffect <= 0 && !Listens(card, trigger)) {
+    TellMenus(card, trigger);
     PassBy(card);
     return 0;
   }
@@ -249,7 +305,11 @@ int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect,
   SpendWorkOnSearch(static_cast<std::size_t>(card.Effects.UpperBound()));
   const std::uint32_t added = State().ActionsAdded;
   for (int effect = 1; effect <= card.Effects.UpperBound() && !WorkIsSpent(); ++effect) {
-    if (!IsAddedSince(card.Effects[effect], added)) FireEffect(firing, trigger, effect);
+    if (!IsAddedSince(card.Effects[effect], added)) {
+      FireEffect(firing, trigger, effect);
+    } else if (State().Trace != nullptr) [[unlikely]] {
+      State().Trace->NoteSkipped(card, effect, trigger, Obstacle::kWaits, kAddedMeanwhile);
+    }
   }
   return firing.Failures;
 }

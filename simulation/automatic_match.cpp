@@ -27,6 +27,7 @@
 #include "saving/match_files.h"
 #include "saving/saved_match.h"
 #include "script/stored_cards.h"
+#include "simulation/action_log.h"
 #include "simulation/automatic_player.h"
 #include "text/fold.h"
 #include "ui/forms.h"
@@ -136,8 +137,38 @@ void GetStarterDeck(int game) {
   NewGame();
 }
 
+/// Listens to a match while it is played, where that is asked for.
+class MatchTrace {
+ public:
+  MatchTrace(bool listens, std::ostream& out)
+      : out_(out), trace_([this](const AskedAction& asked) { log_.Note(asked); }) {
+    if (listens) State().Trace = &trace_;
+  }
+  ~MatchTrace() { State().Trace = nullptr; }
+  MatchTrace(const MatchTrace&) = delete;
+  MatchTrace& operator=(const MatchTrace&) = delete;
+
+  /// What was before it is forgotten.
+  void BeginMatch() { log_ = {}; }
+  void EndTurn() {
+    if (State().Trace == nullptr) return;
+    log_.NoteCardsInPlay();
+    for (const std::string& line : log_.TakeLines()) out_ << "  " << line << '\n';
+  }
+  void EndMatch() {
+    if (State().Trace == nullptr) return;
+    out_ << "Actions that never acted:\n";
+    for (const std::string& line : log_.NeverActed()) out_ << "  " << line << '\n';
+  }
+
+ private:
+  std::ostream& out_;
+  ActionLog log_;
+  ActionTrace trace_;
+};
+
 /// Brings the session to the first turn of the match. "" or why there is none.
-std::string StartMatch(const AutomaticMatchOptions& options) {
+std::string StartMatch(const AutomaticMatchOptions& options, MatchTrace& trace) {
   NewGame();
   std::string problem;
   const int game = FindGame(options.Game, problem);
@@ -151,6 +182,7 @@ std::string StartMatch(const AutomaticMatchOptions& options) {
     return "The game's starter decks give no cards to play with.";
   }
   State().Log->Events.clear();
+  trace.BeginMatch();
   ChooseGame(game, opponent);
   return "";
 }
@@ -228,15 +260,18 @@ std::string SavePage(const Stage& stage, int turn) {
   return problem.empty() ? "" : Joined("Can't write ", path, ": ", problem);
 }
 
-AutomaticMatchResult PlayTurns(const Stage& stage, int maximumTurns, std::ostream& out) {
+AutomaticMatchResult PlayTurns(const Stage& stage, int maximumTurns, MatchTrace& trace,
+                               std::ostream& out) {
   AutomaticMatchResult result;
   result.Turns = State().Match.Turns;
   result.Error = SavePage(stage, result.Turns);
+  trace.EndTurn();
   while (result.Error.empty() && State().GameOver == 0 && result.Turns < maximumTurns) {
     ++result.Turns;
     out << "Turn " << result.Turns << ": " << Standing(1) << ", " << Standing(2) << '\n';
     PlanAutomaticPlays();
     TakeTurn(0);
+    trace.EndTurn();
     result.Error = SavePage(stage, result.Turns);
   }
   result.Winner = Winner();
@@ -266,12 +301,15 @@ AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::o
   if (!result.Error.empty()) return result;
   stage.OnPage = options.OnPage;
   HeadlessPlatform& desktop = BeginSession(stage, options.Seed);
-  result.Error = options.Continue.empty() ? StartMatch(options) : ContinueMatch(options, desktop);
+  MatchTrace trace(options.Trace, out);
+  result.Error =
+      options.Continue.empty() ? StartMatch(options, trace) : ContinueMatch(options, desktop);
   if (result.Error.empty()) {
     if (!stage.Pages.empty()) RemoveOldPages(stage.Pages, State().Match.Turns);
-    result = PlayTurns(stage, options.MaximumTurns, out);
+    result = PlayTurns(stage, options.MaximumTurns, trace, out);
     out << "After turn " << result.Turns << ": " << Standing(1) << ", " << Standing(2) << '\n'
         << "Result: " << VerdictOf(result.Winner) << ".\n";
+    trace.EndMatch();
     if (result.Error.empty() && !options.SaveTo.empty()) {
       result.Error = SaveMatch(options.SaveTo, desktop.Clock());
     }

@@ -23,6 +23,7 @@ struct AutomaticMatchOptions {
   /// The bytes of that file where they are known already: Continue is only its name then.
   std::optional<std::string> SavedBytes{};
   bool DespiteChanges = false;  ///< goes on though card files have changed
+  bool Trace = false;           ///< prints which actions did nothing, and why
   std::string SaveTo{};         ///< gets the match as it stands after the last turn; "" saves none
   /// Gets every report page under its file name, whether pages are kept or not.
   std::function<void(const std::string& name, const std::string& page)> OnPage{};

@@ -3,10 +3,10 @@
 
 #include "core/cards.h"
 #include "core/state.h"
+#include "game/card_play.h"
 #include "game/hints.h"
 #include "game/plans.h"
 #include "language/target_types.h"
-#include "script/triggers.h"
 
 namespace brindlemoor {
 
@@ -28,12 +28,11 @@ void ArmMenuActions(Card& card) {
     const int type = card.Effects[effect].TargetType;
     // An action on a stored card needs a pick in the deck manager.
     if (card.Effects[effect].MenuState != kMenuAction || type == kTargetCollection) continue;
-    int quality = kNoTarget;
-    const int target = PickTarget(card, effect, type, "", quality);
-    if (quality != kCleanTarget) continue;
+    const auto target = ChooseMenuAction(card, effect);
+    if (!target) continue;
     CardEffect& action = card.Effects.Edit(effect);
     action.MenuState = kArmedMenuAction;
-    if (type == kTargetCard) action.ChosenTarget = target;
+    if (type == kTargetCard) action.ChosenTarget = *target;
   }
 }
 

@@ -14,7 +14,7 @@ struct MatchOptions : AutomaticMatchOptions {
   std::string Journal;  ///< "" for none
 };
 using Options = MatchOptions;
-constexpr std::array<Option<MatchOptions>, 9> kOptions = {{
+constexpr std::array<Option<MatchOptions>, 10> kOptions = {{
     {"--game",
      [](Options& o, std::string_view v) {
        o.Game = v;
@@ -48,6 +48,7 @@ constexpr std::array<Option<MatchOptions>, 9> kOptions = {{
        return true;
      },
      true},
+    {"--trace", [](Options& o, std::string_view) { return o.Trace = true; }, true},
     {"--journal",
      [](Options& o, std::string_view v) {
        o.Journal = v;

@@ -19,8 +19,10 @@ constexpr std::array<ToolCommand, 9> kCommands = {{
      "Checks a game, carries out the tests in its folder \"tests\" and plays some matches, again "
      "whenever a file changes.",
      RunWatch},
-    {"scenario", "scenario FILE|FOLDER... [--words]",
-     "Carries out tests of cards. --words lists what they are written with.", RunScenario},
+    {"scenario", "scenario FILE|FOLDER... [--trace] [--words]",
+     "Carries out tests of cards. --trace tells which actions did nothing, and why. --words lists "
+     "what they are written with.",
+     RunScenario},
     {"sim",
      "sim [FOLDER] [--game NAME] [--matches N] [--seed N] [--turns N] [--decks] [--jobs J] "
      "[--csv[=FILE]] [--json[=FILE]] [--html[=FILE]] [--shard I/N [--out FILE]] [--journal FILE]",
@@ -30,9 +32,11 @@ constexpr std::array<ToolCommand, 9> kCommands = {{
      "Adds up the shards of a simulation and reports on all of it.", RunMerge},
     {"auto",
      "auto [FOLDER] [--game NAME] [--seed N] [--pages DIR] [--turns N] [--opponent K] "
-     "[--save FILE] [--continue FILE [--despite-changes]] [--journal FILE]",
+     "[--save FILE] [--continue FILE [--despite-changes]] [--trace] "
+     "[--journal FILE]",
      "Plays a match by itself and keeps its report pages. Without a name it is the folder's first "
-     "game. --save keeps the match behind turn N, --continue goes on with one that was kept.",
+     "game. --save keeps the match behind turn N, --continue goes on with one that was kept. "
+     "--trace tells which actions did nothing, and why.",
      RunAuto},
     {"replay", "replay JOURNAL [FOLDER] [--pages DIR]",
      "Plays again what a program noted with --journal and says where its pages differ.", RunReplay},

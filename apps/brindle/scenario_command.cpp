@@ -18,8 +18,10 @@ namespace fs = std::filesystem;
 
 struct ScenarioOptions {
   bool Words = false;
+  bool Trace = false;
 };
-constexpr std::array<Option<ScenarioOptions>, 1> kOptions = {{
+constexpr std::array<Option<ScenarioOptions>, 2> kOptions = {{
+    {"--trace", [](ScenarioOptions& o, std::string_view) { return o.Trace = true; }, true},
     {"--words", [](ScenarioOptions& o, std::string_view) { return o.Words = true; }, true},
 }};
 
@@ -56,7 +58,8 @@ std::vector<std::string> FilesOf(const std::string& operand) {
 
 /// What a file came to, at once: a later one may take long.
 void Print(ScenarioReport& report) {
-  if (report.Findings.empty()) return;
+  for (const std::string& line : report.Trace) std::cout << line << '\n';
+  report.Trace.clear();
   for (const ScenarioFinding& finding : report.Findings) {
     std::cout << ScenarioFindingLine(finding) << '\n';
   }
@@ -78,6 +81,7 @@ int RunScenario(Arguments arguments) {
   if (operands.empty()) return WrongUsage("a file is missing behind ", "scenario");
   ScenarioLibrary library;
   ScenarioReport report;
+  report.Traces = options.Trace;
   for (const std::string& operand : operands) {
     const std::vector<std::string> files = FilesOf(operand);
     if (files.empty()) return WrongUsage("there are no text files in ", operand);

@@ -92,6 +92,21 @@ TEST(AutomaticMatchTest, PlaysToItsEndAndTouchesOnlyItsPages) {
   fs::remove_all(root / "pages");
   EXPECT_EQ(read(root), kGame);
   std::ostringstream said;
+  EXPECT_EQ(AutomaticMatch({root.string(), "", 1, 2, 1, "", "", {}, false, true}, said).Error, "");
+  const std::string told = said.str();
+  const std::string refusal =
+      "#EFFECT, ALL, PHASE2, \"REQTRAIT:HUMAN:REQTRAITLESS:HP:0:LOSEGAME\": ";
+  const std::string reason =
+      "filter: the target has no HUMAN (Gob, Imp, Imp and 1 more); requirement: "
+      "REQTRAITLESS:HP:0, HP is 6, the value 0 (Ann)\n";
+  EXPECT_NE(told.find("Turn 2: Ann HP 6, Gob HP 6\n  RulesCard #"), std::string::npos) << told;
+  EXPECT_NE(told.find(refusal + reason), std::string::npos) << told;
+  EXPECT_NE(told.find("Actions that never acted:\n  RulesCard, " + refusal +
+                      "asked for 3 times, at last: " + reason),
+            std::string::npos)
+      << told;
+  EXPECT_EQ(told.find("GAMESTART"), std::string::npos)
+      << "it acted before the first turn: " << told;
   EXPECT_EQ(AutomaticMatch({root.string(), "", 1, 1, 1, "imps"}, said).Error, "");
   EXPECT_EQ(AutomaticMatch({root.string(), "", 1, 1, 1, "Elves"}, said).Error,
             "There is no game Elves in this folder. It has: Imps.");
