@@ -96,7 +96,9 @@ std::string WantedText(Run& run, bool expand) {
 bool HoldsText(Run& run, const Card& card, bool expand) {
   const std::string wanted = WantedText(run, expand);
   const Text found = GetTrait(card, run.TraitArgument(1)).Print();
-  TellCompared(run, run.Argument(1), Joined("\"", found, "\""), Joined("\"", wanted, "\""));
+  if (run.Trace != nullptr) [[unlikely]] {
+    TellCompared(run, run.Argument(1), Joined("\"", found, "\""), Joined("\"", wanted, "\""));
+  }
   return FoldEquals(found, wanted);
 }
 bool IsText(Run& run, const Card& card) { return HoldsText(run, card, true); }
@@ -154,7 +156,9 @@ bool IsLess(Run& run, const Card&) {
 bool AreEqual(Run& run, const Card&) {
   const Value first = run.Evaluated(1);
   const Value second = run.Evaluated(2);
-  TellCompared(run, "the first value", first.Print(), second.Print());
+  if (run.Trace != nullptr) [[unlikely]] {
+    TellCompared(run, "the first value", first.Print(), second.Print());
+  }
   if (first.IsNumber() || second.IsNumber()) return first.Number() == second.Number();
   return first.Print() == second.Print();
 }
