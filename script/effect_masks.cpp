@@ -160,7 +160,7 @@ std::string WhatMasksRefuse(const CardEffect& effect, const Card& source, const 
   }};
   const SharedArray<TraitBitName> names = State().TraitBitNames;
   for (const TraitBitName& known : names) {
-    const TraitBit bit = TraitBitOf({known.Name, known.Key});
+    const TraitBit bit = TraitBitFor(known.Name);
     if (bit.Word == -1 || (State().UnsureTraitBits[bit.Word] & bit.BitValue) != 0) continue;
     for (const Mask& mask : masks) {
       const bool has = (mask.Of.TraitBits[bit.Word] & bit.BitValue) != 0;
