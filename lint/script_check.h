@@ -31,9 +31,7 @@ enum class FindingKind : std::uint8_t {
 };
 
 /// True for a finding that the engine understands all the same.
-constexpr bool IsRemark(FindingKind kind) {
-  return kind >= FindingKind::kRequirementBehindEffect;
-}
+constexpr bool IsRemark(FindingKind kind) { return kind >= FindingKind::kRequirementBehindEffect; }
 
 struct ScriptFinding {
   FindingKind Kind;
