@@ -23,6 +23,9 @@ namespace brindlemoor {
 namespace {
 
 constexpr std::string_view kPage = "FirstSteps.html";
+/// Milliseconds on a portrait until it is told of: who clicks at once means the match, and a click
+/// that comes while something else is done is not taken.
+constexpr int kPortraitRest = 150;
 
 constexpr std::string_view kForNewPlayers =
     "<p>1. Begin with a <b>starter deck</b>: the portraits of a game show some, mostly the first "
@@ -82,6 +85,7 @@ std::string ProspectsAgainst(int game, int opponent) {
 
 void ShowFirstSteps() {
   TheMainWindow().Trials.clear();
+  TheMainWindow().WB.PointDelay = kPortraitRest;
   PaintImage("");
   const std::string name = State().Profile.PlayerName.Str();
   const std::string holdings = HoldingsOf(name);
