@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "apps/brindle/commands.h"
+#include "archive/zip_library.h"
 #include "core/program_version.h"
 #include "journal/journal.h"
 #include "journal/match_journal.h"
@@ -148,6 +149,7 @@ int RunReplay(Arguments arguments) {
     };
   }
   replay.OnFiles = PrintFiles;
+  replay.Archives = std::make_shared<ZipLibrary>();
   Print(Joined("The journal of ", kind.What, " in ", journal.Folder, "."));
   if (journal.Program != kProgramVersion) {
     Print(Joined("It is of version ", journal.Program, "; this is ", kProgramVersion, "."));
