@@ -102,14 +102,9 @@ class ArchiveJudge : public ArchiveVisitor {
   void FindGames() {
     for (const ArchiveFile& file : result_.Files) {
       const bool mayBeGame = file.Name.find('/') == std::string::npos &&
-                             KindOfGameFile(file.Name) == GameFileKind::kText &&
-                             file.Bytes.find("#GAMERULES") != std::string::npos;
-      if (!mayBeGame) continue;
-      const CheckedFile checked(file.Name, file.Bytes);
-      const auto line =
-          std::ranges::find(checked.Directives(), "#GAMERULES", &CheckedDirective::Word);
-      if (line == checked.Directives().end() || line->Fields[0].Text.empty()) continue;
-      result_.Games.emplace_back(std::string_view(OneLine(line->Fields[0].Text)));
+                             KindOfGameFile(file.Name) == GameFileKind::kText;
+      std::string game = mayBeGame ? GameDeclaredBy(file.Bytes) : "";
+      if (!game.empty()) result_.Games.push_back(std::move(game));
     }
   }
 
@@ -121,6 +116,15 @@ class ArchiveJudge : public ArchiveVisitor {
 };
 
 }  // namespace
+
+std::string GameDeclaredBy(const std::string& bytes) {
+  constexpr std::string_view kWord = "#GAMERULES";
+  if (bytes.find(kWord) == std::string::npos) return "";
+  const CheckedFile file("", bytes);
+  const auto line = std::ranges::find(file.Directives(), kWord, &CheckedDirective::Word);
+  if (line == file.Directives().end() || line->Fields.empty()) return "";
+  return std::string(std::string_view(OneLine(line->Fields[0].Text)));
+}
 
 std::string SizeText(std::size_t bytes) {
   constexpr std::size_t kKilo = 1024;

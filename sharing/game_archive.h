@@ -33,6 +33,9 @@ struct GameArchive {
 /// in any case of letters.
 GameArchive ReadGameArchive(std::string_view archive);
 
+/// The name of the game that a text file declares, on one line; "" for none.
+std::string GameDeclaredBy(const std::string& bytes);
+
 /// A number of bytes for people, rounded up: "1.2 MB".
 std::string SizeText(std::size_t bytes);
 

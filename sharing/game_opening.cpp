@@ -40,6 +40,7 @@ class Comparison {
       if (!plan_.Problem.empty()) break;
       NoteTwin(file.Name);
     }
+    NoteNamesakes(archive);
     for (const auto& [name, other] : twins_) {
       plan_.Remarks.push_back(Joined("\"", name, "\" has the same name as \"", other,
                                      "\" of your folder: games may take the one for the other."));
@@ -80,6 +81,19 @@ class Comparison {
     for (auto other = first; other != last; ++other) {
       const bool isTest = name.starts_with("tests/") || other->second.starts_with("tests/");
       if (other->second != name && !isTest) twins_.emplace(name, other->second);
+    }
+  }
+
+  /// Of two games of one name the list shows one.
+  void NoteNamesakes(const GameArchive& archive) {
+    for (const std::string& file : files_.ListFiles(Path(""))) {
+      const bool isReplaced =
+          std::ranges::find(archive.Files, file, &ArchiveFile::Name) != archive.Files.end();
+      if (isReplaced || KindOfGameFile(file) != GameFileKind::kText) continue;
+      const std::string game = GameDeclaredBy(files_.Read(Path(file)).value_or(""));
+      if (game.empty() || std::ranges::count(archive.Games, game) == 0) continue;
+      plan_.Remarks.push_back(Joined("Your folder has a game \"", game, "\" already, in \"", file,
+                                     "\": only one of the two will be listed."));
     }
   }
 

@@ -89,6 +89,15 @@ TEST_F(GameOpeningTest, NamesThatOtherFoldersHaveAreToldOf) {
   EXPECT_TRUE(plan.Remarks[0].starts_with("\"goblins/Cards.txt\" has the same name as \"elves/"));
 }
 
+TEST_F(GameOpeningTest, AGameOfTheSameNameIsToldOf) {
+  files_.Contents["/g/Other.txt"] = "#GAMERULES, Goblins, , #102030, other, \n";
+  files_.Contents["/g/Elves.txt"] = "#GAMERULES, Elves, , #102030, elves, \n";
+  const OpeningPlan plan = PlanOpening(Archive(), files_, "/g");
+  ASSERT_EQ(plan.Remarks.size(), 1U);
+  EXPECT_NE(plan.Remarks[0].find("a game \"Goblins\" already, in \"Other.txt\""),
+            std::string::npos);
+}
+
 TEST_F(GameOpeningTest, AFolderInTheWayOfAFileStopsIt) {
   files_.Contents["/g/goblins/Cards.txt/x"] = "";
   EXPECT_NE(PlanOpening(Archive(), files_, "/g").Problem.find("there is a folder of that name"),
