@@ -14,6 +14,7 @@ struct ScenarioFinding {
   std::string Text;
   std::string Scenario;  ///< name, "" for one without
   int Row = 0;           ///< line of the table's row, 0 for none
+  int Seed = 0;          ///< of "random seeds", 0 for none
 };
 
 struct ScenarioReport {

@@ -42,6 +42,7 @@ struct ScenarioCase {
   std::vector<ScenarioLine> Lines;
   std::vector<std::string> Columns;
   std::vector<ScenarioRow> Rows;
+  int Seeds = 0;  ///< of "random seeds": it is carried out for each of them; 0 without
 };
 
 struct ScenarioFault {
@@ -54,6 +55,7 @@ struct ScenarioText {
   std::vector<std::string> Files;  ///< as named, the file itself first
   std::vector<ScenarioLine> Head;  ///< what every scenario begins with
   std::vector<ScenarioCase> Cases;
+  int Seeds = 0;                      ///< of "random seeds" in Head
   std::vector<ScenarioFault> Faults;  ///< bounded
 };
 

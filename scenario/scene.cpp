@@ -26,7 +26,8 @@ ScenarioFinding FindingAt(const Scene& scene, bool unreadable, std::string text)
   const ScenarioPlace place = scene.Line != nullptr ? scene.Line->Place : scene.Case.Place;
   return {unreadable,      scene.Text.Files[static_cast<std::size_t>(place.File)],
           place.Line,      std::move(text),
-          scene.Case.Name, scene.Row != nullptr ? scene.Row->Place.Line : 0};
+          scene.Case.Name, scene.Row != nullptr ? scene.Row->Place.Line : 0,
+          scene.Seed};
 }
 
 /// True for the name of a text, or of a number of a card. Other braces are plain characters.
@@ -75,8 +76,10 @@ bool Scene::WorkedTooMuch() {
   return true;
 }
 
-std::string_view Scene::Said() const {
-  const std::string_view banner = State().PhaseBanner;
+std::string Scene::Banner() const { return State().LastTurn.Said + State().PhaseBanner; }
+
+std::string Scene::Said() const {
+  const std::string banner = Banner();
   return banner.size() < BannerBefore ? banner : banner.substr(BannerBefore);
 }
 
@@ -103,6 +106,7 @@ void BeginAction(Scene& scene) {
     for (Card& card : scene.Aside) ApplyTraitActions(card, "");
     State().HpReport = 0;
   }
+  State().LastTurn.Said.clear();
   scene.BannerBefore = State().PhaseBanner.size();
   scene.Last = {};
   if (scene.Line->Watched) scene.DigestBefore = StateDigest();

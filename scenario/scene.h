@@ -51,6 +51,7 @@ struct Scene {
   std::map<std::string, CardHandle, std::less<>> Handles{};
   std::map<std::string, std::string, std::less<>> Texts{};  ///< of "let"
   Pile Aside{};                                             ///< cards that lie nowhere yet
+  int Seed = 0;                  ///< of "random seeds", from 1; 0 without such a line
   std::string CardInHand{};      ///< name of the card that "trait" and the like speak of
   bool Changed = false;          ///< cards were laid out since the last action
   bool Pristine = true;          ///< nothing of the session was laid out yet
@@ -72,8 +73,10 @@ struct Scene {
   void Stop(std::string text);
   /// True when the scripts of the file have done too much; the scenario is stopped then.
   bool WorkedTooMuch();
-  /// What the last action added to the banner.
-  std::string_view Said() const;
+  /// What scripts have said in this turn, the one that the last action took included.
+  std::string Banner() const;
+  /// What the last action added to that.
+  std::string Said() const;
 };
 
 /// A fresh session on files in memory over those of a folder.
