@@ -11,6 +11,7 @@
 #include "language/traits.h"
 #include "language/values.h"
 #include "pages/messages.h"
+#include "scenario/accepting.h"
 #include "scenario/expectation.h"
 #include "scenario/scenario_fields.h"
 #include "scenario/scenario_words.h"
@@ -164,8 +165,11 @@ void WorthIs(Scene& scene, WordReader& line) {
   }
   const std::string expected = line.Take("a number");
   if (!line.Ends()) return;
-  ExpectTrue(scene, Value(worth.Total()).Str() == expected, Joined(what, " is ", expected),
-             WorthText(copy, worth));
+  const std::string found = Value(worth.Total()).Str();
+  ++scene.Report.Expectations;
+  if (found == expected) return;
+  scene.Fail(Joined(what, " is ", expected, ": ", ShownText(WorthText(copy, worth))),
+             Accepted(scene, found));
 }
 
 void TargetIs(Scene& scene, WordReader& line) {

@@ -46,9 +46,18 @@ std::string CellText(std::string_view cell) {
   return ReplacedCopy(cell.substr(1, cell.size() - 2), "\"\"", "\"");
 }
 
+/// What of a cell another text may take: all but a blank at each end.
+ScenarioSpan SpanOfCell(std::string_view cell, std::size_t begin) {
+  const std::size_t first = cell.starts_with(' ') ? 1 : 0;
+  const std::size_t last =
+      cell.size() > first && cell.ends_with(' ') ? cell.size() - 1 : cell.size();
+  return {begin + first, begin + last};
+}
+
 /// The cells between the bars of a table's line. A bar divides where blanks stand around it.
-std::vector<std::string> CellsOf(std::string_view line) {
-  std::vector<std::string> cells;
+ScenarioRow RowOf(ScenarioPlace place, std::string_view line) {
+  ScenarioRow row{place, {}, {}};
+  const char* const begin = line.data();
   line.remove_prefix(1);
   while (true) {
     std::size_t bar = line.find('|', EndOfQuotedCell(line));
@@ -57,10 +66,11 @@ std::vector<std::string> CellsOf(std::string_view line) {
             (bar + 1 < line.size() && kBlanks.find(line[bar + 1]) == std::string_view::npos))) {
       bar = line.find('|', bar + 1);
     }
-    if (bar == std::string_view::npos && Trimmed(line).empty()) return cells;
-    std::string_view cell = Trimmed(line.substr(0, bar));
-    cells.push_back(CellText(cell));
-    if (bar == std::string_view::npos) return cells;
+    if (bar == std::string_view::npos && Trimmed(line).empty()) return row;
+    const std::string_view cell = line.substr(0, bar);
+    row.Cells.push_back(CellText(Trimmed(cell)));
+    row.Spans.push_back(SpanOfCell(cell, static_cast<std::size_t>(cell.data() - begin)));
+    if (bar == std::string_view::npos) return row;
     line.remove_prefix(bar + 1);
   }
 }
@@ -215,7 +225,8 @@ class ScenarioParser {
       Fault(place, "An included file holds no tables.");
       return;
     }
-    std::vector<std::string> cells = CellsOf(text);
+    ScenarioRow row = RowOf(place, text);
+    std::vector<std::string>& cells = row.Cells;
     ScenarioCase& present = Present();
     if (present.Columns.empty()) {
       if (cells.empty()) Fault(place, "The table has no columns.");
@@ -229,7 +240,7 @@ class ScenarioParser {
       Fault(place, Joined("The row has ", cells.size(), " cells, the table has ",
                           present.Columns.size(), " columns."));
     } else {
-      present.Rows.push_back({place, std::move(cells)});
+      present.Rows.push_back(std::move(row));
     }
   }
 
@@ -271,12 +282,16 @@ bool IsScenarioName(std::string_view text) {
 }
 
 std::string SplitScenarioLine(std::string_view line, std::vector<ScenarioToken>& tokens) {
+  const char* const begin = line.data();
+  const auto offset = [&] { return static_cast<std::size_t>(line.data() - begin); };
   while (!(line = line.substr(std::min(line.find_first_not_of(kBlanks), line.size()))).empty()) {
     ScenarioToken token;
+    token.Span.Begin = offset();
     if (line.front() != '"') {
       const std::size_t end = std::min(line.find_first_of(kBlanks), line.size());
       token.Text = line.substr(0, end);
       line.remove_prefix(end);
+      token.Span.End = offset();
       tokens.push_back(std::move(token));
       continue;
     }
@@ -294,6 +309,7 @@ std::string SplitScenarioLine(std::string_view line, std::vector<ScenarioToken>&
     if (!line.empty() && kBlanks.find(line.front()) == std::string_view::npos) {
       return "A blank is missing behind a text in double quotes.";
     }
+    token.Span.End = offset();
     tokens.push_back(std::move(token));
   }
   return "";
