@@ -37,6 +37,8 @@ struct ReplayOptions {
   std::function<void(const std::vector<std::string>& differences)> OnFiles{};
   /// What reads the archives that the user opened; nullptr for the plain format of tests.
   std::shared_ptr<const ArchiveLibrary> Archives{};
+  /// Called when a turn of a match is about to be taken, with everything planned.
+  std::function<void()> BeforeTurn{};
 };
 
 /// Plays a session again, up to its first difference. Begins with a fresh session and leaves one.

@@ -176,22 +176,20 @@ class PlaceChecker {
 }  // namespace
 
 std::string_view WhyNeverRun(std::string_view target, std::string_view trigger, ActionSide side) {
-  const int code = TargetTypeCode(target);
   const bool isMenu = FieldAt(trigger, 1, ':') == kMenu;
-  if (code == kTargetCounter) return "COUNTER is reserved; an action with this target never runs.";
-  if (code == kTargetCollection && !isMenu) {
-    return "Only a menu action lets the player pick a stored card; this one never runs.";
-  }
-  if (side == ActionSide::kAny || !isMenu) return "";
-  switch (code) {
-    case kTargetSelf:
-    case kTargetOwner:
-    case kTargetEnemyPlayer:
-    case kTargetGidCard:
-      return "The computer only uses menu actions whose target it searches for (ALL, RANDOM, "
-             "RANDOMENEMY, RANDOMALLY, TARGETCARD, TRIGGERINGCARD); this one never runs.";
-    case kTargetCollection:
-      return "The computer has no stored cards; this action never runs.";
+  const bool byComputer = side == ActionSide::kComputer && isMenu;
+  switch (FindingOfTarget(TargetTypeCode(target))) {
+    case TargetFinding::kNever:
+      return "COUNTER is reserved; an action with this target never runs.";
+    case TargetFinding::kPicked:
+      if (byComputer) return "The computer has no stored cards; this action never runs.";
+      return isMenu ? ""
+                    : "Only a menu action lets the player pick a stored card; this one never runs.";
+    case TargetFinding::kNamed:
+      return byComputer ? "The computer only uses menu actions whose target it searches for (ALL, "
+                          "RANDOM, RANDOMENEMY, RANDOMALLY, TARGETCARD, TRIGGERINGCARD); this one "
+                          "never runs."
+                        : "";
     default:
       return "";
   }
