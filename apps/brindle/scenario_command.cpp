@@ -6,8 +6,8 @@
 
 #include "apps/brindle/commands.h"
 #include "apps/brindle/journal_file.h"
-#include "archive/zip_library.h"
 #include "apps/brindle/output_file.h"
+#include "archive/zip_library.h"
 #include "core/strings.h"
 #include "journal/turn_scenario.h"
 #include "platform/files.h"
