@@ -62,6 +62,7 @@ constexpr std::array<FindingRow, static_cast<std::size_t>(C::kCount)> kRows = {{
     {"deck-rule", C::kDeckRule, kWarning, "a deck that breaks the rules of its game"},
     {"duplicate-game", C::kDuplicateGame, kError, "a game with the name of another one; it is not listed"},
     {"duplicate-file", C::kDuplicateFile, kWarning, "two card files of one name in folders that are searched for it"},
+    {"foreign-file", C::kForeignFile, kWarning, "a card file of another game"},
 }};
 // clang-format on
 

@@ -62,6 +62,7 @@ enum class FindingCode : std::uint8_t {
   kDeckRule,
   kDuplicateGame,
   kDuplicateFile,
+  kForeignFile,
   kCount
 };
 
