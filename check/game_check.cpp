@@ -159,8 +159,8 @@ class Check {
   /// The program's folder of what is in a folder: that one, or the one above if it has the game.
   const std::string& BaseOf(const std::string& folder) {
     const auto [entry, isNew] = bases_.try_emplace(folder, folder);
-    const std::string above = FolderOf(folder);
-    if (isNew && !HoldsGame(folder) && HoldsGame(above)) entry->second = above;
+    const std::string game = isNew ? FolderOfGame(folder) : "";
+    if (!game.empty()) entry->second = game;
     return entry->second;
   }
 
@@ -234,6 +234,12 @@ class Check {
 };
 
 }  // namespace
+
+std::string FolderOfGame(const std::string& folder) {
+  if (HoldsGame(folder)) return folder;
+  const std::string above = FolderOf(folder);
+  return HoldsGame(above) ? above : "";
+}
 
 CheckResult CheckPaths(const std::vector<std::string>& paths) {
   const std::shared_ptr<Platform> desktop = State().Desktop;
