@@ -10,6 +10,11 @@ void LogMatchEvent(MatchEvent kind, int side, const Card& card) {
   if (log != nullptr) log->Events.push_back({kind, side, card.UniqueID, card.Name});
 }
 
+void LogWorth(const Card& card, bool payable, double worth) {
+  MatchLog* log = State().Log.get();
+  if (log != nullptr) log->Worths.push_back({card.UniqueID, card.Name, payable, worth});
+}
+
 int WinnerOf(const MatchLog& log) {
   int winner = 0;
   for (const LoggedEvent& event : log.Events) {

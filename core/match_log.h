@@ -21,13 +21,24 @@ struct LoggedEvent {
   Text Name;
 };
 
-/// The events of one match, in order.
+/// What the computer thought of a card in a hand when it looked through it.
+struct LoggedWorth {
+  Text UniqueID;
+  Text Name;
+  bool Payable = false;
+  double Worth = 0;  ///< PRIORITY and all
+};
+
+/// What happened in one match, in order.
 struct MatchLog {
   std::vector<LoggedEvent> Events;
+  std::vector<LoggedWorth> Worths;
 };
 
 /// Notes an event, if somebody keeps a log (Session::Log).
 void LogMatchEvent(MatchEvent kind, int side, const Card& card);
+
+void LogWorth(const Card& card, bool payable, double worth);
 
 /// The side to which scripts gave the match, 0 for none or for both.
 int WinnerOf(const MatchLog& log);

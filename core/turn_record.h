@@ -36,6 +36,7 @@ struct RefusedPlan {
 struct TurnRecord {
   int Turn = 0;         ///< its number in the match, 0 for the one that begins it
   bool IsTold = false;  ///< somebody looks; a simulation tells nobody, and nothing is gathered
+  std::string Said{};   ///< by scripts, as the report shows it
   std::vector<CardNews> News{};
   std::vector<RefusedPlan> Refusals{};
   std::int32_t Tokens = 0;  ///< that the player has more than before

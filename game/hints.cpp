@@ -20,20 +20,20 @@ namespace {
 struct ValuedCard {
   HandValue Play;
   brindlemoor::Card Card;
-  ValuationNotes Notes;
+  CardWorth Worth;
 };
 
-std::vector<ValuedCard> ValueHand(bool withNotes) {
+std::vector<ValuedCard> ValueHand(WorthDetail detail) {
   const WorkAccount account;
   const Pile& hand = State().Players[1].Hand;
   std::vector<ValuedCard> cards;
   for (int position = 1; position <= hand.UpperBound(); ++position) {
     if (IsFree(hand[position])) continue;
     ValuedCard valued{{position}, hand[position], {}};
-    ValueCardForAI(valued.Card, &valued.Notes);
-    valued.Play.Value = TraitNumber(valued.Card, "AILOVE");
-    valued.Play.Payable = valued.Notes.Payable;
-    if (!withNotes) valued = {valued.Play, {}, {}};
+    valued.Worth = ValueCardForAI(valued.Card, detail);
+    valued.Play.Value = valued.Worth.Total();
+    valued.Play.Payable = valued.Worth.Payable;
+    if (detail == WorthDetail::kSums) valued = {valued.Play, {}, {}};
     cards.push_back(std::move(valued));
   }
   std::ranges::stable_sort(
@@ -95,17 +95,17 @@ std::string TrialSentence(const Card& card, const ActionTrial& trial) {
 
 std::vector<HandValue> HandValues() {
   std::vector<HandValue> values;
-  for (const ValuedCard& valued : ValueHand(false)) values.push_back(valued.Play);
+  for (const ValuedCard& valued : ValueHand(WorthDetail::kSums)) values.push_back(valued.Play);
   return values;
 }
 
 std::vector<Hint> HandHints() {
   const Looking looking;
   std::vector<Hint> hints;
-  for (ValuedCard& valued : ValueHand(true)) {
+  for (ValuedCard& valued : ValueHand(WorthDetail::kTrials)) {
     Hint hint{valued.Play, State().Players[1].Hand[valued.Play.Position], {}};
-    for (const ActionTrial& trial : valued.Notes.Trials) {
-      hint.Trials.push_back(TrialSentence(hint.Card, trial));
+    for (const ActionTrial& trial : valued.Worth.Trials) {
+      if (trial.IsTried) hint.Trials.push_back(TrialSentence(hint.Card, trial));
     }
     hints.push_back(std::move(hint));
   }

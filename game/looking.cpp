@@ -18,6 +18,7 @@ Looking::Looking() : kept_(State()) {
   State().Services = &kServices;
   State().Windows = &kNoWindows;
   State().Trace = nullptr;
+  State().Log = nullptr;
 }
 
 // Records keep their addresses in a copy, not in a move.

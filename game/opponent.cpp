@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/cards.h"
+#include "core/match_log.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "game/card_play.h"
@@ -30,8 +31,13 @@ constexpr double kFreeRecord = -100;
 struct Judgement {
   double Love = 0;
   int Count = 0;
-  ValuationNotes* Notes = nullptr;
+  std::vector<ActionTrial>* Trials = nullptr;  ///< nullptr when nobody asks
   double Worth() const { return std::floor(10 * Love / (Count == 0 ? 1 : Count)); }
+
+  void Add(int points, int count) {
+    Love += points;
+    Count += count;
+  }
 };
 
 /// What an action of a trigger adds without being tried.
@@ -63,9 +69,9 @@ void TryAction(Card& card, int effect, Judgement& judgement) {
   const int slot = PickTarget(card, effect, card.Effects[effect].TargetType, Text(), quality);
   const Pile& table = State().CardTable;
   if (!table.Holds(slot)) {
-    --judgement.Love;
-    if (judgement.Notes != nullptr) {
-      judgement.Notes->Trials.push_back({effect, 0, kRunFailed, State().FailReason});
+    judgement.Add(-1, 0);
+    if (judgement.Trials != nullptr) {
+      judgement.Trials->push_back({effect, true, 0, kRunFailed, State().FailReason, -1});
     }
     return;
   }
@@ -74,10 +80,10 @@ void TryAction(Card& card, int effect, Judgement& judgement) {
   const int weight = card.Effects[effect].Trigger == "AIREQ" ? 3 : 1;
   const int result =
       RunAction(actor, target, effect, RunOptions{.CostMode = 1, .TestRun = 1, .NoCounters = 1});
-  judgement.Love += result == kRunClean ? 2 * weight : -weight;
-  ++judgement.Count;
-  if (judgement.Notes != nullptr) {
-    judgement.Notes->Trials.push_back({effect, slot, result, State().FailReason});
+  const int points = result == kRunClean ? 2 * weight : -weight;
+  judgement.Add(points, 1);
+  if (judgement.Trials != nullptr) {
+    judgement.Trials->push_back({effect, true, slot, result, State().FailReason, points});
   }
 }
 
@@ -85,16 +91,17 @@ void JudgeAction(Card& card, int effect, Judgement& judgement) {
   const CardEffect& action = card.Effects[effect];
   if (action.Script.empty()) return;
   if (const TriggerWorth* untried = UntriedTrigger(action.Trigger)) {
-    judgement.Love += untried->Worth;
-    judgement.Count += untried->Worth;
+    judgement.Add(untried->Worth, untried->Worth);
+    if (judgement.Trials != nullptr && untried->Worth != 0) {
+      judgement.Trials->push_back({effect, false, 0, kRunNothing, "", untried->Worth});
+    }
   } else if (action.TargetType != kTargetSelf) {
     TryAction(card, effect, judgement);
   }
 }
 
-Judgement JudgeActions(Card& card, ValuationNotes* notes) {
-  Judgement judgement;
-  judgement.Notes = notes;
+Judgement JudgeActions(Card& card, std::vector<ActionTrial>* trials) {
+  Judgement judgement{.Trials = trials};
   for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
     JudgeAction(card, effect, judgement);
   }
@@ -121,19 +128,39 @@ void Consider(Card& card, PlayCells& cells, std::string& thoughts) {
 
 }  // namespace
 
-double ValueCardForAI(Card& card, ValuationNotes* notes) {
-  if (IsFree(card)) return kFreeRecord;
+CardWorth ValueCardForAI(Card& card, WorthDetail detail) {
+  CardWorth worth;
+  worth.OfActions = kFreeRecord;
+  if (IsFree(card)) return worth;
   const Untraced trials;
   Judgement judgement{.Love = kNotPayable};
-  if (PayCost(card, Payment::kIsTested)) {
+  worth.Payable = PayCost(card, Payment::kIsTested);
+  if (worth.Payable) {
     card.InPlay = 1;  // the tests treat it as a card on the table
-    judgement = JudgeActions(card, notes);
-    if (notes != nullptr) notes->Payable = true;
+    judgement = JudgeActions(card, detail == WorthDetail::kTrials ? &worth.Trials : nullptr);
   }
-  const double worth = judgement.Worth();
-  SetTrait(card, kLove, worth + TraitNumber(card, "PRIORITY"), 0);
+  worth.OfActions = judgement.Worth();
+  worth.Priority = TraitNumber(card, "PRIORITY");
+  SetTrait(card, kLove, worth.Total(), 0);
   card.InPlay = 0;
+  LogWorth(card, worth.Payable, worth.Total());
   return worth;
+}
+
+std::string WorthText(const Card& card, const CardWorth& worth) {
+  std::string text = Joined(Value(worth.Total()).Str(), ": ", Value(worth.OfActions).Str(),
+                            worth.Payable ? " of its actions" : " as it can't be paid",
+                            ", PRIORITY ", Value(worth.Priority).Str());
+  for (const ActionTrial& trial : worth.Trials) {
+    text += Joined("; action ", trial.Effect, " ", card.Effects[trial.Effect].Trigger);
+    const Pile& table = State().CardTable;
+    if (table.Holds(trial.Target)) text += Joined(" at ", table[trial.Target].Name);
+    if (!trial.IsTried) text += " untried";
+    if (trial.IsTried && trial.Target == 0) text += " without a target";
+    text += Joined(": ", trial.Points);
+    if (trial.Points < 0 && !trial.FailReason.empty()) text += Joined(" (", trial.FailReason, ")");
+  }
+  return text;
 }
 
 EnemyPlays PlayEnemyHand() {

@@ -196,7 +196,7 @@ void TakeTurn(int skipPlays) {
   session.StatCancelled = 0;
   if (session.GameOver == 1) Windows().ShowMatchEnd();
   Windows().RaiseMainWindow();
-  session.PhaseBanner.clear();
+  session.LastTurn.Said = std::exchange(session.PhaseBanner, {});
   session.LimitsReported.clear();
   session.DiceRolled = 0;
   session.TurnRunning = outer;

@@ -191,7 +191,11 @@ inline constexpr auto kFieldsOf<TurnRecord> = std::tuple{
     Field{&TurnRecord::Tokens},
     Field{&TurnRecord::IsTold, 0, 1},
 };
-static_assert(std::tuple_size_v<decltype(kFieldsOf<TurnRecord>)> == kMembersOf<TurnRecord>);
+// What scripts said stands on the page as well.
+inline constexpr auto kLeftOutOfTurn = std::tuple{&TurnRecord::Said};
+static_assert(std::tuple_size_v<decltype(kFieldsOf<TurnRecord>)> +
+                  std::tuple_size_v<decltype(kLeftOutOfTurn)> ==
+              kMembersOf<TurnRecord>);
 
 template <>
 inline constexpr auto kFieldsOf<LoggedEvent> = std::tuple{
@@ -204,7 +208,11 @@ static_assert(std::tuple_size_v<decltype(kFieldsOf<LoggedEvent>)> == kMembersOf<
 
 template <>
 inline constexpr auto kFieldsOf<MatchLog> = std::tuple{Field{&MatchLog::Events}};
-static_assert(std::tuple_size_v<decltype(kFieldsOf<MatchLog>)> == kMembersOf<MatchLog>);
+// Worths are asked for only of matches that are played in one go.
+inline constexpr auto kLeftOutOfLog = std::tuple{&MatchLog::Worths};
+static_assert(std::tuple_size_v<decltype(kFieldsOf<MatchLog>)> +
+                  std::tuple_size_v<decltype(kLeftOutOfLog)> ==
+              kMembersOf<MatchLog>);
 
 /// What the player owns: the player file's matter as well, so it can be taken or left.
 inline constexpr auto kOwnedFields = std::tuple{

@@ -267,8 +267,13 @@ constexpr std::array<ClickRow, 7> kClickRows = {{
     {"discard",
      [](Scene& scene, WordReader& line) { ClickHand(scene, line, MouseButton::kRight); }},
     {"turn",
-     [](Scene&, WordReader& line) {
-       if (line.Ends()) TheMainWindow().Command1_Click();
+     [](Scene& scene, WordReader& line) {
+       if (!line.Ends()) return;
+       if (!TheMainWindow().TakesTurns()) {
+         scene.Stop("No match has begun: a click on the turn button does nothing.");
+         return;
+       }
+       TheMainWindow().Command1_Click();
      }},
 }};
 

@@ -5,10 +5,13 @@
 #include "core/cards.h"
 #include "core/limits.h"
 #include "core/state.h"
+#include "game/looking.h"
+#include "game/opponent.h"
 #include "language/target_types.h"
 #include "language/traits.h"
 #include "language/values.h"
 #include "pages/messages.h"
+#include "scenario/accepting.h"
 #include "scenario/expectation.h"
 #include "scenario/scenario_fields.h"
 #include "scenario/scenario_words.h"
@@ -146,6 +149,27 @@ void WhyIs(Scene& scene, WordReader& line) {
   } else {
     ExpectText(scene, line, what, WhyNot(scene, globalId, card, action));
   }
+}
+
+/// Valued on a copy in a session that is thrown away: an expectation changes nothing.
+void WorthIs(Scene& scene, WordReader& line) {
+  const Card* card = TakeExpectedCard(scene, line);
+  if (card == nullptr) return;
+  const Looking looking;
+  Card copy = *card;
+  const CardWorth worth = ValueCardForAI(copy, WorthDetail::kTrials);
+  const std::string what = Joined("worth of ", card->Name);
+  if (line.Peek().find_first_not_of("-.0123456789") != std::string_view::npos) {
+    ExpectText(scene, line, what, WorthText(copy, worth));
+    return;
+  }
+  const std::string expected = line.Take("a number");
+  if (!line.Ends()) return;
+  const std::string found = Value(worth.Total()).Str();
+  ++scene.Report.Expectations;
+  if (found == expected) return;
+  scene.Fail(Joined(what, " is ", expected, ": ", ShownText(WorthText(copy, worth))),
+             Accepted(scene, found));
 }
 
 void TargetIs(Scene& scene, WordReader& line) {
@@ -297,7 +321,7 @@ constexpr std::array<ScenarioWord, 2> kQuestions = {{
      "what a message becomes; the cards' pictures are <source> and <target>"},
 }};
 
-constexpr std::array<ScenarioWord, 16> kExpectations = {{
+constexpr std::array<ScenarioWord, 17> kExpectations = {{
     {"trait", WordKind::kExpect, TraitIs, "expect trait CARD NAME [VALUE]", "the card has the trait, with this value"},
     {"notrait", WordKind::kExpect, TraitIsNot, "expect notrait CARD NAME...", "the card has none of the traits"},
     {"traits", WordKind::kExpect, TraitsAre, "expect traits CARD [TRAIT...]", "the card has these traits, in this order, and no other"},
@@ -306,6 +330,7 @@ constexpr std::array<ScenarioWord, 16> kExpectations = {{
     {"actions", WordKind::kExpect, ActionCountIs, "expect actions CARD N", "how many actions the card has"},
     {"menu", WordKind::kExpect, MenuIs, "expect menu CARD N ordinary | waiting | armed", "how the menu action stands"},
     {"why", WordKind::kExpect, WhyIs, "expect why CARD N TEXT", "why action N did nothing when it was last asked for, \"it acted\" when it did something; 0 is a script of \"run\""},
+    {"worth", WordKind::kExpect, WorthIs, "expect worth CARD N | TEXT", "what the computer thinks of the card as if it held it now; TEXT is compared with the worth and its parts: \"22: 20 of its actions, PRIORITY 2; action 1 ENTERPLAY at Crab: 2\""},
     {"target", WordKind::kExpect, TargetIs, "expect target CARD N CARD | none", "the card in play that the action aims at"},
     {"card", WordKind::kExpect, CardIsThere, "expect card CARD [in PLACE]", "the card is there"},
     {"nocard", WordKind::kExpect, CardIsGone, "expect nocard CARD", "the card is nowhere"},

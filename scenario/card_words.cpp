@@ -84,7 +84,8 @@ Card MadeCard(Scene& scene, const CardLine& line) {
   Card card;
   const OwnSequence sequence;
   if (line.File.empty()) {
-    InitCard(card, line.Owner, 0);
+    InitCard(card, 1, 0);
+    SetOwner(card, line.Owner);  // as a file is read: a card of owner 3 keeps the bit of side 1
     card.Name = line.Name;
     if (line.Name.empty()) scene.Stop("The card has no name.");
   } else {

@@ -2,7 +2,9 @@
 #include "scenario/expectation.h"
 
 #include <array>
+#include <utility>
 
+#include "scenario/accepting.h"
 #include "scenario/scene.h"
 #include "text/text.h"
 
@@ -40,9 +42,14 @@ void ExpectTrue(Scene& scene, bool holds, std::string_view what, std::string_vie
 void ExpectEqual(Scene& scene, std::string_view what, std::string_view expected,
                  std::string_view found) {
   ++scene.Report.Expectations;
-  if (expected == found) return;
-  scene.Fail(Joined(ShownText(what), ": expected \"", ShownText(expected), "\", there was \"",
-                    ShownText(found), "\""));
+  if (expected != found) {
+    scene.Fail(Joined(ShownText(what), ": expected \"", ShownText(expected), "\", there was \"",
+                      ShownText(found), "\""),
+               Accepted(scene, found));
+  } else if (scene.Report.Accepts) {
+    if (auto held = Accepted(scene, found)) scene.Report.Held.push_back(std::move(*held));
+  }
+  scene.Compared.reset();  // a line that holds a second text against another has no word for it
 }
 
 void ExpectText(Scene& scene, WordReader& line, std::string_view what, std::string_view found) {

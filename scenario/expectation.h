@@ -1,6 +1,7 @@
 // What expectations share: comparing and saying what was there.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 

@@ -167,6 +167,10 @@ void Seed(Scene& scene, WordReader& line) {
   SetSessionValue(scene, line, *FindSessionValue("seed"));
 }
 
+void BeginAtSeed(Scene& scene, WordReader&) {
+  State().Random.State = static_cast<std::uint64_t>(scene.Seed);
+}
+
 void PickOwned(Scene& scene, WordReader& line) {
   const PlacedCard card = line.TakeCard();
   if (!line.Good()) return;
@@ -232,7 +236,7 @@ void Answer(Scene& scene, WordReader& line) {
 }
 
 // clang-format off
-constexpr std::array<ScenarioWord, 13> kWords = {{
+constexpr std::array<ScenarioWord, 14> kWords = {{
     {"scenario", WordKind::kScenario, nullptr, "scenario NAME",
      "begins a scenario; the lines before the first one are carried out at the start of each"},
     {"include", WordKind::kInclude, nullptr, "include FILE", "the lines of another scenario file stand here; it holds no scenarios"},
@@ -243,6 +247,7 @@ constexpr std::array<ScenarioWord, 13> kWords = {{
     {"match", WordKind::kSetUp, SavedMatchGoesOn, "match FILE", "a match that was saved goes on, with its luck and its cards as they were then; the file is seen from the scenario file, its game lies in the program's folder"},
     {"read", WordKind::kSetUp, ReadFile, "read FILE [side N]", "reads a card file for a side, its cards in the order of the file"},
     {"seed", WordKind::kSetUp, Seed, "seed N", "where the random source begins; without it at 0"},
+    {"random", WordKind::kSeeds, BeginAtSeed, "random seeds N", "in place of \"seed\": carries the scenario out N times, with the random source at 1, 2 and so on; the first seed that fails is told and ends it"},
     {"string", WordKind::kSetUp, CustomString, "string KEY TEXT...", "a custom string and its values"},
     {"set", WordKind::kSetUp, Set, "set [CARD] WORD VALUE", "sets a field of a card, or a value of the session"},
     {"answer", WordKind::kSetUp, Answer, "answer yes | no | text TEXT | notext | file PATH | nofile | message TEXT | pick CARD | deck | close",

@@ -89,6 +89,8 @@ void MessagesAre(Scene& scene, WordReader& line) {
   for (const std::string& message : scene.Desktop->Messages) {
     all += Joined(all.empty() ? "" : "\n", message);
   }
+  std::erase(all, '\r');
+  std::ranges::replace(all, '\n', ' ');
   ExpectText(scene, line, "messages", all);
 }
 
@@ -128,11 +130,11 @@ constexpr std::array<ScenarioWord, 16> kExpectations = {{
     {"quality", WordKind::kExpect, [](Scene& s, Line& line) { ExpectNumber(s, line, "quality", s.Last.Quality); }, "expect quality N", "how good it is: 0 none, 1 in part, 2 without a failure"},
     {"fail", WordKind::kExpect, [](Scene& s, Line& line) { ExpectText(s, line, "fail", State().FailReason); }, "expect fail TEXT", "why the last requirement failed"},
     {"said", WordKind::kExpect, [](Scene& s, Line& line) { ExpectText(s, line, "said", s.Said()); }, "expect said TEXT", "what the last action added to the report"},
-    {"banner", WordKind::kExpect, [](Scene& s, Line& line) { ExpectText(s, line, "banner", State().PhaseBanner); }, "expect banner TEXT", "all that scripts said this turn"},
+    {"banner", WordKind::kExpect, [](Scene& s, Line& line) { ExpectText(s, line, "banner", s.Banner()); }, "expect banner TEXT", "all that scripts said this turn; behind a turn, what they said in it"},
     {"page", WordKind::kExpect, PageIs, "expect page FILE TEXT", "a page, or another file of the program's folder"},
     {"nopage", WordKind::kExpect, FileIsNot, "expect nopage FILE", "there is no such file"},
     {"view", WordKind::kExpect, ViewIs, "expect view VIEW TEXT", "what WB, InPlayWB or CardDescWB show"},
-    {"messages", WordKind::kExpect, MessagesAre, "expect messages TEXT", "the message boxes that were shown"},
+    {"messages", WordKind::kExpect, MessagesAre, "expect messages TEXT", "the message boxes that were shown, one behind the other; line ends are blanks"},
     {"problems", WordKind::kExpect, ProblemsAre, "expect problems TEXT", "what was wrong in card files: \"FILE:LINE: TEXT\""},
     {"newaction", WordKind::kExpect, [](Scene& s, Line& line) { ExpectText(s, line, "newaction", State().PendingEffectText.View()); }, "expect newaction TEXT", "the action that an ADDEFFECT leaves for later"},
     {"unchanged", WordKind::kExpect, NothingChanged, "expect unchanged", "the last action changed nothing in the match"},

@@ -46,6 +46,7 @@ bool WriteName(Card& card, const std::string& text) {
 bool WriteOwner(Card& card, const std::string& text) {
   Card read;
   if (!Write<&Card::Owner>(read, text)) return false;
+  SetOwner(card, 1);  // as a file is read: a card of owner 3 keeps the bit of side 1
   SetOwner(card, read.Owner);
   return true;
 }

@@ -33,12 +33,10 @@ std::string ScenarioFindingLine(const ScenarioFinding& finding) {
   std::string line = ShownText(finding.File);
   if (finding.Line > 0) line += Joined(":", finding.Line);
   line += Joined(finding.Unreadable ? ": error: " : ": failed: ", finding.Text);
-  if (finding.Scenario.empty() && finding.Row == 0) return line;
-  line += Joined(" [", ShownText(finding.Scenario));
-  if (finding.Row > 0) {
-    line += Joined(finding.Scenario.empty() ? "" : ", ", "row at line ", finding.Row);
-  }
-  return line + "]";
+  std::string where = ShownText(finding.Scenario);
+  if (finding.Row > 0) where += Joined(where.empty() ? "" : ", ", "row at line ", finding.Row);
+  if (finding.Seed > 0) where += Joined(where.empty() ? "" : ", ", "seed ", finding.Seed);
+  return where.empty() ? line : Joined(line, " [", where, "]");
 }
 
 }  // namespace brindlemoor

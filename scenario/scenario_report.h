@@ -1,10 +1,23 @@
 // What scenarios came to: failed expectations and lines that could not be read.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace brindlemoor {
+
+/// A text that takes the place of another in a line of a file: what was there, for what was
+/// expected.
+struct AcceptedText {
+  std::string File;
+  int Line = 0;           ///< from 1
+  std::size_t Begin = 0;  ///< bytes, from the first one of the line that is no blank
+  std::size_t End = 0;
+  std::string Text;
+  bool IsMade = false;  ///< the file has it now
+};
 
 /// Something to tell, with the place of the line that it belongs to.
 struct ScenarioFinding {
@@ -12,12 +25,16 @@ struct ScenarioFinding {
   std::string File;
   int Line = 0;  ///< 0 is the file as a whole
   std::string Text;
-  std::string Scenario;  ///< name, "" for one without
-  int Row = 0;           ///< line of the table's row, 0 for none
+  std::string Scenario;                    ///< name, "" for one without
+  int Row = 0;                             ///< line of the table's row, 0 for none
+  int Seed = 0;                            ///< of "random seeds", 0 for none
+  std::optional<AcceptedText> Accepted{};  ///< the change after which it would hold
 };
 
 struct ScenarioReport {
   std::vector<ScenarioFinding> Findings;  ///< bounded
+  bool Accepts = false;                   ///< Held is wanted
+  std::vector<AcceptedText> Held;         ///< what holds now: no change may contradict it
   bool Traces = false;                    ///< Trace is wanted
   std::vector<std::string> Trace;         ///< actions that did nothing, a line each; bounded
   int Line = 0;                           ///< that is being carried out

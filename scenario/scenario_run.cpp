@@ -1,6 +1,7 @@
 // The road through a scenario file.
 #include "scenario/scenario_run.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <optional>
 
@@ -65,16 +66,31 @@ bool RunLines(Scene& scene, const std::vector<ScenarioLine>& lines, Budget& budg
 }
 
 /// False when the scenarios behind it would meet the same end.
-bool RunCase(const ScenarioText& text, const ScenarioCase& one, const ScenarioRow* row,
+bool RunCase(const ScenarioText& text, const ScenarioCase& one, const ScenarioRow* row, int seed,
              ScenarioLibrary& library, ScenarioReport& report, Budget& budget,
              const SceneWatcher& watch) {
   Scene scene{library, report, text, one, budget.Work, row};
+  scene.Seed = seed;
   ++report.Scenarios;
   OpenScene(scene, FolderOf(text.Files[0]));
   if (!RunLines(scene, text.Head, budget, watch)) return false;
   if (RunLines(scene, one.Lines, budget, watch)) CloseScene(scene);
   budget.Work -= State().Work.Total;
   return budget.Lines >= 0 && budget.Work >= 0;
+}
+
+/// Once, or for each of its seeds up to the first that fails.
+bool RunSeeds(const ScenarioText& text, const ScenarioCase& one, const ScenarioRow* row,
+              ScenarioLibrary& library, ScenarioReport& report, Budget& budget,
+              const SceneWatcher& watch) {
+  const int seeds = std::max(one.Seeds, text.Seeds);
+  if (seeds == 0) return RunCase(text, one, row, 0, library, report, budget, watch);
+  const int before = report.Failed + report.Unreadable;
+  for (int seed = 1; seed <= seeds; ++seed) {
+    if (!RunCase(text, one, row, seed, library, report, budget, watch)) return false;
+    if (report.Failed + report.Unreadable > before) break;
+  }
+  return true;
 }
 
 }  // namespace
@@ -85,17 +101,17 @@ void RunScenarioFile(const std::string& path, ScenarioLibrary& library, Scenario
   const ScenarioText text = ReadScenarioText(path, library.Machine());
   for (const ScenarioFault& fault : text.Faults) {
     report.Add({true, text.Files[static_cast<std::size_t>(fault.Place.File)], fault.Place.Line,
-                fault.Text, "", 0});
+                fault.Text, "", 0, 0});
   }
   if (!text.Faults.empty()) return;
   Budget budget;
   bool goesOn = true;
   for (const ScenarioCase& one : text.Cases) {
     if (one.Columns.empty() && goesOn) {
-      goesOn = RunCase(text, one, nullptr, library, report, budget, watch);
+      goesOn = RunSeeds(text, one, nullptr, library, report, budget, watch);
     }
     for (const ScenarioRow& row : one.Rows) {
-      if (goesOn) goesOn = RunCase(text, one, &row, library, report, budget, watch);
+      if (goesOn) goesOn = RunSeeds(text, one, &row, library, report, budget, watch);
     }
   }
   State() = Session{};

@@ -2,8 +2,10 @@
 #include "scenario/scenario_text.h"
 
 #include <algorithm>
+#include <charconv>
 #include <filesystem>
 
+#include "core/replacing.h"
 #include "core/strings.h"
 #include "scenario/machine_files.h"
 #include "scenario/scenario_report.h"
@@ -17,29 +19,58 @@ namespace {
 
 constexpr std::size_t kFileBytes = 4U << 20;
 constexpr int kIncludes = 100;
+constexpr int kSeeds = 10000;
 constexpr std::size_t kLines = 200000;
 constexpr std::size_t kFaults = 20;  // of a file; more would tell nothing new
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kBlockEnd = "end";
 
+/// Where the text in quotes ends that a cell begins with; 0 when it begins otherwise, or when more
+/// than blanks stand between that text and the next bar.
+std::size_t EndOfQuotedCell(std::string_view line) {
+  std::size_t at = line.find_first_not_of(kBlanks);
+  if (at == std::string_view::npos || line[at] != '"') return 0;
+  while (true) {
+    at = line.find('"', at + 1);
+    if (at == std::string_view::npos) return 0;
+    ++at;
+    if (at == line.size() || line[at] != '"') break;
+  }
+  const std::size_t next = line.find_first_not_of(kBlanks, at);
+  return next == std::string_view::npos || line[next] == '|' ? at : 0;
+}
+
+/// What a cell says: a text in quotes is written as everywhere, in others quotes are characters.
+std::string CellText(std::string_view cell) {
+  if (EndOfQuotedCell(cell) != cell.size() || cell.empty()) return std::string(cell);
+  return ReplacedCopy(cell.substr(1, cell.size() - 2), "\"\"", "\"");
+}
+
+/// What of a cell another text may take: all but a blank at each end.
+ScenarioSpan SpanOfCell(std::string_view cell, std::size_t begin) {
+  const std::size_t first = cell.starts_with(' ') ? 1 : 0;
+  const std::size_t last =
+      cell.size() > first && cell.ends_with(' ') ? cell.size() - 1 : cell.size();
+  return {begin + first, begin + last};
+}
+
 /// The cells between the bars of a table's line. A bar divides where blanks stand around it.
-std::vector<std::string> CellsOf(std::string_view line) {
-  std::vector<std::string> cells;
+ScenarioRow RowOf(ScenarioPlace place, std::string_view line) {
+  ScenarioRow row{place, {}, {}};
+  const char* const begin = line.data();
   line.remove_prefix(1);
   while (true) {
-    std::size_t bar = line.find('|');
+    std::size_t bar = line.find('|', EndOfQuotedCell(line));
     while (bar != std::string_view::npos &&
            ((bar > 0 && kBlanks.find(line[bar - 1]) == std::string_view::npos) ||
             (bar + 1 < line.size() && kBlanks.find(line[bar + 1]) == std::string_view::npos))) {
       bar = line.find('|', bar + 1);
     }
-    if (bar == std::string_view::npos && Trimmed(line).empty()) return cells;
-    std::string_view cell = Trimmed(line.substr(0, bar));
-    if (cell.size() >= 2 && cell.front() == '"' && cell.back() == '"') {
-      cell = cell.substr(1, cell.size() - 2);
-    }
-    cells.emplace_back(cell);
-    if (bar == std::string_view::npos) return cells;
+    if (bar == std::string_view::npos && Trimmed(line).empty()) return row;
+    const std::string_view cell = line.substr(0, bar);
+    row.Cells.push_back(CellText(Trimmed(cell)));
+    row.Spans.push_back(SpanOfCell(cell, static_cast<std::size_t>(cell.data() - begin)));
+    if (bar == std::string_view::npos) return row;
     line.remove_prefix(bar + 1);
   }
 }
@@ -124,6 +155,8 @@ class ScenarioParser {
       case WordKind::kScenario:
         BeginScenario(place, Trimmed(text.substr(line.Word->Word.size())));
         return nullptr;
+      case WordKind::kSeeds:
+        return KeepSeeds(std::move(line));
       case WordKind::kInclude:
         Include(line);
         return nullptr;
@@ -149,6 +182,21 @@ class ScenarioParser {
     return nullptr;
   }
 
+  ScenarioLine* KeepSeeds(ScenarioLine line) {
+    int seeds = 0;
+    const std::string_view number = line.Tokens.size() == 3 ? line.Tokens[2].Text : "";
+    const auto [end, failure] =
+        std::from_chars(number.data(), number.data() + number.size(), seeds);
+    const bool isNumber = failure == std::errc() && end == number.data() + number.size();
+    if (line.Tokens.size() != 3 || line.Tokens[1].Text != "seeds" || !isNumber || seeds < 1 ||
+        seeds > kSeeds) {
+      Fault(line.Place, Joined("Usage: ", line.Word->Usage, ", with N from 1 to ", kSeeds, "."));
+      return nullptr;
+    }
+    (out_.Cases.empty() ? out_.Seeds : out_.Cases.back().Seeds) = seeds;
+    return Keep(std::move(line));
+  }
+
   ScenarioLine* Keep(ScenarioLine line) {
     auto& lines = out_.Cases.empty() ? out_.Head : out_.Cases.back().Lines;
     if (line.Word->Kind == WordKind::kExpect && line.Word->Word == "unchanged") {
@@ -169,7 +217,7 @@ class ScenarioParser {
       return;
     }
     if (name.empty()) Fault(place, "The scenario has no name.");
-    out_.Cases.push_back({std::string(name), place, {}, {}, {}});
+    out_.Cases.push_back({std::string(name), place, {}, {}, {}, 0});
   }
 
   void ReadTableLine(ScenarioPlace place, std::string_view text) {
@@ -177,7 +225,8 @@ class ScenarioParser {
       Fault(place, "An included file holds no tables.");
       return;
     }
-    std::vector<std::string> cells = CellsOf(text);
+    ScenarioRow row = RowOf(place, text);
+    std::vector<std::string>& cells = row.Cells;
     ScenarioCase& present = Present();
     if (present.Columns.empty()) {
       if (cells.empty()) Fault(place, "The table has no columns.");
@@ -191,7 +240,7 @@ class ScenarioParser {
       Fault(place, Joined("The row has ", cells.size(), " cells, the table has ",
                           present.Columns.size(), " columns."));
     } else {
-      present.Rows.push_back({place, std::move(cells)});
+      present.Rows.push_back(std::move(row));
     }
   }
 
@@ -233,12 +282,16 @@ bool IsScenarioName(std::string_view text) {
 }
 
 std::string SplitScenarioLine(std::string_view line, std::vector<ScenarioToken>& tokens) {
+  const char* const begin = line.data();
+  const auto offset = [&] { return static_cast<std::size_t>(line.data() - begin); };
   while (!(line = line.substr(std::min(line.find_first_not_of(kBlanks), line.size()))).empty()) {
     ScenarioToken token;
+    token.Span.Begin = offset();
     if (line.front() != '"') {
       const std::size_t end = std::min(line.find_first_of(kBlanks), line.size());
       token.Text = line.substr(0, end);
       line.remove_prefix(end);
+      token.Span.End = offset();
       tokens.push_back(std::move(token));
       continue;
     }
@@ -256,6 +309,7 @@ std::string SplitScenarioLine(std::string_view line, std::vector<ScenarioToken>&
     if (!line.empty() && kBlanks.find(line.front()) == std::string_view::npos) {
       return "A blank is missing behind a text in double quotes.";
     }
+    token.Span.End = offset();
     tokens.push_back(std::move(token));
   }
   return "";

@@ -1,6 +1,7 @@
 // Scenario files as lines: what stands in a file before any of it is carried out.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,10 +11,17 @@ namespace brindlemoor {
 class MachineFiles;
 struct ScenarioWord;
 
+/// Bytes of a line, counted from its first one that is no blank; End is behind the last.
+struct ScenarioSpan {
+  std::size_t Begin = 0;
+  std::size_t End = 0;
+};
+
 /// A word of a line, or a text in double quotes.
 struct ScenarioToken {
   std::string Text;
   bool Quoted = false;
+  ScenarioSpan Span{};  ///< with the quotes
 };
 
 /// A line of a file; File is an index in ScenarioText::Files, Line counts from 1.
@@ -33,6 +41,7 @@ struct ScenarioLine {
 struct ScenarioRow {
   ScenarioPlace Place;
   std::vector<std::string> Cells;
+  std::vector<ScenarioSpan> Spans{};  ///< of the cells, with the blanks before the next bar
 };
 
 /// One scenario. With a table it is carried out once for each row.
@@ -42,6 +51,7 @@ struct ScenarioCase {
   std::vector<ScenarioLine> Lines;
   std::vector<std::string> Columns;
   std::vector<ScenarioRow> Rows;
+  int Seeds = 0;  ///< of "random seeds": it is carried out for each of them; 0 without
 };
 
 struct ScenarioFault {
@@ -54,6 +64,7 @@ struct ScenarioText {
   std::vector<std::string> Files;  ///< as named, the file itself first
   std::vector<ScenarioLine> Head;  ///< what every scenario begins with
   std::vector<ScenarioCase> Cases;
+  int Seeds = 0;                      ///< of "random seeds" in Head
   std::vector<ScenarioFault> Faults;  ///< bounded
 };
 

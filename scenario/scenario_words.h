@@ -14,6 +14,7 @@ struct Scene;
 enum class WordKind : std::uint8_t {
   kScenario,  ///< begins a scenario
   kInclude,   ///< the lines of another file
+  kSeeds,     ///< the scenario is carried out for many seeds
   kSetUp,     ///< lays something out; no script runs
   kBlock,     ///< the same, with the lines up to "end"
   kAct,       ///< lets the engine do something

@@ -26,7 +26,8 @@ ScenarioFinding FindingAt(const Scene& scene, bool unreadable, std::string text)
   const ScenarioPlace place = scene.Line != nullptr ? scene.Line->Place : scene.Case.Place;
   return {unreadable,      scene.Text.Files[static_cast<std::size_t>(place.File)],
           place.Line,      std::move(text),
-          scene.Case.Name, scene.Row != nullptr ? scene.Row->Place.Line : 0};
+          scene.Case.Name, scene.Row != nullptr ? scene.Row->Place.Line : 0,
+          scene.Seed};
 }
 
 /// True for the name of a text, or of a number of a card. Other braces are plain characters.
@@ -62,7 +63,11 @@ std::optional<std::string> FilledName(Scene& scene, std::string_view name) {
 
 }  // namespace
 
-void Scene::Fail(std::string text) { Report.Add(FindingAt(*this, false, std::move(text))); }
+void Scene::Fail(std::string text, std::optional<AcceptedText> change) {
+  ScenarioFinding finding = FindingAt(*this, false, std::move(text));
+  finding.Accepted = std::move(change);
+  Report.Add(std::move(finding));
+}
 
 void Scene::Stop(std::string text) {
   if (!Stopped) Report.Add(FindingAt(*this, true, std::move(text)));
@@ -75,8 +80,10 @@ bool Scene::WorkedTooMuch() {
   return true;
 }
 
-std::string_view Scene::Said() const {
-  const std::string_view banner = State().PhaseBanner;
+std::string Scene::Banner() const { return State().LastTurn.Said + State().PhaseBanner; }
+
+std::string Scene::Said() const {
+  const std::string banner = Banner();
   return banner.size() < BannerBefore ? banner : banner.substr(BannerBefore);
 }
 
@@ -103,6 +110,7 @@ void BeginAction(Scene& scene) {
     for (Card& card : scene.Aside) ApplyTraitActions(card, "");
     State().HpReport = 0;
   }
+  State().LastTurn.Said.clear();
   scene.BannerBefore = State().PhaseBanner.size();
   scene.Last = {};
   if (scene.Line->Watched) scene.DigestBefore = StateDigest();
@@ -154,10 +162,11 @@ std::string FilledIn(Scene& scene, const std::string& text) {
   }
 }
 
-WordReader::WordReader(Scene& scene, std::size_t first) : scene_(scene) {
+WordReader::WordReader(Scene& scene, std::size_t first)
+    : scene_(scene), first_(std::min(first, scene.Line->Tokens.size())) {
   const auto& tokens = scene.Line->Tokens;
-  first = std::min(first, tokens.size());
-  tokens_.assign(tokens.begin() + static_cast<std::ptrdiff_t>(first), tokens.end());
+  tokens_.assign(tokens.begin() + static_cast<std::ptrdiff_t>(first_), tokens.end());
+  scene.Compared.reset();
   for (ScenarioToken& token : tokens_) {
     if (token.Text.find('{') != std::string::npos) token.Text = FilledIn(scene, token.Text);
   }
@@ -175,7 +184,10 @@ bool WordReader::NextIsNumber() const {
 }
 
 std::string WordReader::Take(std::string_view what) {
-  if (!AtEnd()) return tokens_[next_++].Text;
+  if (!AtEnd()) {
+    scene_.Compared = {first_ + next_, 1};
+    return tokens_[next_++].Text;
+  }
   scene_.Stop(Joined(what, " is missing. Usage: ", scene_.Line->Word->Usage));
   return "";
 }
@@ -218,6 +230,7 @@ const PlaceRow* WordReader::TakePlace() {
 }
 
 std::string WordReader::TakeRest() {
+  scene_.Compared = {first_ + next_, tokens_.size() - next_};
   std::string rest;
   for (; !AtEnd(); ++next_) {
     rest += Joined(rest.empty() || tokens_[next_].Text.empty() ? "" : " ", tokens_[next_].Text);

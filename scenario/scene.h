@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/records.h"
@@ -51,6 +52,9 @@ struct Scene {
   std::map<std::string, CardHandle, std::less<>> Handles{};
   std::map<std::string, std::string, std::less<>> Texts{};  ///< of "let"
   Pile Aside{};                                             ///< cards that lie nowhere yet
+  /// The words of the line, by index and number, that its reader took last.
+  std::optional<std::pair<std::size_t, std::size_t>> Compared{};
+  int Seed = 0;                  ///< of "random seeds", from 1; 0 without such a line
   std::string CardInHand{};      ///< name of the card that "trait" and the like speak of
   bool Changed = false;          ///< cards were laid out since the last action
   bool Pristine = true;          ///< nothing of the session was laid out yet
@@ -66,14 +70,16 @@ struct Scene {
   std::string CopiedTargetName{};
   std::unique_ptr<SceneTrace> Trace{};  ///< empty when nobody asks why actions do nothing
 
-  /// A failed expectation.
-  void Fail(std::string text);
+  /// A failed expectation; change is what would make the file expect what was there.
+  void Fail(std::string text, std::optional<AcceptedText> change = std::nullopt);
   /// A line that can't be carried out; the scenario ends.
   void Stop(std::string text);
   /// True when the scripts of the file have done too much; the scenario is stopped then.
   bool WorkedTooMuch();
-  /// What the last action added to the banner.
-  std::string_view Said() const;
+  /// What scripts have said in this turn, the one that the last action took included.
+  std::string Banner() const;
+  /// What the last action added to that.
+  std::string Said() const;
 };
 
 /// A fresh session on files in memory over those of a folder.
@@ -115,6 +121,7 @@ class WordReader {
  private:
   Scene& scene_;
   std::vector<ScenarioToken> tokens_;
+  std::size_t first_;
   std::size_t next_ = 0;
 };
 

@@ -181,7 +181,7 @@ std::string StartMatch(const AutomaticMatchOptions& options, MatchTrace& trace) 
   if (!Desktop().Files().Exists(InProgramFolder(PlayerFileName(game)))) {
     return "The game's starter decks give no cards to play with.";
   }
-  State().Log->Events.clear();
+  *State().Log = {};
   trace.BeginMatch();
   ChooseGame(game, opponent);
   return "";

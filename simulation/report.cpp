@@ -38,7 +38,8 @@ std::vector<CardReport> CardReports(const Totals& totals) {
   std::vector<CardReport> cards;
   for (const auto& [id, sums] : totals.Cards) {
     cards.push_back({id, sums, WinRate(sums.WhenPlayed), WinRate(sums.WhenHeld),
-                     Average(sums.Tokens, sums.TokenMatches)});
+                     Average(sums.Tokens, sums.TokenMatches),
+                     WilsonShare(sums.Payable, sums.Judged), Average(sums.Worth, sums.Payable)});
   }
   std::ranges::stable_sort(cards, [](const CardReport& a, const CardReport& b) {
     const bool aKnown = a.WhenPlayed.Of > 0;
@@ -82,6 +83,10 @@ std::string FixedText(double number, int digits) {
 
 std::string PercentText(const Share& share) {
   return share.Of == 0 ? "-" : FixedText(100 * share.Value, 1) + " %";
+}
+
+std::string WorthText(const CardReport& card) {
+  return card.Sums.Payable == 0 ? "-" : FixedText(card.Worth, 1);
 }
 
 std::string IntervalText(const Share& share) {

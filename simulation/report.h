@@ -33,6 +33,8 @@ struct CardReport {
   Share WhenPlayed;
   Share WhenHeld;
   double Tokens = 0;  ///< on the average of the matches in which side 1 played it
+  Share Payable;      ///< how often it could be paid when the computer valued it
+  double Worth = 0;   ///< to the computer, on the average of those times
 };
 
 struct Report {
@@ -56,6 +58,8 @@ std::string ReportAsHtml(const Report& report);
 /// A number with so many digits behind the point.
 std::string FixedText(double number, int digits);
 /// A share as "93.2 %", "-" where nothing is known.
+/// What a card was worth on the average, "-" when it could never be paid.
+std::string WorthText(const CardReport& card);
 std::string PercentText(const Share& share);
 /// Its interval as "91.5 to 94.6 %".
 std::string IntervalText(const Share& share);

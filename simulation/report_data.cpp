@@ -53,7 +53,7 @@ std::string Known(const Share& share, double value) {
 
 using P = PairingReport;
 using C = CardReport;
-constexpr std::array<CsvColumn, 30> kColumns = {{
+constexpr std::array<CsvColumn, 33> kColumns = {{
     {"opponent", [](const P& p) { return CsvField(p.Opponent); }, nullptr},
     {"deck", [](const P& p) { return CsvField(p.Deck); }, nullptr},
     {"card", nullptr, [](const C& c) { return CsvField(c.Id); }},
@@ -90,6 +90,10 @@ constexpr std::array<CsvColumn, 30> kColumns = {{
     {"won_held", nullptr, [](const C& c) { return Known(c.WhenHeld, c.WhenHeld.Value); }},
     {"won_held_low", nullptr, [](const C& c) { return Known(c.WhenHeld, c.WhenHeld.Low); }},
     {"won_held_high", nullptr, [](const C& c) { return Known(c.WhenHeld, c.WhenHeld.High); }},
+    {"judged", nullptr, [](const C& c) { return Joined(c.Sums.Judged); }},
+    {"payable", nullptr, [](const C& c) { return Known(c.Payable, c.Payable.Value); }},
+    {"worth", nullptr,
+     [](const C& c) { return c.Sums.Payable == 0 ? "" : FixedText(c.Worth, kDigits); }},
 }};
 
 void AddRow(std::string& out, const CsvRow& row) {
@@ -181,6 +185,9 @@ std::string JsonCard(const CardReport& card) {
   object.Add("whenPlayed", JsonScore(card.Sums.WhenPlayed, card.WhenPlayed));
   object.Add("whenHeld", JsonScore(card.Sums.WhenHeld, card.WhenHeld));
   object.Add("tokens", FixedText(card.Tokens, kDigits));
+  object.Add("judged", Joined(card.Sums.Judged));
+  object.Add("payable", JsonShare(card.Payable));
+  object.Add("worth", card.Sums.Payable == 0 ? "null" : FixedText(card.Worth, kDigits));
   return object.Text();
 }
 

@@ -111,17 +111,24 @@ std::string PairingCharts(const Report& report) {
 }
 
 std::string CardTable(const Report& report) {
-  constexpr Column kColumns[] = {
-      {"Card", true},           {"Unique ID", true},        {"Drawn", false},
-      {"Played", false},        {"Won when played", false}, {"95 % interval", false},
-      {"Won when held", false}, {"95 % interval", false},   {"Tokens", false}};
+  constexpr Column kColumns[] = {{"Card", true},
+                                 {"Unique ID", true},
+                                 {"Drawn", false},
+                                 {"Played", false},
+                                 {"Won when played", false},
+                                 {"95 % interval", false},
+                                 {"Won when held", false},
+                                 {"95 % interval", false},
+                                 {"Tokens", false},
+                                 {"Payable", false},
+                                 {"Worth", false}};
   std::string html = "<div class=\"wide\"><table>\n" + HeadRow(kColumns);
   for (const CardReport& card : report.Cards) {
-    html += BodyRow(
-        {card.Sums.Name, card.Id, Joined(card.Sums.Drawn), Joined(card.Sums.Played),
-         PercentText(card.WhenPlayed), IntervalText(card.WhenPlayed), PercentText(card.WhenHeld),
-         IntervalText(card.WhenHeld), FixedText(card.Tokens, 1)},
-        2);
+    html += BodyRow({card.Sums.Name, card.Id, Joined(card.Sums.Drawn), Joined(card.Sums.Played),
+                     PercentText(card.WhenPlayed), IntervalText(card.WhenPlayed),
+                     PercentText(card.WhenHeld), IntervalText(card.WhenHeld),
+                     FixedText(card.Tokens, 1), PercentText(card.Payable), WorthText(card)},
+                    2);
   }
   return html + "</table></div>\n";
 }

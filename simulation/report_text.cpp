@@ -71,12 +71,14 @@ std::string ReportAsText(const Report& report) {
       Joined(TerminalText(SimulationLine(report.Setup)), "\n\n", Columns(pairings, 2));
   if (report.Cards.empty()) return out;
   std::vector<Row> cards = {{"Card", "Unique ID", "Drawn", "Played", "Won when played",
-                             "95 % interval", "Won when held", "95 % interval", "Tokens"}};
+                             "95 % interval", "Won when held", "95 % interval", "Tokens", "Payable",
+                             "Worth"}};
   for (const CardReport& card : report.Cards) {
     cards.push_back({TerminalText(card.Sums.Name), TerminalText(card.Id), Joined(card.Sums.Drawn),
                      Joined(card.Sums.Played), PercentText(card.WhenPlayed),
                      IntervalText(card.WhenPlayed), PercentText(card.WhenHeld),
-                     IntervalText(card.WhenHeld), FixedText(card.Tokens, 1)});
+                     IntervalText(card.WhenHeld), FixedText(card.Tokens, 1),
+                     PercentText(card.Payable), WorthText(card)});
   }
   return out + "\n" + Columns(cards, 2);
 }

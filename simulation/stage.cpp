@@ -225,7 +225,7 @@ PlayedMatch Stage::Play(std::uint64_t seed, int maximumTurns) {
   State() = seated_;
   lastSeed_ = seed;
   pages_ = {};
-  log_->Events.clear();
+  *log_ = {};
   desktop_->Restart(seed);
   SeedFromClock();
   Session& session = State();

@@ -2,6 +2,7 @@
 #include "simulation/totals.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "simulation/stage.h"
 
@@ -49,6 +50,20 @@ void AddUses(Totals& totals, int side, const PlayedMatch& outcome, const MatchLo
   }
 }
 
+/// A PRIORITY may be any number; beyond this it says no more.
+constexpr double kLargestWorth = 1'000'000;
+
+void AddWorths(Totals& totals, const MatchLog& log) {
+  for (const LoggedWorth& worth : log.Worths) {
+    CardTotals& card = totals.Cards[(worth.UniqueID.empty() ? worth.Name : worth.UniqueID).Str()];
+    TakeName(card.Name, worth.Name.Str());
+    ++card.Judged;
+    if (!worth.Payable) continue;
+    ++card.Payable;
+    card.Worth += std::llround(std::clamp(worth.Worth, -kLargestWorth, kLargestWorth));
+  }
+}
+
 }  // namespace
 
 Count SimulationSetup::OwnMatches() const {
@@ -93,6 +108,9 @@ CardTotals& CardTotals::operator+=(const CardTotals& other) {
   WhenHeld += other.WhenHeld;
   TokenMatches += other.TokenMatches;
   Tokens += other.Tokens;
+  Judged += other.Judged;
+  Payable += other.Payable;
+  Worth += other.Worth;
   return *this;
 }
 
@@ -122,6 +140,7 @@ void AddMatch(Totals& totals, int pairing, bool seatsChanged, const PlayedMatch&
       {ScoreOf(deckSide, outcome.Winner), outcome.Turns, outcome.Tokens};
   ++totals.Pairings[index].Lengths[outcome.Turns];
   for (int side = 1; side <= 2; ++side) AddUses(totals, side, outcome, log);
+  AddWorths(totals, log);
 }
 
 }  // namespace brindlemoor

@@ -86,6 +86,9 @@ struct CardTotals {
   Score WhenHeld;          ///< matches in which a side drew it and never played it
   Count TokenMatches = 0;  ///< matches in which side 1 played it
   Count Tokens = 0;        ///< that side 1 got in those
+  Count Judged = 0;        ///< how often the computer valued it in a hand
+  Count Payable = 0;       ///< how often it could be paid then
+  Count Worth = 0;         ///< sum of its worth where it could be paid, each rounded
 
   CardTotals& operator+=(const CardTotals& other);
   bool operator==(const CardTotals&) const = default;

@@ -14,9 +14,11 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::string_view kFirstLine = "brindle-sim\t2";
-/// Files of the first version have no checksum behind their last word.
-constexpr std::string_view kFirstLineBefore = "brindle-sim\t1";
+constexpr std::string_view kFirstLine = "brindle-sim\t3";
+/// Files of the second version say nothing of a card's worth, those of the first have no checksum
+/// behind their last word either.
+constexpr std::string_view kFirstLineOfSecond = "brindle-sim\t2";
+constexpr std::string_view kFirstLineOfFirst = "brindle-sim\t1";
 constexpr std::string_view kLastWord = "end";
 /// No sum of one file is larger; a million of them still add up without overflow.
 constexpr Count kLargestSum = 1'000'000'000'000;
@@ -116,7 +118,7 @@ bool IsScore(const Score& score) {
 
 class Reader {
  public:
-  explicit Reader(TotalsFile& file) : file_(file) {}
+  Reader(TotalsFile& file, bool hasWorth) : file_(file), hasWorth_(hasWorth) {}
   /// False for a line that is not understood.
   bool Take(const std::vector<std::string_view>& fields) {
     for (const Row& row : kRows) {
@@ -197,11 +199,19 @@ class Reader {
     if (fields.size() < 3) return false;
     CardTotals card;
     card.Name = TextOfField(fields[2]);
-    return ReadCounts(fields, 3,
-                      {&card.Drawn, &card.Played, &card.WhenPlayed.Matches, &card.WhenPlayed.Wins,
-                       &card.WhenPlayed.Losses, &card.WhenHeld.Matches, &card.WhenHeld.Wins,
-                       &card.WhenHeld.Losses, &card.TokenMatches, &card.Tokens}) &&
-           IsScore(card.WhenPlayed) && IsScore(card.WhenHeld) && card.TokenMatches >= 0 &&
+    std::vector<Count*> sums = {&card.Drawn,
+                                &card.Played,
+                                &card.WhenPlayed.Matches,
+                                &card.WhenPlayed.Wins,
+                                &card.WhenPlayed.Losses,
+                                &card.WhenHeld.Matches,
+                                &card.WhenHeld.Wins,
+                                &card.WhenHeld.Losses,
+                                &card.TokenMatches,
+                                &card.Tokens};
+    if (hasWorth_) sums.insert(sums.end(), {&card.Judged, &card.Payable, &card.Worth});
+    return ReadCounts(fields, 3, sums) && IsScore(card.WhenPlayed) && IsScore(card.WhenHeld) &&
+           card.TokenMatches >= 0 && card.Payable >= 0 && card.Judged >= card.Payable &&
            file_.Sums.Cards.emplace(TextOfField(fields[1]), card).second;
   }
   bool End(const Fields& fields) {
@@ -210,6 +220,7 @@ class Reader {
   }
 
   TotalsFile& file_;
+  bool hasWorth_;
   bool ended_ = false;
 };
 
@@ -229,8 +240,8 @@ const std::array<Reader::Row, 13> Reader::kRows = {{
     {"end", &Reader::End},
 }};
 
-std::string ReadLines(Lines& lines, TotalsFile& file) {
-  Reader reader(file);
+std::string ReadLines(Lines& lines, TotalsFile& file, bool hasWorth) {
+  Reader reader(file, hasWorth);
   std::vector<std::string_view> fields;
   while (!reader.Ended() && lines.Next(fields)) {
     if (!reader.Take(fields)) return Joined("line ", lines.Number(), " is damaged");
@@ -306,7 +317,7 @@ void AddSums(std::string& out, const Totals& sums) {
     AddLine(out, "card", FieldText(id), FieldText(card.Name), card.Drawn, card.Played,
             card.WhenPlayed.Matches, card.WhenPlayed.Wins, card.WhenPlayed.Losses,
             card.WhenHeld.Matches, card.WhenHeld.Wins, card.WhenHeld.Losses, card.TokenMatches,
-            card.Tokens);
+            card.Tokens, card.Judged, card.Payable, card.Worth);
   }
 }
 
@@ -340,15 +351,16 @@ std::string SumsText(const Totals& sums) {
 std::string ReadSums(std::string_view text, const SimulationSetup& setup, Totals& sums) {
   TotalsFile file{setup, {}};
   Lines lines(text);
-  std::string problem = ReadLines(lines, file);
+  std::string problem = ReadLines(lines, file, true);
   sums = std::move(file.Sums);
   return problem;
 }
 
 std::string ReadTotals(std::string_view bytes, TotalsFile& file) {
   file = {};
-  const bool hasChecksum = BeginsWithLine(bytes, kFirstLine);
-  if (!hasChecksum && !BeginsWithLine(bytes, kFirstLineBefore)) {
+  const bool hasWorth = BeginsWithLine(bytes, kFirstLine);
+  const bool hasChecksum = hasWorth || BeginsWithLine(bytes, kFirstLineOfSecond);
+  if (!hasChecksum && !BeginsWithLine(bytes, kFirstLineOfFirst)) {
     return "it is no file of a simulation that this program can read";
   }
   if (std::string problem = LastLineProblem(bytes, hasChecksum); !problem.empty()) return problem;
@@ -357,7 +369,7 @@ std::string ReadTotals(std::string_view bytes, TotalsFile& file) {
   Lines lines(text);
   std::vector<std::string_view> fields;
   lines.Next(fields);
-  if (std::string problem = ReadLines(lines, file); !problem.empty()) return problem;
+  if (std::string problem = ReadLines(lines, file, hasWorth); !problem.empty()) return problem;
   const SimulationSetup& setup = file.Setup;
   if (setup.Opponents.empty() || setup.Decks.empty() || setup.Matches < 1 ||
       setup.Opponents.size() * setup.Decks.size() > kMostPairings) {

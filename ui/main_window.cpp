@@ -173,6 +173,11 @@ bool LeaveEndedGame() {
   return true;
 }
 
+bool MainWindow::TakesTurns() const {
+  const Session& state = State();
+  return state.GameOver == 1 || state.CurrentGame != 0 || state.TestFromEditor != 0;
+}
+
 void MainWindow::Command1_Click() {
   Session& state = State();
   if (state.TurnRunning == 1) return;
@@ -180,8 +185,7 @@ void MainWindow::Command1_Click() {
     LeaveEndedGame();
     return;
   }
-  // At the game list there is no turn to take.
-  if (state.CurrentGame == 0 && state.TestFromEditor == 0) return;
+  if (!TakesTurns()) return;
   History.NoteBefore();
   TakeTurn(0);
   StorePlayer();

@@ -66,6 +66,8 @@ struct MainWindow : Form {
 
   void Form_Load();
   void Command1_Click();
+  /// False at the list of games, where the turn button does nothing.
+  bool TakesTurns() const;
   void backbutton_Click();
   void Picture2_MouseMove(int position);
   /// A table card that the pointer or the focus came to is shown beside the report.

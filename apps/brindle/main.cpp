@@ -19,9 +19,11 @@ constexpr std::array<ToolCommand, 10> kCommands = {{
      "Checks a game, carries out the tests in its folder \"tests\" and plays some matches, again "
      "whenever a file changes.",
      RunWatch},
-    {"scenario", "scenario FILE|FOLDER... [--trace] [--words]",
-     "Carries out tests of cards. --trace tells which actions did nothing, and why. --words lists "
-     "what they are written with.",
+    {"scenario", "scenario FILE|FOLDER... [--trace] [--accept] [--words]",
+     "Carries out tests of cards. --trace tells which actions did nothing, and why. --accept "
+     "writes "
+     "into the files what was there in place of what they expected. --words lists what they are "
+     "written with.",
      RunScenario},
     {"sim",
      "sim [FOLDER] [--game NAME] [--matches N] [--seed N] [--turns N] [--decks] [--jobs J] "

@@ -2,8 +2,13 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <map>
 
 #include "apps/brindle/commands.h"
+#include "apps/brindle/output_file.h"
+#include "core/strings.h"
+#include "platform/files.h"
+#include "scenario/accepting.h"
 #include "scenario/card_places.h"
 #include "scenario/scenario_fields.h"
 #include "scenario/scenario_run.h"
@@ -19,8 +24,10 @@ namespace fs = std::filesystem;
 struct ScenarioOptions {
   bool Words = false;
   bool Trace = false;
+  bool Accept = false;
 };
-constexpr std::array<Option<ScenarioOptions>, 2> kOptions = {{
+constexpr std::array<Option<ScenarioOptions>, 3> kOptions = {{
+    {"--accept", [](ScenarioOptions& o, std::string_view) { return o.Accept = true; }, true},
     {"--trace", [](ScenarioOptions& o, std::string_view) { return o.Trace = true; }, true},
     {"--words", [](ScenarioOptions& o, std::string_view) { return o.Words = true; }, true},
 }};
@@ -56,6 +63,37 @@ std::vector<std::string> FilesOf(const std::string& operand) {
   return files;
 }
 
+/// Writes into the files what was there in place of what they expected, and takes those findings
+/// out of the report. False when a file could not be written.
+bool Accept(ScenarioReport& report) {
+  std::map<std::string, std::vector<AcceptedText*>> changes;
+  for (ScenarioFinding& finding : report.Findings) {
+    if (finding.Accepted) changes[finding.Accepted->File].push_back(&*finding.Accepted);
+  }
+  for (AcceptedText& held : report.Held) {
+    const auto ofFile = changes.find(held.File);
+    if (ofFile != changes.end()) ofFile->second.push_back(&held);
+  }
+  for (const auto& [path, ofFile] : changes) {
+    const auto bytes = LocalFileSystem().Read(path);
+    const std::string changed = WithAccepted(bytes.value_or(""), ofFile);
+    const std::string problem = bytes && changed != *bytes ? WriteOutput(path, changed) : "";
+    if (!problem.empty()) {
+      Refuse(problem, kFailure);
+      return false;
+    }
+  }
+  std::erase_if(report.Findings, [&](const ScenarioFinding& finding) {
+    if (!finding.Accepted || !finding.Accepted->IsMade) return false;
+    const AcceptedText& made = *finding.Accepted;
+    std::cout << made.File << ':' << made.Line << ": accepted: " << Trimmed(made.Text) << '\n';
+    --report.Failed;
+    return true;
+  });
+  report.Held.clear();
+  return true;
+}
+
 /// What a file came to, at once: a later one may take long.
 void Print(ScenarioReport& report) {
   for (const std::string& line : report.Trace) std::cout << line << '\n';
@@ -82,11 +120,13 @@ int RunScenario(Arguments arguments) {
   ScenarioLibrary library;
   ScenarioReport report;
   report.Traces = options.Trace;
+  report.Accepts = options.Accept;
   for (const std::string& operand : operands) {
     const std::vector<std::string> files = FilesOf(operand);
     if (files.empty()) return WrongUsage("there are no text files in ", operand);
     for (const std::string& file : files) {
       RunScenarioFile(file, library, report);
+      if (options.Accept && !Accept(report)) return kFailure;
       Print(report);
     }
   }

@@ -91,10 +91,26 @@ TEST_F(OpponentTest, CardsAreWorthWhatTheirActionsCanDo) {
   };
   for (const auto& row : cases) {
     Card card = HandCard("Card", row.Actions, row.Priority);
-    EXPECT_EQ(ValueCardForAI(card), row.Worth) << row.What;
+    EXPECT_EQ(ValueCardForAI(card).OfActions, row.Worth) << row.What;
     EXPECT_EQ(GetTrait(card, "AILOVE").Str(), row.Love) << row.What;
     EXPECT_EQ(card.InPlay, 0) << row.What;
   }
+}
+
+TEST_F(OpponentTest, AWorthIsToldByItsParts) {
+  Card card = HandCard("Card",
+                       {{"ENEMYPLAYER", kClean},
+                        {"OWNER", kNever, "AIREQ"},
+                        {"RANDOM", kNever, "AIREQ"},
+                        {"ALL", kClean, "COSTMOD"}},
+                       ":7");
+  EXPECT_EQ(
+      WorthText(card, ValueCardForAI(card, WorthDetail::kTrials)),
+      "3: -4 of its actions, PRIORITY 7; action 1 PHASE1 at Player 1: 2; action 2 AIREQ at Player "
+      "2: -3; action 3 AIREQ without a target: -1; action 4 COSTMOD untried: 1");
+  card = HandCard("Dear", {{"OWNER", kNever, "COST"}, {"RANDOM", kClean}}, ":150");
+  EXPECT_EQ(WorthText(card, ValueCardForAI(card, WorthDetail::kTrials)),
+            "50: -100 as it can't be paid, PRIORITY 150");
 }
 
 TEST_F(OpponentTest, PlaysTheBestFirst) {

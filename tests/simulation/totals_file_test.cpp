@@ -5,12 +5,15 @@
 
 #include "simulation/stage.h"
 #include "tests/simulation/merged_shards.h"
+#include "text/hash.h"
 #include "text/text.h"
 
 namespace brindlemoor {
 namespace {
 
-MatchLog LogOf(const std::vector<LoggedEvent>& events) { return {events}; }
+MatchLog LogOf(const std::vector<LoggedEvent>& events, double worth) {
+  return {events, {{"A1", "Imp", true, worth}, {"A1", "Imp", false, -98}}};
+}
 
 SimulationSetup TwoPairings() {
   SimulationSetup setup;
@@ -40,7 +43,8 @@ NamedTotals ShardOf(int shard, int shards) {
                LogOf({{MatchEvent::kDrawn, 1, "A1", "Imp"},
                       {MatchEvent::kDrawn, 1, "A1", "Imp"},
                       {MatchEvent::kPlayed, 1 + number % 2, "A1", "Imp"},
-                      {MatchEvent::kDrawn, 2, "", "No id\n"}}));
+                      {MatchEvent::kDrawn, 2, "", "No id\n"}},
+                     number == 0 ? 1e300 : number));
     }
   }
   named.File.Sums.Pairings.resize(static_cast<std::size_t>(setup.Pairings()));
@@ -61,6 +65,9 @@ TEST(TotalsFileTest, ComesBackAsItWasWritten) {
   EXPECT_EQ(imp.WhenHeld.Matches, 4) << "drawn by side 1 and played by side 2";
   EXPECT_EQ(imp.TokenMatches, 6);
   EXPECT_EQ(imp.Tokens, 2 * (0 - 2 - 4));
+  EXPECT_EQ(imp.Judged, 20);
+  EXPECT_EQ(imp.Payable, 10);
+  EXPECT_EQ(imp.Worth, 2 * (1'000'000 + 1 + 2 + 3 + 4));
   EXPECT_EQ(read.Sums.Cards.at("No id\n").Name, "No id\n");
 }
 
@@ -77,17 +84,36 @@ TEST(TotalsFileTest, AnyChangedByteIsRefused) {
             "it is damaged: its checksum is another one");
 }
 
-/// The same file as the first version wrote it: without a checksum.
-std::string OfFirstVersion(std::string text) {
-  text.replace(text.find("\t2\n"), 3, "\t1\n");
-  return text.substr(0, text.rfind("end\t")) + "end\n";
+/// The same file as an older version wrote it: without worths, the first without a checksum.
+std::string OfVersion(int version, std::string text) {
+  text.replace(text.find("\t3\n"), 3, Joined("\t", version, "\n"));
+  text.resize(text.rfind("end\t"));
+  for (std::size_t line = text.find("\ncard\t"); line != text.npos;
+       line = text.find("\ncard\t", line + 1)) {
+    std::size_t end = text.find('\n', line + 1);
+    for (int field = 0; field < 3; ++field) {
+      const std::size_t tab = text.rfind('\t', end);
+      text.erase(tab, end - tab);
+      end = tab;
+    }
+  }
+  return version == 1 ? text + "end\n" : Joined(text, "end\t", HashOf(text), "\n");
+}
+
+/// The sums as older versions counted them.
+Totals WithoutWorths(Totals sums) {
+  for (auto& [id, card] : sums.Cards) card.Judged = card.Payable = card.Worth = 0;
+  return sums;
 }
 
 TEST(TotalsFileTest, DamageOfTheFirstVersionIsRefused) {
-  const std::string whole = OfFirstVersion(TotalsText(ShardOf(1, 2).File));
+  const TotalsFile written = ShardOf(1, 2).File;
+  const std::string whole = OfVersion(1, TotalsText(written));
   TotalsFile file;
-  EXPECT_EQ(ReadTotals(whole, file), "");
-  EXPECT_EQ(file.Sums, ShardOf(1, 2).File.Sums);
+  for (const int version : {1, 2}) {
+    EXPECT_EQ(ReadTotals(OfVersion(version, TotalsText(written)), file), "") << version;
+    EXPECT_EQ(file.Sums, WithoutWorths(written.Sums)) << version;
+  }
   for (std::size_t size = 0; size < whole.size(); ++size) {
     EXPECT_NE(ReadTotals(whole.substr(0, size), file), "") << "cut at " << size;
   }
@@ -99,7 +125,7 @@ TEST(TotalsFileTest, DamageOfTheFirstVersionIsRefused) {
   };
   const std::pair<std::string, std::string> cases[] = {
       {"hello\n", "it is no file of a simulation that this program can read"},
-      {with("brindle-sim\t1", "brindle-sim\t3"),
+      {with("brindle-sim\t1", "brindle-sim\t4"),
        "it is no file of a simulation that this program can read"},
       {with("brindle-sim\t1", "brindle-sim\t2"), "it is damaged: its checksum is another one"},
       {with("shard\t1\t2", "shard\t3\t2"), "line 8 is damaged"},
