@@ -31,7 +31,7 @@ constexpr std::array<FindingRow, static_cast<std::size_t>(C::kCount)> kRows = {{
     {"missing-include", C::kMissingInclude, kError, "an included file that is not there"},
     {"missing-reference", C::kMissingReference, kError, "a card of another file that is not there"},
     {"missing-picture", C::kMissingPicture, kWarning, "a picture that is not there"},
-    {"duplicate-id", C::kDuplicateId, kError, "two different cards with one unique ID"},
+    {"duplicate-id", C::kDuplicateUniqueId, kError, "two different cards with one unique ID"},
     {"missing-id", C::kMissingId, kWarning, "a card of another file without a unique ID: nothing is taken from there"},
     {"markup-in-name", C::kMarkupInName, kWarning, "a name with markup, which scripts and lists have to repeat"},
     {"twofold-include", C::kTwofoldInclude, kWarning, "a file that is included twice: its cards come twice"},

@@ -28,7 +28,7 @@ enum class FindingCode : std::uint8_t {
   kMissingInclude,
   kMissingReference,
   kMissingPicture,
-  kDuplicateId,
+  kDuplicateUniqueId,
   kMissingId,
   kMarkupInName,
   kTwofoldInclude,

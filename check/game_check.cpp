@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "check/card_set.h"
+#include "check/check_session.h"
 #include "check/deck_check.h"
 #include "check/file_check.h"
 #include "check/name_check.h"
@@ -15,11 +16,8 @@
 #include "core/state.h"
 #include "data/card_reader.h"
 #include "data/profiles.h"
-#include "game/session_opening.h"
 #include "language/program_traits.h"
 #include "lint/word_distance.h"
-#include "platform/headless/headless_platform.h"
-#include "platform/headless/overlay_files.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -44,29 +42,6 @@ bool HoldsGame(const std::string& folder) {
   }
   return false;
 }
-
-/// A session of its own on the files of the present one, which comes back at the end.
-class CheckSession {
- public:
-  CheckSession() : before_(std::exchange(State(), Session{})) {}
-  ~CheckSession() {
-    before_.Desktop->Files().KeepTo(before_.ProgramFolder);
-    State() = std::move(before_);
-  }
-  CheckSession(const CheckSession&) = delete;
-  CheckSession& operator=(const CheckSession&) = delete;
-
-  void Begin(const std::string& folder, OverlayFileSystem::Test hides) {
-    auto desktop = std::make_shared<HeadlessPlatform>(
-        std::make_unique<OverlayFileSystem>(before_.Desktop->Files(), std::move(hides)));
-    desktop->AcceptMessages = true;
-    OpenSession(std::move(desktop), folder);
-    State().Profile.PlayerName = "Check";  // nobody is asked for a name
-  }
-
- private:
-  Session before_;
-};
 
 /// Custom strings are known to messages of every file.
 void TakeCustomStrings(const CardSet& set) {

@@ -28,6 +28,11 @@ const LanguageServer::RequestRow* LanguageServer::FindRequest(std::string_view m
   static constexpr auto kRows = std::to_array<RequestRow>({
       {"initialize", &S::Initialize},
       {"shutdown", &S::ShutDown},
+      {"textDocument/completion", &S::Complete},
+      {"textDocument/hover", &S::Hover},
+      {"textDocument/definition", &S::Define},
+      {"textDocument/prepareRename", &S::PrepareRename},
+      {"textDocument/rename", &S::Rename},
   });
   const auto* row = std::ranges::find(kRows, method, &RequestRow::Method);
   return row == kRows.end() ? nullptr : row;
@@ -165,10 +170,18 @@ LanguageServer::Answer LanguageServer::Initialize(const Json& params) {
   if (ListHolds(units, "utf-8")) units_ = PositionUnits::kUtf8;
   watchesFiles_ =
       FlagIn(params, {"capabilities", "workspace", "didChangeWatchedFiles", "dynamicRegistration"});
+  takesMarkdown_ = ListHolds(
+      ValueIn(params, {"capabilities", "textDocument", "hover", "contentFormat"}), "markdown");
+  const bool asksBefore =
+      FlagIn(params, {"capabilities", "textDocument", "rename", "prepareSupport"});
   constexpr int kPieces = 2;  // of a text that changes, not all of it
   Json capabilities = {
       {"positionEncoding", units_ == PositionUnits::kUtf8 ? "utf-8" : "utf-16"},
       {"textDocumentSync", {{"openClose", true}, {"change", kPieces}, {"save", true}}},
+      {"completionProvider", {{"triggerCharacters", {"#", ":", "/", ",", " ", "\""}}}},
+      {"hoverProvider", true},
+      {"definitionProvider", true},
+      {"renameProvider", asksBefore ? Json{{"prepareProvider", true}} : Json(true)},
   };
   return {{{"capabilities", std::move(capabilities)}, {"serverInfo", {{"name", "brindle"}}}}};
 }

@@ -5,6 +5,7 @@
 #include <deque>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -64,6 +65,20 @@ class LanguageServer {
   // Requests.
   Answer Initialize(const Json& params);
   Answer ShutDown(const Json& params);
+  Answer Complete(const Json& params);
+  Answer Hover(const Json& params);
+  Answer Define(const Json& params);
+  Answer PrepareRename(const Json& params);
+  Answer Rename(const Json& params);
+
+  /// A byte of an open text.
+  struct Place {
+    std::string Path;
+    std::string_view Text{};
+    std::size_t Byte = 0;
+  };
+  std::optional<Place> PlaceIn(const Json& params) const;
+  static Answer NoPlace();
 
   // Notifications.
   void BeginWork(const Json& params);
@@ -85,6 +100,7 @@ class LanguageServer {
   std::map<std::string, std::string> published_;  ///< findings by path, as they were told last
   PositionUnits units_ = PositionUnits::kUtf16;
   bool watchesFiles_ = false;  ///< the editor can tell of files that change
+  bool takesMarkdown_ = false;
   bool isInitialized_ = false;
   bool isShutDown_ = false;
   bool hasEnded_ = false;
