@@ -37,7 +37,7 @@ void FileCheck::Trait(const CheckedField& field) {
     return;
   }
   traits_.insert(FoldUpper(name));
-  Gives(name);
+  Gives(name, field.Offset);
   const std::string_view value = text.substr(std::min(text.size(), name.size() + 1));
   const std::size_t offset = field.Offset + static_cast<std::size_t>(value.data() - text.data());
   if (isRules_ && name == "TRAITGRAPHIC") {
@@ -75,6 +75,7 @@ void FileCheck::Script(const CheckedField& field) {
     Note(FieldOf(1), FindingCode::kLostAction, std::string(why));
   }
   Gather(field.Text, field.Offset);
+  GatherWriting(field.Text, field.Offset);
 }
 
 void FileCheck::EntryScripts(const CheckedField& field) {
@@ -120,7 +121,7 @@ void FileCheck::Gather(std::string_view script, std::size_t offset) {
       // A declaration is a trait of the action itself.
       const bool gives = argument.Role == CommandRole::kActs || argument.Word == "TRAIT";
       if (gives && !argument.Word.starts_with("REMOVE") && !argument.Word.starts_with("SUB")) {
-        Gives(argument.Text);
+        Gives(argument.Text, place(argument.Text));
       } else {
         Reads(argument.Text, place(argument.Text));
       }
@@ -138,13 +139,44 @@ void FileCheck::Gather(std::string_view script, std::size_t offset) {
                                                          file_.PlaceOf(place(argument.Text))});
     } else if (argument.Name == "NAME" && argument.Word == "CREATECARD" &&
                !IsComposed(argument.Text) && !argument.Next.empty() && !IsComposed(argument.Next)) {
+      if (claims_ != nullptr) claims_->Makes.emplace_back(argument.Text);
       FindCard(argument.Text, argument.Next, place(argument.Text), CardUse::kModel);
     }
   });
 }
 
-void FileCheck::Gives(std::string_view trait) {
+void FileCheck::GatherWriting(std::string_view script, std::size_t offset) {
+  TraitWriting writing{{}, file_.Path(), {}};
+  for (const ScriptField& field : FieldsOfScript(script)) {
+    if (field.Row == nullptr) return;
+    const bool isCommand = field.Name.empty();
+    const bool writes =
+        KindOfArgument(ArgumentNames(*field.Row).substr(0, ArgumentNames(*field.Row).find(' '))) ==
+        ArgumentKind::kTrait;
+    if (field.Row->Role == CommandRole::kRequires) continue;
+    if (isCommand && (field.Row->Role != CommandRole::kActs || !writes)) return;
+    if (isCommand || field.Name != "TRAIT") continue;
+    if (IsComposed(field.Text)) return;
+    if (writing.Traits.empty()) {
+      writing.Place =
+          file_.PlaceOf(offset + static_cast<std::size_t>(field.Text.data() - script.data()));
+    }
+    writing.Traits.push_back(FoldUpper(field.Text));
+  }
+  if (!writing.Traits.empty()) facts_.Writings.push_back(std::move(writing));
+}
+
+void FileCheck::NoteSpelling(std::string_view trait, std::size_t offset) {
+  if (IsComposed(trait)) return;
+  TraitSpelling& spelling = facts_.Spellings[FoldUpper(trait)][std::string(trait)];
+  if (++spelling.Count > 1) return;
+  spelling.File = file_.Path();
+  spelling.Place = file_.PlaceOf(offset);
+}
+
+void FileCheck::Gives(std::string_view trait, std::size_t offset) {
   if (trait.empty()) return;
+  NoteSpelling(trait, offset);
   const std::string name = FoldUpper(trait);
   facts_.GivenTraits.insert(name);
   // A bonus brings the trait that it adds to.
@@ -153,6 +185,7 @@ void FileCheck::Gives(std::string_view trait) {
 
 void FileCheck::Reads(std::string_view trait, std::size_t offset) {
   if (trait.empty() || IsComposed(trait)) return;
+  NoteSpelling(trait, offset);
   auto [entry, isNew] = facts_.ReadTraits.try_emplace(FoldUpper(trait));
   if (isNew) entry->second = {std::string(trait), file_.Path(), file_.PlaceOf(offset)};
 }

@@ -19,6 +19,8 @@ namespace {
 
 constexpr std::size_t kMostSuggestions = 100;  // of names in other files
 constexpr int kMostRarity = 255;
+/// A line with so many fields is a card with a text, in its last field.
+constexpr std::size_t kShortCardFields = 6;
 
 bool IsHexDigit(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
@@ -153,6 +155,7 @@ void FileCheck::Reference(const CheckedField& field) {
   hasCard_ = true;
   hasPlaceForCaption_ = false;
   isRules_ = false;
+  claims_ = nullptr;
 }
 
 void FileCheck::Number(const CheckedField& field) {
@@ -204,11 +207,15 @@ void FileCheck::NewCard(const CheckedField& field) {
          "Markup in a name counts as its letters: scripts, search and sorting have to repeat it. "
          "The colour of a card is a field of its own.");
   }
+  claims_ = nullptr;
   // The line of the game list is no card; what is said behind it goes to the card before.
   if (directive_->Word == "#CARD" && directive_->Fields[0].Text.ends_with("PLAYERCARD")) return;
   traits_.clear();
   isRules_ = directive_->Word == "#RULESCARD";
   hasPlaceForCaption_ = directive_->Word != "#COSTCARD";
+  if (directive_->Fields.size() >= kShortCardFields) {
+    BeginClaims(field.Text, directive_->Fields.back());
+  }
 }
 
 void FileCheck::TraitActionName(const CheckedField& field) {

@@ -56,8 +56,14 @@ class FileCheck {
   }
   void NoteAll(std::size_t offset, const std::vector<ScriptFinding>& found);
   void Gather(std::string_view script, std::size_t offset);
+  /// Notes a script that does nothing but change traits.
+  void GatherWriting(std::string_view script, std::size_t offset);
   void Reads(std::string_view trait, std::size_t offset);
-  void Gives(std::string_view trait);
+  void Gives(std::string_view trait, std::size_t offset);
+  void NoteSpelling(std::string_view trait, std::size_t offset);
+  /// Notes the words of a line; those of one that belongs to a card as the card's own, too.
+  void GatherLine(const CheckedDirective& directive);
+  void BeginClaims(std::string_view name, const CheckedField& description);
   void FindPicture(std::string_view name, std::size_t offset);
   /// Says so when a card file has no card of a name.
   void FindCard(std::string_view name, std::string_view cardFile, std::size_t offset, CardUse use);
@@ -77,6 +83,7 @@ class FileCheck {
   bool colorIsWrong_ =
       false;  ///< of the present directive: its other fields are not where they seem
   bool isRules_ = false;
+  CardClaims* claims_ = nullptr;  ///< of the card before, nullptr when it has none
   ActionSide side_ = ActionSide::kAny;
   std::unordered_set<std::string> included_;  ///< names, folded, with their locations
   std::unordered_set<std::string> traits_;    ///< folded, of the card before

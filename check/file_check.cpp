@@ -32,6 +32,7 @@ constexpr auto kScriptCodes = std::to_array<CodeRow>({
     {FindingKind::kActionIsLost, FindingCode::kLostAction},
     {FindingKind::kCountIsZero, FindingCode::kZeroCount},
     {FindingKind::kDiceAreStored, FindingCode::kStoredDice},
+    {FindingKind::kValueIsOdd, FindingCode::kOddValue},
 });
 
 struct FieldRow {
@@ -127,6 +128,7 @@ void FileCheck::Run() {
       if (directive.Moved && row.Check != &FileCheck::NewCard) continue;
       (this->*row.Check)(row.Field == 0 ? directive.Head : FieldOf(row.Field));
     }
+    GatherLine(directive);
   }
 }
 

@@ -16,6 +16,7 @@ namespace {
 using C = FindingCode;
 constexpr Severity kError = Severity::kError;
 constexpr Severity kWarning = Severity::kWarning;
+constexpr Severity kRemark = Severity::kRemark;
 
 // clang-format off
 constexpr std::array<FindingRow, static_cast<std::size_t>(C::kCount)> kRows = {{
@@ -52,17 +53,25 @@ constexpr std::array<FindingRow, static_cast<std::size_t>(C::kCount)> kRows = {{
     {"lost-action", C::kLostAction, kWarning, "an action that never runs with its target and trigger"},
     {"zero-count", C::kZeroCount, kWarning, "a count of 0"},
     {"stored-dice", C::kStoredDice, kWarning, "dice that are stored as a text and never rolled"},
+    {"odd-value", C::kOddValue, kWarning, "a value that counts otherwise than it reads"},
     {"trait-never-given", C::kTraitNeverGiven, kWarning, "a trait that is asked for and that no card ever has"},
+    {"trait-never-read", C::kTraitNeverRead, kWarning, "a script that changes only traits that nothing reads or shows"},
+    {"trait-case", C::kTraitCase, kWarning, "a trait that is written in another case of letters elsewhere"},
+    {"card-text", C::kCardText, kRemark, "a number or trait of a card's text that its scripts and traits do not know"},
     {"unknown-deck-rule", C::kUnknownDeckRule, kError, "a word of the deck rules that is none"},
     {"deck-rule", C::kDeckRule, kWarning, "a deck that breaks the rules of its game"},
     {"duplicate-game", C::kDuplicateGame, kError, "a game with the name of another one; it is not listed"},
     {"duplicate-file", C::kDuplicateFile, kWarning, "two card files of one name in folders that are searched for it"},
+    {"foreign-file", C::kForeignFile, kWarning, "a card file of another game"},
 }};
 // clang-format on
 
-std::string_view WordOf(Severity level) { return level == kError ? "error" : "warning"; }
-
 }  // namespace
+
+std::string_view WordOf(Severity level) {
+  constexpr std::array<std::string_view, 3> kWords = {"error", "warning", "remark"};
+  return kWords[static_cast<std::size_t>(level)];
+}
 
 std::span<const FindingRow> FindingRows() { return kRows; }
 

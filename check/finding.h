@@ -12,7 +12,11 @@ namespace brindlemoor {
 enum class Severity : std::uint8_t {
   kError,    ///< the engine leaves something out
   kWarning,  ///< the engine takes it; an author would hardly mean it
+  kRemark,   ///< two things that an author wrote do not agree; perhaps both are meant
 };
+
+/// "error", "warning" or "remark".
+std::string_view WordOf(Severity level);
 
 /// The kinds of findings, in the order of FindingRows().
 enum class FindingCode : std::uint8_t {
@@ -49,11 +53,16 @@ enum class FindingCode : std::uint8_t {
   kLostAction,
   kZeroCount,
   kStoredDice,
+  kOddValue,
   kTraitNeverGiven,
+  kTraitNeverRead,
+  kTraitCase,
+  kCardText,
   kUnknownDeckRule,
   kDeckRule,
   kDuplicateGame,
   kDuplicateFile,
+  kForeignFile,
   kCount
 };
 

@@ -11,12 +11,13 @@
 #include "check/deck_check.h"
 #include "check/file_check.h"
 #include "check/name_check.h"
+#include "check/text_check.h"
+#include "check/trait_check.h"
 #include "core/desktop.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "data/card_reader.h"
 #include "data/profiles.h"
-#include "language/program_traits.h"
 #include "lint/word_distance.h"
 #include "text/text.h"
 
@@ -50,19 +51,6 @@ void TakeCustomStrings(const CardSet& set) {
       if (directive.Word != "#CUSTOMSTRING") continue;
       AddCustomString(directive.Fields[0].Text, directive.Fields[1].Text);
     }
-  }
-}
-
-void CheckTraits(const SetFacts& facts, std::vector<Finding>& findings) {
-  std::vector<std::string_view> given(facts.GivenTraits.begin(), facts.GivenTraits.end());
-  std::ranges::sort(given);
-  for (const auto& [folded, reading] : facts.ReadTraits) {
-    if (facts.GivenTraits.contains(folded) || folded == "#ANY#") continue;
-    const ProgramTrait* own = FindProgramTrait(folded);
-    if (own != nullptr && own->IsGiven) continue;
-    findings.push_back({reading.File, reading.Place, FindingCode::kTraitNeverGiven,
-                        Joined("No card has or gets the trait \"", reading.Name, "\"."),
-                        NearestWord(folded, given)});
   }
 }
 
@@ -149,6 +137,7 @@ class Check {
     }
     const SetFacts facts = CheckFiles(set);
     CheckTraits(facts, result_.Findings);
+    CheckCardTexts(facts, result_.Findings);
     CheckStoreCards(facts, result_.Findings);
     CheckNames(set, shown, result_.Findings);
     CheckDecks(path, shown, result_.Findings);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <map>
 
+#include "check/foreign_file_check.h"
 #include "core/paths.h"
 #include "core/state.h"
 #include "game/game_list.h"
@@ -63,6 +64,7 @@ void CheckNames(const CardSet& set, const std::string& shownFolder,
                 std::vector<Finding>& findings) {
   CheckGames(set, shownFolder, findings);
   CheckFileNames(set, shownFolder, findings);
+  CheckForeignFiles(set, shownFolder, findings);
 }
 
 }  // namespace brindlemoor

@@ -31,8 +31,9 @@ constexpr std::string_view kRules =
 *** Four cards at the beginning, in each turn one more, and 2 MANA.
 #EFFECT, ALL, GAMESTART, "REQTRAIT:PLAYER:DRAWCARDS:4"
 #EFFECT, ALL, TURNSTART, "REQTRAIT:PLAYER:MODTRAIT:MANA:2:DRAWCARDS:1"
-*** Who has no hit points left has lost. A victory pays tokens.
-#EFFECT, ALL, TURNEND, "REQTRAIT:PLAYER:REQENEMY:REQTRAITLESS:HP:0:ECHO:You have won!:MODTOKENS:10:WINGAME"
+*** Who has no hit points left has lost; where both fall in one turn, who has not more than the
+*** other. A victory pays tokens.
+#EFFECT, ALL, TURNEND, "REQTRAIT:PLAYER:REQENEMY:REQTRAITLESS:HP:0:REQMYOWNERTRAITMORE:HP:TARGTRAIT/HP/TRAITPLUS1/PLUS1:ECHO:You have won!:MODTOKENS:10:WINGAME"
 #EFFECT, ALL, TURNEND, "REQTRAIT:PLAYER:REQALLY:REQTRAITLESS:HP:0:ECHO:You have lost.:LOSEGAME"
 )";
 

@@ -14,14 +14,11 @@ constexpr RunServices kServices = {TakeCardsOut, PayCost, [] {}};
 
 }  // namespace
 
-Looking::Looking() : kept_(State()) {
+Looking::Looking() {
   State().Services = &kServices;
   State().Windows = &kNoWindows;
   State().Trace = nullptr;
   State().Log = nullptr;
 }
-
-// Records keep their addresses in a copy, not in a move.
-Looking::~Looking() { State() = kept_; }
 
 }  // namespace brindlemoor

@@ -1,7 +1,7 @@
 // Looking: cards are tried and described, and nothing comes of it.
 #pragma once
 
-#include "core/state.h"
+#include "core/session_aside.h"
 
 namespace brindlemoor {
 
@@ -10,12 +10,9 @@ namespace brindlemoor {
 class Looking {
  public:
   Looking();
-  ~Looking();
-  Looking(const Looking&) = delete;
-  Looking& operator=(const Looking&) = delete;
 
  private:
-  Session kept_;
+  SessionAside kept_;
 };
 
 }  // namespace brindlemoor

@@ -152,6 +152,7 @@ ReplayResult ReplayMatch(const Journal& journal, const ReplayOptions& options) {
     match.SavedBytes = TextOption(journal, "saved");
     match.DespiteChanges = true;  // what has changed has been told
   }
+  match.BeforeTurn = options.BeforeTurn;
   match.OnPage = [&](const std::string& name, const std::string& page) {
     if (options.OnText) options.OnText(name, page);
     tape.ExpectText(name, Renamed(page, options.Folder, journal.Folder));

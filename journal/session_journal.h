@@ -33,6 +33,8 @@ struct ReplayOptions {
   std::function<void(const std::string& name, std::string_view bytes)> OnText{};
   /// Gets, before the replay begins, what differs in the files that the program started with.
   std::function<void(const std::vector<std::string>& differences)> OnFiles{};
+  /// Called when a turn of a match is about to be taken, with everything planned.
+  std::function<void()> BeforeTurn{};
 };
 
 /// Plays a session again, up to its first difference. Begins with a fresh session and leaves one.

@@ -7,22 +7,26 @@
 
 namespace brindlemoor {
 
+using F = TargetFinding;
+
 const std::array<TargetTypeRow, 14> kTargetTypeRows = {{
-    {"TARGETCARD", kTargetCard, "the card chosen for the action"},
-    {"CARDTARGET", kTargetCard, "the same as TARGETCARD"},
-    {"RANDOM", kTargetRandom, "a random card"},
-    {"ALL", kTargetAll, "every card of the table in turn"},
-    {"RANDOMENEMY", kTargetRandomEnemy, "a random card of the other owner"},
-    {"RANDOMALLY", kTargetRandomAlly, "a random card of the same owner"},
-    {"OWNER", kTargetOwner, "the player card of the acting card's owner"},
-    {"ENEMYPLAYER", kTargetEnemyPlayer, "the player card of the other side"},
-    {"SELF", kTargetSelf, "the acting card itself"},
-    {"TRIGGERINGCARD", kTargetTriggeringCard,
+    {"TARGETCARD", kTargetCard, F::kSearched, "the card chosen for the action"},
+    {"CARDTARGET", kTargetCard, F::kSearched, "the same as TARGETCARD"},
+    {"RANDOM", kTargetRandom, F::kSearched, "a random card"},
+    {"ALL", kTargetAll, F::kEvery, "every card of the table in turn"},
+    {"RANDOMENEMY", kTargetRandomEnemy, F::kSearched, "a random card of the other owner"},
+    {"RANDOMALLY", kTargetRandomAlly, F::kSearched, "a random card of the same owner"},
+    {"OWNER", kTargetOwner, F::kNamed, "the player card of the acting card's owner"},
+    {"ENEMYPLAYER", kTargetEnemyPlayer, F::kNamed, "the player card of the other side"},
+    {"SELF", kTargetSelf, F::kNamed, "the acting card itself"},
+    {"TRIGGERINGCARD", kTargetTriggeringCard, F::kEvery,
      "the card that set off the trigger, else the newest card of the table"},
-    {"NEWESTCARD", kTargetTriggeringCard, "the same as TRIGGERINGCARD"},
-    {"COUNTER", kTargetCounter, "reserved: an action with it does nothing at its trigger"},
-    {"COLLECTION", kTargetCollection, "a card of a stored pile, picked by the player"},
-    {"GIDCARD", kTargetGidCard, "GIDCARD:expression, the card with the Global ID it gives"},
+    {"NEWESTCARD", kTargetTriggeringCard, F::kEvery, "the same as TRIGGERINGCARD"},
+    {"COUNTER", kTargetCounter, F::kNever,
+     "reserved: an action with it does nothing at its trigger"},
+    {"COLLECTION", kTargetCollection, F::kPicked, "a card of a stored pile, picked by the player"},
+    {"GIDCARD", kTargetGidCard, F::kNamed,
+     "GIDCARD:expression, the card with the Global ID it gives"},
 }};
 
 const std::array<TriggerRow, 25> kTriggerRows = {{
@@ -62,6 +66,13 @@ int TargetTypeCode(std::string_view word) {
     if (row.Word == word) return row.Code;
   }
   return kTargetCard;
+}
+
+TargetFinding FindingOfTarget(int code) {
+  for (const TargetTypeRow& row : kTargetTypeRows) {
+    if (row.Code == code) return row.Found;
+  }
+  return F::kNever;
 }
 
 std::string_view TargetTypeName(int code) {

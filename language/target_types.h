@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string_view>
 
 namespace brindlemoor {
@@ -22,9 +23,19 @@ enum TargetTypes : int {
   kTargetGidCard = 11,
 };
 
+/// How the card of a target type is found.
+enum class TargetFinding : std::uint8_t {
+  kNamed,     ///< one card that the word names
+  kEvery,     ///< a search tells whether there is one; which card it is does not depend on that
+  kSearched,  ///< a search takes a card that meets the script's requirements
+  kPicked,    ///< the player picks a stored card
+  kNever,
+};
+
 struct TargetTypeRow {
   std::string_view Word;
   int Code;
+  TargetFinding Found;
   std::string_view Meaning;  ///< one line for authors
 };
 struct TriggerRow {
@@ -48,6 +59,8 @@ extern const std::array<TriggerRow, 25> kTriggerRows;
 
 /// Code of a target word; 0 for an unknown one. "GIDCARD:expression" is known by its first field.
 int TargetTypeCode(std::string_view word);
+/// How the card of a target code is found.
+TargetFinding FindingOfTarget(int code);
 /// Word of a target code, "" for an unknown one.
 std::string_view TargetTypeName(int code);
 

@@ -194,7 +194,7 @@ constexpr std::array kRows{
                     KeywordFields::kTotal},
     ValueKeywordRow{"NAMECOUNT", true, CountName,
                     "/NAME/NEEDED/OWNERWORD | adds the number of cards of that name",
-                    KeywordFields::kTotal},
+                    KeywordFields::kNames},
     ValueKeywordRow{"MYGID", true,
                     [](Evaluation& e, double) { return YieldIdentity(e, &e.Source); },
                     "| the acting card's Global ID"},

@@ -35,6 +35,7 @@ enum class KeywordFields : std::uint8_t {
   kTrait,  ///< name of a trait
   kCount,  ///< trait, needed trait or nothing, owner word; all but the first may be missing
   kTotal,  ///< the same; the needed trait's field must be there for an owner word to be read
+  kNames,  ///< as kTotal, but the first is the name of cards
 };
 
 /// A keyword or operator. A word that ends in "#" takes what follows in its field as a number.

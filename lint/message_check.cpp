@@ -72,6 +72,25 @@ void CheckPlaceholder(FindingList& findings, std::string_view text, std::size_t 
                std::move(nearest));
 }
 
+std::vector<std::string_view> CustomStringKeys() {
+  std::vector<std::string_view> keys;
+  for (const CustomStringRec& entry : State().CustomStrings) keys.emplace_back(entry.Key);
+  return keys;
+}
+
+/// Games name their custom strings in any way; one between two "%" is meant as such.
+void CheckCustomString(FindingList& findings, std::string_view text, std::size_t at) {
+  const std::size_t closes = text.find('%', at + 1);
+  if (closes == std::string_view::npos) return;
+  const std::string_view word = text.substr(at, closes + 1 - at);
+  const auto isInName = [](char character) { return IsUpper(character) || character == '_'; };
+  const std::string_view name = word.substr(1, word.size() - 2);
+  if (name.size() < 2 || !std::ranges::all_of(name, isInName) || InCustomString(text, at)) return;
+  findings.Add(FindingKind::kUnknownPlaceholder, word,
+               Joined("No #CUSTOMSTRING gives ", Quoted(word), "; it stays in the text as it is."),
+               NearestWord(word, CustomStringKeys()));
+}
+
 const MessageMark* FindFieldMark(std::string_view word) {
   for (const MessageMark& row : MessageMarks()) {
     if (row.OpensField && row.Mark == word) return &row;
@@ -191,13 +210,14 @@ void CheckMarkupPart(FindingList& findings, std::string_view text) {
 void CheckMessagePart(FindingList& findings, std::string_view text) {
   bool inTag = false;
   bool quoted = false;
-  std::size_t at = text.find_first_of("$#<");
+  std::size_t at = text.find_first_of("$#<%");
   while (at < text.size() && !findings.Full()) {
     const char character = text[at];
     if (character == '#') {
       at = CheckHash(findings, text, at);
     } else {
       if (character == '$') CheckPlaceholder(findings, text, at);
+      if (character == '%') CheckCustomString(findings, text, at);
       if (character == '<') inTag = OpensTag(text.substr(at));
       if (character == '>') inTag = false;
       if (character == '"' && inTag && !std::exchange(quoted, true)) {
@@ -205,7 +225,7 @@ void CheckMessagePart(FindingList& findings, std::string_view text) {
       }
       ++at;
     }
-    at = text.find_first_of("$#<>\"", at);
+    at = text.find_first_of("$#<>\"%", at);
   }
   CheckMarkupPart(findings, text);
 }

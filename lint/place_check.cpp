@@ -47,30 +47,34 @@ bool ReadsIncoming(std::string_view script) {
          script.find('$') != script.npos;
 }
 
+struct PlacedScript {
+  std::string_view Text;
+  const std::vector<ScriptField>& Fields;
+};
+
 /// A command that does nothing in some places.
 struct PlaceRow {
   std::string_view Word;
-  bool (*IsLost)(const Place& place, std::string_view script);
+  bool (*IsLost)(const Place& place, const PlacedScript& script);
   std::string_view Why;
 };
 
-bool OutsideReactions(const Place& place, std::string_view) {
+bool OutsideReactions(const Place& place, const PlacedScript&) {
   return !place.Answers && !place.AnswersChange;
 }
-bool OutsideAnswers(const Place& place, std::string_view) { return !place.Answers; }
+bool OutsideAnswers(const Place& place, const PlacedScript&) { return !place.Answers; }
 /// The value can serve as a place for numbers in any script.
-bool OutsideChanges(const Place& place, std::string_view script) {
-  return !place.AnswersChange && !ReadsIncoming(script);
+bool OutsideChanges(const Place& place, const PlacedScript& script) {
+  return !place.AnswersChange && !ReadsIncoming(script.Text);
 }
 /// A card that dies when any card of the table meets the requirements is well meant.
-bool UnderAll(const Place& place, std::string_view script) {
-  const std::vector<ScriptField> fields = FieldsOfScript(script);
-  return place.OnAll && std::ranges::any_of(fields, [](const ScriptField& field) {
+bool UnderAll(const Place& place, const PlacedScript& script) {
+  return place.OnAll && std::ranges::any_of(script.Fields, [](const ScriptField& field) {
            return field.Row != nullptr && field.Name.empty() && field.Row->Word != "DESTROYME" &&
                   field.Row->Role == CommandRole::kActs;
          });
 }
-bool OnStoredCards(const Place& place, std::string_view) { return place.OnStored; }
+bool OnStoredCards(const Place& place, const PlacedScript&) { return place.OnStored; }
 
 constexpr std::array<PlaceRow, 7> kPlaceRows = {{
     {"CANCEL", OutsideReactions,
@@ -106,17 +110,19 @@ bool IsDice(std::string_view text) {
 class PlaceChecker {
  public:
   PlaceChecker(Place place, std::string_view script)
-      : findings_(script), script_(script), place_(place) {}
+      : findings_(script),
+        fields_(FieldsOfScript(script)),
+        script_{script, fields_},
+        place_(place) {}
 
   std::vector<ScriptFinding> Script() {
-    const std::vector<ScriptField> fields = FieldsOfScript(script_);
-    for (std::size_t at = 0; at < fields.size() && !findings_.Full(); ++at) {
+    for (std::size_t at = 0; at < fields_.size() && !findings_.Full(); ++at) {
       findings_.SetField(static_cast<int>(at) + 1);
-      const ScriptField& field = fields[at];
+      const ScriptField& field = fields_[at];
       if (field.Row == nullptr) continue;
       if (field.Name.empty()) {
         CheckCommand(field);
-        if (field.Row->Word == "ADDEFFECT") at = BeginAddedAction(fields, at);
+        if (field.Row->Word == "ADDEFFECT") at = BeginAddedAction(at);
       } else {
         CheckArgument(field);
       }
@@ -149,13 +155,13 @@ class PlaceChecker {
 
   /// The rest of the script is the script of an action with a trigger and a target of its own. The
   /// last field of those.
-  std::size_t BeginAddedAction(const std::vector<ScriptField>& fields, std::size_t at) {
+  std::size_t BeginAddedAction(std::size_t at) {
     std::string trigger;
     std::string_view target;
     std::size_t last = at;
-    while (last + 1 < fields.size() && fields[last + 1].Row == fields[at].Row &&
-           !fields[last + 1].Name.empty()) {
-      const ScriptField& field = fields[++last];
+    while (last + 1 < fields_.size() && fields_[last + 1].Row == fields_[at].Row &&
+           !fields_[last + 1].Name.empty()) {
+      const ScriptField& field = fields_[++last];
       if (field.Name == "TARGET") {
         target = field.Text;
       } else if (target.empty()) {
@@ -169,29 +175,28 @@ class PlaceChecker {
   }
 
   FindingList findings_;
-  std::string_view script_;
+  std::vector<ScriptField> fields_;
+  PlacedScript script_;
   Place place_;
 };
 
 }  // namespace
 
 std::string_view WhyNeverRun(std::string_view target, std::string_view trigger, ActionSide side) {
-  const int code = TargetTypeCode(target);
   const bool isMenu = FieldAt(trigger, 1, ':') == kMenu;
-  if (code == kTargetCounter) return "COUNTER is reserved; an action with this target never runs.";
-  if (code == kTargetCollection && !isMenu) {
-    return "Only a menu action lets the player pick a stored card; this one never runs.";
-  }
-  if (side == ActionSide::kAny || !isMenu) return "";
-  switch (code) {
-    case kTargetSelf:
-    case kTargetOwner:
-    case kTargetEnemyPlayer:
-    case kTargetGidCard:
-      return "The computer only uses menu actions whose target it searches for (ALL, RANDOM, "
-             "RANDOMENEMY, RANDOMALLY, TARGETCARD, TRIGGERINGCARD); this one never runs.";
-    case kTargetCollection:
-      return "The computer has no stored cards; this action never runs.";
+  const bool byComputer = side == ActionSide::kComputer && isMenu;
+  switch (FindingOfTarget(TargetTypeCode(target))) {
+    case TargetFinding::kNever:
+      return "COUNTER is reserved; an action with this target never runs.";
+    case TargetFinding::kPicked:
+      if (byComputer) return "The computer has no stored cards; this action never runs.";
+      return isMenu ? ""
+                    : "Only a menu action lets the player pick a stored card; this one never runs.";
+    case TargetFinding::kNamed:
+      return byComputer ? "The computer only uses menu actions whose target it searches for (ALL, "
+                          "RANDOM, RANDOMENEMY, RANDOMALLY, TARGETCARD, TRIGGERINGCARD); this one "
+                          "never runs."
+                        : "";
     default:
       return "";
   }

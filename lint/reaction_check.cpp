@@ -65,17 +65,8 @@ const CancellingWord* FindCancelling(std::string_view word) {
 
 /// A target that is searched for: a card that can't react at all is left out by the search.
 bool IsSearched(std::string_view target) {
-  switch (TargetTypeCode(target)) {
-    case kTargetAll:
-    case kTargetOwner:
-    case kTargetEnemyPlayer:
-    case kTargetSelf:
-    case kTargetTriggeringCard:
-    case kTargetGidCard:
-      return false;
-    default:
-      return true;
-  }
+  const TargetFinding found = FindingOfTarget(TargetTypeCode(target));
+  return found != TargetFinding::kNamed && found != TargetFinding::kEvery;
 }
 
 /// What failing requirements of a script do.

@@ -116,7 +116,7 @@ void VisitValueTraits(std::string_view expression,
     const std::string_view trait = fields.Next();
     const bool standsForZero =
         isWorkedOut && row->Takes == KeywordFields::kTrait && fields.Rest().empty();
-    if (!standsForZero) visit(trait);
+    if (!standsForZero && row->Takes != KeywordFields::kNames) visit(trait);
     if (row->Takes == KeywordFields::kTrait) continue;
     // The needed trait may be missing, and an owner word stands in its place then.
     const std::string_view needed = fields.Next();

@@ -28,6 +28,7 @@ enum class FindingKind : std::uint8_t {
   kActionIsLost,             ///< never runs with this target and trigger
   kCountIsZero,
   kDiceAreStored,  ///< as a text: they are never rolled
+  kValueIsOdd,     ///< counts otherwise than it reads
 };
 
 /// True for a finding that the engine understands all the same.

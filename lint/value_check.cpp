@@ -55,10 +55,27 @@ struct Chain {
   FindingList& Findings;
   FieldWalker Fields;
   bool TraitNamed = false;
+  std::string_view Unused{};      ///< the keyword of a trait that nothing has counted yet
+  bool GoesOn = false;            ///< something stands behind that trait
+  std::string_view LastNumber{};  ///< the field before, when it is a plain number
 
   void Unknown(std::string_view field, std::string_view why, std::string suggestion = {}) {
+    Unused = {};  // it may have been meant to count it
     Findings.Add(FindingKind::kUnknownValueWord, field, Joined(Quoted(field), why),
                  std::move(suggestion));
+  }
+  void Odd(std::string_view field, std::string text) {
+    Findings.Add(FindingKind::kValueIsOdd, field, std::move(text));
+  }
+  /// A trait that was named is counted by the operators of traits alone.
+  void EndTrait() {
+    if (!Unused.empty() && GoesOn) {
+      Odd(Unused, Joined("The trait named by ", Unused,
+                         " is not counted: TRAITPLUS1 must stand behind it. As it is, the trait "
+                         "only stands in for a value of 0."));
+    }
+    Unused = {};
+    GoesOn = false;
   }
   void Missing(const ValueKeywordRow& row, std::string_view at) {
     Findings.Add(FindingKind::kMissingArgument, at,
@@ -71,6 +88,13 @@ std::string_view DiceTrait(std::string_view text) {
     if (text.find(word) != std::string_view::npos) return word;
   }
   return {};
+}
+
+/// True for a field that counts the trait named before it.
+bool UsesTrait(std::string_view field) {
+  if (field.front() == 'R') return !DiceTrait(field).empty();
+  const ValueKeywordRow* row = FindValueKeyword(field);
+  return row != nullptr && row->IsOperator() && row->Word.starts_with("TRAIT");
 }
 
 /// "R2d6" as "R2Die6", "" for a field that is no such thing.
@@ -123,29 +147,45 @@ void CheckKeywordFields(Chain& chain, const ValueKeywordRow& row, std::string_vi
   const std::string_view name = chain.Fields.Next();
   if (name.empty()) chain.Missing(row, keyword.substr(keyword.size()));
   if (row.Takes == KeywordFields::kTrait) {
+    chain.EndTrait();
+    chain.Unused = keyword;
     chain.TraitNamed = true;
     return;
   }
   const std::string_view needed = chain.Fields.Next();
   if (row.Takes == KeywordFields::kCount && IsOwnerWord(needed)) return;
   const std::string_view owner = chain.Fields.Next();
-  if (row.Takes == KeywordFields::kTotal && IsOwnerWord(needed) && !IsOwnerWord(owner)) {
+  const bool needsField = row.Takes == KeywordFields::kTotal || row.Takes == KeywordFields::kNames;
+  if (needsField && IsOwnerWord(needed) && !IsOwnerWord(owner)) {
     chain.Missing(row, needed);
     return;
   }
   CheckOwnerWord(chain, owner);
 }
 
+void CheckPlainNumber(Chain& chain, std::string_view field) {
+  if (!chain.LastNumber.empty()) {
+    chain.Odd(field, Joined("Numbers behind one another are added: ", chain.LastNumber, "/", field,
+                            " is not divided. DIV, MULT, PLUS and MINUS work with a number."));
+  }
+  chain.LastNumber = field;
+}
+
 void CheckKeyword(Chain& chain, std::string_view field) {
   const ValueKeywordRow* row = FindValueKeyword(field);
   if (row == nullptr) {
-    if (BeginsWithNumber(field)) return;
+    if (BeginsWithNumber(field)) {
+      CheckPlainNumber(chain, field);
+      return;
+    }
     const std::string nearest = NearestKeyword(field);
     chain.Unknown(field, " is no keyword of values; it counts 0.", nearest);
     const ValueKeywordRow* meant = FindValueKeyword(nearest);
     if (meant != nullptr) CheckKeywordFields(chain, *meant, field);
   } else if (LacksNumber(*row, field)) {
     chain.Unknown(field, Joined(" is read as ", row->Stem(), ", which a number must follow."));
+  } else if (row->Stem() == "DIV" && KeywordArgument(*row, field) == 0) {
+    chain.Odd(field, Joined(field, " leaves the value as it is: nothing is divided by 0."));
   } else {
     CheckKeywordFields(chain, *row, field);
   }
@@ -166,15 +206,20 @@ void CheckValuePart(FindingList& findings, std::string_view expression) {
   while (!findings.Full()) {
     const std::string_view field = chain.Fields.Next();
     if (field.empty()) {
+      chain.EndTrait();
       if (chain.Fields.Rest().find_first_not_of('/') != std::string_view::npos) {
         findings.Add(FindingKind::kEmptyFieldEnds, field,
                      "The value ends at the empty field; what stands behind it is never read.");
       }
       return;
     }
+    if (UsesTrait(field)) chain.Unused = {};
+    chain.GoesOn = !chain.Unused.empty();
+    const std::string_view number = std::exchange(chain.LastNumber, {});
     if (field.front() == 'R') {
       CheckDice(chain, field);
     } else {
+      if (BeginsWithNumber(field)) chain.LastNumber = number;
       CheckKeyword(chain, field);
     }
   }

@@ -35,6 +35,12 @@ constexpr auto kNotes = std::to_array<ReferenceNote>({
     {"MODOWNERTRAIT MODMYOWNERTRAIT SETOWNERTRAIT SETMYOWNERTRAIT", "A `TRAITCHANGE` action for it waits until the player card is the target of a script."},
     {"REMOVETRAIT REMOVEMYTRAIT", "The case of letters counts: `REMOVETRAIT:hum` does not take `HUM` away."},
 
+    // Where words work.
+    {"CANCEL", "It works in an action at TARGETED, MYACTION or BEFORETRAITCHANGE, where there is something to call off, and does nothing elsewhere."},
+    {"REDIRECT REDIRECTBYGID", "It works in an action at TARGETED only."},
+    {"SETVAL MODVAL", "It works in an action at BEFORETRAITCHANGE. Elsewhere the value is a place for a number that `REQVAL...` and `$AMT` of the same script can read."},
+    {"DESTROYME", "With the target ALL the card is gone after the first card that the script acts on, and nothing happens to the others."},
+
     // Cards.
     {"DUPLICATE DUPLICATEME", "Each copy has a GlobalID of its own."},
     {"CREATECARD", "Each new card has a GlobalID of its own and the actions that its traits bring. Nothing but the card is taken from the file: its `#COLLECTION`, `#RULESCARD`, `#TOKENS` and custom strings change nothing."},
@@ -65,6 +71,43 @@ constexpr auto kNotes = std::to_array<ReferenceNote>({
 }  // namespace
 
 std::span<const ReferenceNote> ReferenceNotes() { return kNotes; }
+
+std::string_view TargetNote(const TargetTypeRow& row) {
+  switch (row.Found) {
+    case TargetFinding::kNamed:
+      return "It is this one card, whether the script's requirements let it through or not: one "
+             "that "
+             "is not met ends the script. The computer uses no menu action with this target.";
+    case TargetFinding::kEvery:
+      return "The script runs or ends as its requirements say; a search does not choose by them.";
+    case TargetFinding::kSearched:
+      return "Only a card is taken for which the script works in a trial, one without an unmet "
+             "wish "
+             "first. Where there is none the action does nothing.";
+    case TargetFinding::kPicked:
+      return "Only a menu action can have this target, and only the player's: the computer has no "
+             "stored cards. The script acts on the stored card, so a word that needs a card in "
+             "play "
+             "does nothing.";
+    case TargetFinding::kNever:
+      return "Do not use it.";
+  }
+  return "";
+}
+
+std::string_view TrialNote(const Command& row) {
+  switch (row.Test) {
+    case InTest::kRuns:
+      return "";
+    case InTest::kSkip:
+      return "In a trial it does nothing.";
+    case InTest::kSkipOne:
+      return "In a trial it does nothing, whatever its arguments are.";
+    case InTest::kEnds:
+      return "A trial ends here and counts what came before.";
+  }
+  return "";
+}
 
 std::string ReactionNote(std::string_view word) {
   const auto words = CancellingWords();

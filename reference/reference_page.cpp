@@ -65,11 +65,12 @@ constexpr std::string_view kTriggersIntro =
 constexpr std::string_view kScriptsIntro =
     R"(<p>The third field of an action is its script: words with a colon between them, done from left to right. Behind a word stand its arguments. An empty field ends the script. A requirement that is not met ends it too, and what stands before it has happened already.</p>
 <p>With <code>AI</code> before a requirement it is only a wish: <code>AIREQTRAIT:SINGER</code> looks for a singer first, and takes another card if there is none.</p>
+<p>Scripts are also tried out on copies of the cards, and nothing comes of it: when the computer judges its hand, when a target is searched for, when a price is looked at. What a word does in such a trial stands with it, where it is not the same.</p>
 <p>Commas end fields, so a script stands in quotes. A colon ends a message: write <code>&amp;col</code> there.</p>
 )";
 
 constexpr std::string_view kValuesIntro =
-    R"(<p>Where a command takes a VALUE, write a number or an expression: fields with a slash between them, worked out from left to right. A plain number is added. A trait that is named is remembered, and a value that comes to exactly 0 is the trait named last. The examples can stand in any script, as in <code>SUBTRAIT:HP:SRCTRAIT/HUM</code>.</p>
+    R"(<p>Where a command takes a VALUE, write a number or an expression: fields with a slash between them, worked out from left to right. A plain number is added, so <code>6/3</code> is 9. A trait that is named is remembered until one of the words with TRAIT counts it, and a value that comes to exactly 0 is the trait named last: <code>SRCTRAIT/HP</code> alone is HP, <code>SRCTRAIT/HP/PLUS2</code> is 2, <code>SRCTRAIT/HP/TRAITPLUS1/PLUS2</code> is HP and 2. A trait that is missing is 0, a card that is missing leaves the value as it was, a division by 0 too. A word that is none counts 0. The examples can stand in any script, as in <code>SUBTRAIT:HP:SRCTRAIT/HUM</code>.</p>
 )";
 
 constexpr std::string_view kMessagesIntro =
@@ -138,7 +139,7 @@ std::string NoteText(std::string_view text) {
 
 std::string Entry(const WordHelp& help) {
   std::string notes;
-  for (const std::string& note : NotesOf(help.Anchor)) notes += NoteText(note);
+  for (const std::string& note : help.Notes) notes += NoteText(note);
   return Joined("<dt id=\"", HtmlText(help.Anchor), "\"><code>", HtmlText(help.Form),
                 "</code></dt>\n<dd>", HtmlText(help.Meaning), "\n<pre>", HtmlText(help.Example),
                 "</pre>\n", notes, "</dd>\n");

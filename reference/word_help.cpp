@@ -2,6 +2,7 @@
 #include "reference/word_help.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/strings.h"
 #include "data/directives.h"
@@ -30,12 +31,25 @@ std::string ExampleText(const TextExample* example) {
   return example == nullptr ? "" : std::string(example->Text);
 }
 
+/// With the notes of the anchor; more is one that the word's row tells.
+WordHelp WithNotes(WordHelp help, std::string_view more = {}) {
+  if (!more.empty()) help.Notes.emplace_back(more);
+  for (const ReferenceNote& note : ReferenceNotes()) {
+    for (FieldWalker anchors(note.Anchors, ' '); !anchors.AtEnd();) {
+      if (anchors.Next() == help.Anchor) help.Notes.emplace_back(note.Text);
+    }
+  }
+  std::string inReactions = ReactionNote(help.Anchor);
+  if (!inReactions.empty()) help.Notes.push_back(std::move(inReactions));
+  return help;
+}
+
 /// Of the directives of all readers.
 template <class Row>
 WordHelp HelpOfDirective(const Row& row) {
-  return {std::string(row.Word),
-          row.Usage.empty() ? std::string(row.Word) : Joined(row.Word, ", ", row.Usage),
-          row.Meaning, ExampleText(FindExample(DirectiveExamples(), row.Word))};
+  return WithNotes({std::string(row.Word),
+                    row.Usage.empty() ? std::string(row.Word) : Joined(row.Word, ", ", row.Usage),
+                    row.Meaning, ExampleText(FindExample(DirectiveExamples(), row.Word))});
 }
 
 /// "TRAIT/TRAIT" for a keyword with fields, "DIVn" for an operator.
@@ -53,54 +67,44 @@ WordHelp HelpOf(const DirectiveRow& row) { return HelpOfDirective(row); }
 WordHelp HelpOf(const ForeignDirectiveRow& row) { return HelpOfDirective(row); }
 
 WordHelp HelpOf(const LocationRow& row) {
-  return {Joined("place-", row.Word), std::string(row.Word), row.Meaning,
-          ExampleText(FindExample(LocationExamples(), row.Word))};
+  return WithNotes({Joined("place-", row.Word), std::string(row.Word), row.Meaning,
+                    ExampleText(FindExample(LocationExamples(), row.Word))});
 }
 
 WordHelp HelpOf(const TargetTypeRow& row) {
-  return {TargetAnchor(row.Word), std::string(row.Word), row.Meaning,
-          ExampleText(FindExample(TargetExamples(), row.Word))};
+  return WithNotes({TargetAnchor(row.Word), std::string(row.Word), row.Meaning,
+                    ExampleText(FindExample(TargetExamples(), row.Word))},
+                   TargetNote(row));
 }
 
 WordHelp HelpOf(const TriggerRow& row) {
   std::string form = Joined(row.Word, row.Arguments);
   std::ranges::replace(form, ' ', ':');
-  return {TriggerAnchor(row.Stem()), form, row.FiredBy,
-          ExampleText(FindExample(TriggerExamples(), row.Word))};
+  return WithNotes({TriggerAnchor(row.Stem()), form, row.FiredBy,
+                    ExampleText(FindExample(TriggerExamples(), row.Word))});
 }
 
 WordHelp HelpOf(const Command& row) {
-  return {std::string(row.Word), CommandForm(row), MeaningOf(row.Usage),
-          ExampleText(FindExample(CommandExamples(), row.Word))};
+  return WithNotes({std::string(row.Word), CommandForm(row), MeaningOf(row.Usage),
+                    ExampleText(FindExample(CommandExamples(), row.Word))},
+                   TrialNote(row));
 }
 
 WordHelp HelpOf(const ValueKeyword& row) {
-  return {ValueAnchor(row.Word), ValueForm(row), MeaningOf(row.Usage),
-          ExampleText(FindExample(ValueExamples(), row.Word))};
+  return WithNotes({ValueAnchor(row.Word), ValueForm(row), MeaningOf(row.Usage),
+                    ExampleText(FindExample(ValueExamples(), row.Word))});
 }
 
 WordHelp HelpOf(const MessageMark& row) {
   const std::string_view argument = row.TakesValue ? "/VALUE#" : "/NAME#";
-  return {Joined("mark-", row.Mark), Joined(row.Mark, row.OpensField ? argument : ""), row.Meaning,
-          ExampleText(FindExample(MessageExamples(), row.Mark))};
+  return WithNotes({Joined("mark-", row.Mark), Joined(row.Mark, row.OpensField ? argument : ""),
+                    row.Meaning, ExampleText(FindExample(MessageExamples(), row.Mark))});
 }
 
 WordHelp HelpOf(const ProgramTrait& row) {
   const bool isPrefix = row.Place == TraitPlace::kPrefix;
-  return {Joined("trait-", row.Name), Joined(row.Name, isPrefix ? "\u2026" : ""), row.Meaning,
-          std::string(row.Example)};
-}
-
-std::vector<std::string> NotesOf(std::string_view anchor) {
-  std::vector<std::string> notes;
-  for (const ReferenceNote& note : ReferenceNotes()) {
-    for (FieldWalker anchors(note.Anchors, ' '); !anchors.AtEnd();) {
-      if (anchors.Next() == anchor) notes.emplace_back(note.Text);
-    }
-  }
-  std::string inReactions = ReactionNote(anchor);
-  if (!inReactions.empty()) notes.push_back(std::move(inReactions));
-  return notes;
+  return WithNotes({Joined("trait-", row.Name), Joined(row.Name, isPrefix ? "\u2026" : ""),
+                    row.Meaning, std::string(row.Example)});
 }
 
 }  // namespace brindlemoor

@@ -22,6 +22,8 @@ struct WordHelp {
   std::string Form;          ///< how the word is written: "MODTRAIT:TRAIT:VALUE"
   std::string_view Meaning;  ///< one line
   std::string Example;       ///< as a file, a value or a message has it
+  /// What authors should know beyond that, a paragraph each; what stands in "`" is code.
+  std::vector<std::string> Notes{};
 };
 
 WordHelp HelpOf(const DirectiveRow& row);
@@ -33,9 +35,5 @@ WordHelp HelpOf(const Command& row);
 WordHelp HelpOf(const ValueKeyword& row);
 WordHelp HelpOf(const MessageMark& row);
 WordHelp HelpOf(const ProgramTrait& row);
-
-/// What authors should know of the word with this anchor beyond that, a paragraph each; what stands
-/// in "`" is code.
-std::vector<std::string> NotesOf(std::string_view anchor);
 
 }  // namespace brindlemoor

@@ -5,7 +5,6 @@
 #include <tuple>
 #include <utility>
 
-#include "core/replacing.h"
 #include "scenario/scene.h"
 #include "text/encoding.h"
 #include "text/text.h"
@@ -14,30 +13,19 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::string_view kPlain =
-    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_.-";
-
 /// True for a text that a line of a scenario file can hold.
-bool CanStand(std::string_view text) {
-  return std::ranges::none_of(text, [](char character) {
-    return static_cast<unsigned char>(character) < 0x20 || character == '\x7F' || character == '{';
-  });
-}
-
-std::string Quoted(std::string_view text) {
-  return Joined("\"", ReplacedCopy(text, "\"", "\"\""), "\"");
-}
+bool CanStand(std::string_view text) { return !ScenarioWordFor(text).empty(); }
 
 /// As a word of a line. What stood in quotes stays so.
 std::string AsWord(std::string_view text, bool wasQuoted) {
-  const bool isPlain = !text.empty() && text.find_first_not_of(kPlain) == text.npos;
-  return isPlain && !wasQuoted ? std::string(text) : Quoted(text);
+  const std::string word = ScenarioWordFor(text);
+  return wasQuoted && !word.starts_with('"') ? Joined("\"", word, "\"") : word;
 }
 
 std::string AsCell(std::string_view text) {
   const bool isPlain =
       text.find_first_of("|\"") == text.npos && !text.starts_with(' ') && !text.ends_with(' ');
-  return isPlain ? std::string(text) : Quoted(text);
+  return isPlain ? std::string(text) : AsWord(text, true);
 }
 
 /// The column of the scenario's table that a word stands for, counted from 0; nothing for others.

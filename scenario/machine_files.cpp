@@ -75,6 +75,8 @@ const std::string* MachineFiles::Read(const std::string& path) {
 }
 
 std::optional<std::string> MachineFiles::ReadNamed(const std::string& path) {
+  const auto put = bytes_.find(path);
+  if (put != bytes_.end() && put->second) return put->second;
   machine_.TakeChoice(path);
   return machine_.Read(path);
 }

@@ -281,6 +281,17 @@ bool IsScenarioName(std::string_view text) {
   return !text.empty() && std::ranges::all_of(text, fits);
 }
 
+std::string ScenarioWordFor(std::string_view text) {
+  constexpr std::string_view kPlain =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_.-";
+  const bool canStand = std::ranges::none_of(text, [](char character) {
+    return static_cast<unsigned char>(character) < 0x20 || character == '\x7F' || character == '{';
+  });
+  if (!canStand) return "";
+  if (!text.empty() && text.find_first_not_of(kPlain) == text.npos) return std::string(text);
+  return Joined("\"", ReplacedCopy(text, "\"", "\"\""), "\"");
+}
+
 std::string SplitScenarioLine(std::string_view line, std::vector<ScenarioToken>& tokens) {
   const char* const begin = line.data();
   const auto offset = [&] { return static_cast<std::size_t>(line.data() - begin); };

@@ -75,6 +75,10 @@ ScenarioText ReadScenarioText(const std::string& path, MachineFiles& files);
 /// are one. "" or what is wrong.
 std::string SplitScenarioLine(std::string_view line, std::vector<ScenarioToken>& tokens);
 
+/// A text as a word of a line: in double quotes unless it is plain. "" for a text that no line can
+/// hold: one with line ends, or with braces, in which something could be filled in.
+std::string ScenarioWordFor(std::string_view text);
+
 /// True for what can stand in braces: letters, digits, "_" and "-".
 bool IsScenarioName(std::string_view text);
 

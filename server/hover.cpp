@@ -28,7 +28,7 @@ using Blocks = std::vector<HoverBlock>;
 Blocks BlocksOf(const WordHelp& help) {
   Blocks blocks = {{help.Form, true}, {std::string(help.Meaning) + "."}};
   if (!help.Example.empty() && help.Example != help.Form) blocks.push_back({help.Example, true});
-  for (const std::string& note : NotesOf(help.Anchor)) blocks.push_back({note});
+  for (const std::string& note : help.Notes) blocks.push_back({note});
   return blocks;
 }
 

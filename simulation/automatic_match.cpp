@@ -46,6 +46,7 @@ struct Stage {
   std::string Folder;
   std::string Pages;  ///< "" when no pages are kept
   std::function<void(const std::string& name, const std::string& page)> OnPage;
+  std::function<void()> BeforeTurn;
 };
 
 constexpr std::string_view kPageName = "turn-";
@@ -270,6 +271,7 @@ AutomaticMatchResult PlayTurns(const Stage& stage, int maximumTurns, MatchTrace&
     ++result.Turns;
     out << "Turn " << result.Turns << ": " << Standing(1) << ", " << Standing(2) << '\n';
     PlanAutomaticPlays();
+    if (stage.BeforeTurn) stage.BeforeTurn();
     TakeTurn(0);
     trace.EndTurn();
     result.Error = SavePage(stage, result.Turns);
@@ -300,6 +302,7 @@ AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::o
   result.Error = ChooseFolders(options, stage);
   if (!result.Error.empty()) return result;
   stage.OnPage = options.OnPage;
+  stage.BeforeTurn = options.BeforeTurn;
   HeadlessPlatform& desktop = BeginSession(stage, options.Seed);
   MatchTrace trace(options.Trace, out);
   result.Error =

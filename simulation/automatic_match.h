@@ -27,6 +27,8 @@ struct AutomaticMatchOptions {
   std::string SaveTo{};         ///< gets the match as it stands after the last turn; "" saves none
   /// Gets every report page under its file name, whether pages are kept or not.
   std::function<void(const std::string& name, const std::string& page)> OnPage{};
+  /// Called before each turn, with everything planned.
+  std::function<void()> BeforeTurn{};
 };
 
 enum class MatchWinner { kNobody, kPlayer, kEnemy };

@@ -1,6 +1,7 @@
 // Trying an opponent of the list of games.
 #include "simulation/opponent_trial.h"
 
+#include "core/session_aside.h"
 #include "core/state.h"
 #include "game/game_list.h"
 #include "simulation/stage.h"
@@ -17,18 +18,6 @@ constexpr int kMaximumTurns = 100;
 constexpr std::int64_t kSteps = 1000000;
 constexpr std::int64_t kStepsOfTurn = 100000;
 constexpr std::int64_t kStepsOfReading = 50000;  ///< of one file with those that it includes
-
-/// Puts the session back. Records keep their addresses in a copy, not in a move.
-class Aside {
- public:
-  Aside() : kept_(State()) {}
-  ~Aside() { State() = kept_; }
-  Aside(const Aside&) = delete;
-  Aside& operator=(const Aside&) = delete;
-
- private:
-  Session kept_;
-};
 
 void PlayTrial(Stage& stage, TrialMatches& result) {
   stage.BoundWork(kSteps, kStepsOfTurn);
@@ -48,7 +37,7 @@ TrialMatches TryOpponent(int gameIndex, int opponentIndex) {
   if (!games.Holds(gameIndex) || !games[gameIndex].OpponentFiles.Holds(opponentIndex)) return {};
   const std::string file = games[gameIndex].OpponentFiles[opponentIndex].Str();
   const Contender opponent{games[gameIndex].Opponents[opponentIndex].Name.Str(), file};
-  const Aside nothingLasts;
+  const SessionAside nothingLasts;
   TrialMatches result;
   Stage stage;
   if (IsStarterDeck(file)) return result;

@@ -1,4 +1,5 @@
 // brindle check: what is wrong in card files.
+#include <algorithm>
 #include <array>
 
 #include "apps/brindle/commands.h"
@@ -20,9 +21,12 @@ constexpr std::array<Option<CheckOptions>, 2> kOptions = {{
     {"--codes", [](CheckOptions& o, std::string_view) { return o.Codes = true; }, true},
 }};
 
+constexpr std::size_t kLevelWidth = 9;
+
 void PrintCodes() {
   for (const FindingRow& row : FindingRows()) {
-    std::cout << (row.Level == Severity::kError ? "error    " : "warning  ") << row.Word << ": "
+    const std::string_view level = WordOf(row.Level);
+    std::cout << level << std::string(kLevelWidth - level.size(), ' ') << row.Word << ": "
               << row.Meaning << '\n';
   }
 }
@@ -76,7 +80,10 @@ int RunCheck(Arguments arguments) {
     std::cerr << "brindle: there are no card files\n";
     return kWrongUsage;
   }
-  return result.Findings.empty() ? kSuccess : kFailure;
+  const bool onlyRemarks = std::ranges::all_of(result.Findings, [](const Finding& finding) {
+    return RowOf(finding.Code).Level == Severity::kRemark;
+  });
+  return onlyRemarks ? kSuccess : kFailure;
 }
 
 }  // namespace brindlemoor

@@ -19,11 +19,13 @@ constexpr std::array<ToolCommand, 10> kCommands = {{
      "Checks a game, carries out the tests in its folder \"tests\" and plays some matches, again "
      "whenever a file changes.",
      RunWatch},
-    {"scenario", "scenario FILE|FOLDER... [--trace] [--accept] [--words]",
+    {"scenario",
+     "scenario FILE|FOLDER... [--trace] [--accept] [--words] | --from JOURNAL --turn N [FOLDER] "
+     "[--out FILE]",
      "Carries out tests of cards. --trace tells which actions did nothing, and why. --accept "
      "writes "
      "into the files what was there in place of what they expected. --words lists what they are "
-     "written with.",
+     "written with. --from makes a test of a turn of a journal.",
      RunScenario},
     {"sim",
      "sim [FOLDER] [--game NAME] [--matches N] [--seed N] [--turns N] [--decks] [--jobs J] "

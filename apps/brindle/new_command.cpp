@@ -32,15 +32,28 @@ std::string RefuseFolder(const std::string& folder) {
   return isEmpty ? "" : Joined(folder, " is there already.");
 }
 
+/// Takes away what was written, and the folder unless it was there before.
+void RemoveGame(const std::string& folder, bool wasThere) {
+  if (!wasThere) {
+    RemoveFolder(folder);
+    return;
+  }
+  std::error_code failure;
+  for (const auto& entry : std::filesystem::directory_iterator(folder, failure)) {
+    std::filesystem::remove_all(entry.path(), failure);
+  }
+}
+
 /// "" or what went wrong; then nothing of the game stays.
 std::string WriteGame(const std::string& folder, std::string_view name) {
   LocalFileSystem files;
+  const bool wasThere = files.FolderExists(folder);
   for (const NewGameFile& file : FilesOfNewGame(name)) {
     const std::string path = Joined(folder, "/", file.Path);
     std::string problem = MakeFolder(ParentFolder(path));
     if (problem.empty()) problem = files.Write(path, file.Text);
     if (problem.empty()) continue;
-    RemoveFolder(folder);
+    RemoveGame(folder, wasThere);
     return Joined("Can't write ", path, ": ", problem);
   }
   return "";

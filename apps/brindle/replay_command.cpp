@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "apps/brindle/commands.h"
+#include "apps/brindle/journal_file.h"
 #include "core/program_version.h"
 #include "journal/journal.h"
 #include "journal/match_journal.h"
@@ -101,13 +102,10 @@ int PrintResult(const ReplayResult& result, const KindRow& kind) {
 
 /// "" or why a journal can't be played.
 std::string ReadFile(const std::string& path, Journal& journal) {
-  const auto bytes = LocalFileSystem().Read(path);
-  if (!bytes) return Joined("can't read ", path);
-  std::string problem = ReadJournal(*bytes, journal);
-  if (!problem.empty()) return Joined("can't use ", path, ": ", problem);
-  return FindKind(journal.Kind) != nullptr && journal.Folder.starts_with('/')
-             ? ""
-             : Joined("can't use ", path, ": its head is damaged");
+  std::string problem = ReadJournalFile(path, journal);
+  if (!problem.empty()) return problem;
+  return FindKind(journal.Kind) != nullptr ? ""
+                                           : Joined("can't use ", path, ": its head is damaged");
 }
 
 /// "" or why the pages can't be kept there.

@@ -5,14 +5,17 @@
 #include <map>
 
 #include "apps/brindle/commands.h"
+#include "apps/brindle/journal_file.h"
 #include "apps/brindle/output_file.h"
 #include "core/strings.h"
+#include "journal/turn_scenario.h"
 #include "platform/files.h"
 #include "scenario/accepting.h"
 #include "scenario/card_places.h"
 #include "scenario/scenario_fields.h"
 #include "scenario/scenario_run.h"
 #include "scenario/scenario_words.h"
+#include "simulation/automatic_match.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -25,10 +28,25 @@ struct ScenarioOptions {
   bool Words = false;
   bool Trace = false;
   bool Accept = false;
+  std::string From;  ///< a journal; the operand is the folder of its game then
+  int Turn = 0;
+  std::string Out;
 };
-constexpr std::array<Option<ScenarioOptions>, 3> kOptions = {{
+constexpr std::array<Option<ScenarioOptions>, 6> kOptions = {{
     {"--accept", [](ScenarioOptions& o, std::string_view) { return o.Accept = true; }, true},
+    {"--from",
+     [](ScenarioOptions& o, std::string_view v) {
+       o.From = v;
+       return !v.empty();
+     }},
+    {"--out",
+     [](ScenarioOptions& o, std::string_view v) {
+       o.Out = v;
+       return !v.empty();
+     }},
     {"--trace", [](ScenarioOptions& o, std::string_view) { return o.Trace = true; }, true},
+    {"--turn",
+     [](ScenarioOptions& o, std::string_view v) { return ReadNumber(v, o.Turn) && o.Turn >= 1; }},
     {"--words", [](ScenarioOptions& o, std::string_view) { return o.Words = true; }, true},
 }};
 
@@ -105,6 +123,42 @@ void Print(ScenarioReport& report) {
   report.Findings.clear();
 }
 
+/// The folder as seen from the one that a file goes to.
+std::string SeenFrom(const fs::path& file, const std::string& folder) {
+  const std::string seen = fs::path(folder).lexically_relative(file.parent_path()).generic_string();
+  return seen.empty() ? folder : seen;
+}
+
+/// Writes a turn of a journal as a scenario, with the match beside it.
+int TakeFromJournal(const ScenarioOptions& options, const std::vector<std::string>& operands) {
+  if (options.Turn == 0) return WrongUsage("the number of a turn is missing: ", "--turn N");
+  if (operands.size() > 1) return WrongUsage("one folder only: ", operands[1]);
+  Journal journal;
+  const std::string unread = ReadJournalFile(options.From, journal);
+  if (!unread.empty()) return Refuse(unread, kWrongUsage);
+  const std::string name =
+      options.Out.empty() ? Joined("turn-", options.Turn, ".txt") : options.Out;
+  const fs::path file = AbsoluteFolder(name);
+  const fs::path match = fs::path(file).replace_extension(".match");
+  std::error_code failure;
+  for (const fs::path& path : {file, match}) {
+    if (fs::exists(path, failure)) {
+      return Refuse(Joined(path.generic_string(), " is there already"), kWrongUsage);
+    }
+  }
+  ReplayOptions replay;
+  replay.Folder = operands.empty() ? journal.Folder : AbsoluteFolder(operands[0]);
+  const TurnScenario scenario =
+      ScenarioOfTurn(journal, replay, options.Turn, match.filename().generic_string(),
+                     SeenFrom(file, replay.Folder));
+  if (!scenario.Problem.empty()) return Refuse(scenario.Problem, kFailure);
+  std::string problem = WriteOutput(match.generic_string(), scenario.Match);
+  if (problem.empty()) problem = WriteOutput(file.generic_string(), scenario.Text);
+  if (!problem.empty()) return Refuse(problem, kFailure);
+  std::cout << name << '\n';
+  return kSuccess;
+}
+
 }  // namespace
 
 int RunScenario(Arguments arguments) {
@@ -116,6 +170,7 @@ int RunScenario(Arguments arguments) {
     PrintWords();
     return kSuccess;
   }
+  if (!options.From.empty()) return TakeFromJournal(options, operands);
   if (operands.empty()) return WrongUsage("a file is missing behind ", "scenario");
   ScenarioLibrary library;
   ScenarioReport report;
