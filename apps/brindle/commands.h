@@ -34,6 +34,7 @@ int RunNew(Arguments arguments);        // new_command.cpp
 int RunReference(Arguments arguments);  // reference_command.cpp
 int RunReplay(Arguments arguments);     // replay_command.cpp
 int RunScenario(Arguments arguments);   // scenario_command.cpp
+int RunServe(Arguments arguments);      // serve_command.cpp
 int RunSim(Arguments arguments);        // sim_command.cpp
 int RunWatch(Arguments arguments);      // watch_command.cpp
 
