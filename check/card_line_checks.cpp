@@ -231,7 +231,7 @@ void FileCheck::UniqueId(const CheckedField& field) {
   const auto [entry, isNew] = facts_.UniqueIds.try_emplace(
       field.Text, SetFacts::Definition{name.Text, file_.Path(), place});
   if (isNew || entry->second.Name == name.Text) return;
-  Note(field, FindingCode::kDuplicateId,
+  Note(field, FindingCode::kDuplicateUniqueId,
        Joined("\"", field.Text, "\" is the ID of \"", entry->second.Name, "\" too (",
               FileNameOf(entry->second.File), ", line ", entry->second.Place.Line, ")."));
 }

@@ -35,6 +35,8 @@ class CheckedFile {
   CheckedFile(std::string path, std::string bytes);
 
   const std::string& Path() const { return path_; }
+  /// The decoded text, which the fields are places of.
+  const std::string& Text() const { return text_; }
   const std::vector<CheckedDirective>& Directives() const { return directives_; }
   /// What was wrong with the words and the cutting of fields.
   const std::vector<Finding>& Findings() const { return findings_; }

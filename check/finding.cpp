@@ -32,7 +32,7 @@ constexpr std::array<FindingRow, static_cast<std::size_t>(C::kCount)> kRows = {{
     {"missing-include", C::kMissingInclude, kError, "an included file that is not there"},
     {"missing-reference", C::kMissingReference, kError, "a card of another file that is not there"},
     {"missing-picture", C::kMissingPicture, kWarning, "a picture that is not there"},
-    {"duplicate-id", C::kDuplicateId, kError, "two different cards with one unique ID"},
+    {"duplicate-id", C::kDuplicateUniqueId, kError, "two different cards with one unique ID"},
     {"missing-id", C::kMissingId, kWarning, "a card of another file without a unique ID: nothing is taken from there"},
     {"markup-in-name", C::kMarkupInName, kWarning, "a name with markup, which scripts and lists have to repeat"},
     {"twofold-include", C::kTwofoldInclude, kWarning, "a file that is included twice: its cards come twice"},
@@ -86,17 +86,19 @@ void SortFindings(std::vector<Finding>& findings) {
   findings.erase(std::unique(findings.begin(), findings.end(), equal), findings.end());
 }
 
+std::string FindingSentence(const Finding& finding) {
+  const std::string meant = Joined("\"", finding.Suggestion, "\"");
+  const bool said = finding.Suggestion.empty() || finding.Text.find(meant) != std::string::npos;
+  return said ? finding.Text : Joined(finding.Text, " Did you mean ", meant, "?");
+}
+
 std::string FindingLine(const Finding& finding) {
   const FindingRow& row = RowOf(finding.Code);
   std::string line = finding.File;
   if (finding.Place.Line > 0) {
     line += Joined(":", finding.Place.Line, ":", finding.Place.Column);
   }
-  line += Joined(": ", WordOf(row.Level), ": ", finding.Text);
-  const std::string meant = Joined("\"", finding.Suggestion, "\"");
-  const bool said = finding.Suggestion.empty() || finding.Text.find(meant) != std::string::npos;
-  if (!said) line += Joined(" Did you mean ", meant, "?");
-  line += Joined(" [", row.Word, "]");
+  line += Joined(": ", WordOf(row.Level), ": ", FindingSentence(finding), " [", row.Word, "]");
   // A text of a strange file must not break the line, nor steer the terminal.
   for (char& character : line) {
     if (static_cast<unsigned char>(character) < ' ' || character == '\x7F') character = ' ';

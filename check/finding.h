@@ -32,7 +32,7 @@ enum class FindingCode : std::uint8_t {
   kMissingInclude,
   kMissingReference,
   kMissingPicture,
-  kDuplicateId,
+  kDuplicateUniqueId,
   kMissingId,
   kMarkupInName,
   kTwofoldInclude,
@@ -95,6 +95,8 @@ struct Finding {
 /// Sorts by file, line and column, and drops equal ones.
 void SortFindings(std::vector<Finding>& findings);
 
+/// The text, and what was meant where it doesn't say so itself.
+std::string FindingSentence(const Finding& finding);
 /// "file:line:column: severity: text [code]", with the suggestion behind the text.
 std::string FindingLine(const Finding& finding);
 /// All of them as one JSON array, a finding a line.

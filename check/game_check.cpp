@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "check/card_set.h"
+#include "check/check_session.h"
 #include "check/deck_check.h"
 #include "check/file_check.h"
 #include "check/name_check.h"
@@ -17,10 +18,7 @@
 #include "core/state.h"
 #include "data/card_reader.h"
 #include "data/profiles.h"
-#include "game/session_opening.h"
 #include "lint/word_distance.h"
-#include "platform/headless/headless_platform.h"
-#include "platform/headless/overlay_files.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -45,29 +43,6 @@ bool HoldsGame(const std::string& folder) {
   }
   return false;
 }
-
-/// A session of its own on the files of the present one, which comes back at the end.
-class CheckSession {
- public:
-  CheckSession() : before_(std::exchange(State(), Session{})) {}
-  ~CheckSession() {
-    before_.Desktop->Files().KeepTo(before_.ProgramFolder);
-    State() = std::move(before_);
-  }
-  CheckSession(const CheckSession&) = delete;
-  CheckSession& operator=(const CheckSession&) = delete;
-
-  void Begin(const std::string& folder, OverlayFileSystem::Test hides) {
-    auto desktop = std::make_shared<HeadlessPlatform>(
-        std::make_unique<OverlayFileSystem>(before_.Desktop->Files(), std::move(hides)));
-    desktop->AcceptMessages = true;
-    OpenSession(std::move(desktop), folder);
-    State().Profile.PlayerName = "Check";  // nobody is asked for a name
-  }
-
- private:
-  Session before_;
-};
 
 /// Custom strings are known to messages of every file.
 void TakeCustomStrings(const CardSet& set) {
@@ -147,8 +122,8 @@ class Check {
   /// The program's folder of what is in a folder: that one, or the one above if it has the game.
   const std::string& BaseOf(const std::string& folder) {
     const auto [entry, isNew] = bases_.try_emplace(folder, folder);
-    const std::string above = FolderOf(folder);
-    if (isNew && !HoldsGame(folder) && HoldsGame(above)) entry->second = above;
+    const std::string game = isNew ? FolderOfGame(folder) : "";
+    if (!game.empty()) entry->second = game;
     return entry->second;
   }
 
@@ -223,6 +198,12 @@ class Check {
 };
 
 }  // namespace
+
+std::string FolderOfGame(const std::string& folder) {
+  if (HoldsGame(folder)) return folder;
+  const std::string above = FolderOf(folder);
+  return HoldsGame(above) ? above : "";
+}
 
 CheckResult CheckPaths(const std::vector<std::string>& paths) {
   const std::shared_ptr<Platform> desktop = State().Desktop;

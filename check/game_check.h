@@ -21,4 +21,8 @@ struct CheckResult {
 /// session, which stays as it is.
 CheckResult CheckPaths(const std::vector<std::string>& paths);
 
+/// The program's folder of the game that the files of a folder belong to: that folder, or the one
+/// above, whichever has a game; "" when neither has. Reads through the desktop of the session.
+std::string FolderOfGame(const std::string& folder);
+
 }  // namespace brindlemoor

@@ -47,6 +47,13 @@ struct Problem {
   std::string Message;
 };
 
+/// Places of a table by a text key.
+struct KeyHash {
+  using is_transparent = void;
+  std::size_t operator()(std::string_view key) const { return std::hash<std::string_view>()(key); }
+};
+using KeyPlaces = std::unordered_map<std::string, int, KeyHash, std::equal_to<>>;
+
 /// Every table of the program. A fresh session is one assignment; nothing else in the engine is
 /// global and mutable.
 struct Session {
@@ -87,7 +94,8 @@ struct Session {
   std::int16_t CurrentGame = 0;
   Text GameFileName;                 ///< value of #GAMEFILE
   std::uint8_t StarterDeckFlag = 0;  ///< 1 after a file with #STARTERDECK
-  Pile MasterCards;                  ///< hash table of master definitions
+  Pile MasterCards;                  ///< master definitions, in the order in which they were read
+  KeyPlaces MasterPlaces;            ///< of unique IDs in MasterCards
   Table<ReferenceFile> RefCache;     ///< files read for #REF... directives
   Table<Template> Templates;
   CropCoordinates Crop;                ///< of the image that the editor composes

@@ -83,16 +83,14 @@ class ValueReading {
   std::span<const std::string_view> behind_;  // what the last keyword takes
 };
 
-}  // namespace
-
-std::vector<ScriptPart> PartsOfScript(std::string_view script) {
+std::vector<ScriptPart> PartsOf(const std::vector<ScriptField>& fields, std::string_view script) {
   std::vector<ScriptPart> parts;
   const auto add = [&](std::string_view text, TextStyle style, const Command* row,
                        std::string_view name) {
     const auto offset = static_cast<std::size_t>(text.data() - script.data());
     parts.push_back({offset, text, style, row, name});
   };
-  for (const ScriptField& field : FieldsOfScript(script)) {
+  for (const ScriptField& field : fields) {
     if (field.Name.empty()) {
       add(field.Text, StyleOfCommand(field.Row), field.Row, "");
     } else if (!IsValue(field)) {
@@ -108,6 +106,16 @@ std::vector<ScriptPart> PartsOfScript(std::string_view script) {
     }
   }
   return parts;
+}
+
+}  // namespace
+
+std::vector<ScriptPart> PartsOfScript(std::string_view script) {
+  return PartsOf(FieldsOfScript(script), script);
+}
+
+std::vector<ScriptPart> PartsOfArgument(std::string_view name, std::string_view text) {
+  return PartsOf(FieldsOfArgument(name, text), text);
 }
 
 std::string ReferenceAnchor(std::string_view script, std::size_t caret) {

@@ -34,6 +34,8 @@ inline constexpr std::string_view kOwnerName = "OWNERWORD";
 /// All parts in their order, empty ones included: of an argument that is a value each "/" field is
 /// a part of its own.
 std::vector<ScriptPart> PartsOfScript(std::string_view script);
+/// The same of a text that is one argument by itself, see FieldsOfArgument.
+std::vector<ScriptPart> PartsOfArgument(std::string_view name, std::string_view text);
 
 /// The place in the reference page of the word at a byte of the script: of a value word, a trigger,
 /// a target or the command it belongs to. That of scripts where there is none.

@@ -100,6 +100,7 @@ void OfferFor(Choice& choice, const ScriptPart& part, std::string_view typed,
   constexpr std::string_view kTraitNote = "a trait of these cards";
   if (part.Name.empty()) return OfferCommands(choice, typed);
   if (part.Name == "NAME") return choice.OfferNames(names.Cards, "a card");
+  if (part.Name == "FILE") return choice.OfferNames(names.Files, "a card file");
   if (part.Name == kNeededName || part.Name == kOwnerName) OfferOwnerWords(choice);
   if (part.Name == kNeededName) choice.OfferNames(names.Traits, kTraitNote);
   switch (KindOfArgument(part.Name)) {
@@ -112,7 +113,7 @@ void OfferFor(Choice& choice, const ScriptPart& part, std::string_view typed,
       choice.AllowOthers();
       return OfferValueWords(choice);
     case ArgumentKind::kTarget:
-      return OfferTargets(choice, part.Row != nullptr && part.Row->Arguments == 0);
+      return OfferTargets(choice, part.Row == nullptr || part.Row->Arguments == 0);
     case ArgumentKind::kTrigger:
       return OfferTriggers(choice, part.Continues);
     default:
@@ -120,14 +121,9 @@ void OfferFor(Choice& choice, const ScriptPart& part, std::string_view typed,
   }
 }
 
-}  // namespace
-
-TextSuggestions SuggestForScript(std::string_view script, std::size_t caret,
-                                 const KnownNames& names) {
+TextSuggestions SuggestAmong(const std::vector<ScriptPart>& parts, std::string_view script,
+                             std::size_t caret, const KnownNames& names) {
   caret = std::min(caret, script.size());
-  std::vector<ScriptPart> parts = PartsOfScript(script);
-  // Where nothing stands yet a command can begin.
-  if (parts.empty()) parts.push_back({0, script, TextStyle::kUnknown, nullptr, ""});
   const auto found =
       std::ranges::find_if(parts, [caret](const ScriptPart& part) { return part.Reaches(caret); });
   if (found == parts.end()) return {};
@@ -146,6 +142,21 @@ TextSuggestions SuggestForScript(std::string_view script, std::size_t caret,
     if (end < script.size() && item.Text.ends_with(script[end])) item.Text.pop_back();
   }
   return all;
+}
+
+}  // namespace
+
+TextSuggestions SuggestForScript(std::string_view script, std::size_t caret,
+                                 const KnownNames& names) {
+  std::vector<ScriptPart> parts = PartsOfScript(script);
+  // Where nothing stands yet a command can begin.
+  if (parts.empty()) parts.push_back({0, script, TextStyle::kUnknown, nullptr, ""});
+  return SuggestAmong(parts, script, caret, names);
+}
+
+TextSuggestions SuggestForArgument(std::string_view name, std::string_view text, std::size_t caret,
+                                   const KnownNames& names) {
+  return SuggestAmong(PartsOfArgument(name, text), text, caret, names);
 }
 
 }  // namespace brindlemoor

@@ -21,8 +21,6 @@ namespace {
 
 constexpr int kMatchMasters = 5000;
 constexpr int kSaveMasters = 2000;
-/// Probes of one look-up, per element of the table, before it is searched in order.
-constexpr int kProbesPerElement = 2;
 
 using Piles = std::vector<Pile*>;
 
@@ -48,6 +46,7 @@ void StoreMasters(const Pile& definitions, const Text& file) {
       ++lost;
     } else {
       State().MasterCards[slot] = card;
+      State().MasterPlaces.try_emplace(card.UniqueID.Str(), slot);
     }
   }
   if (lost == 0) return;
@@ -82,6 +81,7 @@ void StoreMastersOf(const Text& file) {
 
 void FillMasterCards(const std::vector<Text>& files, int capacity) {
   State().MasterCards.Reset(capacity);
+  State().MasterPlaces.clear();
   for (const Text& file : files) StoreMastersOf(file);
 }
 
@@ -147,23 +147,11 @@ void Refresh(const Piles& piles, int capacity) {
 }  // namespace
 
 int MasterSlot(std::string_view uniqueId) {
-  const Pile& masters = State().MasterCards;
-  const int count = masters.UpperBound();
-  if (count == 0) return 0;
-  SeedFromText(uniqueId, 0);
-  for (int probe = 0; probe < count * kProbesPerElement; ++probe) {
-    const int slot = RollDie(count);
-    const Text& present = masters[slot].UniqueID;
-    if (present.empty() || present == uniqueId) return slot;
-  }
-  SpendWorkOnSearch(static_cast<std::size_t>(count) * (kProbesPerElement + 1));
-  int free = 0;
-  for (int slot = 1; slot <= count; ++slot) {
-    const Text& present = masters[slot].UniqueID;
-    if (present == uniqueId) return slot;
-    if (free == 0 && present.empty()) free = slot;
-  }
-  return free;
+  const KeyPlaces& places = State().MasterPlaces;
+  const auto place = places.find(uniqueId);
+  if (place != places.end()) return place->second;
+  const int next = static_cast<int>(places.size()) + 1;
+  return State().MasterCards.Holds(next) ? next : 0;
 }
 
 void RefreshPlayers() {
@@ -177,6 +165,7 @@ void RefreshCollection() {
   for (DeckRec& deck : session.Decks) piles.push_back(&deck.Cards);
   Refresh(piles, kSaveMasters);
   session.MasterCards.Reset(1);
+  session.MasterPlaces.clear();
 }
 
 }  // namespace brindlemoor

@@ -81,6 +81,16 @@ std::vector<ScriptField> FieldsOfScript(std::string_view script) {
   return FieldReading(script).Read();
 }
 
+std::vector<ScriptField> FieldsOfArgument(std::string_view name, std::string_view text) {
+  FieldWalker fields(text, ':');
+  std::vector<ScriptField> read = {{fields.Next(), nullptr, name, false}};
+  for (const std::string_view behind :
+       Fields(NamesBehind(KindOfArgument(name), read.front().Text), ' ')) {
+    if (!fields.AtEnd()) read.push_back({fields.Next(), nullptr, behind, true});
+  }
+  return read;
+}
+
 void VisitArguments(std::string_view script,
                     const std::function<void(const ScriptArgument&)>& visit) {
   const std::vector<ScriptField> fields = FieldsOfScript(script);

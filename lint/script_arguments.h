@@ -24,6 +24,10 @@ struct ScriptField {
 /// The fields up to the first empty one that ends the script, that one included.
 std::vector<ScriptField> FieldsOfScript(std::string_view script);
 
+/// The same of a text that is one argument by itself, by the argument's name: "TRAITCHANGE:HP" is a
+/// trigger and a trait. What stands behind the fields that belong to it is left out.
+std::vector<ScriptField> FieldsOfArgument(std::string_view name, std::string_view text);
+
 struct ScriptArgument {
   std::string_view Word;  ///< the command
   CommandRole Role;

@@ -16,9 +16,7 @@
 #include "pages/messages.h"
 #include "pages/shown_markup.h"
 #include "reference/anchors.h"
-#include "reference/examples.h"
-#include "reference/notes.h"
-#include "reference/script_sentence.h"
+#include "reference/word_help.h"
 #include "script/command_table.h"
 #include "text/quoting.h"
 #include "text/text.h"
@@ -128,16 +126,6 @@ std::string Section(std::string_view anchor, std::string_view title, std::string
   return Joined("<h2 id=\"", anchor, "\">", title, "</h2>\n", intro);
 }
 
-std::string ExampleText(const ActionExample* example) {
-  if (example == nullptr) return "";
-  return Joined("#EFFECT, ", example->Target, ", ", example->Trigger, ", \"", example->Script,
-                "\"");
-}
-
-std::string ExampleText(const TextExample* example) {
-  return example == nullptr ? "" : std::string(example->Text);
-}
-
 /// HTML of a note: what stands in "`" is code.
 std::string NoteText(std::string_view text) {
   std::string html;
@@ -149,71 +137,40 @@ std::string NoteText(std::string_view text) {
   return Joined("<p>", html, "</p>\n");
 }
 
-/// The notes of the word with this anchor.
-std::string NotesOf(std::string_view anchor) {
+std::string Entry(const WordHelp& help) {
+  std::string notes;
+  for (const std::string& note : help.Notes) notes += NoteText(note);
+  return Joined("<dt id=\"", HtmlText(help.Anchor), "\"><code>", HtmlText(help.Form),
+                "</code></dt>\n<dd>", HtmlText(help.Meaning), "\n<pre>", HtmlText(help.Example),
+                "</pre>\n", notes, "</dd>\n");
+}
+
+/// The entries of all rows of a table.
+template <class Rows>
+std::string Entries(const Rows& rows) {
   std::string html;
-  for (const ReferenceNote& note : ReferenceNotes()) {
-    for (FieldWalker anchors(note.Anchors, ' '); !anchors.AtEnd();) {
-      if (anchors.Next() == anchor) html += NoteText(note.Text);
-    }
-  }
-  const std::string inReactions = ReactionNote(anchor);
-  return inReactions.empty() ? html : html + NoteText(inReactions);
-}
-
-/// more is a note that the word's row tells.
-std::string Entry(std::string_view word, std::string_view form, std::string_view meaning,
-                  std::string_view example, std::string_view more = {}) {
-  return Joined("<dt id=\"", HtmlText(word), "\"><code>", HtmlText(form), "</code></dt>\n<dd>",
-                HtmlText(meaning), "\n<pre>", HtmlText(example), "</pre>\n",
-                more.empty() ? std::string() : NoteText(more), NotesOf(word), "</dd>\n");
-}
-
-std::string DirectiveForm(std::string_view word, std::string_view fields) {
-  return fields.empty() ? std::string(word) : Joined(word, ", ", fields);
+  for (const auto& row : rows) html += Entry(HelpOf(row));
+  return html;
 }
 
 std::string Directives() {
-  std::string html = Section("files", "Card files", kFilesIntro) + "<dl>\n";
-  const auto examples = DirectiveExamples();
-  for (const ForeignDirectiveRow& row : kForeignDirectiveRows) {
-    html += Entry(row.Word, DirectiveForm(row.Word, row.Usage), row.Meaning,
-                  ExampleText(FindExample(examples, row.Word)));
-  }
-  for (const DirectiveRow& row : kDirectiveRows) {
-    html += Entry(row.Word, DirectiveForm(row.Word, row.Usage), row.Meaning,
-                  ExampleText(FindExample(examples, row.Word)));
-  }
-  return html + "</dl>\n";
+  return Joined(Section("files", "Card files", kFilesIntro), "<dl>\n",
+                Entries(kForeignDirectiveRows), Entries(kDirectiveRows), "</dl>\n");
 }
 
 std::string Locations() {
-  std::string html = Section("places", "Places", kPlacesIntro) + "<dl>\n";
-  for (const LocationRow& row : kLocationRows) {
-    html += Entry(Joined("place-", row.Word), row.Word, row.Meaning,
-                  ExampleText(FindExample(LocationExamples(), row.Word)));
-  }
-  return html + "</dl>\n";
+  return Joined(Section("places", "Places", kPlacesIntro), "<dl>\n", Entries(kLocationRows),
+                "</dl>\n");
 }
 
 std::string Targets() {
-  std::string html = Section("targets", "Targets", kTargetsIntro) + "<dl>\n";
-  for (const TargetTypeRow& row : kTargetTypeRows) {
-    html += Entry(TargetAnchor(row.Word), row.Word, row.Meaning,
-                  ExampleText(FindExample(TargetExamples(), row.Word)), TargetNote(row));
-  }
-  return html + "</dl>\n";
+  return Joined(Section("targets", "Targets", kTargetsIntro), "<dl>\n", Entries(kTargetTypeRows),
+                "</dl>\n");
 }
 
 std::string Triggers() {
-  std::string html = Section("triggers", "Triggers", kTriggersIntro) + "<dl>\n";
-  for (const TriggerRow& row : kTriggerRows) {
-    std::string form = Joined(row.Word, row.Arguments);
-    std::ranges::replace(form, ' ', ':');
-    html += Entry(TriggerAnchor(row.Stem()), form, row.FiredBy,
-                  ExampleText(FindExample(TriggerExamples(), row.Word)));
-  }
-  return html + "</dl>\n";
+  return Joined(Section("triggers", "Triggers", kTriggersIntro), "<dl>\n", Entries(kTriggerRows),
+                "</dl>\n");
 }
 
 std::string Arguments() {
@@ -239,41 +196,19 @@ std::string Commands() {
   std::string html =
       Section(kScriptsAnchor, "Scripts", kScriptsIntro) + CommandIndex() + Arguments();
   for (const Family& family : kFamilies) {
-    html += Joined("<h3>", family.Title, "</h3>\n<dl>\n");
-    for (const Command& row : family.Rows()) {
-      html += Entry(row.Word, CommandForm(row), MeaningOf(row.Usage),
-                    ExampleText(FindExample(CommandExamples(), row.Word)), TrialNote(row));
-    }
-    html += "</dl>\n";
+    html += Joined("<h3>", family.Title, "</h3>\n<dl>\n", Entries(family.Rows()), "</dl>\n");
   }
   return html;
 }
 
-/// "TRAIT/TRAIT" for a keyword with fields, "DIVn" for an operator.
-std::string ValueForm(const ValueKeyword& row) {
-  std::string form(row.Word);
-  std::ranges::replace(form, '#', 'n');
-  if (row.Usage.starts_with('/')) form += row.Usage.substr(0, row.Usage.find(' '));
-  return form;
-}
-
 std::string Values() {
-  std::string html = Section("values", "Values", kValuesIntro) + "<dl>\n";
-  for (const ValueKeyword& row : ValueKeywords()) {
-    html += Entry(ValueAnchor(row.Word), ValueForm(row), MeaningOf(row.Usage),
-                  ExampleText(FindExample(ValueExamples(), row.Word)));
-  }
-  return html + "</dl>\n";
+  return Joined(Section("values", "Values", kValuesIntro), "<dl>\n", Entries(ValueKeywords()),
+                "</dl>\n");
 }
 
 std::string Messages() {
-  std::string html = Section("messages", "Messages", kMessagesIntro) + "<dl>\n";
-  for (const MessageMark& row : MessageMarks()) {
-    const std::string_view argument = row.TakesValue ? "/VALUE#" : "/NAME#";
-    html += Entry(Joined("mark-", row.Mark), Joined(row.Mark, row.OpensField ? argument : ""),
-                  row.Meaning, ExampleText(FindExample(MessageExamples(), row.Mark)));
-  }
-  return html + "</dl>\n";
+  return Joined(Section("messages", "Messages", kMessagesIntro), "<dl>\n", Entries(MessageMarks()),
+                "</dl>\n");
 }
 
 /// Every tag that pages show, with its attributes.
@@ -290,13 +225,8 @@ std::string Markup() {
 }
 
 std::string Traits() {
-  std::string html = Section("traits", "Traits of the program", kTraitsIntro) + "<dl>\n";
-  for (const ProgramTrait& row : ProgramTraits()) {
-    const bool isPrefix = row.Place == TraitPlace::kPrefix;
-    html += Entry(Joined("trait-", row.Name), Joined(row.Name, isPrefix ? "\u2026" : ""),
-                  row.Meaning, row.Example);
-  }
-  return html + "</dl>\n";
+  return Joined(Section("traits", "Traits of the program", kTraitsIntro), "<dl>\n",
+                Entries(ProgramTraits()), "</dl>\n");
 }
 
 }  // namespace

@@ -35,6 +35,7 @@ int RunPack(Arguments arguments);       // pack_command.cpp
 int RunReference(Arguments arguments);  // reference_command.cpp
 int RunReplay(Arguments arguments);     // replay_command.cpp
 int RunScenario(Arguments arguments);   // scenario_command.cpp
+int RunServe(Arguments arguments);      // serve_command.cpp
 int RunSim(Arguments arguments);        // sim_command.cpp
 int RunUnpack(Arguments arguments);     // unpack_command.cpp
 int RunWatch(Arguments arguments);      // watch_command.cpp

@@ -10,7 +10,7 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::array<ToolCommand, 11> kCommands = {{
+constexpr std::array<ToolCommand, 12> kCommands = {{
     {"new", "new FOLDER [--name NAME]",
      "Makes a folder with a small game that plays at once, for its author to go on from.", RunNew},
     {"check", "check FOLDER|FILE... [--json] [--codes]",
@@ -54,6 +54,10 @@ constexpr std::array<ToolCommand, 11> kCommands = {{
     {"reference", "reference [FILE]",
      "Writes the reference for authors, a page of every word of card files and scripts.",
      RunReference},
+    {"serve", "serve",
+     "Helps editors with card files: the Language Server Protocol on the standard input and "
+     "output.",
+     RunServe},
 }};
 
 void PrintHelp() {
