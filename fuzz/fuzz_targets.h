@@ -32,6 +32,7 @@ void FuzzImage(std::string_view bytes);        ///< a picture file by way of the
 void FuzzMatch(std::string_view bytes);        ///< a game folder (see FolderText): a whole match
 void FuzzSavedMatch(std::string_view bytes);   ///< the file of a match: read, played, composed
 void FuzzFolder(std::string_view bytes);       ///< a folder of the disk (see MadeFolder): all of it
+void FuzzServer(std::string_view bytes);       ///< a card file that is typed, or frames ("@raw")
 void FuzzWriters(std::string_view bytes);      ///< steps of two programs on one folder
 
 }  // namespace brindlemoor
