@@ -221,6 +221,20 @@ Inputs Archives(const std::string&) {
   return inputs;
 }
 
+/// The small game's files as they are typed, to some line, and frames.
+Inputs Typed(const std::string&) {
+  Inputs inputs = {
+      "@raw\nContent-Length: 45\r\n\r\n{\"id\":1,\"method\":\"initialize\",\"params\":{}   }",
+      "@raw\nContent-Length: many\r\n\r\n{}Content-Length: 2\r\n\r\n[]"};
+  for (const FolderFile& file : FilesOfText(SmallGame())) {
+    for (std::size_t end = 0; end < file.Bytes.size(); end = file.Bytes.find('\n', end + 40)) {
+      inputs.push_back(file.Bytes.substr(0, end));
+    }
+    inputs.push_back(file.Bytes);
+  }
+  return inputs;
+}
+
 constexpr FuzzTarget kTargets[] = {
     {"card_file", FuzzCardFile, CardFiles},
     {"script", FuzzScript, Scripts},
@@ -236,6 +250,7 @@ constexpr FuzzTarget kTargets[] = {
     {"folder", FuzzFolder, Folders},
     {"writers", FuzzWriters, Writers},
     {"saved_match", FuzzSavedMatch, SavedMatches},
+    {"server", FuzzServer, Typed},
 };
 
 }  // namespace

@@ -33,6 +33,7 @@ void FuzzMatch(std::string_view bytes);        ///< a game folder (see FolderTex
 void FuzzSavedMatch(std::string_view bytes);   ///< the file of a match: read, played, composed
 void FuzzArchive(std::string_view bytes);      ///< an archive of a game: read, opened twice
 void FuzzFolder(std::string_view bytes);       ///< a folder of the disk (see MadeFolder): all of it
+void FuzzServer(std::string_view bytes);       ///< a card file that is typed, or frames ("@raw")
 void FuzzWriters(std::string_view bytes);      ///< steps of two programs on one folder
 
 }  // namespace brindlemoor
