@@ -35,8 +35,7 @@ std::size_t EndOfMarked(std::string_view text, std::size_t begin, std::size_t li
 }
 
 Json DiagnosticOf(const Finding& finding, std::string_view text, const TextPositions& positions) {
-  constexpr int kErrorNumber = 1;
-  constexpr int kWarningNumber = 2;
+  // The protocol counts errors, warnings and informations from 1, as the findings do from 0.
   const FindingRow& row = RowOf(finding.Code);
   std::size_t begin = 0;
   std::size_t end = 0;  // of what is said of the file as a whole
@@ -45,7 +44,7 @@ Json DiagnosticOf(const Finding& finding, std::string_view text, const TextPosit
     end = EndOfMarked(text, begin, positions.LineEnd(positions.PositionOf(begin).Line));
   }
   return {{"range", RangeOf(positions, begin, end)},
-          {"severity", row.Level == Severity::kError ? kErrorNumber : kWarningNumber},
+          {"severity", static_cast<int>(row.Level) + 1},
           {"code", row.Word},
           {"source", "brindle"},
           {"message", FindingSentence(finding)}};
