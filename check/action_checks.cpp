@@ -120,7 +120,9 @@ void FileCheck::Gather(std::string_view script, std::size_t offset) {
     if (kind == ArgumentKind::kTrait) {
       // A declaration is a trait of the action itself.
       const bool gives = argument.Role == CommandRole::kActs || argument.Word == "TRAIT";
-      if (gives && !argument.Word.starts_with("REMOVE") && !argument.Word.starts_with("SUB")) {
+      const bool takes = argument.Word.starts_with("REMOVE") || argument.Word.starts_with("SUB") ||
+                         argument.Word.starts_with("REDIREC");
+      if (gives && !takes) {
         Gives(argument.Text, place(argument.Text));
       } else {
         Reads(argument.Text, place(argument.Text));
@@ -155,6 +157,7 @@ void FileCheck::GatherWriting(std::string_view script, std::size_t offset) {
         ArgumentKind::kTrait;
     if (field.Row->Role == CommandRole::kRequires) continue;
     if (isCommand && (field.Row->Role != CommandRole::kActs || !writes)) return;
+    if (field.Row->Word.starts_with("REDIREC")) return;  // it reads the trait as well
     if (isCommand || field.Name != "TRAIT") continue;
     if (IsComposed(field.Text)) return;
     if (writing.Traits.empty()) {
@@ -180,7 +183,8 @@ void FileCheck::Gives(std::string_view trait, std::size_t offset) {
   const std::string name = FoldUpper(trait);
   facts_.GivenTraits.insert(name);
   // A bonus brings the trait that it adds to.
-  if (name.starts_with(kBonus)) facts_.GivenTraits.insert(name.substr(kBonus.size()));
+  if (name.starts_with(kBonus) && name != kBonus)
+    facts_.GivenTraits.insert(name.substr(kBonus.size()));
 }
 
 void FileCheck::Reads(std::string_view trait, std::size_t offset) {

@@ -63,6 +63,7 @@ class FileCheck {
   void NoteSpelling(std::string_view trait, std::size_t offset);
   /// Notes the words of a line; those of one that belongs to a card as the card's own, too.
   void GatherLine(const CheckedDirective& directive);
+  void GatherPair(std::string_view behind, const std::string& word);
   void BeginClaims(std::string_view name, const CheckedField& description);
   void FindPicture(std::string_view name, std::size_t offset);
   /// Says so when a card file has no card of a name.

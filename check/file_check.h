@@ -36,8 +36,9 @@ struct TraitSpelling {
 
 /// A number or a trait word in the text of a card.
 struct TextClaim {
-  std::string Word;    ///< folded trait name, "" for a number alone
-  std::string Number;  ///< digits
+  std::string Word;      ///< folded trait name, "" for a number alone
+  std::string Number;    ///< digits
+  bool IsLimit = false;  ///< "up to 9"
   std::string File;
   FilePlace Place;
 };

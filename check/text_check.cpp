@@ -2,6 +2,7 @@
 #include "check/text_check.h"
 
 #include <algorithm>
+#include <array>
 #include <unordered_map>
 
 #include "core/strings.h"
@@ -13,6 +14,10 @@ namespace brindlemoor {
 namespace {
 
 constexpr std::size_t kLongestNumber = 9;
+
+/// The words before a number that a script may write with one more or less.
+constexpr std::array<std::string_view, 10> kLimitWords = {
+    "TO", "THAN", "LEAST", "MOST", "BELOW", "ABOVE", "UNDER", "OVER", "BEYOND", "UNTIL"};
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
@@ -74,10 +79,17 @@ using WordsByName = std::unordered_map<std::string_view, std::vector<const CardC
 
 bool Knows(const CardClaims& card, const std::string& word) { return card.Words.contains(word); }
 
-bool KnowsNumber(const CardClaims& card, const std::string& number) {
-  if (number.size() > kLongestNumber) return true;
-  const int value = static_cast<int>(NumericPrefix(number));
-  return Knows(card, number) || Knows(card, Joined(value + 1)) || Knows(card, Joined(value - 1));
+bool KnowsNumber(const CardClaims& card, const TextClaim& claim) {
+  if (claim.Number.size() > kLongestNumber || Knows(card, claim.Number)) return true;
+  const int value = static_cast<int>(NumericPrefix(claim.Number));
+  return claim.IsLimit && (Knows(card, Joined(value + 1)) || Knows(card, Joined(value - 1)));
+}
+
+/// False for a trait that the card's lines name with other numbers only.
+bool KnowsTrait(const CardClaims& card, const TextClaim& claim) {
+  if (!Knows(card, claim.Word)) return false;
+  return !Knows(card, Joined(claim.Word, ":")) ||
+         Knows(card, Joined(claim.Word, ":", claim.Number));
 }
 
 /// Asks a card and those that it makes.
@@ -96,12 +108,15 @@ bool AnyKnows(const CardClaims& card, const WordsByName& cards, Test knows) {
 std::vector<NumberInText> NumbersInText(std::string_view text) {
   std::vector<NumberInText> numbers;
   std::string_view word;
+  bool isLimit = false;
   for (TextWalker walker(text); !walker.AtEnd();) {
     if (IsLetter(walker.Letter())) {
       word = walker.Take(IsLetter);
+      isLimit = std::ranges::find(kLimitWords, FoldUpper(word)) != kLimitWords.end();
     } else if (IsDigit(walker.Letter())) {
-      numbers.push_back({word, walker.Take(IsDigit)});
+      numbers.push_back({word, walker.Take(IsDigit), isLimit});
       word = {};
+      isLimit = false;
       walker.Take(IsLetter);  // "2nd"
     } else {
       if (walker.Letter() != ' ') word = {};
@@ -115,12 +130,13 @@ void CheckCardTexts(const SetFacts& facts, std::vector<Finding>& findings) {
   WordsByName cards;
   for (const CardClaims& card : facts.Cards) cards[card.Name].push_back(&card);
   for (const CardClaims& card : facts.Cards) {
+    if (Knows(card, "PLAYER")) continue;  // what the rules do stands with who plays
     for (const TextClaim& claim : card.Claims) {
-      const bool known = AnyKnows(
-          card, cards, [&](const CardClaims& one) { return KnowsNumber(one, claim.Number); });
+      const bool known =
+          AnyKnows(card, cards, [&](const CardClaims& one) { return KnowsNumber(one, claim); });
       const bool isTrait = facts.GivenTraits.contains(claim.Word);
       const bool named = !isTrait || AnyKnows(card, cards, [&](const CardClaims& one) {
-        return Knows(one, claim.Word);
+        return KnowsTrait(one, claim);
       });
       if (known && named) continue;
       findings.push_back({claim.File, claim.Place, FindingCode::kCardText,

@@ -12,6 +12,7 @@ namespace brindlemoor {
 struct NumberInText {
   std::string_view Word;    ///< "" where none stands directly before
   std::string_view Number;  ///< digits; a part of the text
+  bool IsLimit = false;     ///< "up to 9", "less than 3"
 };
 
 /// The numbers that players see in a card's text, but for those in italics: they are mood.

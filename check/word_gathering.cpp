@@ -7,6 +7,7 @@
 #include "check/text_check.h"
 #include "lint/script_arguments.h"
 #include "text/fold.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 
@@ -78,9 +79,22 @@ void FileCheck::GatherLine(const CheckedDirective& directive) {
     if (!isCardLine || isRarity || claims_ == nullptr) continue;
     VisitWords(text, [&](std::string_view word) {
       claims_->Words.insert(FoldUpper(word));
+      const std::size_t behind = static_cast<std::size_t>(word.data() - text.data()) + word.size();
+      GatherPair(std::string_view(text).substr(behind), FoldUpper(word));
       VisitNumbers(word, [&](std::string_view digits) { claims_->Words.emplace(digits); });
     });
   }
+}
+
+/// "COAT:5" as a pair, and "COAT:" for a trait that is given or compared with some number.
+void FileCheck::GatherPair(std::string_view behind, const std::string& word) {
+  constexpr std::string_view kDigits = "0123456789";
+  if (!behind.starts_with(':')) return;
+  const std::size_t digits = behind.substr(1).starts_with('-') ? 2 : 1;
+  const std::size_t end = std::min(behind.find_first_not_of(kDigits, digits), behind.size());
+  if (end == digits) return;
+  claims_->Words.insert(Joined(word, ":"));
+  claims_->Words.insert(Joined(word, ":", behind.substr(digits, end - digits)));
 }
 
 void FileCheck::BeginClaims(std::string_view name, const CheckedField& description) {
@@ -90,8 +104,8 @@ void FileCheck::BeginClaims(std::string_view name, const CheckedField& descripti
     const std::size_t offset =
         description.Offset +
         static_cast<std::size_t>(number.Number.data() - description.Text.data());
-    claims_->Claims.push_back(
-        {FoldUpper(number.Word), std::string(number.Number), file_.Path(), file_.PlaceOf(offset)});
+    claims_->Claims.push_back({FoldUpper(number.Word), std::string(number.Number), number.IsLimit,
+                               file_.Path(), file_.PlaceOf(offset)});
   }
 }
 

@@ -52,7 +52,8 @@ std::string ReferenceTo(std::int32_t globalId, const TableView& view) {
   int count = 0;
   for (const auto& [id, card] : view) count += card.Name == name ? 1 : 0;
   const std::string word = ScenarioWordFor(name);
-  return count == 1 && !word.empty() ? word : Joined("gid:", globalId);
+  const bool isOwnWord = name == "rules" || name == "cost" || name.find(':') != name.npos;
+  return count == 1 && !word.empty() && !isOwnWord ? word : Joined("gid:", globalId);
 }
 
 void AddTraitLines(std::string& text, const std::string& reference, const Traits& before,

@@ -81,10 +81,10 @@ constexpr std::array<PlaceRow, 7> kPlaceRows = {{
      "calls nothing off here: only an action at TARGETED, MYACTION or BEFORETRAITCHANGE answers "
      "something."},
     {"REDIRECT", OutsideAnswers,
-     "turns nothing away here and ends the script: only an action at TARGETED answers another "
-     "one."},
+     "turns nothing away here and ends the script: only an action at TARGETED or MYACTION answers "
+     "another one."},
     {"REDIRECTBYGID", OutsideAnswers,
-     "turns nothing away here: only an action at TARGETED answers another one."},
+     "turns nothing away here: only an action at TARGETED or MYACTION answers another one."},
     {"SETVAL", OutsideChanges,
      "changes nothing here: only at BEFORETRAITCHANGE is there an incoming change."},
     {"MODVAL", OutsideChanges,
@@ -144,7 +144,10 @@ class PlaceChecker {
       findings_.Add(FindingKind::kCountIsZero, field.Text,
                     Joined(field.Row->Word, " with a count of 0 does nothing."));
     }
-    if (field.Row->Word == "SETTRAIT" && field.Name != "TRAIT" && IsDice(field.Text)) {
+    // A bonus is worked out wherever it is read.
+    const bool isBonus = trait_.starts_with("BONUS");
+    if (field.Name == "TRAIT") trait_ = field.Text;
+    if (field.Row->Word == "SETTRAIT" && field.Name != "TRAIT" && IsDice(field.Text) && !isBonus) {
       findings_.Add(FindingKind::kDiceAreStored, field.Text,
                     Joined("SETTRAIT stores the text ", Quoted(field.Text),
                            " and rolls nothing. SETMYTRAIT rolls, and so does a value with an "
@@ -178,12 +181,17 @@ class PlaceChecker {
   std::vector<ScriptField> fields_;
   PlacedScript script_;
   Place place_;
+  std::string_view trait_;  ///< named last
 };
 
 }  // namespace
 
 std::string_view WhyNeverRun(std::string_view target, std::string_view trigger, ActionSide side) {
   const bool isMenu = FieldAt(trigger, 1, ':') == kMenu;
+  if (trigger == "AIREQ" && TargetTypeCode(target) == kTargetSelf) {
+    return "The computer does not try actions with the target SELF; this advice is never asked. "
+           "Write OWNER and ask with words of the acting card.";
+  }
   const bool byComputer = side == ActionSide::kComputer && isMenu;
   switch (FindingOfTarget(TargetTypeCode(target))) {
     case TargetFinding::kNever:

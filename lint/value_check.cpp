@@ -55,9 +55,9 @@ struct Chain {
   FindingList& Findings;
   FieldWalker Fields;
   bool TraitNamed = false;
-  std::string_view Unused{};      ///< the keyword of a trait that nothing has counted yet
-  bool GoesOn = false;            ///< something stands behind that trait
-  std::string_view LastNumber{};  ///< the field before, when it is a plain number
+  std::string_view Unused{};  ///< the keyword of a trait that nothing has counted yet
+  bool GoesOn = false;        ///< something stands behind that trait
+  bool IsFirst = true;        ///< nothing stands before the present field
 
   void Unknown(std::string_view field, std::string_view why, std::string suggestion = {}) {
     Unused = {};  // it may have been meant to count it
@@ -164,11 +164,18 @@ void CheckKeywordFields(Chain& chain, const ValueKeywordRow& row, std::string_vi
 }
 
 void CheckPlainNumber(Chain& chain, std::string_view field) {
-  if (!chain.LastNumber.empty()) {
-    chain.Odd(field, Joined("Numbers behind one another are added: ", chain.LastNumber, "/", field,
-                            " is not divided. DIV, MULT, PLUS and MINUS work with a number."));
+  // "2d6" and "1+2" are meant as more than a number; what else stands behind one is just not read.
+  const std::size_t sign = std::min(field.find_first_not_of(" \t+-"), field.size());
+  const std::size_t end = field.find_first_not_of(".0123456789", sign);
+  const bool isMore = end != field.npos && field[end] != 'e' && field[end] != 'E' &&
+                      field.find_first_of("0123456789", end) != field.npos;
+  if (isMore) {
+    chain.Odd(field, Joined("Only ", field.substr(0, end), " is read of ", Quoted(field),
+                            ". Dice are written R2Die6, sums PLUS2."));
+  } else if (!chain.IsFirst) {
+    chain.Odd(field, Joined("A plain number is added: \"/", field, "\" does not divide. Write DIV",
+                            field, " or PLUS", field, "."));
   }
-  chain.LastNumber = field;
 }
 
 void CheckKeyword(Chain& chain, std::string_view field) {
@@ -215,13 +222,12 @@ void CheckValuePart(FindingList& findings, std::string_view expression) {
     }
     if (UsesTrait(field)) chain.Unused = {};
     chain.GoesOn = !chain.Unused.empty();
-    const std::string_view number = std::exchange(chain.LastNumber, {});
     if (field.front() == 'R') {
       CheckDice(chain, field);
     } else {
-      if (BeginsWithNumber(field)) chain.LastNumber = number;
       CheckKeyword(chain, field);
     }
+    chain.IsFirst = false;
   }
 }
 

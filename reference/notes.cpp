@@ -37,7 +37,7 @@ constexpr auto kNotes = std::to_array<ReferenceNote>({
 
     // Where words work.
     {"CANCEL", "It works in an action at TARGETED, MYACTION or BEFORETRAITCHANGE, where there is something to call off, and does nothing elsewhere."},
-    {"REDIRECT REDIRECTBYGID", "It works in an action at TARGETED only."},
+    {"REDIRECT REDIRECTBYGID", "It works in an action at TARGETED or MYACTION only."},
     {"SETVAL MODVAL", "It works in an action at BEFORETRAITCHANGE. Elsewhere the value is a place for a number that `REQVAL...` and `$AMT` of the same script can read."},
     {"DESTROYME", "With the target ALL the card is gone after the first card that the script acts on, and nothing happens to the others."},
 

@@ -74,7 +74,7 @@ constexpr std::string_view kValuesIntro =
 )";
 
 constexpr std::string_view kMessagesIntro =
-    R"(<p>Messages and descriptions may hold these marks. A word of a <code>#CUSTOMSTRING</code> line is filled in as well.</p>
+    R"(<p>Messages may hold these marks, and descriptions where they are shown in the list of a deck's cards; beside the table a description fills in <code>$MYNAME</code> alone. A word of a <code>#CUSTOMSTRING</code> line is filled in as well.</p>
 )";
 
 constexpr std::string_view kMarkupIntro =
@@ -97,7 +97,7 @@ constexpr std::string_view kTurn =
 )";
 
 constexpr std::string_view kNeutral =
-    R"(<p>Cards of <code>#NEUTRALCARD</code>, or with the place NEUTRAL, belong to no side. They lie on the table and act like others, but no table of the report shows them. To show one, let its action write a message (<code>ECHO</code>), or give it the trait STORE and menu actions: then its page stands beside the report when the player comes in. REQALLY and RANDOMALLY find them for each other only; REQENEMY and RANDOMENEMY take them for enemies of both sides, so a script that means the other side only should ask for a trait that its cards have.</p>
+    R"(<p>Cards with the place NEUTRAL belong to no side. They lie on the table and act like others. A card of <code>#NEUTRALCARD</code> (as of <code>#CARDINPLAY</code> and <code>#REFINPLAY</code>) only lies there: it has not entered play, so it never acts and nothing aims at it. Neither is shown: no table of the report shows them. To show one, let its action write a message (<code>ECHO</code>), or give it the trait STORE and menu actions: then its page stands beside the report when the player comes in. REQALLY and RANDOMALLY find them for each other only; REQENEMY and RANDOMENEMY take them for enemies of both sides, so a script that means the other side only should ask for a trait that its cards have.</p>
 )";
 
 std::string LimitsText() {

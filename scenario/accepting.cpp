@@ -43,11 +43,31 @@ AcceptedText ChangeOf(const Scene& scene, ScenarioPlace place, ScenarioSpan span
           std::move(text)};
 }
 
+std::size_t CountOf(std::string_view text, std::string_view part) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++count;
+  return count;
+}
+
+/// True when nothing but one word of one line takes a column: another cell would change more than
+/// what is expected.
+bool IsOnlyExpected(const Scene& scene, std::size_t column) {
+  const std::string name = Joined("{", scene.Case.Columns[column], "}");
+  std::size_t count = 0;
+  for (const auto* lines : {&scene.Text.Head, &scene.Case.Lines}) {
+    for (const ScenarioLine& line : *lines) {
+      count += CountOf(line.Block, name);
+      for (const ScenarioToken& token : line.Tokens) count += CountOf(token.Text, name);
+    }
+  }
+  return count == 1;
+}
+
 /// A cell keeps its width where it can, so that the table's bars stay below each other.
 std::optional<AcceptedText> CellChange(const Scene& scene, std::size_t column,
                                        std::string_view found) {
   const std::string& cell = scene.Row->Cells[column];
-  if (!CanStand(cell)) return std::nullopt;
+  if (!CanStand(cell) || !IsOnlyExpected(scene, column)) return std::nullopt;
   const ScenarioSpan span = scene.Row->Spans[column];
   std::string text = AsCell(found);
   const std::size_t width = span.End - span.Begin;
@@ -69,6 +89,8 @@ std::size_t BeginOfLine(std::string_view bytes, int line) {
 }  // namespace
 
 std::optional<AcceptedText> Accepted(const Scene& scene, std::string_view found) {
+  // What other files include is not this file's to change.
+  if (scene.Line->Place.File != 0) return std::nullopt;
   if (scene.Seed != 0 || !scene.Compared || !CanStand(found)) return std::nullopt;
   const auto [first, count] = *scene.Compared;
   const std::vector<ScenarioToken>& tokens = scene.Line->Tokens;

@@ -270,7 +270,8 @@ constexpr std::array<ClickRow, 7> kClickRows = {{
      [](Scene& scene, WordReader& line) {
        if (!line.Ends()) return;
        if (!TheMainWindow().TakesTurns()) {
-         scene.Stop("No match has begun: a click on the turn button does nothing.");
+         scene.Stop(
+             "No match was chosen in the list of games: a click on the turn button does nothing.");
          return;
        }
        TheMainWindow().Command1_Click();

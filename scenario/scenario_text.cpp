@@ -48,9 +48,10 @@ std::string CellText(std::string_view cell) {
 
 /// What of a cell another text may take: all but a blank at each end.
 ScenarioSpan SpanOfCell(std::string_view cell, std::size_t begin) {
-  const std::size_t first = cell.starts_with(' ') ? 1 : 0;
+  const auto isBlank = [](char character) { return kBlanks.find(character) != kBlanks.npos; };
+  const std::size_t first = !cell.empty() && isBlank(cell.front()) ? 1 : 0;
   const std::size_t last =
-      cell.size() > first && cell.ends_with(' ') ? cell.size() - 1 : cell.size();
+      cell.size() > first && isBlank(cell.back()) ? cell.size() - 1 : cell.size();
   return {begin + first, begin + last};
 }
 
@@ -184,7 +185,7 @@ class ScenarioParser {
 
   ScenarioLine* KeepSeeds(ScenarioLine line) {
     int seeds = 0;
-    const std::string_view number = line.Tokens.size() == 3 ? line.Tokens[2].Text : "";
+    const std::string number = line.Tokens.size() == 3 ? line.Tokens[2].Text : "";
     const auto [end, failure] =
         std::from_chars(number.data(), number.data() + number.size(), seeds);
     const bool isNumber = failure == std::errc() && end == number.data() + number.size();

@@ -3,6 +3,7 @@
 #include <array>
 #include <filesystem>
 #include <map>
+#include <set>
 
 #include "apps/brindle/commands.h"
 #include "apps/brindle/journal_file.h"
@@ -16,6 +17,7 @@
 #include "scenario/scenario_run.h"
 #include "scenario/scenario_words.h"
 #include "simulation/automatic_match.h"
+#include "text/encoding.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -93,18 +95,27 @@ bool Accept(ScenarioReport& report) {
     if (ofFile != changes.end()) ofFile->second.push_back(&held);
   }
   for (const auto& [path, ofFile] : changes) {
-    const auto bytes = LocalFileSystem().Read(path);
+    std::error_code failure;
+    const std::string real = fs::canonical(path, failure).generic_string();
+    const auto bytes = LocalFileSystem().Read(real);
+    if (bytes && DecodeFileText(*bytes) != *bytes) {
+      std::cout << path << ": is not changed: it begins with a mark, or is no UTF-8\n";
+      continue;
+    }
     const std::string changed = WithAccepted(bytes.value_or(""), ofFile);
-    const std::string problem = bytes && changed != *bytes ? WriteOutput(path, changed) : "";
+    const std::string problem = bytes && changed != *bytes ? WriteOutput(real, changed) : "";
     if (!problem.empty()) {
       Refuse(problem, kFailure);
       return false;
     }
   }
+  std::set<std::string> told;
   std::erase_if(report.Findings, [&](const ScenarioFinding& finding) {
     if (!finding.Accepted || !finding.Accepted->IsMade) return false;
     const AcceptedText& made = *finding.Accepted;
-    std::cout << made.File << ':' << made.Line << ": accepted: " << Trimmed(made.Text) << '\n';
+    const std::string line =
+        Joined(made.File, ":", made.Line, ": accepted: ", Trimmed(made.Text), "\n");
+    if (told.insert(line).second) std::cout << line;
     --report.Failed;
     return true;
   });
@@ -140,6 +151,7 @@ int TakeFromJournal(const ScenarioOptions& options, const std::vector<std::strin
       options.Out.empty() ? Joined("turn-", options.Turn, ".txt") : options.Out;
   const fs::path file = AbsoluteFolder(name);
   const fs::path match = fs::path(file).replace_extension(".match");
+  if (match == file) return WrongUsage("the match goes to this file: ", name);
   std::error_code failure;
   for (const fs::path& path : {file, match}) {
     if (fs::exists(path, failure)) {

@@ -69,6 +69,16 @@ TEST(AcceptingTest, RowsTakeTheirOwnAndSharedLinesOnlyWhatAllAgreeOn) {
   after.replace(after.find("1    | c"), 4, "10  ");
   after.replace(after.find("owner Torch 2"), 13, "owner Torch 1");
   EXPECT_EQ(AfterAccepting(text), after);
+  // A cell that does something else as well, cells between tabs, and lines of an included file.
+  const std::string shared =
+      "card Torch with BURN:{burn}\nexpect trait Torch BURN 1\n"
+      "scenario Rows\nrun Torch \"MODTRAIT:BURN:1\"\n"
+      "expect trait Torch BURN {burn}\n| burn |\n| 1 |\n";
+  EXPECT_EQ(AfterAccepting(shared), shared);
+  EXPECT_EQ(AfterAccepting("card Torch\nscenario Rows\nexpect owner Torch {owner}\n"
+                           "|\towner\t|\tx\t|\n|\t25\t|\ty\t|\n"),
+            "card Torch\nscenario Rows\nexpect owner Torch {owner}\n"
+            "|\towner\t|\tx\t|\n|\t1 \t|\ty\t|\n");
   const std::string seeds = "random seeds 2\ncard Torch\nexpect owner Torch 2\n";
   EXPECT_EQ(AfterAccepting(seeds), seeds);
 }
