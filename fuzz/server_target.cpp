@@ -2,7 +2,6 @@
 #include <memory>
 #include <utility>
 
-#include "core/state.h"
 #include "fuzz/fuzz_session.h"
 #include "fuzz/fuzz_targets.h"
 #include "server/error_codes.h"
@@ -85,7 +84,6 @@ void FuzzServer(std::string_view bytes) {
   }
   server.PublishFindings();
   MustSpeak(server);
-  State() = Session{};
 }
 
 }  // namespace brindlemoor

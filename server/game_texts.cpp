@@ -127,7 +127,8 @@ std::vector<CardLine> GameTexts::CardsCalled(std::string_view name) const {
   std::erase_if(cards, [name](const CardLine& card) {
     return name.empty() || (card.Name != name && card.UniqueId != name);
   });
-  std::ranges::stable_partition(cards, &CardLine::IsInOwnFile);
+  std::stable_partition(cards.begin(), cards.end(),
+                        [](const CardLine& card) { return card.IsInOwnFile(); });
   return cards;
 }
 

@@ -72,6 +72,8 @@ LanguageServer::LanguageServer(std::unique_ptr<FileSystem> machine)
   State().Desktop = desktop_;
 }
 
+LanguageServer::~LanguageServer() { State() = Session{}; }
+
 void LanguageServer::Receive(std::string_view bytes) {
   frames_.Add(bytes);
   while (auto frame = frames_.Next()) {

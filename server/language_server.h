@@ -22,6 +22,9 @@ namespace brindlemoor {
 class LanguageServer {
  public:
   explicit LanguageServer(std::unique_ptr<FileSystem> machine);
+  ~LanguageServer();
+  LanguageServer(const LanguageServer&) = delete;
+  LanguageServer& operator=(const LanguageServer&) = delete;
 
   /// Takes what has come from the editor. Messages wait until Work comes to them.
   void Receive(std::string_view bytes);

@@ -40,6 +40,14 @@ bool CanBeTraitName(std::string_view name) {
          !BeginsWithNumber(name);
 }
 
+bool IsProgramsOwn(std::string_view name) {
+  return FindProgramTrait(name) != nullptr || FoldEquals(name, kTraitGraphic);
+}
+
+std::string OwnOfProgram(std::string_view name) {
+  return Joined("\"", name, "\" means something to the program itself.");
+}
+
 /// True for a word that scripts or values would take for their own.
 bool IsWordOfScripts(std::string_view name) {
   const std::string word = FoldUpper(name);
@@ -60,9 +68,7 @@ bool IsUsed(const GameTexts& game, std::string_view trait) {
 std::string ProblemOfName(const GameTexts& game, std::string_view trait, std::string_view name) {
   const std::string quoted = Joined("\"", name, "\"");
   if (!CanBeTraitName(name)) return quoted + " can't be the name of a trait.";
-  if (FindProgramTrait(name) != nullptr) {
-    return quoted + " means something to the program itself.";
-  }
+  if (IsProgramsOwn(name)) return OwnOfProgram(name);
   if (IsWordOfScripts(name)) return quoted + " is a word of scripts.";
   const bool isOther = !FoldEquals(trait, name) && IsUsed(game, name);
   return isOther ? quoted + " is a trait of the game already." : "";
@@ -79,8 +85,8 @@ std::vector<TextEdit> EditsOf(const CheckedFile& file, std::string_view trait,
   });
   // A mark may stand in two others that are looked for.
   std::ranges::sort(edits, {}, &TextEdit::Begin);
-  const auto again = std::ranges::unique(edits, {}, &TextEdit::Begin);
-  edits.erase(again.begin(), again.end());
+  const auto isSame = [](const TextEdit& a, const TextEdit& b) { return a.Begin == b.Begin; };
+  edits.erase(std::unique(edits.begin(), edits.end(), isSame), edits.end());
   return edits;
 }
 
@@ -88,10 +94,10 @@ std::vector<TextEdit> EditsOf(const CheckedFile& file, std::string_view trait,
 
 std::string WhyKeptName(std::string_view trait) {
   const ProgramTrait* row = FindProgramTrait(trait);
-  if (row == nullptr) return "";
-  return row->Place == TraitPlace::kPrefix
-             ? Joined("A bonus follows its trait: rename \"", trait.substr(row->Name.size()), "\".")
-             : Joined("\"", trait, "\" means something to the program itself.");
+  if (row != nullptr && row->Place == TraitPlace::kPrefix) {
+    return Joined("A bonus follows its trait: rename \"", trait.substr(row->Name.size()), "\".");
+  }
+  return IsProgramsOwn(trait) ? OwnOfProgram(trait) : "";
 }
 
 TraitRename RenameTrait(const GameTexts& game, std::string_view trait, std::string_view newName) {

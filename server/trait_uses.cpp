@@ -57,8 +57,9 @@ class Uses {
     const std::string_view name = FieldAt(text_, 1, ':');
     const std::string_view value = text_.substr(std::min(text_.size(), name.size() + 1));
     Name(name);
-    if (name == "TRAITGRAPHIC") {
+    if (name == kTraitGraphic) {
       Name(FieldAt(value, 1, ':'));
+      Message(value);
     } else {
       Parts(PartsOfArgument("VALUE", value));
     }

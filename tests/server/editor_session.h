@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "core/state.h"
 #include "platform/headless/memory_files.h"
 #include "server/language_server.h"
 #include "text/addresses.h"
@@ -19,7 +18,6 @@ class EditorSession : public ::testing::Test {
   EditorSession() : EditorSession(std::make_unique<MemoryFileSystem>()) {}
   explicit EditorSession(std::unique_ptr<MemoryFileSystem> files)
       : files_(*files), server_(std::move(files)) {}
-  ~EditorSession() override { State() = Session{}; }
 
   /// What stands on the disk, by its name in the folder "/game".
   void WriteFile(std::string_view name, std::string bytes) {

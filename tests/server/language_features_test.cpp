@@ -12,7 +12,7 @@ class LanguageFeatures : public EditorSession {
     WriteFile("Small.txt",
               "#GAMERULES, Small, , #112233, small, \"\"\n"
               "#RULESCARD\n"
-              "#TRAIT, TRAITGRAPHIC:GLOW:glow.png:#FFFFFF:Glow:1:1\n"
+              "#TRAIT, TRAITGRAPHIC:GLOW:glow.png:#MYTRAIT/GLOW#:#FFFFFF:1:1\n"
               "#EFFECT, ALL, TRAITCHANGE:Glow, \"REQTRAIT:PLAYER:WINGAME\"\n"
               "#TRAITACTION, GLOW\n"
               "#EFFECT, SELF, PHASE1, \"MODTRAIT:HP:SRCTRAIT/GLOW\"\n"
@@ -203,7 +203,7 @@ TEST_F(LanguageFeatures, RenameATraitInAllFilesOfItsGame) {
     told += "\n";
   }
   EXPECT_EQ(told,
-            "Small.txt: 2:21-2:25 3:26-3:30 4:14-4:18 5:45-5:49 6:26-6:30 7:38-7:42\n"
+            "Small.txt: 2:21-2:25 2:44-2:48 3:26-3:30 4:14-4:18 5:45-5:49 6:26-6:30 7:38-7:42\n"
             "small/Cards.txt: 1:8-1:12 2:51-2:55\n"
             "small/Rival.txt: 2:57-2:61 3:8-3:12 4:18-4:22 5:42-5:46 5:89-5:93\n");
 }
@@ -212,12 +212,13 @@ TEST_F(LanguageFeatures, RenameTraitsOnlyAndToNamesThatMeanNothingElse) {
   Begin();
   const std::string line = "#TRAIT, GL^OW:1\n#TRAIT, DIM";
   const std::pair<std::string_view, std::string_view> names[] = {
-      {"", "can't be the name"},       {"A:B", "can't be the name"},
-      {"A,B", "can't be the name"},    {" A", "can't be the name"},
-      {"7UP", "can't be the name"},    {"A\nB", "can't be the name"},
-      {"hp", "the program itself"},    {"BONUSHP", "the program itself"},
-      {"modtrait", "word of scripts"}, {"ANY", "word of scripts"},
-      {"Div2", "word of scripts"},     {"dim", "of the game already"},
+      {"", "can't be the name"},         {"A:B", "can't be the name"},
+      {"A,B", "can't be the name"},      {" A", "can't be the name"},
+      {"7UP", "can't be the name"},      {"A\nB", "can't be the name"},
+      {"hp", "the program itself"},      {"TRAITGRAPHIC", "the program itself"},
+      {"BONUSHP", "the program itself"}, {"modtrait", "word of scripts"},
+      {"ANY", "word of scripts"},        {"Div2", "word of scripts"},
+      {"dim", "of the game already"},
   };
   for (const auto& [name, why] : names) {
     const Json error =
@@ -225,8 +226,9 @@ TEST_F(LanguageFeatures, RenameTraitsOnlyAndToNamesThatMeanNothingElse) {
     EXPECT_EQ(error.value("code", 0), kRequestFailed) << name;
     EXPECT_NE(error.value("message", "").find(why), std::string::npos) << error;
   }
-  for (const std::string text : {"#TRAIT, H^P:1", "#TRAIT, BONUSGL^OW:1", "#CARD, IN^DECK", "^",
-                                 "#EFFECT, SELF, PHASE1, \"MODTR^AIT:HP:1\""}) {
+  for (const std::string text :
+       {"#TRAIT, H^P:1", "#TRAIT, BONUSGL^OW:1", "#TRAIT, TRAITGR^APHIC:GLOW", "#CARD, IN^DECK",
+        "^", "#EFFECT, SELF, PHASE1, \"MODTR^AIT:HP:1\""}) {
     EXPECT_EQ(AskIn("textDocument/prepareRename", "small/New.txt", text).value("code", 0),
               kRequestFailed)
         << text;
