@@ -10,8 +10,8 @@
 #include "core/state.h"
 #include "data/card_reading.h"
 #include "data/read_mark.h"
-#include "editor/game_files.h"
 #include "game/card_sorting.h"
+#include "game/game_files.h"
 #include "text/fold.h"
 #include "text/text.h"
 

@@ -3,6 +3,7 @@
 #include <random>
 #include <set>
 
+#include "archive/zip_library.h"
 #include "core/cards.h"
 #include "core/desktop.h"
 #include "core/state.h"
@@ -16,6 +17,7 @@
 #include "game/player_files.h"
 #include "game/program_start.h"
 #include "game/turn.h"
+#include "platform/headless/memory_archives.h"
 #include "platform/headless/memory_images.h"
 #include "script/card_setup.h"
 #include "script/command_table.h"
@@ -204,6 +206,21 @@ Inputs SavedMatches(const std::string&) {
   return inputs;
 }
 
+/// The small game in both formats, and in the plain one what no archive may have.
+Inputs Archives(const std::string&) {
+  std::vector<ArchiveFile> files;
+  for (const FolderFile& file : FilesOfText(SmallGame())) files.push_back({file.Name, file.Bytes});
+  Inputs inputs(2);
+  ZipLibrary().Write(files, inputs[0]);
+  MemoryArchiveLibrary().Write(files, inputs[1]);
+  const std::string plain = inputs[1];
+  for (const std::string_view entry :
+       {"FILE 1 ../a.txt\nx", "LINK 3 art/a.png\nabc", "FOLDER 0 art/\nFILE 1 ART/b.png\nx"}) {
+    inputs.push_back(Joined(plain, entry));
+  }
+  return inputs;
+}
+
 /// The small game's files as they are typed, to some line, and frames.
 Inputs Typed(const std::string&) {
   Inputs inputs = {
@@ -229,6 +246,7 @@ constexpr FuzzTarget kTargets[] = {
     {"links", FuzzLinks, Links},
     {"image", FuzzImage, Images},
     {"match", FuzzMatch, Matches},
+    {"archive", FuzzArchive, Archives},
     {"folder", FuzzFolder, Folders},
     {"writers", FuzzWriters, Writers},
     {"saved_match", FuzzSavedMatch, SavedMatches},

@@ -31,6 +31,7 @@ void FuzzLinks(std::string_view bytes);        ///< lines of addresses that are 
 void FuzzImage(std::string_view bytes);        ///< a picture file by way of the image bridge
 void FuzzMatch(std::string_view bytes);        ///< a game folder (see FolderText): a whole match
 void FuzzSavedMatch(std::string_view bytes);   ///< the file of a match: read, played, composed
+void FuzzArchive(std::string_view bytes);      ///< an archive of a game: read, opened twice
 void FuzzFolder(std::string_view bytes);       ///< a folder of the disk (see MadeFolder): all of it
 void FuzzServer(std::string_view bytes);       ///< a card file that is typed, or frames ("@raw")
 void FuzzWriters(std::string_view bytes);      ///< steps of two programs on one folder

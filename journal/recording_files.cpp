@@ -101,36 +101,71 @@ std::string RecordingFiles::WhyUnread(const std::string& path) const {
   return reason;
 }
 
-void RecordingFiles::TellBefore(const std::string& name, const std::string& path) {
-  if (IsOutside(name) || IsKeptWhole(name) || !changed_.insert(name).second) return;
-  if (!below_.Exists(path)) {
-    writer_.Add("before", {name, "absent"});
-  } else if (IsOpaque(name)) {
-    writer_.Add("before", {name, "present"});
-  } else {
-    const bool isLink = below_.Followed(path) != path;
-    writer_.Add("before", {name, "text", isLink ? "" : below_.Read(path).value_or("")});
-  }
+JournalFields RecordingFiles::Before(const std::string& name, const std::string& path) {
+  if (IsOutside(name) || IsKeptWhole(name) || !changed_.insert(name).second) return {};
+  if (!below_.Exists(path)) return {name, "absent"};
+  if (IsOpaque(name)) return {name, "present"};
+  const bool isLink = below_.Followed(path) != path;
+  return {name, "text", isLink ? "" : below_.Read(path).value_or("")};
 }
 
-std::string RecordingFiles::Write(const std::string& path, std::string_view bytes) {
-  const std::string name = JournalName(folder_, path);
-  TellBefore(name, path);
-  std::string problem = below_.Write(path, bytes);
-  if (!problem.empty()) {
-    writer_.Add("failed", {"write", name, problem});
-  } else if (IsOpaque(name)) {
+void RecordingFiles::TellBefore(const JournalFields& before) {
+  if (!before.empty()) writer_.Add("before", before);
+}
+
+void RecordingFiles::TellWritten(const std::string& name, std::string_view bytes) {
+  if (IsOpaque(name)) {
     writer_.Add("picture", {name});
   } else {
     writer_.AddText(name, bytes);
     known_[name] = {"text", HashOf(bytes)};
   }
+}
+
+std::string RecordingFiles::Write(const std::string& path, std::string_view bytes) {
+  const std::string name = JournalName(folder_, path);
+  TellBefore(Before(name, path));
+  std::string problem = below_.Write(path, bytes);
+  if (problem.empty()) {
+    TellWritten(name, bytes);
+  } else {
+    writer_.Add("failed", {"write", name, problem});
+  }
   return problem;
+}
+
+std::string RecordingFiles::AddFolder(const std::string& path) {
+  std::string problem = below_.AddFolder(path);
+  if (!problem.empty()) writer_.Add("failed", {"folder", JournalName(folder_, path), problem});
+  return problem;
+}
+
+std::string RecordingFiles::Rename(const std::string& from, const std::string& to) {
+  const std::string name = JournalName(folder_, to);
+  const std::string oldName = JournalName(folder_, from);
+  TellBefore(Before(name, to));
+  const JournalFields before = Before(oldName, from);
+  const std::string bytes = below_.Read(from).value_or("");
+  std::string problem = below_.Rename(from, to);
+  if (!problem.empty()) {
+    writer_.Add("failed", {"write", name, problem});
+    return problem;
+  }
+  TellWritten(name, bytes);
+  TellBefore(before);
+  writer_.Add("remove", {oldName});
+  known_[oldName] = {"absent"};
+  return "";
+}
+
+std::string RecordingFiles::RemoveFolderOfFiles(const std::string& folder) {
+  std::string problem = FileSystem::RemoveFolderOfFiles(folder);
+  return problem.empty() ? below_.RemoveFolderOfFiles(folder) : problem;
 }
 
 std::string RecordingFiles::Remove(const std::string& path) {
   const std::string name = JournalName(folder_, path);
-  TellBefore(name, path);
+  TellBefore(Before(name, path));
   std::string problem = below_.Remove(path);
   if (problem.empty()) {
     writer_.Add("remove", {name});

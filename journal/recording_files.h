@@ -34,12 +34,19 @@ class RecordingFiles : public FileSystem {
   std::string Followed(const std::string& path) const override { return below_.Followed(path); }
   std::string Write(const std::string& path, std::string_view bytes) override;
   std::string Remove(const std::string& path) override;
+  std::string AddFolder(const std::string& path) override;
+  /// Told as what it comes to: the one file is written and the other removed.
+  std::string Rename(const std::string& from, const std::string& to) override;
+  std::string RemoveFolderOfFiles(const std::string& folder) override;
   HoldResult Hold(const std::string& path) override;
   void LetGo(const std::string& path) override { below_.LetGo(path); }
 
  private:
   void Tell(std::string_view what, const std::string& path, JournalFields answer) const;
-  void TellBefore(const std::string& name, const std::string& path);
+  /// What is to be told before a file changes; no fields for nothing.
+  JournalFields Before(const std::string& name, const std::string& path);
+  void TellBefore(const JournalFields& before);
+  void TellWritten(const std::string& name, std::string_view bytes);
   void TellChange(const std::string& path) const;
 
   FileSystem& below_;

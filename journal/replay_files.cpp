@@ -146,6 +146,11 @@ std::string ReplayFiles::Remove(const std::string& path) {
   return IsOutside(name) ? "" : inside_.Remove(PathOf(name));
 }
 
+std::string ReplayFiles::AddFolder(const std::string& path) {
+  if (tape_.Stopped()) return "";
+  return Failure("folder", JournalName(folder_, path)).value_or("");
+}
+
 HoldResult ReplayFiles::Hold(const std::string& path) {
   if (tape_.Stopped()) return HoldResult::kHeld;
   return Failure("hold", JournalName(folder_, path)) ? HoldResult::kByAnother : HoldResult::kHeld;

@@ -35,6 +35,7 @@ class ReplayFiles : public FileSystem {
   std::string WhyUnread(const std::string& path) const override;
   std::string Write(const std::string& path, std::string_view bytes) override;
   std::string Remove(const std::string& path) override;
+  std::string AddFolder(const std::string& path) override;
   HoldResult Hold(const std::string& path) override;
 
  private:

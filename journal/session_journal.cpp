@@ -55,6 +55,7 @@ ReplayResult ReplaySession(const Journal& journal, const ReplayOptions& options)
   files->OnText = options.OnText;
   if (options.OnFiles) options.OnFiles(files->Differences());
   auto desktop = std::make_shared<ReplayPlatform>(std::move(files), tape);
+  if (options.Archives) desktop->SetArchives(options.Archives);
   OpenProgramSession(desktop, journal.Folder);
   State().DebugMode = journal.Number("debug") == 1 ? 1 : 0;
   State().CopyOfProgram =

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +13,7 @@
 
 namespace brindlemoor {
 
+class ArchiveLibrary;
 class FileSystem;
 class JournalWriter;
 
@@ -33,6 +35,8 @@ struct ReplayOptions {
   std::function<void(const std::string& name, std::string_view bytes)> OnText{};
   /// Gets, before the replay begins, what differs in the files that the program started with.
   std::function<void(const std::vector<std::string>& differences)> OnFiles{};
+  /// What reads the archives that the user opened; nullptr for the plain format of tests.
+  std::shared_ptr<const ArchiveLibrary> Archives{};
   /// Called when a turn of a match is about to be taken, with everything planned.
   std::function<void()> BeforeTurn{};
 };

@@ -6,6 +6,8 @@
 #include <system_error>
 
 #include "platform/machine_file.h"
+#include "platform/machine_folder.h"
+#include "text/text.h"
 
 namespace brindlemoor {
 
@@ -15,6 +17,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kLeadsOut = "it is a link that leads out of the program's folder";
 constexpr std::string_view kOutside = "It lies outside of the program's folder";
+constexpr std::string_view kCantBeRead = "it can't be read";
 
 /// Names of a folder's entries, the folders or the others.
 std::vector<std::string> List(const std::string& folder, bool folders) {
@@ -35,6 +38,21 @@ std::vector<std::string> List(const std::string& folder, bool folders) {
 
 bool IsThere(const FileSystem& files, const std::string& path) {
   return files.Exists(path) || !files.WhyUnread(path).empty();
+}
+
+std::string FileSystem::Rename(const std::string& from, const std::string& to) {
+  const auto bytes = Read(from);
+  if (!bytes) return std::string(kCantBeRead);
+  std::string problem = Write(to, *bytes);
+  return problem.empty() ? Remove(from) : problem;
+}
+
+std::string FileSystem::RemoveFolderOfFiles(const std::string& folder) {
+  for (const std::string& name : ListFiles(folder)) {
+    std::string problem = Remove(Joined(folder, "/", name));
+    if (!problem.empty()) return problem;
+  }
+  return "";
 }
 
 bool LocalFileSystem::Exists(const std::string& path) const {
@@ -69,6 +87,24 @@ std::string LocalFileSystem::Write(const std::string& path, std::string_view byt
 
 std::string LocalFileSystem::Remove(const std::string& path) {
   return reach_.AllowsWriting(path) ? RemoveFile(path) : std::string(kOutside);
+}
+
+std::string LocalFileSystem::AddFolder(const std::string& path) {
+  if (!reach_.AllowsWriting(path)) return std::string(kOutside);
+  return KindOf(path) == EntryKind::kFolder ? "" : MakeFolder(path);
+}
+
+std::string LocalFileSystem::Rename(const std::string& from, const std::string& to) {
+  if (!reach_.AllowsWriting(from) || !reach_.AllowsWriting(to)) return std::string(kOutside);
+  const EntryKind kind = KindOf(from);
+  const bool isFile = kind == EntryKind::kFile || kind == EntryKind::kLink;
+  return isFile ? RenameEntry(from, to) : std::string(kCantBeRead);
+}
+
+std::string LocalFileSystem::RemoveFolderOfFiles(const std::string& folder) {
+  if (!reach_.AllowsWriting(folder)) return std::string(kOutside);
+  std::string problem = FileSystem::RemoveFolderOfFiles(folder);
+  return problem.empty() ? RemoveEmptyFolder(folder) : problem;
 }
 
 HoldResult LocalFileSystem::Hold(const std::string& path) {

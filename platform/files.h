@@ -42,6 +42,14 @@ class FileSystem {
   /// Removes a file, a link rather than its target. Returns "" or what went wrong; a file that is
   /// not there is removed already.
   virtual std::string Remove(const std::string& path) = 0;
+  /// Makes a folder whose parent is there. "" or what went wrong; one that is there is made
+  /// already.
+  virtual std::string AddFolder(const std::string& /*path*/) { return ""; }
+  /// Gives a file another name, in one step where the system can; what had that name is replaced.
+  /// "" or what went wrong.
+  virtual std::string Rename(const std::string& from, const std::string& to);
+  /// Removes a folder that holds nothing but files, with them. "" or what went wrong.
+  virtual std::string RemoveFolderOfFiles(const std::string& folder);
 
   /// Holds a passing file of the program's folder until LetGo, or to the program's end: of all
   /// programs on the folder, one at a time. Whoever holds it holds it again.
@@ -66,6 +74,9 @@ class LocalFileSystem : public FileSystem {
   std::string Followed(const std::string& path) const override { return reach_.Followed(path); }
   std::string Write(const std::string& path, std::string_view bytes) override;
   std::string Remove(const std::string& path) override;
+  std::string AddFolder(const std::string& path) override;
+  std::string Rename(const std::string& from, const std::string& to) override;
+  std::string RemoveFolderOfFiles(const std::string& folder) override;
   HoldResult Hold(const std::string& path) override;
   void LetGo(const std::string& path) override { held_.erase(path); }
 

@@ -16,7 +16,7 @@ std::string MakeFolder(const std::string& path) {
   return failure ? failure.message() : "";
 }
 
-std::string RenameFolder(const std::string& from, const std::string& to) {
+std::string RenameEntry(const std::string& from, const std::string& to) {
   std::error_code failure;
   fs::rename(from, to, failure);
   if (!failure) FlushFolder(fs::path(to).parent_path().string());
@@ -26,6 +26,12 @@ std::string RenameFolder(const std::string& from, const std::string& to) {
 std::string RemoveFolder(const std::string& path) {
   std::error_code failure;
   fs::remove_all(path, failure);
+  return failure ? failure.message() : "";
+}
+
+std::string RemoveEmptyFolder(const std::string& path) {
+  std::error_code failure;
+  fs::remove(path, failure);
   return failure ? failure.message() : "";
 }
 

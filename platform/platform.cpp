@@ -1,7 +1,12 @@
 // Delivering an event to the logic, seen by whoever observes, and noting what the user chooses.
 #include "platform/platform.h"
 
+#include "platform/headless/memory_archives.h"
+
 namespace brindlemoor {
+
+Platform::Platform(std::unique_ptr<FileSystem> files)
+    : files_(std::move(files)), archives_(std::make_shared<MemoryArchiveLibrary>()) {}
 
 bool Platform::Deliver(Form& form, const UserEvent& event) {
   EventObserver* observer = observer_;

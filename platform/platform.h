@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/archive_library.h"
 #include "platform/files.h"
 #include "platform/image_library.h"
 #include "platform/printing.h"
@@ -33,10 +34,16 @@ enum class SaveAnswer { kCancel, kSave, kDiscard };
 /// widgets (platform/qt), the other only keeps values (platform/headless).
 class Platform {
  public:
-  explicit Platform(std::unique_ptr<FileSystem> files) : files_(std::move(files)) {}
+  explicit Platform(std::unique_ptr<FileSystem> files);
   virtual ~Platform() = default;
 
   FileSystem& Files() { return *files_; }
+
+  /// What reads and writes archives; a plain format in memory until the program has given another.
+  const ArchiveLibrary& Archives() const { return *archives_; }
+  void SetArchives(std::shared_ptr<const ArchiveLibrary> archives) {
+    archives_ = std::move(archives);
+  }
 
   /// Nobody, or whoever is told of the user's events; it lives as long as the platform or is taken
   /// back.
@@ -98,6 +105,7 @@ class Platform {
 
  private:
   std::unique_ptr<FileSystem> files_;
+  std::shared_ptr<const ArchiveLibrary> archives_;
   EventObserver* observer_ = nullptr;
 };
 

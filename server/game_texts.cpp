@@ -12,7 +12,7 @@
 #include "core/state.h"
 #include "core/strings.h"
 #include "data/profiles.h"
-#include "editor/game_files.h"
+#include "game/game_files.h"
 #include "game/game_list.h"
 #include "server/caret_field.h"
 #include "text/fold.h"

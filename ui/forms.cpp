@@ -40,4 +40,6 @@ ProgressForm& TheProgressForm() { return Made(TheForms().Progress); }
 
 ChoiceForm& TheChoiceForm() { return Made(TheForms().Choice); }
 
+ArchiveForm& TheArchiveForm() { return Made(TheForms().Archive); }
+
 }  // namespace brindlemoor

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "ui/archive_form.h"
 #include "ui/choice_form.h"
 #include "ui/deck_manager.h"
 #include "ui/help_window.h"
@@ -20,6 +21,7 @@ struct Forms {
   std::unique_ptr<DeckManager> Decks;
   std::unique_ptr<ProgressForm> Progress;
   std::unique_ptr<ChoiceForm> Choice;
+  std::unique_ptr<ArchiveForm> Archive;
 };
 
 /// The windows, each made at its first use; the main window is loaded then.
@@ -29,5 +31,6 @@ HelpForm& TheHelpForm();
 DeckManager& TheDeckManager();
 ProgressForm& TheProgressForm();
 ChoiceForm& TheChoiceForm();
+ArchiveForm& TheArchiveForm();
 
 }  // namespace brindlemoor

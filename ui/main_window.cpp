@@ -20,6 +20,7 @@
 #include "pages/page_snapshot.h"
 #include "platform/arrangement.h"
 #include "text/addresses.h"
+#include "ui/archive_form.h"
 #include "ui/card_description.h"
 #include "ui/card_words.h"
 #include "ui/editor_door.h"
@@ -132,6 +133,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
   switchmen.Click = [this] { switchmen_Click(); };
   deckmanagermen.Click = [this] { deckmanagermen_Click(); };
   EditMen.Click = [this] { EditMen_Click(); };
+  openarchivemen.Click = [this] { openarchivemen_Click(); };
   saveplrmen.Click = [this] { saveplrmen_Click(); };
   savehtmlmen.Click = [this] { savehtmlmen_Click(); };
   fullsizemen.Click = [this] { fullsizemen_Click(); };
@@ -139,7 +141,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
   helpmen.Click = [this] { helpmen_Click(); };
   helppagesmen.Click = helpmen.Click;
   hintmen.Click = [this] { hintmen_Click(); };
-  filemen.Items = {&newgamemen,  &deckmanagermen,       &EditMen,  &saveplrmen,
+  filemen.Items = {&newgamemen,  &deckmanagermen,       &EditMen,  &openarchivemen, &saveplrmen,
                    &savehtmlmen, &History.TakeTurnBack, &switchmen};
   optionmen.Items = {&fullsizemen, &debugmen, &History.Allowed};
   helpmen.Items = {&helppagesmen, &hintmen};
@@ -239,13 +241,9 @@ void MainWindow::Picture2_MouseUp(int position, MouseButton button) {
   Desktop().PumpEvents();
 }
 
-namespace {
-
 bool MayLeaveGame() {
   return State().TurnRunning == 0 && MayLeaveMatch() && MayLeavePlayer(Leaving::kSavesFirst);
 }
-
-}  // namespace
 
 void MainWindow::newgamemen_Click() {
   // What the end saves by itself is asked about while the match can still go on.
@@ -273,6 +271,16 @@ void MainWindow::EditMen_Click() {
   // While the editor is open nothing of the player is saved.
   if (State().TurnRunning == 1 || !MayLeavePlayer(Leaving::kSavesFirst)) return;
   TheEditorDoor().OpenCardEditor();
+}
+
+void MainWindow::openarchivemen_Click() {
+  if (State().TestFromEditor == 1) {
+    Desktop().MessageBox("An archive can be opened when the test is done.");
+    return;
+  }
+  if (State().TurnRunning == 1) return;
+  const auto path = Desktop().AskFile({.FileName = "*.zip"});
+  if (path && !path->empty()) OpenGameArchive(*path);
 }
 
 void MainWindow::saveplrmen_Click() {

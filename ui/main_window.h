@@ -43,6 +43,7 @@ struct MainWindow : Form {
   MenuItem newgamemen{"newgamemen", "Quit / New Game"};
   MenuItem deckmanagermen{"deckmanagermen", "Deck Manager"};
   MenuItem EditMen{"EditMen", "Card Editor"};
+  MenuItem openarchivemen{"openarchivemen", "Open a Game Archive..."};
   MenuItem saveplrmen{"saveplrmen", "Save Current Player"};
   MenuItem savehtmlmen{"savehtmlmen", "Save HTML Snapshot"};
   MenuItem switchmen{"switchmen", "Switch Player"};
@@ -77,6 +78,7 @@ struct MainWindow : Form {
   void switchmen_Click();
   void deckmanagermen_Click();
   void EditMen_Click();
+  void openarchivemen_Click();
   void saveplrmen_Click();
   void savehtmlmen_Click();
   void fullsizemen_Click();
@@ -92,6 +94,9 @@ struct MainWindow : Form {
 void ShowMain(std::string_view file);
 /// Shows the hand of side 1 in the strip.
 void UpdateHand();
+/// Asks about a match in progress and about what the player owns before the list of games takes
+/// their place. False to stay.
+bool MayLeaveGame();
 /// From a game that has ended to the list of games; a test game leads back to the editor that began
 /// it. False when the player would rather stay.
 bool LeaveEndedGame();

@@ -31,11 +31,13 @@ int RunAuto(Arguments arguments);       // auto_command.cpp
 int RunCheck(Arguments arguments);      // check_command.cpp
 int RunMerge(Arguments arguments);      // merge_command.cpp
 int RunNew(Arguments arguments);        // new_command.cpp
+int RunPack(Arguments arguments);       // pack_command.cpp
 int RunReference(Arguments arguments);  // reference_command.cpp
 int RunReplay(Arguments arguments);     // replay_command.cpp
 int RunScenario(Arguments arguments);   // scenario_command.cpp
 int RunServe(Arguments arguments);      // serve_command.cpp
 int RunSim(Arguments arguments);        // sim_command.cpp
+int RunUnpack(Arguments arguments);     // unpack_command.cpp
 int RunWatch(Arguments arguments);      // watch_command.cpp
 
 int WrongUsage(std::string_view problem, std::string_view text);

@@ -10,7 +10,7 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr std::array<ToolCommand, 10> kCommands = {{
+constexpr std::array<ToolCommand, 12> kCommands = {{
     {"new", "new FOLDER [--name NAME]",
      "Makes a folder with a small game that plays at once, for its author to go on from.", RunNew},
     {"check", "check FOLDER|FILE... [--json] [--codes]",
@@ -44,6 +44,13 @@ constexpr std::array<ToolCommand, 10> kCommands = {{
      RunAuto},
     {"replay", "replay JOURNAL [FOLDER] [--pages DIR]",
      "Plays again what a program noted with --journal and says where its pages differ.", RunReplay},
+    {"pack", "pack FOLDER [--game NAME] [--out FILE]",
+     "Puts a game with all files that it uses into one archive, for others to open.", RunPack},
+    {"unpack", "unpack ARCHIVE [FOLDER] [--list] [--replace|--keep]",
+     "Puts the game of an archive into a folder. --list only says what is in it. Files of the "
+     "folder "
+     "that differ stop it, unless --replace or --keep says what becomes of them.",
+     RunUnpack},
     {"reference", "reference [FILE]",
      "Writes the reference for authors, a page of every word of card files and scripts.",
      RunReference},

@@ -6,6 +6,7 @@
 
 #include "apps/brindle/commands.h"
 #include "apps/brindle/journal_file.h"
+#include "archive/zip_library.h"
 #include "core/program_version.h"
 #include "journal/journal.h"
 #include "journal/match_journal.h"
@@ -146,6 +147,7 @@ int RunReplay(Arguments arguments) {
     };
   }
   replay.OnFiles = PrintFiles;
+  replay.Archives = std::make_shared<ZipLibrary>();
   Print(Joined("The journal of ", kind.What, " in ", journal.Folder, "."));
   if (journal.Program != kProgramVersion) {
     Print(Joined("It is of version ", journal.Program, "; this is ", kProgramVersion, "."));

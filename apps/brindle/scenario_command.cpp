@@ -8,6 +8,7 @@
 #include "apps/brindle/commands.h"
 #include "apps/brindle/journal_file.h"
 #include "apps/brindle/output_file.h"
+#include "archive/zip_library.h"
 #include "core/strings.h"
 #include "journal/turn_scenario.h"
 #include "platform/files.h"
@@ -159,6 +160,7 @@ int TakeFromJournal(const ScenarioOptions& options, const std::vector<std::strin
     }
   }
   ReplayOptions replay;
+  replay.Archives = std::make_shared<ZipLibrary>();
   replay.Folder = operands.empty() ? journal.Folder : AbsoluteFolder(operands[0]);
   const TurnScenario scenario =
       ScenarioOfTurn(journal, replay, options.Turn, match.filename().generic_string(),

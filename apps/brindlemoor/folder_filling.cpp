@@ -69,7 +69,7 @@ std::string MakeFilled(const std::string& games, const std::string& folder) {
   const std::string beside = Joined(Above(folder), "/", PassingName(kHalfMade));
   std::string problem = MakeFolder(beside);
   if (problem.empty()) problem = CopyMissing(games, beside);
-  if (problem.empty()) problem = RenameFolder(beside, folder);
+  if (problem.empty()) problem = RenameEntry(beside, folder);
   if (!problem.empty()) RemoveFolder(beside);
   return problem;
 }

@@ -14,6 +14,7 @@
 #include "apps/brindlemoor/folder_filling.h"
 #include "apps/brindlemoor/options.h"
 #include "apps/brindlemoor/program_folder.h"
+#include "archive/zip_library.h"
 #include "core/program_version.h"
 #include "core/state.h"
 #include "core/strings.h"
@@ -30,7 +31,9 @@
 #include "platform/qt/geometry_report.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/style.h"
+#include "sharing/game_opening.h"
 #include "text/text.h"
+#include "ui/archive_form.h"
 #include "ui/forms.h"
 
 namespace {
@@ -81,14 +84,26 @@ std::string OpenJournal(const Options& options, const SessionStart& start, QtPla
   return "";
 }
 
-void Run(const std::shared_ptr<QtPlatform>& desktop, JournalWriter& journal) {
+/// The path of an archive that the command line names.
+std::string PathOfArchive(const Options& options) {
+  if (options.Archive.empty()) return "";
+  return QFileInfo(QString::fromStdString(options.Archive)).absoluteFilePath().toStdString();
+}
+
+void Run(const std::shared_ptr<QtPlatform>& desktop, JournalWriter& journal,
+         const std::string& archive) {
   if (!journal.Works()) {
     StartProgram();
+    if (!archive.empty() && !desktop->Ending()) {
+      desktop->Files().TakeChoice(archive);
+      OpenGameArchive(archive);
+    }
     desktop->Run();
     return;
   }
   const auto recorder =
       std::make_shared<RecordingPlatform>(desktop, journal, State().ProgramFolder);
+  recorder->SetArchives(std::make_shared<ZipLibrary>());
   State().Desktop = recorder;
   recorder->Start(StartProgram);
   desktop->Run();
@@ -105,6 +120,10 @@ int Play(const Options& options) {
     return kFailed;
   }
   RemoveOldParts(place.Folder);
+  desktop->SetArchives(std::make_shared<ZipLibrary>());
+  desktop->Files().KeepTo(place.Folder);
+  const std::string finished = FinishOpening(desktop->Files(), place.Folder);
+  if (!finished.empty()) Say(*desktop, finished);
   const ProgramCopy copy(place.Folder);
   JournalWriter journal;
   if (!options.Journal.empty()) {
@@ -118,7 +137,7 @@ int Play(const Options& options) {
   OpenProgramSession(desktop, place.Folder);
   State().DebugMode = options.Debug ? 1 : 0;
   State().CopyOfProgram = copy.Number();
-  Run(desktop, journal);
+  Run(desktop, journal, PathOfArchive(options));
   report.reset();
   desktop->CloseWindows();
   State() = Session{};
@@ -186,7 +205,7 @@ class Application : public QApplication {
 };
 
 int RunDesktop(int argc, char** argv) {
-  const Options options = ReadOptions(std::vector<std::string>(argv + 1, argv + argc));
+  Options options = ReadOptions(std::vector<std::string>(argv + 1, argv + argc));
   if (!options.Error.empty()) {
     std::fprintf(stderr, "brindlemoor: %s\n%s", options.Error.c_str(), HelpText());
     return kWrongUsage;
@@ -196,6 +215,11 @@ int RunDesktop(int argc, char** argv) {
         options.Help ? HelpText() : (Joined("Brindlemoor version ", kProgramVersion, "\n").c_str()),
         stdout);
     return 0;
+  }
+  // A file where a folder is meant is what a file manager opens the program with.
+  if (options.Archive.empty() && options.Journal.empty() && !options.Compose &&
+      QFileInfo(QString::fromStdString(options.Folder)).isFile()) {
+    options.Archive = std::exchange(options.Folder, "");
   }
   if (options.Compose) qputenv("QT_QPA_PLATFORM", "offscreen");
   if (!HasDisplay()) {

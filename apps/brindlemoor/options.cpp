@@ -82,6 +82,9 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
     } else if (const auto journal = TakeValue("--journal", arguments, index)) {
       options.Journal = *journal;
       if (journal->empty()) options.Error = "--journal needs a file or a folder.";
+    } else if (const auto archive = TakeValue("--open", arguments, index)) {
+      options.Archive = *archive;
+      if (archive->empty()) options.Error = "--open needs an archive.";
     } else if (TakeNumber(options, arguments, index)) {
       continue;
     } else {
@@ -91,6 +94,10 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
   if (options.Error.empty() && options.Compose && options.Folder.empty()) {
     options.Error = "--compose needs a folder.";
   }
+  if (options.Error.empty() && !options.Archive.empty() &&
+      (options.Compose || !options.Journal.empty())) {
+    options.Error = "--open goes neither with --compose nor with --journal.";
+  }
   if (options.Error.empty() && options.Quality && !options.Compose) {
     options.Error = "--quality goes with --compose.";
   }
@@ -98,7 +105,9 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
 }
 
 const char* HelpText() {
-  return R"(Usage: brindlemoor [FOLDER] [--seed N] [--debug] [--journal FILE]
+  return R"(Usage: brindlemoor [FOLDER] [--open ARCHIVE] [--seed N] [--debug]
+                   [--journal FILE]
+       brindlemoor ARCHIVE
        brindlemoor FOLDER --compose [--quality N]
 
 Plays the card games whose files lie in FOLDER. Without FOLDER that is the
@@ -106,6 +115,8 @@ program's own folder if it holds games, else $XDG_DATA_HOME/brindlemoor (or
 ~/.local/share/brindlemoor), which the first start fills with the games that
 come with the program.
 
+  --open ARCHIVE  shows the game of an archive and asks whether to put it into
+                  FOLDER; an archive in place of FOLDER means the same
   --seed N        the same cards and rolls every time
   --debug         extra lines on pages; players are not saved
   --journal FILE  writes down the session for "brindle replay FILE", even if it

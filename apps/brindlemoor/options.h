@@ -10,6 +10,7 @@ namespace brindlemoor {
 
 struct Options {
   std::string Folder;
+  std::string Archive;  ///< of a game, to be opened at the start; "" for none
   std::optional<std::uint64_t> Seed;
   std::string Journal;  ///< file or folder for the journal of the session, "" for none
   bool Debug = false;

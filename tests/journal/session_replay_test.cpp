@@ -1,6 +1,7 @@
 // Sessions that are recorded without a display and played again.
 #include <random>
 
+#include "platform/headless/memory_archives.h"
 #include "tests/journal/recorded_session.h"
 
 namespace brindlemoor {
@@ -142,6 +143,31 @@ TEST_F(SessionReplayTest, NeedsNothingOfTheMachineItWasRecordedOn) {
 }
 
 /// Journals of strangers: whatever a line says, the replay ends and the machine's files stay.
+TEST_F(SessionReplayTest, AnArchiveThatWasOpenedIsOpenedAgain) {
+  std::string archive;
+  MemoryArchiveLibrary().Write({{{"Goblins.txt", "#GAMERULES, Goblins, , #102030, goblins, \n"},
+                                 {"Wickwater.txt", "#GAMERULES, Wickwater, , #102030, w, \n"},
+                                 {"art/gull-roost.jpg", "other picture"},
+                                 {"goblins/Cards.txt", "cards"}}},
+                               archive);
+  WriteBytes(root_ / "Goblins.zip", archive);
+  const std::string journal = Record([this] {
+    desktop_->FileAnswers = {(root_ / "Goblins.zip").string()};
+    desktop_->ModalForms.emplace_back([this](Form& form) { Do(form, {.Control = "ReplaceMine"}); });
+    Menu("openarchivemen");
+    Link("GAME:1:1");
+  });
+  EXPECT_EQ(ReadBytes(root_ / "game/goblins/Cards.txt"), "cards");
+  EXPECT_TRUE(fs::exists(root_ / "game/art/gull-roost.jpg.old~"));
+  fs::remove(root_ / "Goblins.zip");
+  fs::remove_all(root_ / "game");
+  fs::copy(std::string(BRINDLEMOOR_SOURCE_DIR) + "/games", root_ / "game",
+           fs::copy_options::recursive);
+  const ReplayResult again = Replay(journal);
+  EXPECT_EQ(again.Problem + again.Difference, "");
+  EXPECT_EQ(again.Events, 4);
+}
+
 TEST_F(SessionReplayTest, MutatedJournalsDoNoHarm) {
   const std::string journal = Record([this] { PlayAWhile(); });
   std::vector<std::string> lines;

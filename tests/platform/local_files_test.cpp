@@ -141,6 +141,27 @@ TEST_F(LocalFilesTest, ARemovedFileIsGoneAndOneThatIsNotThereIsNoError) {
   EXPECT_TRUE(files_.FolderExists(In("folder")));
 }
 
+TEST_F(LocalFilesTest, ARenamedFileReplacesAndAFailureChangesNothing) {
+  EXPECT_EQ(files_.Write(In("new"), "new"), "");
+  for (int time = 0; time < 2; ++time) EXPECT_EQ(files_.AddFolder(In("sub")), "");
+  EXPECT_EQ(files_.Rename(In("new"), In("sub/file")), "");
+  EXPECT_EQ(files_.Rename(In("sub/file"), In("file")), "");
+  EXPECT_EQ(files_.Read(In("file")), "new");
+  for (const char* target : {"sub", "missing/file"}) {
+    EXPECT_NE(files_.Rename(In("file"), In(target)), "") << target;
+  }
+  EXPECT_NE(files_.Rename(In("gone"), In("file")), "");
+  EXPECT_NE(files_.Rename(In("sub"), In("other")), "") << "no file";
+  EXPECT_NE(files_.AddFolder(In("file")), "");
+  EXPECT_EQ(files_.Read(In("file")), "new");
+  fs::create_directory(In("sub/below"));
+  EXPECT_NE(files_.RemoveFolderOfFiles(In("sub")), "");
+  fs::remove(In("sub/below"));
+  EXPECT_EQ(files_.Write(In("sub/a"), "a"), "");
+  EXPECT_EQ(files_.RemoveFolderOfFiles(In("sub")), "");
+  EXPECT_FALSE(files_.FolderExists(In("sub")));
+}
+
 TEST_F(LocalFilesTest, OnlyPlainFilesExistAndFoldersAreListedByName) {
   for (const char* name : {"sub2", "sub1"}) fs::create_directory(In(name));
   for (const char* name : {"b", "B", "\xC3\xA9", "sub1/deep"}) files_.Write(In(name), "");

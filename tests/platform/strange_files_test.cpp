@@ -117,7 +117,13 @@ TEST_F(StrangeFilesTest, WritingReplacesLinksAndNeverLeavesTheFolder) {
         "sub/../../new.txt", "sub/../secrets/new", "secrets/../new"}) {
     EXPECT_NE(files_.Write(In(path), "page"), "") << path;
     EXPECT_NE(files_.Remove(In(path)), "") << path;
+    EXPECT_NE(files_.Rename(In("sub/card.txt"), In(path)), "") << path;
+    EXPECT_NE(files_.Rename(In(path), In("sub/taken.txt")), "") << path;
   }
+  for (const char* path : {"secrets/new", "other/new", "../new"}) {
+    EXPECT_NE(files_.AddFolder(In(path)), "") << path;
+  }
+  EXPECT_NE(files_.RemoveFolderOfFiles((root_ / "secrets").string()), "");
   EXPECT_EQ(files_.Write((root_ / "secrets/key").string(), "page"),
             "It lies outside of the program's folder");
   EXPECT_EQ(files_.Write(In("subs/card.txt"), "new"), "");

@@ -125,6 +125,8 @@ class CommandLine(unittest.TestCase):
                 (["--version"], 0, "stdout", "Beta 1.0"),
                 (["--seed", "x"], 2, "stderr", "--seed needs a number"),
                 (["--journal="], 2, "stderr", "--journal needs a file"),
+                (["--open"], 2, "stderr", "--open needs an archive"),
+                (["--open", "a.zip", "--journal", "b"], 2, "stderr", "--open goes neither"),
                 (["--fast"], 2, "stderr", '"--fast"'),
                 (["a", "b"], 2, "stderr", "More than one folder"),
                 ([tempfile.gettempdir()], 1, "stderr", "no display")]:

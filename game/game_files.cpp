@@ -1,5 +1,5 @@
 // Gathering the files of a game by its folder and by what they include.
-#include "editor/game_files.h"
+#include "game/game_files.h"
 
 #include <optional>
 #include <set>
