@@ -5,8 +5,8 @@
 
 namespace brindlemoor {
 
-/// Puts the session back at its end, whatever was done to it meanwhile. Records keep their addresses
-/// in a copy, not in a move.
+/// Puts the session back at its end, whatever was done to it meanwhile. Records keep their
+/// addresses in a copy, not in a move.
 class SessionAside {
  public:
   SessionAside() : kept_(State()) {}
