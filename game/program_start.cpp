@@ -53,6 +53,7 @@ void ForgetLastGame() {
   session.CurrentGame = 0;
   session.StarterDeckFlag = 0;
   session.Match = {};
+  session.RefCache = {};  // its files may be others by the next match
 }
 
 struct DefaultPlayer {

@@ -37,7 +37,8 @@ constexpr std::array<ProgramTrait, 18> kRows = {{
     {"PRIORITY", kCard, false, "#TRAIT, PRIORITY:30",
      "is added to what a card of the hand is worth to the computer, which plays those worth 1 or "
      "more, the highest first. An action that would do all it says counts 20 and one that would "
-     "not -10, AIREQ three times that; the worth is their mean. So PRIORITY:-100 keeps a card back "
+     "not -10, AIREQ three times that; the worth is their mean, less what an action "
+     "without a target takes off: 10, shared by the others. So PRIORITY:-100 keeps a card back "
      "whatever it can do, and 1 is enough for one that has nothing to try"},
     {"AILOVE", kCard, true, "REQTRAITMORE:AILOVE:20",
      "what a card of the hand is worth to the computer, PRIORITY included. The program writes it "

@@ -20,7 +20,7 @@ const std::array<TargetTypeRow, 14> kTargetTypeRows = {{
     {"ENEMYPLAYER", kTargetEnemyPlayer, F::kNamed, "the player card of the other side"},
     {"SELF", kTargetSelf, F::kNamed, "the acting card itself"},
     {"TRIGGERINGCARD", kTargetTriggeringCard, F::kEvery,
-     "the card that set off the trigger, else the newest card of the table"},
+     "the card that set off the trigger, else the one that entered last, if it is still there"},
     {"NEWESTCARD", kTargetTriggeringCard, F::kEvery, "the same as TRIGGERINGCARD"},
     {"COUNTER", kTargetCounter, F::kNever,
      "reserved: an action with it does nothing at its trigger"},

@@ -62,6 +62,7 @@ constexpr auto kNotes = std::to_array<ReferenceNote>({
     {"ECHOONCE", "Once means once in a firing of the action. What runs in between, such as a reaction or a TRAITCHANGE, has its own."},
 
     // Values.
+    {"value-$MYNAME value-$TARGETNAME", "SETTRAIT and SETMYTRAIT store the word itself: they keep a text as it is written unless its value is a number above 0."},
     {"value-TRAITMINUS# value-TRAITMULT# value-TRAITPERC# value-DIV# value-MULT# value-PLUS# value-MINUS# value-INTEGER", "A value that comes to exactly 0 is replaced by the trait named last."},
     {"value-TRAITMINUS#", "With 10 hit points the example gives 10, not 0. Three ways around it: a requirement before it (`REQTRAITLESS:HP:9`), two steps (`MODTRAIT:COLD:10:SUBTRAIT:COLD:TARGTRAIT/HP`), or a trait that the card has not at the end (`10/TARGTRAIT/HP/TRAITMINUS1/TARGTRAIT/NOTHING`), which counts 0."},
     {"value-DIV#", "So half of 1 is 1: `SRCTRAIT/HP/TRAITPLUS1/DIV2` with HP 1. With a trait at the end that the card has not, it is 0: `SRCTRAIT/HP/TRAITPLUS1/DIV2/SRCTRAIT/NOTHING`."},

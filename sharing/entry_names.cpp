@@ -51,9 +51,30 @@ bool IsOneOf(const Words& words, std::string_view word) {
   return std::ranges::find(words, word) != words.end();
 }
 
-bool IsControl(char character) {
-  const auto byte = static_cast<unsigned char>(character);
-  return byte < 0x20 || byte == 0x7F;
+/// Characters that nobody sees and that turn or hide others, as UTF-8: controls beyond ASCII,
+/// blanks without a width, marks of direction, line ends.
+struct CharacterRange {
+  std::string_view First;
+  std::string_view Last;
+};
+constexpr std::array<CharacterRange, 5> kHidden = {{{"\xC2\x80", "\xC2\x9F"},
+                                                    {"\xE2\x80\x8B", "\xE2\x80\x8F"},
+                                                    {"\xE2\x80\xA8", "\xE2\x80\xAE"},
+                                                    {"\xE2\x81\xA0", "\xE2\x81\xAF"},
+                                                    {"\xEF\xBB\xBF", "\xEF\xBB\xBF"}}};
+
+bool HasControls(std::string_view name) {
+  for (std::size_t at = 0; at < name.size(); ++at) {
+    const auto byte = static_cast<unsigned char>(name[at]);
+    if (byte < 0x20 || byte == 0x7F) return true;
+    const std::string_view rest = name.substr(at);
+    const bool isHidden = std::ranges::any_of(kHidden, [rest](const CharacterRange& range) {
+      const std::string_view character = rest.substr(0, range.First.size());
+      return character >= range.First && character <= range.Last;
+    });
+    if (isHidden) return true;
+  }
+  return false;
 }
 
 std::vector<std::string_view> PartsOf(std::string_view name) {
@@ -83,7 +104,7 @@ std::string WhyNoPart(std::string_view part) {
 /// What holds for files and folders.
 std::string WhyNoName(std::string_view name) {
   if (!IsUtf8(name)) return "is no UTF-8 text";
-  if (std::ranges::any_of(name, IsControl)) return "has control characters";
+  if (HasControls(name)) return "has control characters";
   if (name.empty()) return "is empty";
   if (name.starts_with('/')) return "is absolute";
   if (name.find('\\') != name.npos) return "has a backslash";

@@ -151,7 +151,9 @@ std::string FinishOpening(FileSystem& files, const std::string& folder) {
   OpeningStage stage(files, folder);
   if (!stage.IsHeld() || !stage.HasLeftovers()) return "";
   if (!stage.TakeLeftovers()) {
+    const bool isBare = stage.IsBare();
     stage.Clear();
+    if (isBare) return "";
     return "The opening of an archive had been broken off: nothing of it was put into the folder.";
   }
   const std::string problem = stage.MoveIn();

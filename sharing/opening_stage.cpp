@@ -47,6 +47,8 @@ std::string OpeningStage::StagedPath(std::size_t index) const {
 
 bool OpeningStage::HasLeftovers() const { return files_.FolderExists(stage_); }
 
+bool OpeningStage::IsBare() const { return files_.ListFiles(stage_).empty(); }
+
 std::string OpeningStage::Add(std::string_view name, std::string_view bytes) {
   std::string problem = files_.AddFolder(stage_);
   if (!problem.empty()) return problem;

@@ -24,6 +24,8 @@ class OpeningStage {
   bool IsHeld() const { return held_; }
   /// True when something was left by a program that was ended.
   bool HasLeftovers() const;
+  /// True when all that was left is in its place already, or nothing was begun.
+  bool IsBare() const;
 
   bool IsEmpty() const { return names_.empty(); }
   /// Writes a file aside. "" or what went wrong.

@@ -89,7 +89,21 @@ std::string Compose(const GameContents& contents, std::string& archive, std::siz
   if (!readBack.Problem.empty()) {
     return Joined("The game can't be passed on as it is. ", readBack.Problem);
   }
-  return readBack.Files == files ? "" : "the archive does not give back what was put into it";
+  for (std::size_t index = 0; index < files.size(); ++index) {
+    if (index < readBack.Files.size() && readBack.Files[index] == files[index]) continue;
+    return Joined("archives can't hold the name of \"", files[index].Name, "\" as it is");
+  }
+  return "";
+}
+
+/// Nothing but an older archive is written over.
+std::string RefuseOutput(const std::string& out) {
+  const std::string problem = OutputProblem(out);
+  if (!problem.empty()) return problem;
+  const auto bytes = LocalFileSystem().Read(AbsoluteFolder(out));
+  return !bytes || bytes->empty() || bytes->starts_with("PK")
+             ? ""
+             : Joined(out, " is there already and is no archive");
 }
 
 std::string NameOfArchive(const PackOptions& options, std::string_view game) {
@@ -103,7 +117,7 @@ int Pack(const std::string& folder, const PackOptions& options) {
   if (game == 0) return Refuse(problem, kWrongUsage);
   const std::string name = State().Games[game].Name.Str();
   const std::string out = NameOfArchive(options, name);
-  problem = OutputProblem(out);
+  problem = RefuseOutput(out);
   if (!problem.empty()) return Refuse(problem, kWrongUsage);
   const GameContents contents = ContentsOfGame(game);
   for (const std::string& remark : contents.Remarks) Print(std::cerr, remark);

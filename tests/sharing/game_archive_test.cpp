@@ -47,6 +47,11 @@ TEST_F(GameArchiveTest, OneBadEntryRefusesTheWhole) {
       {Entry("FILE", "art\\a.png"), "has a backslash"},
       {Entry("FILE", "a\xFF.txt"), "\"a?.txt\", which is no UTF-8 text"},
       {Entry("FILE", "a\tb.txt"), "has control characters"},
+      {Entry("FILE",
+             "a\xC2\x9B"
+             "b.txt"),
+       "has control characters"},
+      {Entry("FILE", "a\xE2\x80\xAEtxt.b.txt"), "has control characters"},
       {Entry("FILE", "what?.txt"), "characters that some systems can't keep"},
       {Entry("FILE", "art/Nul.png"), "is a device on some systems"},
       {Entry("FILE", "art./a.png"), "ends with a blank or a full stop"},
