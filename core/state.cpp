@@ -19,10 +19,7 @@ std::string Shortened(std::string_view text) {
 
 }  // namespace
 
-Session& State() noexcept {
-  static Session session;
-  return session;
-}
+Session internal::TheSession;
 
 Platform& Desktop() { return *State().Desktop; }
 

@@ -23,6 +23,7 @@
 namespace brindlemoor {
 
 class ActionTrace;
+class TableJournal;
 class Platform;
 class cGdiPlus;
 struct EditorForms;
@@ -39,6 +40,8 @@ struct Hit {
   int Slot = 0;
   int Effect = 0;
 };
+
+inline constexpr int kHitLists = 21;  ///< one for each trigger code, 0 to 20
 
 /// Something that was wrong in a file; reading went on.
 struct Problem {
@@ -70,9 +73,9 @@ struct Session {
   /// Bits that do not tell what a card has; the mask filter skips them.
   TraitWords UnsureTraitBits;
   bool HasUnsureTraitBits = false;
-  std::array<std::vector<Hit>, 21> HitTable;  ///< by trigger code, 0 to 20
-  std::uint32_t ActionsAdded = 0;             ///< counts AddEffect
-  std::array<std::uint64_t, 65> BitValues{};  ///< [i] = 2 to the power i-1, for i from 1
+  std::array<std::vector<Hit>, kHitLists> HitTable;  ///< by trigger code
+  std::uint32_t ActionsAdded = 0;                    ///< counts AddEffect
+  std::array<std::uint64_t, 65> BitValues{};         ///< [i] = 2 to the power i-1, for i from 1
   Table<CustomStringRec> CustomStrings;
   bool StringsCanVanish = false;  ///< one of their values can come to nothing
   Text DeckRules;
@@ -135,6 +138,7 @@ struct Session {
   std::uint8_t TurnRunning = 0;    ///< 1 while a turn or the start of a match runs
   std::uint8_t OwnNavigation = 0;  ///< 1 while the program navigates a view
   std::uint8_t DebugMode = 0;
+  bool Quiet = false;  ///< nobody reads: texts that do nothing but say something are left out
   std::uint8_t FullSizeImages = 0;
   std::uint8_t GameOver = 0;
   std::uint8_t TestFromEditor = 0;
@@ -174,10 +178,11 @@ struct Session {
   FolderLists Lists;  ///< see Folders()
 
   RandomSource Random;
-  MatchRecord Match;              ///< the match of the main window
-  TurnRecord LastTurn;            ///< what somebody who looks is told of it
-  std::shared_ptr<MatchLog> Log;  ///< of the match, where somebody counts; mostly empty
-  ActionTrace* Trace = nullptr;   ///< who listens why actions do not act; mostly nobody
+  MatchRecord Match;                ///< the match of the main window
+  TurnRecord LastTurn;              ///< what somebody who looks is told of it
+  std::shared_ptr<MatchLog> Log;    ///< of the match, where somebody counts; mostly empty
+  ActionTrace* Trace = nullptr;     ///< who listens why actions do not act; mostly nobody
+  TableJournal* Journal = nullptr;  ///< keeps what a price test changes; mostly nobody
   std::unordered_map<std::string_view, Text>
       InternedTexts;  ///< see InternText; keys are views of the texts
 
@@ -197,8 +202,28 @@ struct Session {
   std::shared_ptr<cGdiPlus> ImageBridge;         ///< the one image object
 };
 
+namespace internal {
+extern Session TheSession;
+}
+
 /// The session of this program.
-Session& State() noexcept;
+inline Session& State() noexcept { return internal::TheSession; }
+
+/// Counts work on the present account.
+inline void SpendWork(std::int64_t steps) noexcept { State().Work.Spend(steps); }
+/// The same for work on a text of so many bytes.
+inline void SpendWorkOnText(std::size_t bytes) noexcept { State().Work.SpendOnText(bytes); }
+/// The same for a look through so many items of a list.
+inline void SpendWorkOnSearch(std::size_t items) noexcept { State().Work.SpendOnSearch(items); }
+/// The same for one look at whether a folder holds a file.
+inline void SpendWorkOnLook() noexcept { State().Work.SpendOnLook(); }
+
+/// True when nothing is left of the present account: scripts end where they stand, and loops that
+/// would start more of them end too. Without an account there is no end.
+inline bool WorkIsSpent() noexcept { return State().Work.IsSpent(); }
+
+/// The same for a script of a card that would go on or begin.
+inline bool StopsForWork(const Card& acting) { return State().Work.Stops(acting.Name); }
 
 /// A Text that shares its storage with every equal text interned before, so that what is worked out
 /// of a script once serves all cards that carry it. The table is bounded.

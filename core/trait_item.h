@@ -73,6 +73,8 @@ class TraitItem {
   bool HasName(const TraitName& name) const noexcept {
     return key_ == name.Key() && FoldsLike(Name(), name.View());
   }
+  /// True when the item is a bonus for another trait.
+  bool IsBonus() const noexcept { return bonusSize_ != 0; }
   /// True when the item is a bonus for the trait of this name: "BONUS" and the name.
   bool IsBonusFor(const TraitName& name) const noexcept {
     return bonusKey_ == name.Key() && bonusSize_ != 0 &&

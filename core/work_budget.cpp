@@ -35,6 +35,7 @@ WorkAccount::WorkAccount() {
   WorkBudget& work = State().Work;
   if (work.Accounts++ > 0) return;
   work.Done = 0;
+  work.LeftOut = 0;
   work.StoppedCard.clear();
   work.StoppedFile.clear();
   work.SearchStopped = false;
@@ -48,6 +49,7 @@ WorkAccount::~WorkAccount() {
   if (work.Accounts == 0 || --work.Accounts > 0) return;
   work.NextStop = WorkBudget::kNever;
   work.Most = std::max(work.Most, work.Done);
+  work.MostAloud = std::max(work.MostAloud, work.Done + work.LeftOut * WorkBudget::kStepsOfText);
   State().Lists.Forget();
   try {
     TellWhatWasStopped(work);
@@ -61,17 +63,5 @@ bool WorkBudget::StopsHere() noexcept {
   Desktop().ServeWindows();
   return false;
 }
-
-void SpendWork(std::int64_t steps) noexcept { State().Work.Spend(steps); }
-
-void SpendWorkOnText(std::size_t bytes) noexcept { State().Work.SpendOnText(bytes); }
-
-void SpendWorkOnSearch(std::size_t items) noexcept { State().Work.SpendOnSearch(items); }
-
-void SpendWorkOnLook() noexcept { State().Work.SpendOnLook(); }
-
-bool WorkIsSpent() noexcept { return State().Work.IsSpent(); }
-
-bool StopsForWork(const Card& acting) { return State().Work.Stops(acting.Name); }
 
 }  // namespace brindlemoor

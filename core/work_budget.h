@@ -12,17 +12,17 @@
 
 namespace brindlemoor {
 
-struct Card;
-
 /// How much of the present account is spent. A step is a command that is carried out, or as much
 /// other work: a card that is tried as a target, a run that is refused, some hundred bytes of text,
 /// a file that is looked for, some bytes of a card file.
 struct WorkBudget {
-  std::int64_t Limit = 0;      ///< steps of one account; 0 stands for limits::kStepsOfTurn
-  std::int64_t Done = 0;       ///< steps of the present account, or of the last one
-  std::int64_t Total = 0;      ///< steps of all accounts, and of work without one
-  std::int64_t Most = 0;       ///< the most that an account took
-  int Accounts = 0;            ///< WorkAccount objects that exist
+  std::int64_t Limit = 0;  ///< steps of one account; 0 stands for limits::kStepsOfTurn
+  std::int64_t Done = 0;   ///< steps of the present account, or of the last one
+  std::int64_t Total = 0;  ///< steps of all accounts, and of work without one
+  std::int64_t Most = 0;   ///< the most that an account took
+  int Accounts = 0;        ///< WorkAccount objects that exist
+  int LeftOut = 0;         ///< texts of the account that nobody reads and that were not composed
+  std::int64_t MostAloud = 0;  ///< more than any account would have taken with them
   std::string StoppedCard{};   ///< whose script was ended first in this account, "" for none
   std::string StoppedFile{};   ///< the file whose reading was ended first, "" for none
   bool SearchStopped = false;  ///< a file was not looked for everywhere
@@ -32,6 +32,8 @@ struct WorkBudget {
   static constexpr std::int64_t kNever = std::numeric_limits<std::int64_t>::max();
   /// The desktop serves its windows this often (Platform::ServeWindows).
   static constexpr std::int64_t kStepsBetweenLooks = 10000;
+  /// More than composing a text takes that may be left out (pages/unread_texts.h).
+  static constexpr std::int64_t kStepsOfText = 20000;
 
   void Spend(std::int64_t steps) noexcept {
     Done += steps;
@@ -108,21 +110,5 @@ class WorkAccount {
   WorkAccount(const WorkAccount&) = delete;
   WorkAccount& operator=(const WorkAccount&) = delete;
 };
-
-/// Counts work on the present account.
-void SpendWork(std::int64_t steps) noexcept;
-/// The same for work on a text of so many bytes.
-void SpendWorkOnText(std::size_t bytes) noexcept;
-/// The same for a look through so many items of a list.
-void SpendWorkOnSearch(std::size_t items) noexcept;
-/// The same for one look at whether a folder holds a file.
-void SpendWorkOnLook() noexcept;
-
-/// True when nothing is left of the present account: scripts end where they stand, and loops that
-/// would start more of them end too. Without an account there is no end.
-bool WorkIsSpent() noexcept;
-
-/// The same for a script of a card that would go on or begin.
-bool StopsForWork(const Card& acting);
 
 }  // namespace brindlemoor

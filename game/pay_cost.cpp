@@ -1,8 +1,11 @@
 // Paying for cards by tests that leave no trace.
+#include <array>
 #include <optional>
+#include <vector>
 
 #include "core/cards.h"
 #include "core/state.h"
+#include "core/table_journal.h"
 #include "game/card_play.h"
 #include "script/firing.h"
 #include "script/run_action.h"
@@ -30,8 +33,18 @@ bool ModifiesCosts(const Card& card) {
   return false;
 }
 
-/// What COSTMODs that are carried out for a payment may change beside the table: it comes back when
-/// the price can't be paid.
+/// The whole table: COSTMODs that are carried out for a payment may do anything there.
+struct WholeTable {
+  Pile CardTable = State().CardTable;
+  std::array<std::vector<Hit>, kHitLists> HitTable = State().HitTable;
+
+  void PutBack() const {
+    State().CardTable = CardTable;
+    State().HitTable = HitTable;
+  }
+};
+
+/// What they may change beside the table: it comes back when the price can't be paid.
 struct Belongings {
   Card RulesCard = State().RulesCard;
   FixedTable<PlayerState, 3> Players = State().Players;
@@ -69,6 +82,16 @@ void ModifyCost(Card& work, Payment payment) {
   }
 }
 
+/// Runs the actions of the price as tests. The number of those that failed; the table is as it was.
+int TestCost(Card& work, Payment payment, std::optional<Card>& toPayWith) {
+  TableJournal journal;
+  ModifyCost(work, payment);
+  if (payment == Payment::kIsMade) toPayWith = work;
+  const int failures = FireTrigger(work, "COST", -1, 0, 1);
+  journal.PutBack();
+  return failures;
+}
+
 }  // namespace
 
 bool PayCost(const Card& card, Payment payment) {
@@ -77,21 +100,19 @@ bool PayCost(const Card& card, Payment payment) {
   if (session.DebugMode == 1) return true;
   SpendWork(session.CardTable.UpperBound());
   if (WorkIsSpent()) return false;  // scripts that do not run can ask for no price
-  const Pile table = session.CardTable;
-  const auto hits = session.HitTable;  // a trait that a test gives can bring actions with it
   const std::string page = session.PageText;
   const std::string banner = session.PhaseBanner;
   const auto cancel = session.CancelState;  // a script that asks for a price goes on behind it
+  std::optional<WholeTable> table;
   std::optional<Belongings> belongings;
-  if (payment == Payment::kIsMade && AnyModifiesCosts()) belongings.emplace();
+  if (payment == Payment::kIsMade && AnyModifiesCosts()) {
+    table.emplace();
+    belongings.emplace();
+  }
   Card work = card;
-
-  ModifyCost(work, payment);
   std::optional<Card> toPayWith;  // the payment begins as the test did
-  if (payment == Payment::kIsMade) toPayWith = work;
-  const int failures = FireTrigger(work, "COST", -1, 0, 1);
-  session.CardTable = table;
-  session.HitTable = hits;
+  const int failures = TestCost(work, payment, toPayWith);
+  if (table) table->PutBack();
   session.PageText = page;
   session.CancelState = cancel;
   if (failures > 0 || WorkIsSpent()) {

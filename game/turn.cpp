@@ -19,6 +19,7 @@
 #include "pages/battlefield.h"
 #include "pages/card_pages.h"
 #include "pages/page_files.h"
+#include "pages/unread_texts.h"
 #include "script/card_entry.h"
 #include "script/triggers.h"
 #include "text/one_line.h"
@@ -155,6 +156,7 @@ void ShowReport(const Plays& plays) {
   Session& session = State();
   const bool debug = session.DebugMode == 1;
   session.PageText.clear();  // events that ran meanwhile may have left a page half composed
+  if (LeavesOutReport()) return;
   if (debug) AppendPage(plays.Thoughts);
   AppendPage(PlayerHeader(session.Players[1]));
   AppendPage("<br><br>");

@@ -60,17 +60,20 @@ struct HashKeyword {
   std::string_view Meaning;  ///< one line for authors
   std::string (*Make)(Card& source, Card& target, std::string_view argument);
   bool TakesValue = false;  ///< the argument is a value expression
+  bool ReadsTrait = false;  ///< it is a trait of one of the two cards
 };
 
 constexpr std::array kHashKeywords{
     HashKeyword{"#MYTRAIT", "a trait of the acting card",
                 [](Card& source, Card&, std::string_view argument) {
                   return GetTrait(source, argument).Str();
-                }},
+                },
+                false, true},
     HashKeyword{"#TRAIT", "a trait of the target",
                 [](Card&, Card& target, std::string_view argument) {
                   return GetTrait(target, argument).Str();
-                }},
+                },
+                false, true},
     HashKeyword{"#CARD", "the name of the card with the Global ID that the expression gives",
                 [](Card& source, Card& target, std::string_view argument) {
                   Card* card = CardOfIdentity(EvalNumber(source, target, argument));
@@ -171,10 +174,12 @@ constexpr std::array kPlaceholders{
     Placeholder{"$MYIMG", "the acting card's picture, in ECHO and its kin",
                 [](const MessageCards& m) { return Replacement(m.SourcePicture); }},
     Placeholder{"$GIDCARD", "the name of the card whose Global ID was the last amount",
-                [](const MessageCards&) { return NameOf(CardOfIdentity(State().LastValue)); }},
+                [](const MessageCards&) { return NameOf(CardOfIdentity(State().LastValue)); },
+                true},
     Placeholder{"$MYOWNER", "the name of the acting card's player card",
-                [](const MessageCards& m) { return NameOf(OwnerCard(m.Source)); }},
-    Placeholder{"$OWNER", "the name of the target's player card", TargetOwnerName},
+                [](const MessageCards& m) { return NameOf(OwnerCard(m.Source)); }, true},
+    Placeholder{"$OWNER", "the name of the target's player card",
+                [](const MessageCards& m) { return TargetOwnerName(m); }, true},
     Placeholder{"$TARGETIMG", "the target's picture, in ECHO and its kin",
                 [](const MessageCards& m) { return Replacement(m.TargetPicture); }},
     Placeholder{"$AMT", "the amount of the last change, in yellow and without its sign",
@@ -208,7 +213,7 @@ constexpr auto kMarks = [] {
   std::size_t count = 0;
   for (const Placeholder& row : kPlaceholders) marks[count++] = {row.Mark, row.Meaning};
   for (const HashKeyword& row : kHashKeywords) {
-    marks[count++] = {row.Word, row.Meaning, true, row.TakesValue};
+    marks[count++] = {row.Word, row.Meaning, true, row.TakesValue, row.ReadsTrait};
   }
   return marks;
 }();

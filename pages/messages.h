@@ -16,6 +16,7 @@ struct MessageMark {
   std::string_view Meaning;  ///< one line for authors
   bool OpensField = false;
   bool TakesValue = false;  ///< the field's argument is a value expression
+  bool ReadsTrait = false;  ///< the field is a trait of one of the two cards, as it stands
 };
 std::span<const MessageMark> MessageMarks();
 

@@ -23,6 +23,7 @@ struct Placeholder {
   std::string_view Mark;
   std::string_view Meaning;                        ///< one line for authors
   Replacement (*Make)(const MessageCards& cards);  ///< nothing: the mark stays in the text
+  bool NamesOthers = false;                        ///< it shows a card that is none of the two
 };
 
 /// In the order of replacing, since one replacement can bring in a later mark.

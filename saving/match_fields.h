@@ -297,11 +297,11 @@ inline constexpr auto kLeftOut = std::tuple{
     &Session::Lists, &Session::InternedTexts, &Session::RandomPictures,
     // Of the program, its user and its windows.
     &Session::Profile, &Session::Profiles, &Session::ProgramFolder, &Session::PagesWritten,
-    &Session::CopyOfProgram, &Session::OwnNavigation, &Session::DebugMode, &Session::FullSizeImages,
-    &Session::DeckManagerMode, &Session::DeckManagerInGame, &Session::PickingCard,
-    &Session::SaleMode, &Session::Services, &Session::Windows, &Session::Editor,
-    &Session::TryOpponent, &Session::Desktop, &Session::OpenForms, &Session::OpenEditorForms,
-    &Session::ImageBridge, &Session::Trace,
+    &Session::CopyOfProgram, &Session::OwnNavigation, &Session::DebugMode, &Session::Quiet,
+    &Session::FullSizeImages, &Session::DeckManagerMode, &Session::DeckManagerInGame,
+    &Session::PickingCard, &Session::SaleMode, &Session::Services, &Session::Windows,
+    &Session::Editor, &Session::TryOpponent, &Session::Desktop, &Session::OpenForms,
+    &Session::OpenEditorForms, &Session::ImageBridge, &Session::Trace, &Session::Journal,
     // Of the card editor.
     &Session::Templates, &Session::Crop, &Session::CardFile, &Session::EditCard,
     &Session::CommonTraits, &Session::SingleCardEdit, &Session::TestFromEditor, &Session::Suspended,

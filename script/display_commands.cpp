@@ -4,6 +4,7 @@
 #include "pages/battlefield.h"
 #include "pages/card_pages.h"
 #include "pages/messages.h"
+#include "pages/unread_texts.h"
 #include "script/command_table.h"
 #include "script/run.h"
 
@@ -63,6 +64,11 @@ Step ShowMessage(Run& run) {
   }
   run.ShowRun = true;
   std::string message = Wording(run, kind);
+  if (LeavesOutMessage(run.Source, run.Target, message)) {
+    session.HpReport = 0;
+    if (kind.Once) session.EchoedOnce = 1;
+    return Step::kNext;
+  }
   if (kind.Pictures) {
     ExpandMessage(run.Source, run.Target, message, run.SourcePicture, run.TargetPicture);
     run.Show(run.SourcePicture);
@@ -79,10 +85,11 @@ Step ShowMessage(Run& run) {
 
 Step EchoFail(Run& run) {
   if (IsSilent(run)) return Step::kNext;
+  run.ShowRun = true;
   run.EchoFailText = run.Argument(1);
+  if (LeavesOutMessage(run.Source, run.Target, run.EchoFailText)) return Step::kNext;
   ExpandMessage(run.Source, run.Target, run.EchoFailText, "", "");
   run.EchoFailText += "<br><br>";
-  run.ShowRun = true;
   return Step::kNext;
 }
 

@@ -3,6 +3,7 @@
 #include "core/limits.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "core/table_journal.h"
 #include "language/target_types.h"
 #include "script/action_trace.h"
 #include "script/triggers.h"
@@ -93,6 +94,7 @@ void RegisterHit(int slot, int effect, bool remove) {
     limits::ReportLimit("Too many actions have the same trigger: some were left out.");
     return;
   }
+  if (State().Journal != nullptr) State().Journal->NoteHits();
   SpendWorkOnSearch(HitsOf(code).size());
   Hit* free = nullptr;
   for (Hit& hit : HitsOf(code)) {

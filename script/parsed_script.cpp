@@ -33,7 +33,9 @@ ParsedScript::ParsedScript(std::string_view script) : script_(script) {
   fields_.reserve(static_cast<std::size_t>(std::count(script.begin(), script.end(), ':')) + 1);
   for (FieldWalker walker(script, ':'); !walker.AtEnd();) {
     const FieldRow& row = fields_.emplace_back(RowOf(walker.Next()));
-    wantsPictures_ = wantsPictures_ || (row.Row != nullptr && row.Row->Pictures);
+    if (row.Row == nullptr || !row.Row->Pictures) continue;
+    wantsPictures_ = true;
+    onlyShowsPictures_ = onlyShowsPictures_ && row.Row->Role == CommandRole::kShows;
   }
   FieldWalker fields(script, ':');
   for (auto word = fields.Next(); !word.empty() && word != "ADDEFFECT"; word = fields.Next()) {
@@ -68,10 +70,7 @@ bool ParsedScript::HasField(std::string_view text) const noexcept {
   return false;
 }
 
-const ParsedScript::FieldRow& ParsedScript::RowAt(int n) const noexcept {
-  static const FieldRow missing;
-  return n >= 1 && n <= FieldCount() ? fields_[static_cast<std::size_t>(n) - 1] : missing;
-}
+constinit const ParsedScript::FieldRow ParsedScript::kMissing;
 
 std::size_t ParsedScript::TailSize(int n) const noexcept {
   if (n < 1 || n > FieldCount()) return 0;

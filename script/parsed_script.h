@@ -29,7 +29,9 @@ class ParsedScript final : public TextAttachment {
 
   /// Field n (1-based), "" beyond the end.
   std::string_view Field(int n) const noexcept { return RowAt(n).Text; }
-  const FieldRow& RowAt(int n) const noexcept;
+  const FieldRow& RowAt(int n) const noexcept {
+    return n >= 1 && n <= FieldCount() ? fields_[static_cast<std::size_t>(n) - 1] : kMissing;
+  }
   /// Field n as the name of a trait.
   TraitName NameAt(int n) const noexcept { return {RowAt(n).Text, RowAt(n).Key}; }
   int FieldCount() const noexcept { return static_cast<int>(fields_.size()); }
@@ -52,14 +54,19 @@ class ParsedScript final : public TextAttachment {
   bool DeclaresNoCounters() const noexcept { return declaresNoCounters_; }
   /// True when one of the commands may show the run's card pictures.
   bool WantsPictures() const noexcept { return wantsPictures_; }
+  /// True when none of them makes anything else of the pictures.
+  bool OnlyShowsPictures() const noexcept { return onlyShowsPictures_; }
 
   /// The parsed form of a script. Valid as long as the text is.
   static const ParsedScript& Of(const Text& script);
 
  private:
+  static const FieldRow kMissing;
+
   std::string_view script_;
   std::vector<FieldRow> fields_;
   bool wantsPictures_ = false;
+  bool onlyShowsPictures_ = true;
   bool declaresNoCounters_ = false;
   std::string_view bringer_ = "NONE";
   std::vector<std::pair<std::string_view, std::string_view>> declared_;  ///< name and value

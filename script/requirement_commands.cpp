@@ -310,7 +310,7 @@ Step Fail(Run& run, const RequirementRow& row) {
   if (row.Kind == Stop::kQuiet && run.AiMarked) return Step::kNext;
   ++run.FailCount;
   if (row.Kind == Stop::kQuiet || row.Kind == Stop::kFinal) return Step::kEnd;
-  if (!row.Reason.empty()) GiveReason(run, row);
+  if (!row.Reason.empty() && !State().Quiet) GiveReason(run, row);
   if (row.Kind == Stop::kCancel) {
     State().CancelState = 1;
     run.Reply.SourceFails = run.Reply.Cancels = true;

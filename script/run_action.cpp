@@ -7,6 +7,7 @@
 #include "core/cards.h"
 #include "core/limits.h"
 #include "core/state.h"
+#include "core/table_journal.h"
 #include "language/traits.h"
 #include "language/values.h"
 #include "pages/card_pages.h"
@@ -213,6 +214,10 @@ int RunUntraced(Session& session, Card& source, Card& target, int effectIndex,
     return kRunFailed;
   }
 
+  if (session.Journal != nullptr) [[unlikely]] {
+    session.Journal->Note(source);
+    session.Journal->Note(target);
+  }
   const WorkAccount account;
   ++session.RunDepth;
   const Text script =

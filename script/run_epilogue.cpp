@@ -182,7 +182,7 @@ int CloseRun(Run& run) {
   if (!run.Testing()) {
     if (run.DestroySource) KillCard(run.Source);
     if (run.DestroyTarget) KillCard(run.Target);
-    if (run.ShowRun) AddToBanner(FramedText(run, frame));
+    if (run.ShowRun && !State().Quiet) AddToBanner(FramedText(run, frame));
     if (State().DebugMode == 1 && run.AppliedCount > 0) {
       AddToBanner(Joined("<br><font size=-2>Action from ", ColoredName(run.Source),
                          " successfully applied to ", ColoredName(run.Target), ".  (Action: \"",

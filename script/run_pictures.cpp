@@ -10,6 +10,10 @@ namespace brindlemoor {
 void DrawPictures(Run& run) {
   // Those of a test are never seen.
   if (State().RunDepth > 1 || run.Testing() || !run.Fields.WantsPictures()) return;
+  if (State().Quiet && run.Fields.OnlyShowsPictures()) {
+    ++State().Work.LeftOut;
+    return;
+  }
   run.SourcePicture = CardPictureHtml(run.Source, -1, 1);
   if (run.Source.GlobalID == run.Target.GlobalID) return;
   run.TargetPicture = CardPictureHtml(run.Target, -1, run.Source.Owner == run.Target.Owner ? 2 : 1);

@@ -9,6 +9,7 @@
 #include "core/cards.h"
 #include "core/state.h"
 #include "core/strings.h"
+#include "core/table_journal.h"
 #include "language/target_types.h"
 #include "language/traits.h"
 #include "language/values.h"
@@ -372,6 +373,7 @@ void FlushPendingEffect() {
   const int slot = FindSlot(static_cast<double>(globalId));
   if (!session.CardTable.Holds(slot) || IsFree(session.CardTable[slot])) return;
   Card& card = session.CardTable[slot];
+  if (session.Journal != nullptr) session.Journal->Note(card);
   AddActionOfText(card, pending);
   RegisterAllHits(card);
 }

@@ -57,6 +57,23 @@ std::string HashOfFiles() {
   return hash.Text();
 }
 
+/// True when finding a picture takes less than WorkBudget::kStepsOfText by far.
+bool IsSmallFolder() {
+  constexpr std::size_t kMostFolders = 20;
+  constexpr std::size_t kMostFiles = 4000;
+  constexpr std::size_t kLongestPath = 1000;
+  const std::string& folder = State().ProgramFolder;
+  const FileSystem& files = Desktop().Files();
+  const std::string parent = ParentFolder(folder);
+  const auto subfolders = files.ListFolders(folder);
+  if (subfolders.size() > kMostFolders || folder.size() > kLongestPath) return false;
+  std::size_t count = files.ListFiles(folder).size() + files.ListFiles(parent).size();
+  for (const std::string& name : subfolders) {
+    count += files.ListFiles(Joined(folder, "/", name)).size();
+  }
+  return count <= kMostFiles;
+}
+
 /// The cards that a starter deck has given: its first deck, or else what lies in the collection.
 const Pile& GivenCards() {
   const Session& session = State();
@@ -193,16 +210,19 @@ std::string Stage::Seat(const Contender& side1, const Contender& side2) {
   session.Games.Reset(gameIndex_);
   session.Games[gameIndex_].Folder = folder;
   session.Log = log_;
+  isSmallFolder_ = IsSmallFolder();
   seated_ = session;
   return "";
 }
 
 void Stage::BoundWork(std::int64_t steps, std::int64_t stepsOfTurn) {
+  PlayAloud();  // the steps of texts count, too
   workLeft_ = steps;
   stepsOfTurn_ = stepsOfTurn;
 }
 
 void Stage::HashPages() {
+  PlayAloud();
   desktop_->Cache().OnWrite = [this](std::string_view bytes) {
     const std::string folder = State().ProgramFolder + "/";
     for (std::size_t name = bytes.find(folder); name != bytes.npos; name = bytes.find(folder)) {
@@ -221,7 +241,17 @@ std::string Stage::MatchHash() const {
   return hash.Text();
 }
 
+bool Stage::PlaysQuietly() const { return !aloud_ && isSmallFolder_ && seated_.DebugMode == 0; }
+
 PlayedMatch Stage::Play(std::uint64_t seed, int maximumTurns) {
+  const bool quiet = PlaysQuietly();
+  const PlayedMatch outcome = PlayOnce(seed, maximumTurns, quiet);
+  // Its texts might have used up the steps of a turn.
+  const bool mayDiffer = quiet && State().Work.MostAloud >= State().Work.Bound();
+  return mayDiffer ? PlayOnce(seed, maximumTurns, false) : outcome;
+}
+
+PlayedMatch Stage::PlayOnce(std::uint64_t seed, int maximumTurns, bool quiet) {
   State() = seated_;
   lastSeed_ = seed;
   pages_ = {};
@@ -230,8 +260,11 @@ PlayedMatch Stage::Play(std::uint64_t seed, int maximumTurns) {
   SeedFromClock();
   Session& session = State();
   for (int side = 1; side <= 2; ++side) ShufflePile(session.Players[side]);
+  session.Quiet = quiet;
+  if (quiet) session.Windows = &kNoWindows;
   session.Work.Limit = stepsOfTurn_;
   session.Work.Total = 0;
+  session.Work.MostAloud = 0;
   session.TurnRunning = 1;
   BringInStartingCards();
   TakeTurn(1);

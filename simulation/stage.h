@@ -67,6 +67,8 @@ class Stage {
   const MatchLog& Log() const { return *log_; }
   /// Has the pages of the matches to come hashed, which costs a little.
   void HashPages();
+  /// From now on every text is composed, also those that nobody reads: nothing else differs.
+  void PlayAloud() { aloud_ = true; }
   /// A hash of what happened in the last match and, where asked for, of its pages; the name of the
   /// folder does not count. 16 hexadecimal digits.
   std::string MatchHash() const;
@@ -77,6 +79,9 @@ class Stage {
   /// The deck that a player file names first, from the one in use on.
   void OpenOwnDeck(int opponentIndex, const std::string& owned, std::uint64_t seed);
   void AddDeck(const std::string& name, const std::string& cards);
+  /// True when texts that nobody reads are left out.
+  bool PlaysQuietly() const;
+  PlayedMatch PlayOnce(std::uint64_t seed, int maximumTurns, bool quiet);
 
   std::string game_;
   int gameIndex_ = 0;
@@ -89,6 +94,8 @@ class Stage {
   std::int64_t workLeft_ = WorkBudget::kNever;
   std::int64_t stepsOfTurn_ = 0;  ///< 0 for the program's own bound
   Hash pages_;                    ///< of the last match
+  bool aloud_ = false;
+  bool isSmallFolder_ = false;  ///< a picture is found there in a few steps
   std::shared_ptr<MatchLog> log_ = std::make_shared<MatchLog>();
   Session list_;    ///< the list of games
   Session seated_;  ///< the files of a match have been read

@@ -6,10 +6,7 @@
 
 namespace brindlemoor {
 
-Session& State() noexcept {
-  static Session session;
-  return session;
-}
+Session internal::TheSession;
 
 Platform& Desktop() { return *State().Desktop; }
 

@@ -1,0 +1,142 @@
+// What may be left out of a match that nobody looks at.
+#include "pages/unread_texts.h"
+
+#include <algorithm>
+
+#include "core/cards.h"
+#include "core/state.h"
+#include "pages/messages.h"
+#include "pages/placeholders.h"
+#include "text/fold.h"
+
+namespace brindlemoor {
+namespace {
+
+// Bounds of what is left out, so that it would have cost less than WorkBudget::kStepsOfText.
+constexpr std::size_t kLongestMessage = 4096;
+constexpr std::ptrdiff_t kMostMarks = 16;
+constexpr std::size_t kLongestPiece = 512;  ///< a name, a colour, a trait
+constexpr int kMostStrings = 100;
+
+bool IsMark(char character) { return character == '$' || character == '#' || character == '&'; }
+
+bool IsShortAndPlain(std::string_view piece) {
+  return piece.size() <= kLongestPiece && std::ranges::none_of(piece, IsMark);
+}
+
+/// Dice of a bonus are rolled whenever the trait is read that it raises.
+bool RollsDice(const TraitItem& item) {
+  return item.IsBonus() && item.Value().find('R') != std::string_view::npos;
+}
+
+bool RollsNoDice(const Card& card) { return std::ranges::none_of(card.Traits, RollsDice); }
+
+/// True when no trait brings anything in that would be filled in again.
+bool HasPlainTraits(const Card& card) {
+  return std::ranges::all_of(card.Traits,
+                             [](const TraitItem& item) { return IsShortAndPlain(item.View()); });
+}
+
+bool HasPlainName(const Card& card) {
+  return IsShortAndPlain(card.Name) && card.NameColor.size() <= kLongestPiece;
+}
+
+/// A third card is named, which may be called anything.
+bool NamesOthers(std::string_view message) {
+  return std::ranges::any_of(Placeholders(), [message](const Placeholder& row) {
+    return row.NamesOthers && message.find(row.Mark) != std::string_view::npos;
+  });
+}
+
+bool HoldsCustomString(std::string_view text) {
+  char absent = '\0';  // what the last keys begin with, and the text does not hold
+  for (const CustomStringRec& entry : State().CustomStrings) {
+    if (entry.Key.empty()) continue;
+    const std::string_view key = entry.Key;
+    if (key.front() == absent) continue;
+    if (text.find(key) != std::string_view::npos) return true;
+    if (text.find(key.front()) == std::string_view::npos) absent = key.front();
+  }
+  return false;
+}
+
+const MessageMark* FieldMark(std::string_view field) {
+  const std::string_view word = field.substr(0, field.find('/'));
+  for (const MessageMark& mark : MessageMarks()) {
+    if (mark.OpensField && mark.Mark == word) return &mark;
+  }
+  return nullptr;
+}
+
+/// False for a "#" that can't begin the word of a field, whatever is filled in behind it.
+bool MayOpenField(std::string_view fromHash) {
+  const char next = fromHash.size() > 1 ? fromHash[1] : '#';
+  return next == '#' || (next >= 'A' && next <= 'Z');
+}
+
+enum class Fields { kNone, kTraits, kOthers };
+
+/// What fields between two "#" the text has. Beside another "#" the value of a trait could make up
+/// the word of a new field.
+Fields FieldsOf(std::string_view text) {
+  int traits = 0;
+  int others = 0;
+  for (std::size_t opens = text.find('#'); opens != std::string_view::npos;) {
+    const std::size_t closes = text.find('#', opens + 1);
+    const MessageMark* mark =
+        closes == std::string_view::npos ? nullptr : FieldMark(text.substr(opens, closes - opens));
+    if (mark != nullptr && !mark->ReadsTrait) return Fields::kOthers;
+    if (mark != nullptr) {
+      ++traits;
+    } else if (MayOpenField(text.substr(opens))) {
+      ++others;
+    }
+    opens = mark != nullptr ? text.find('#', closes + 1) : closes;
+  }
+  if (traits == 0) return Fields::kNone;
+  return others == 0 ? Fields::kTraits : Fields::kOthers;
+}
+
+/// True when nothing but fields can roll dice for the message, and it is short.
+bool IsShortAndSure(std::string_view message) {
+  return message.size() <= kLongestMessage &&
+         std::ranges::count_if(message, IsMark) <= kMostMarks && !NamesOthers(message) &&
+         State().CustomStrings.UpperBound() <= kMostStrings && !HoldsCustomString(message);
+}
+
+bool OnlySays(const Card& source, const Card& target, std::string_view message) {
+  if (!IsShortAndSure(message) || !HasPlainName(source) || !HasPlainName(target)) return false;
+  const Fields fields = FieldsOf(message);
+  if (fields == Fields::kNone) return true;
+  return fields == Fields::kTraits && HasPlainTraits(source) && HasPlainTraits(target);
+}
+
+}  // namespace
+
+bool LeavesOutMessage(const Card& source, const Card& target, std::string_view message) {
+  if (!State().Quiet || !RollsNoDice(source) || !RollsNoDice(target) ||
+      !OnlySays(source, target, message)) {
+    return false;
+  }
+  ++State().Work.LeftOut;
+  return true;
+}
+
+bool LeavesOutReport() {
+  const Session& session = State();
+  if (!session.Quiet) return false;
+  Fields fields = Fields::kNone;
+  for (const TraitGraphic& graphic : session.TraitGraphics) {
+    if (!IsShortAndSure(graphic.Label)) return false;
+    fields = std::max(fields, FieldsOf(graphic.Label));
+  }
+  if (fields == Fields::kOthers) return false;
+  for (const Card& card : session.CardTable) {
+    if (IsFree(card)) continue;
+    if (!RollsNoDice(card) || !HasPlainName(card)) return false;
+    if (fields == Fields::kTraits && !HasPlainTraits(card)) return false;
+  }
+  return true;
+}
+
+}  // namespace brindlemoor
