@@ -11,8 +11,9 @@ namespace brindlemoor {
 /// A 1-based array with value semantics and copy on write: copying costs one counter, and the
 /// first write to a copy clones the elements. Not for use from several threads.
 ///
-/// A reference that Edit gave must not be kept while the array is copied: the copy would share the
-/// storage that the reference still writes to.
+/// A reference that Edit gave must not be kept while the array is copied or asked for its marks:
+/// the copy would share the storage that the reference still writes to, and the marks would be
+/// those of before.
 template <class T>
 class SharedArray {
  public:
@@ -49,19 +50,33 @@ class SharedArray {
   /// The element for writing; the index must be inside the array.
   T& Edit(int index) {
     assert(Holds(index));
+    return Changed().elements[static_cast<std::size_t>(index) - 1];
+  }
+  /// The same for a change that leaves the element's marks as they are.
+  T& EditAlike(int index) {
+    assert(Holds(index));
     return Own().elements[static_cast<std::size_t>(index) - 1];
   }
   /// Adds an element at the end and returns its index.
   int Append(T element) {
-    Own().elements.push_back(std::move(element));
+    Changed().elements.push_back(std::move(element));
     return UpperBound();
   }
   /// Makes the array exactly count long; kept elements keep their content, new ones are fresh.
   void Resize(int count) {
-    if (count != UpperBound()) Own().elements.resize(static_cast<std::size_t>(count));
+    if (count != UpperBound()) Changed().elements.resize(static_cast<std::size_t>(count));
   }
   /// Makes the array count long and every element fresh.
   void Reset(int count) { *this = SharedArray(count); }
+  /// What the elements are together as marks, the bits 0 to 62, in any meaning that the one
+  /// function gives them that an array is asked with: worked out once for what is shared, until it
+  /// is written.
+  template <class MarksOf>
+  std::uint64_t Marks(MarksOf marksOf) const {
+    if (storage_ == nullptr) return 0;
+    if (storage_->marks == 0) storage_->marks = marksOf(*this) | kMarksAreKnown;
+    return storage_->marks;
+  }
   bool SharesStorageWith(const SharedArray& other) const noexcept {
     return storage_ == other.storage_;
   }
@@ -82,9 +97,12 @@ class SharedArray {
   };
   static constinit inline const Absent kAbsent{};
 
+  static constexpr std::uint64_t kMarksAreKnown = std::uint64_t{1} << 63;
+
   struct Storage {
     std::uint32_t references = 1;
     std::vector<T> elements;
+    std::uint64_t marks = 0;  ///< 0 while they are not known
   };
 
   void Release() noexcept {
@@ -95,11 +113,16 @@ class SharedArray {
     if (storage_ == nullptr) {
       storage_ = new Storage;
     } else if (storage_->references > 1) {
-      auto* own = new Storage{1, storage_->elements};
+      auto* own = new Storage{1, storage_->elements, storage_->marks};
       --storage_->references;
       storage_ = own;
     }
     return *storage_;
+  }
+  Storage& Changed() {
+    Storage& own = Own();
+    own.marks = 0;
+    return own;
   }
 
   Storage* storage_ = nullptr;

@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "core/folder_lists.h"
@@ -68,6 +69,8 @@ struct Session {
   Card CostCard;
   Pile Sideboard;
   Pile TraitActions;  ///< cards of #TRAITACTION blocks
+  /// Keys of their names with their places, in order, while a turn runs; none while not known.
+  std::vector<std::pair<std::uint32_t, int>> GiverPlaces;
   Table<TraitGraphic> TraitGraphics;
   SharedArray<TraitBitName> TraitBitNames;
   /// Bits that do not tell what a card has; the mask filter skips them.

@@ -2,6 +2,7 @@
 #include "core/trait_item.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/strings.h"
 #include "text/fold.h"
@@ -48,7 +49,7 @@ TraitItem::TraitItem(const TraitName& name, std::string_view value)
 
 void TraitItem::TakeApart(std::size_t nameSize, std::uint32_t key) {
   if (text_.empty()) return;
-  nameSize_ = static_cast<std::uint32_t>(nameSize);
+  nameSize_ = static_cast<std::uint32_t>(nameSize) & 0x7FFFFFFF;  // limits::kTextBytes is less
   key_ = key;
   const std::string_view rest = View().substr(std::min(nameSize + 1, View().size()));
   // The number ends before the ":" of a further field by itself.
@@ -59,9 +60,27 @@ void TraitItem::TakeApart(std::size_t nameSize, std::uint32_t key) {
   bonusKey_ = TraitKey(Name().substr(bonusSize_));
 }
 
-std::string_view TraitItem::Value() const noexcept { return FieldAt(View(), 2, ':'); }
+bool TraitItem::IsWhole(double number) noexcept {
+  constexpr double kExactlyPrinted = 1e15;
+  return number == std::trunc(number) && std::fabs(number) < kExactlyPrinted;
+}
 
-bool TraitItem::IsWritten(std::string_view name, std::string_view value) const noexcept {
+TraitItem TraitItem::WithWhole(double number) const {
+  TraitItem item(*this);
+  item.number_ = number + 0.0;  // no negative zero: its text has none
+  if (waits_ == 0) item.text_ = Text(Name());
+  item.waits_ = 1;
+  return item;
+}
+
+void TraitItem::MakeText() const {
+  text_ = Text::Of(text_.View(), ":", NumberText(number_));
+  waits_ = 0;
+}
+
+std::string_view TraitItem::Value() const { return FieldAt(View(), 2, ':'); }
+
+bool TraitItem::IsWritten(std::string_view name, std::string_view value) const {
   if (!View().starts_with(name)) return false;
   const std::string_view rest = View().substr(name.size());
   return rest.empty() ? value.empty() : rest.front() == ':' && rest.substr(1) == value;

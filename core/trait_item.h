@@ -20,6 +20,16 @@ constexpr std::uint32_t kEmptyTraitKey = 0x80;
 /// they fold to. Names with the same key may still differ.
 std::uint32_t TraitKey(std::string_view name) noexcept;
 
+/// The mark of names with a key among the marks of a card's traits (SharedArray::Marks).
+constexpr std::uint64_t TraitMark(std::uint32_t key) noexcept {
+  constexpr std::uint32_t kSpread = 0x9E3779B1;
+  constexpr std::uint32_t kMarks = 62;
+  return std::uint64_t{1} << (((key * kSpread) >> 16) % kMarks);
+}
+
+/// The mark of a card with a bonus for any trait.
+inline constexpr std::uint64_t kBonusMark = std::uint64_t{1} << 62;
+
 /// The name of a trait that is looked for.
 class TraitName {
  public:
@@ -50,25 +60,32 @@ class TraitItem {
       : TraitItem(Text(text)) {}
 
   bool empty() const noexcept { return text_.empty(); }
-  std::string_view View() const noexcept { return text_; }
-  const Text& AsText() const noexcept { return text_; }
-  operator const Text&() const noexcept { return text_; }       // NOLINT: meant to convert
-  operator std::string_view() const noexcept { return text_; }  // NOLINT: meant to convert
-  bool operator==(const TraitItem& other) const noexcept { return text_ == other.text_; }
+  const Text& AsText() const {
+    if (waits_ != 0) MakeText();
+    return text_;
+  }
+  std::string_view View() const { return AsText(); }
+  operator const Text&() const { return AsText(); }       // NOLINT: meant to convert
+  operator std::string_view() const { return AsText(); }  // NOLINT: meant to convert
+  bool operator==(const TraitItem& other) const { return AsText() == other.AsText(); }
   template <class Written>
   requires(std::convertible_to<const Written&, std::string_view> &&
            !std::same_as<Written, TraitItem>) bool
-  operator==(const Written& text) const noexcept {
-    return text_ == std::string_view(text);
+  operator==(const Written& text) const {
+    return AsText() == std::string_view(text);
   }
 
   /// Up to the first ":".
-  std::string_view Name() const noexcept { return View().substr(0, nameSize_); }
+  std::string_view Name() const noexcept { return text_.View().substr(0, nameSize_); }
   /// The field behind the name.
-  std::string_view Value() const noexcept;
+  std::string_view Value() const;
   /// What the value reads as; 1 without a value.
   double Number() const noexcept { return number_; }
 
+  /// The marks of its name and of the trait that it raises.
+  std::uint64_t Marks() const noexcept {
+    return TraitMark(key_) | (IsBonus() ? TraitMark(bonusKey_) | kBonusMark : 0);
+  }
   /// True when the name folds like this one.
   bool HasName(const TraitName& name) const noexcept {
     return key_ == name.Key() && FoldsLike(Name(), name.View());
@@ -81,11 +98,20 @@ class TraitItem {
            FoldsLike(Name().substr(bonusSize_), name.View());
   }
   /// True when the item reads "NAME:VALUE"; for the empty value also without the ":".
-  bool IsWritten(std::string_view name, std::string_view value) const noexcept;
+  bool IsWritten(std::string_view name, std::string_view value) const;
+
+  /// True for a number that the item can have for its value without its text: a whole one.
+  static bool IsWhole(double number) noexcept;
+  /// The item with a whole number for its value; its text is made when somebody asks for it, since
+  /// most changes of traits are tried out and never read as a text.
+  TraitItem WithWhole(double number) const;
+  /// True when the value is a whole number whose text nobody has asked for.
+  bool IsWholeNumber() const noexcept { return waits_ != 0; }
 
  private:
   /// For names with the same key: mostly they have the same size and are alike.
   static bool FoldsLike(std::string_view a, std::string_view b) noexcept {
+    if (a == b) return true;
     if (a.size() != b.size()) return FoldEquals(a, b);
     for (std::size_t index = 0; index < a.size(); ++index) {
       if (AsciiUpper(a[index]) != AsciiUpper(b[index])) return FoldEquals(a, b);
@@ -93,10 +119,12 @@ class TraitItem {
     return true;
   }
   void TakeApart(std::size_t nameSize, std::uint32_t key);
+  void MakeText() const;
 
-  Text text_;
+  mutable Text text_;  ///< the name alone while the value's text waits
   double number_ = 1;
-  std::uint32_t nameSize_ = 0;
+  std::uint32_t nameSize_ : 31 = 0;
+  mutable std::uint32_t waits_ : 1 = 0;
   std::uint32_t key_ = kEmptyTraitKey;
   std::uint32_t bonusKey_ = kNoTraitKey;
   std::uint32_t bonusSize_ = 0;  ///< bytes of the prefix "BONUS", 0 for an ordinary trait

@@ -14,6 +14,7 @@ namespace brindlemoor {
 CardReader::CardReader(std::string_view file, std::string bytes, PlayerState& player,
                        ReadOptions options)
     : file_(file), stream_(std::move(bytes)), player_(player), options_(std::move(options)) {
+  State().GiverPlaces.clear();
   counts_[kDeckPile] = player.Deck.UpperBound();
   counts_[kTablePile] = State().CardTable.UpperBound();
   counts_[kTraitActionPile] = State().TraitActions.UpperBound();

@@ -77,7 +77,11 @@ void PlayCells::AddCard(std::string_view picture) {
 
 void PlayCard(int side, Card& card, PlayCells& cells) {
   LogMatchEvent(MatchEvent::kPlayed, side, card);
-  cells.AddCard(CardPictureHtml(card, 1, 0));
+  if (State().Quiet) {
+    ++State().Work.LeftOut;
+  } else {
+    cells.AddCard(CardPictureHtml(card, 1, 0));
+  }
   AddToTable(card);
   FreeCard(card);  // only now: its entry scripts still find it in the hand
 }

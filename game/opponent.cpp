@@ -118,8 +118,11 @@ void ValueHand() {
 }
 
 void Consider(Card& card, PlayCells& cells, std::string& thoughts) {
-  thoughts += Joined("<br>AI thinking of playing ", ColoredName(card), ".  Priority level is ",
-                     GetTrait(card, kLove).Str(), ".");
+  const Value love = GetTrait(card, kLove);
+  if (State().DebugMode == 1) {
+    thoughts += Joined("<br>AI thinking of playing ", ColoredName(card), ".  Priority level is ",
+                       love.Str(), ".");
+  }
   if (TraitNumber(card, kLove) < 1 || !PayCost(card, Payment::kIsTested)) return;
   // A modifier that raises the price only now leaves the card unpaid, but played.
   PayCost(card, Payment::kIsMade);

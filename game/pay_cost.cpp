@@ -27,6 +27,7 @@ void RunCostModifiers(Card& card, Card& work, Payment payment) {
 }
 
 bool ModifiesCosts(const Card& card) {
+  if ((TriggerMarks(card) & TriggerMark("COSTMOD")) == 0) return false;
   for (const CardEffect& effect : card.Effects) {
     if (effect.Trigger == "COSTMOD") return true;
   }

@@ -179,6 +179,7 @@ void TakeTurn(int skipPlays) {
   const auto outer = std::exchange(session.TurnRunning, std::uint8_t{1});
   session.RulesCard.InPlay = 1;
   session.CostCard.InPlay = 1;
+  session.GiverPlaces.clear();
   if (skipPlays != 1) ++session.Match.Turns;
   session.LastTurn = {.Turn = session.Match.Turns, .IsTold = &Windows() != &kNoWindows};
   const std::string waiting = session.LastTurn.IsTold ? WaitingMenuAction() : std::string();

@@ -37,9 +37,28 @@ double BonusValue(const Card& card, std::string_view expression) {
   return value;
 }
 
+/// The marks of a card's traits: without that of a name, no trait has it or raises it.
+std::uint64_t MarksOf(const Card& card) {
+  return card.Traits.Marks([](const SharedArray<TraitItem>& items) {
+    std::uint64_t marks = 0;
+    for (const TraitItem& item : items) marks |= item.Marks();
+    return marks;
+  });
+}
+
 /// The item of the result is one of the card's.
 TraitReading ReadTrait(const Card& card, const TraitName& name) {
   TraitReading reading;
+  const std::uint64_t marks = MarksOf(card);
+  if ((marks & TraitMark(name.Key())) == 0) return reading;
+  if ((marks & kBonusMark) == 0) {
+    for (const TraitItem* item = card.Traits.end(); item-- != card.Traits.begin();) {
+      if (!item->HasName(name)) continue;
+      reading.Item = item;
+      break;
+    }
+    return reading;
+  }
   for (const TraitItem& item : card.Traits) {
     if (item.HasName(name)) reading.Item = &item;
     if (item.IsBonusFor(name)) reading.Bonus = BonusValue(card, item.Value());
@@ -70,6 +89,7 @@ double TraitNumber(const Card& card, const TraitName& name) {
 bool HasTrait(const Card& card, const TraitName& name) { return TraitSlot(card, name) != 0; }
 
 int TraitSlot(const Card& card, const TraitName& name) {
+  if ((MarksOf(card) & TraitMark(name.Key())) == 0) return 0;
   int slot = 0;
   for (const TraitItem& item : card.Traits) {
     ++slot;

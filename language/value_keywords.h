@@ -45,6 +45,7 @@ struct ValueKeywordRow {
   KeywordEffect (*Apply)(Evaluation& evaluation, double argument);
   std::string_view Usage;
   KeywordFields Takes = KeywordFields::kNone;
+  bool OfTarget = false;  ///< the trait is one of the target, not of the acting card
 
   /// True for an operator, whose number stands in its own field.
   bool IsOperator() const { return Word.back() == '#'; }

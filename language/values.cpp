@@ -32,21 +32,6 @@ constexpr std::array<WholeWord, 6> kWholeWords{{
     {"TARGETGID", true, [](const Card&, const Card& target) { return Value(target.GlobalID); }},
 }};
 
-/// Most arguments are plain integers: they are read without looking at anything else.
-bool ReadPlainInteger(std::string_view text, double& number) {
-  constexpr std::size_t kSafeDigits = 15;
-  const bool negative = text.starts_with('-');
-  if (negative) text.remove_prefix(1);
-  if (text.empty() || text.size() > kSafeDigits) return false;
-  std::int64_t total = 0;
-  for (const char digit : text) {
-    if (digit < '0' || digit > '9') return false;
-    total = total * 10 + (digit - '0');
-  }
-  number = static_cast<double>(negative ? -total : total);
-  return true;
-}
-
 /// The number from the first digit 1 to 9 on, 1 when there is none: "R2Die06" has 2, "Die06" 6.
 double DieNumber(std::string_view text) {
   const std::size_t start = text.find_first_of("123456789");
@@ -83,10 +68,24 @@ bool TakeField(Evaluation& evaluation, std::string_view field, bool& computed) {
 
 }  // namespace
 
+bool IsPlainInteger(std::string_view text, double& number) {
+  constexpr std::size_t kSafeDigits = 15;
+  const bool negative = text.starts_with('-');
+  if (negative) text.remove_prefix(1);
+  if (text.empty() || text.size() > kSafeDigits) return false;
+  std::int64_t total = 0;
+  for (const char digit : text) {
+    if (digit < '0' || digit > '9') return false;
+    total = total * 10 + (digit - '0');
+  }
+  number = static_cast<double>(negative ? -total : total);
+  return true;
+}
+
 Value EvalValue(const Card& source, const Card& target, std::string_view expression,
                 bool& computed) {
   double plain = 0;
-  if (ReadPlainInteger(expression, plain)) return plain;
+  if (IsPlainInteger(expression, plain)) return plain;
   for (const WholeWord& word : kWholeWords) {
     if (word.Word == expression) {
       if (word.Computes) computed = true;
@@ -128,6 +127,14 @@ bool IsWholeExpression(std::string_view expression) {
     if (word.Word == expression) return true;
   }
   return false;
+}
+
+TraitValue AsTraitValue(std::string_view expression) {
+  FieldWalker fields(expression, '/');
+  const ValueKeywordRow* row = FindValueKeyword(fields.Next());
+  if (row == nullptr || row->Takes != KeywordFields::kTrait) return {};
+  const std::string_view name = fields.Next();
+  return fields.Next().empty() ? TraitValue{name, row->OfTarget} : TraitValue{};
 }
 
 double EvalNumber(const Card& source, const Card& target, std::string_view expression) {

@@ -15,6 +15,17 @@ Value EvalValue(const Card& source, const Card& target, std::string_view express
                 bool& computed);
 Value EvalValue(const Card& source, const Card& target, std::string_view expression);
 
+/// Most arguments are plain integers, which are their own value: true for those, whatever the
+/// cards.
+bool IsPlainInteger(std::string_view expression, double& number);
+
+/// An expression that is a trait of one of the cards and nothing else.
+struct TraitValue {
+  std::string_view Name;  ///< "" when the expression is anything else
+  bool OfTarget = false;  ///< of the target, not of the acting card
+};
+TraitValue AsTraitValue(std::string_view expression);
+
 /// NumericPrefix of EvalValue.
 double EvalNumber(const Card& source, const Card& target, std::string_view expression);
 

@@ -33,8 +33,9 @@ bool RollsNoDice(const Card& card) { return std::ranges::none_of(card.Traits, Ro
 
 /// True when no trait brings anything in that would be filled in again.
 bool HasPlainTraits(const Card& card) {
-  return std::ranges::all_of(card.Traits,
-                             [](const TraitItem& item) { return IsShortAndPlain(item.View()); });
+  return std::ranges::all_of(card.Traits, [](const TraitItem& item) {
+    return item.IsWholeNumber() || IsShortAndPlain(item.View());
+  });
 }
 
 bool HasPlainName(const Card& card) {
@@ -43,6 +44,7 @@ bool HasPlainName(const Card& card) {
 
 /// A third card is named, which may be called anything.
 bool NamesOthers(std::string_view message) {
+  if (message.find('$') == std::string_view::npos) return false;
   return std::ranges::any_of(Placeholders(), [message](const Placeholder& row) {
     return row.NamesOthers && message.find(row.Mark) != std::string_view::npos;
   });

@@ -14,6 +14,28 @@ inline bool Answers(const CardEffect& effect, std::string_view trigger) {
   return effect.Trigger == trigger && effect.MenuState != kMenuAction && !effect.Script.empty();
 }
 
+// Marks of the triggers of a card's actions (SharedArray::Marks): a mark that is not there says
+// that none of them has such a trigger.
+
+/// The mark of a trigger, to the letter.
+constexpr std::uint64_t TriggerMark(std::string_view trigger) {
+  constexpr std::size_t kMarks = 40;
+  if (trigger.empty()) return 0;
+  const auto first = static_cast<unsigned char>(trigger.front());
+  const auto last = static_cast<unsigned char>(trigger.back());
+  return std::uint64_t{1} << ((trigger.size() * 31 + first * 7U + last) % kMarks);
+}
+/// The mark of "BEFORETRAITCHANGE:" with a trait, in any case.
+constexpr std::uint64_t BeforeChangeMark(std::uint32_t traitKey) {
+  constexpr std::uint32_t kSpread = 0x9E3779B1;
+  constexpr std::uint32_t kMarks = 20;
+  return std::uint64_t{1} << (40 + ((traitKey * kSpread) >> 16) % kMarks);
+}
+/// The mark of "TRAITCHANGE" with any trait.
+inline constexpr std::uint64_t kTraitChangeMark = std::uint64_t{1} << 60;
+/// The marks of a card's actions.
+std::uint64_t TriggerMarks(const Card& card);
+
 /// A new firing has no roll and has said nothing. Those of TRAITCHANGE share what was there when
 /// the walk over the changed traits began.
 inline void BeginFiring() {

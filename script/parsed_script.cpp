@@ -7,6 +7,7 @@
 #include "core/strings.h"
 #include "core/trait_item.h"
 #include "language/traits.h"
+#include "language/values.h"
 #include "script/command_table.h"
 #include "text/fold.h"
 
@@ -23,6 +24,11 @@ ParsedScript::FieldRow RowOf(std::string_view field) {
   row.Key = TraitKey(field);
   row.AiMarked = field.starts_with("AI");
   row.Row = FindCommand(row.AiMarked ? field.substr(2) : field);
+  row.IsNumber = IsPlainInteger(field, row.Number);
+  const TraitValue trait = AsTraitValue(field);
+  row.ValueTrait = trait.Name;
+  row.ValueTraitKey = TraitKey(trait.Name);
+  row.ValueOfTarget = trait.OfTarget;
   return row;
 }
 
@@ -92,6 +98,17 @@ Text ParsedScript::Tail(int n) const {
   return tail;
 }
 
+Text ParsedScript::BroughtBy(std::string_view trait) const {
+  for (const auto& [name, brought] : brought_) {
+    if (name == trait) return brought;
+  }
+  Text brought = InternText(Joined("TRAIT:TRAITEFFECT:", trait, ":", script_));
+  if (brought_.size() < kKeptTails && script_.size() <= kKeptTailBytes) {
+    brought_.emplace_back(trait, brought);
+  }
+  return brought;
+}
+
 const ParsedScript& ParsedScript::Of(const Text& script) {
   static const ParsedScript empty{std::string_view()};
   if (script.empty()) return empty;
@@ -100,6 +117,13 @@ const ParsedScript& ParsedScript::Of(const Text& script) {
   const ParsedScript& form = *parsed;
   script.Attach(std::move(parsed));
   return form;
+}
+
+Value SimpleValue(const ParsedScript::FieldRow& row, const Card& source, const Card& target) {
+  if (row.IsNumber) return row.Number;
+  SpendWork(1);
+  return TraitNumber(row.ValueOfTarget ? target : source, {row.ValueTrait, row.ValueTraitKey}) +
+         0.0;
 }
 
 bool HasTrait(const Card& card, const TraitName& name, const Text& script) {

@@ -8,6 +8,7 @@
 
 #include "core/records.h"
 #include "core/trait_item.h"
+#include "core/value.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -23,6 +24,11 @@ class ParsedScript final : public TextAttachment {
     const Command* Row = nullptr;        ///< nullptr for a word that is no command
     std::uint32_t Key = kEmptyTraitKey;  ///< of the text as a trait's name (core/trait_item.h)
     bool AiMarked = false;               ///< the word without its "AI" prefix is looked up
+    bool IsNumber = false;               ///< as a value, the text is this number
+    double Number = 0;
+    std::string_view ValueTrait;  ///< as a value, the text is this trait; "" for other values
+    std::uint32_t ValueTraitKey = kEmptyTraitKey;
+    bool ValueOfTarget = false;  ///< and the target's, not the acting card's
   };
 
   explicit ParsedScript(std::string_view script);
@@ -34,10 +40,19 @@ class ParsedScript final : public TextAttachment {
   }
   /// Field n as the name of a trait.
   TraitName NameAt(int n) const noexcept { return {RowAt(n).Text, RowAt(n).Key}; }
+  /// The row of field n, when its value is a number or a trait and nothing else; nullptr for other
+  /// values.
+  const FieldRow* SimpleValueAt(int n) const noexcept {
+    const FieldRow& row = RowAt(n);
+    return row.IsNumber || !row.ValueTrait.empty() ? &row : nullptr;
+  }
   int FieldCount() const noexcept { return static_cast<int>(fields_.size()); }
   /// Field n and everything behind it, as a script of its own. The first few that are asked for are
   /// kept, so that their parsed form serves every run.
   Text Tail(int n) const;
+  /// The script with the trait declared before it that brings it to a card. The first few that are
+  /// asked for are kept.
+  Text BroughtBy(std::string_view trait) const;
   /// Bytes of Tail(n), without making it.
   std::size_t TailSize(int n) const noexcept;
   /// The value of "TRAIT:name:value" in the script, "NONE" if there is none (exact case). What
@@ -71,7 +86,11 @@ class ParsedScript final : public TextAttachment {
   std::string_view bringer_ = "NONE";
   std::vector<std::pair<std::string_view, std::string_view>> declared_;  ///< name and value
   mutable std::vector<std::pair<int, Text>> tails_;
+  mutable std::vector<std::pair<Text, Text>> brought_;  ///< trait and script
 };
+
+/// The value of a row that is a number or a trait and nothing else, as EvalValue has it.
+Value SimpleValue(const ParsedScript::FieldRow& row, const Card& source, const Card& target);
 
 /// True when the card has the trait or the script declares it, in upper case, as the action's own.
 bool HasTrait(const Card& card, const TraitName& name, const Text& script);

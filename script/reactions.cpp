@@ -75,6 +75,7 @@ void Scan(Session& session, const Run& action, Card& actor, std::string_view tri
           bool untilTurnedAway) {
   const int last = actor.Effects.UpperBound();
   session.Work.SpendOnSearch(static_cast<std::size_t>(last));
+  if ((TriggerMarks(actor) & TriggerMark(trigger)) == 0) return;
   for (int effect = 1; effect <= last; ++effect) {
     if (!Answers(actor.Effects[effect], trigger)) continue;
     React(action, actor, trigger, effect);

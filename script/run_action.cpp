@@ -20,7 +20,11 @@
 
 namespace brindlemoor {
 
-Value Run::Evaluated(int n) const { return EvalValue(Source, Target, Argument(n)); }
+Value Run::Evaluated(int n) const {
+  const auto* simple = Fields.SimpleValueAt(Position + n);
+  if (simple == nullptr) return EvalValue(Source, Target, Argument(n));
+  return SimpleValue(*simple, Source, Target);
+}
 
 Text Run::Rest(int n) const {
   SpendWorkOnText(Fields.TailSize(Position + n));

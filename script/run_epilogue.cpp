@@ -173,7 +173,8 @@ int ResultCode(int applied, int failed, int softFailed) {
 }
 
 int CloseRun(Run& run) {
-  const Frame& frame = FrameOf(run);
+  // Before anybody dies of it.
+  const Frame* frame = run.ShowRun && !State().Quiet ? &FrameOf(run) : nullptr;
   if (run.Winner != 0) {
     LogMatchEvent(MatchEvent::kWon, run.Winner, run.Source);
     State().Match.Winners |= run.Winner;
@@ -182,7 +183,7 @@ int CloseRun(Run& run) {
   if (!run.Testing()) {
     if (run.DestroySource) KillCard(run.Source);
     if (run.DestroyTarget) KillCard(run.Target);
-    if (run.ShowRun && !State().Quiet) AddToBanner(FramedText(run, frame));
+    if (frame != nullptr) AddToBanner(FramedText(run, *frame));
     if (State().DebugMode == 1 && run.AppliedCount > 0) {
       AddToBanner(Joined("<br><font size=-2>Action from ", ColoredName(run.Source),
                          " successfully applied to ", ColoredName(run.Target), ".  (Action: \"",

@@ -27,6 +27,9 @@ int SearchTarget(const Card& source, int effectIndex, int targetType, const Text
   Answer answer;
   const RunOptions options{
       .TestRun = 1, .Nested = 1, .ScriptOverride = script, .AnswerTo = &answer};
+  // Made once: a copy into a record that holds nearly the same costs little.
+  Card actor;
+  Card target;
   std::vector<int> clean;
   std::vector<int> partial;
   TracedSearch search(source, effectIndex);
@@ -47,8 +50,8 @@ int SearchTarget(const Card& source, int effectIndex, int targetType, const Text
       continue;
     }
     if (script.empty() && MasksEndTest(effect, source, candidate)) continue;
-    Card actor = source;
-    Card target = candidate;
+    actor = source;
+    target = candidate;
     const int result = RunAction(actor, target, effectIndex, options);
     session.CancelState = 0;  // a reaction of the candidate may have left it
     if (answer.SourceFails) return 0;

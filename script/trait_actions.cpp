@@ -1,6 +1,11 @@
 // Trait actions: merging the actions that a trait brings into a card, and taking them out again.
 #include "script/trait_actions.h"
 
+#include <algorithm>
+#include <cassert>
+#include <utility>
+#include <vector>
+
 #include "core/cards.h"
 #include "core/state.h"
 #include "language/traits.h"
@@ -38,7 +43,7 @@ bool Merge(Card& card, const Card& giver) {
   if (!forAll && SwitchedOff(card, giver)) return false;
   for (const CardEffect& effect : giver.Effects) {
     if (effect.Script.empty()) continue;
-    const Text script = InternText(Joined("TRAIT:TRAITEFFECT:", giver.Name, ":", effect.Script));
+    const Text script = ParsedScript::Of(effect.Script).BroughtBy(giver.Name);
     AddEffect(card, script, effect.TargetType, effect.Trigger, 0, effect.TargetText);
   }
   return true;
@@ -57,18 +62,61 @@ void ReapplyOverPile(Pile& pile, int force) {
   }
 }
 
+/// The places of what brings actions. In a turn their names change only with a read.
+const auto& GiverPlaces(Session& session) {
+  auto& places = session.GiverPlaces;
+  if (places.empty()) {
+    for (const Card& giver : session.TraitActions) {
+      places.emplace_back(TraitKey(giver.Name), static_cast<int>(places.size()) + 1);
+    }
+    std::ranges::sort(places);
+  }
+  return places;
+}
+
+[[maybe_unused]] bool AreRight(const std::vector<std::pair<std::uint32_t, int>>& places,
+                               const Pile& givers) {
+  return static_cast<int>(places.size()) == givers.UpperBound() &&
+         std::ranges::all_of(places, [&givers](const auto& place) {
+           return place.first == TraitKey(givers[place.second].Name);
+         });
+}
+
+/// True when the card got actions that this trait brings.
+bool MergeOf(Card& card, const TraitName& trait) {
+  Session& session = State();
+  const Pile& givers = session.TraitActions;
+  bool added = false;
+  const auto merge = [&](int place) {
+    const Card& giver = givers[place];
+    if (!IsFree(giver) && giver.Name == trait.View()) added = Merge(card, giver) || added;
+  };
+  if (session.TurnRunning == 0 || session.ReadDepth > 0) {
+    for (int place = 1; place <= givers.UpperBound(); ++place) merge(place);
+    return added;
+  }
+  const auto& places = GiverPlaces(session);
+  assert(AreRight(places, givers));
+  auto entry = std::ranges::lower_bound(places, std::pair(trait.Key(), 0));
+  for (; entry != places.end() && entry->first == trait.Key(); ++entry) merge(entry->second);
+  return added;
+}
+
+/// The same for all traits.
+bool MergeAll(Card& card) {
+  bool added = false;
+  for (const Card& giver : State().TraitActions) {
+    if (!IsFree(giver)) added = Merge(card, giver) || added;
+  }
+  return added;
+}
+
 }  // namespace
 
-void ApplyTraitActions(Card& card, std::string_view only) {
+void ApplyTraitActions(Card& card, const TraitName& only) {
   if (IsFree(card) || card.TraitActionsApplied == 1) return;
-  const Pile& givers = State().TraitActions;
-  SpendWorkOnSearch(static_cast<std::size_t>(givers.UpperBound()));
-  bool added = false;
-  for (int index = 1; index <= givers.UpperBound(); ++index) {
-    const Card& giver = givers[index];
-    if (IsFree(giver) || (!only.empty() && giver.Name != only)) continue;
-    added = Merge(card, giver) || added;
-  }
+  SpendWorkOnSearch(static_cast<std::size_t>(State().TraitActions.UpperBound()));
+  const bool added = only.View().empty() ? MergeAll(card) : MergeOf(card, only);
   card.TraitActionsApplied = 1;
   // A scratch copy has the slot of its model, whose lists a test must not change. The actions of a
   // card in play are registered already, unless some are new: most changes of a trait bring none.

@@ -9,7 +9,7 @@ namespace brindlemoor {
 
 /// Merges the actions of the trait action cards into a card; only those of one trait when only is
 /// not empty. A caption "OVERRIDE" keeps a trait's actions away.
-void ApplyTraitActions(Card& card, std::string_view only);
+void ApplyTraitActions(Card& card, const TraitName& only);
 /// Blanks the actions that one trait brought, or any trait.
 void RemoveTraitEffects(Card& card, std::string_view name);
 void StripTraitEffects(Card& card);

@@ -14,6 +14,7 @@
 #include "script/firing.h"
 #include "script/run_action.h"
 #include "script/trait_actions.h"
+#include "script/triggers.h"
 #include "text/fold.h"
 
 namespace brindlemoor {
@@ -21,7 +22,6 @@ namespace brindlemoor {
 namespace {
 
 constexpr std::string_view kBonus = "BONUS";
-constexpr std::string_view kBeforeChange = "BEFORETRAITCHANGE:";
 
 /// False when the first characters of two texts differ, which is how most texts differ.
 bool MayFoldAlike(std::string_view a, std::string_view b) {
@@ -72,9 +72,9 @@ int ReactionFrom(int first, const Card& card, std::string_view name) {
   for (const CardEffect* effect = card.Effects.begin() + number; effect != card.Effects.end();
        ++effect) {
     ++number;
-    if (effect->Trigger.size() <= kBeforeChange.size()) continue;  // folding never adds bytes
+    if (effect->Trigger.size() <= kBeforeTraitChange.size()) continue;  // folding never adds bytes
     const std::string_view trigger = effect->Trigger;
-    const int prefix = RareFoldPrefix(trigger, kBeforeChange);
+    const int prefix = RareFoldPrefix(trigger, kBeforeTraitChange);
     if (prefix < 0) continue;
     if (FoldEquals(trigger.substr(static_cast<std::size_t>(prefix)), name)) return number;
   }
@@ -110,9 +110,10 @@ void TellNoChange(const Card& card, std::string_view trait, double asked) {
 }
 
 /// Lets the BEFORETRAITCHANGE reactions see a change. False when one of them cancelled it.
-bool OfferChange(Card& card, std::string_view name, double& amount, const Cause& cause) {
+bool OfferChange(Card& card, const TraitName& name, double& amount, const Cause& cause) {
   State().Work.SpendOnSearch(static_cast<std::size_t>(card.Effects.UpperBound()));
-  int index = ReactionFrom(1, card, name);
+  if ((TriggerMarks(card) & BeforeChangeMark(name.Key())) == 0) return true;
+  int index = ReactionFrom(1, card, name.View());
   if (index == 0) return true;
   RunOptions options;
   options.CostMode = cause.Paying ? 1 : -1;
@@ -121,7 +122,7 @@ bool OfferChange(Card& card, std::string_view name, double& amount, const Cause&
   options.Amount = &amount;
   options.IncomingScript = cause.Script;
   for (; index != 0;
-       index = index < card.Effects.UpperBound() ? ReactionFrom(index + 1, card, name) : 0) {
+       index = index < card.Effects.UpperBound() ? ReactionFrom(index + 1, card, name.View()) : 0) {
     Answer answer;
     {
       const OwnFiring reaction;
@@ -160,6 +161,22 @@ bool RedirectLoss(Card& card, double& amount, const Cause& cause) {
   return true;
 }
 
+/// Writes the value of a trait to an item; false when it is there already.
+bool WriteItem(Card& card, int item, const TraitName& name, const Value& value) {
+  const TraitItem& present = card.Traits[item];
+  const bool keepsName = present.Name() == name.View() && !present.empty();
+  if (keepsName && value.IsNumber() && present.Number() != value.Number() &&
+      TraitItem::IsWhole(value.Number())) {
+    TraitItem changed = present.WithWhole(value.Number());
+    card.Traits.EditAlike(item) = std::move(changed);
+    return true;
+  }
+  const std::string printed = value.Str();
+  if (present.IsWritten(name.View(), printed)) return false;
+  card.Traits.Edit(item) = TraitItem(name, printed);
+  return true;
+}
+
 }  // namespace
 
 void SetTrait(Card& card, const TraitName& name, const Value& value, int keepActions) {
@@ -168,13 +185,10 @@ void SetTrait(Card& card, const TraitName& name, const Value& value, int keepAct
   state.Work.SpendOnSearch(static_cast<std::size_t>(card.Traits.UpperBound()));
   const int item = ItemToWrite(card, name);
   if (item == 0) return;
-  const std::string printed = value.Str();
-  if (card.Traits[item].IsWritten(name.View(), printed)) return;
   const std::string full(name.View());  // the caller's name may lie in a text that is replaced here
   const TraitName own(full, name.Key());
-  TraitItem changed(own, printed);
-  const std::size_t nameSize = changed.Name().size();
-  card.Traits.Edit(item) = std::move(changed);
+  if (!WriteItem(card, item, own, value)) return;
+  const std::size_t nameSize = card.Traits[item].Name().size();
   if (card.ChangedTraits.size() + full.size() < limits::kChangedTraitBytes) {
     state.Work.SpendOnText(card.ChangedTraits.size());
     card.ChangedTraits.Append(full, ":");
@@ -188,7 +202,7 @@ void SetTrait(Card& card, const TraitName& name, const Value& value, int keepAct
   if (bit.Word != -1) card.TraitBits[bit.Word] |= bit.BitValue;
   AddBonusBase(card, bare.View(), keepActions);
   card.TraitActionsApplied = 0;
-  if (keepActions == 0 && state.TraitActionsPaused == 0) ApplyTraitActions(card, bare.View());
+  if (keepActions == 0 && state.TraitActionsPaused == 0) ApplyTraitActions(card, bare);
 }
 
 void ModTrait(Card& card, const TraitName& name, double& amount, Card& other, int testRun,
@@ -200,7 +214,7 @@ void ModTrait(Card& card, const TraitName& name, double& amount, Card& other, in
   state.RedirectTraitName = Text();
   const Cause cause{other, testRun, script, paying};
   const double asked = amount;
-  if (!OfferChange(card, kept, amount, cause)) return;
+  if (!OfferChange(card, own, amount, cause)) return;
   if (amount == 0) TellNoChange(card, kept, asked);
   state.LastValue = std::fabs(amount);
   if (RedirectLoss(card, amount, cause)) return;

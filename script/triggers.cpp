@@ -163,8 +163,20 @@ bool IsAddedSince(const CardEffect& effect, std::uint32_t added) {
   return effect.AddedAt > added && ParsedScript::Of(effect.Script).Bringer() == "NONE";
 }
 
+std::uint64_t MarksOf(const CardEffect& effect) {
+  const std::string_view trigger = effect.Trigger;
+  std::uint64_t marks = TriggerMark(trigger);
+  if (trigger.starts_with(kTraitChange)) marks |= kTraitChangeMark;
+  const int before = FoldPrefixLength(trigger, kBeforeTraitChange);
+  if (before > 0) {
+    marks |= BeforeChangeMark(TraitKey(trigger.substr(static_cast<std::size_t>(before))));
+  }
+  return marks;
+}
+
 /// True when one of the card's actions answers the trigger: mostly none does.
 bool Listens(const Card& card, std::string_view trigger) {
+  if ((TriggerMarks(card) & TriggerMark(trigger)) == 0) return false;
   for (const CardEffect& effect : card.Effects) {
     if (Answers(effect, trigger)) return true;
   }
@@ -273,6 +285,14 @@ void FireEffect(Firing& firing, std::string_view trigger, int effect) {
 
 }  // namespace
 
+std::uint64_t TriggerMarks(const Card& card) {
+  return card.Effects.Marks([](const SharedArray<CardEffect>& effects) {
+    std::uint64_t marks = 0;
+    for (const CardEffect& effect : effects) marks |= MarksOf(effect);
+    return marks;
+  });
+}
+
 int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect, int testRun,
                 const RunOptions* reaction) {
   if (trigger == "ENTERSPLAY") trigger = "ENTERPLAY";
@@ -319,7 +339,9 @@ bool PassesTraitChanges(Card& card) {
   const auto answers = [](const CardEffect& effect) {
     return effect.Trigger.View().starts_with(kTraitChange);
   };
-  if (card.InPlay == 0 || std::any_of(card.Effects.begin(), card.Effects.end(), answers)) {
+  if (card.InPlay == 0) return false;
+  if ((TriggerMarks(card) & kTraitChangeMark) != 0 &&
+      std::any_of(card.Effects.begin(), card.Effects.end(), answers)) {
     return false;
   }
   if (card.Effects.UpperBound() > 0) RecallTarget(card);

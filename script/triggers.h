@@ -19,6 +19,7 @@ int FireTrigger(Card& card, std::string_view trigger, int value = -1, int onlyEf
 
 /// What stands before the name of the trait in the trigger of its changes.
 inline constexpr std::string_view kTraitChange = "TRAITCHANGE:";
+inline constexpr std::string_view kBeforeTraitChange = "BEFORETRAITCHANGE:";
 /// True for a card in play that has no action for changed traits: they are over without a firing.
 bool PassesTraitChanges(Card& card);
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cassert>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -24,12 +25,19 @@ class SharedArray {
     assert(Holds(index));
     return elements_[static_cast<std::size_t>(index) - 1];
   }
+  T& EditAlike(int index) { return Edit(index); }
   int Append(T element) {
     elements_.push_back(std::move(element));
     return UpperBound();
   }
   void Resize(int count) { elements_.resize(static_cast<std::size_t>(count)); }
   void Reset(int count) { *this = SharedArray(count); }
+
+  /// Nothing is kept, so that every mark may be there.
+  template <class MarksOf>
+  std::uint64_t Marks(MarksOf) const {
+    return ~std::uint64_t{0};
+  }
 
   const T* begin() const noexcept { return elements_.data(); }
   const T* end() const noexcept { return elements_.data() + elements_.size(); }

@@ -46,6 +46,7 @@ class TraitItem {
     return text_ == std::string_view(text);
   }
 
+  bool IsWholeNumber() const noexcept { return false; }
   bool IsBonus() const noexcept { return FoldPrefixLength(Name(), "BONUS") > 0; }
   std::string_view Name() const noexcept;
   std::string_view Value() const noexcept;

@@ -63,6 +63,8 @@ bool ParsedScript::HasField(std::string_view text) const {
   }
 }
 
+Value SimpleValue(const ParsedScript::FieldRow&, const Card&, const Card&) { return {}; }
+
 bool HasTrait(const Card& card, const TraitName& name, const Text& script) {
   return ParsedScript::Of(script).DeclaresFolded(name.View()) || HasTrait(card, name);
 }

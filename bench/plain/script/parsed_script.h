@@ -6,6 +6,7 @@
 
 #include "core/records.h"
 #include "core/trait_item.h"
+#include "core/value.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -25,7 +26,11 @@ class ParsedScript {
 
   std::string Field(int n) const;
   FieldRow RowAt(int n) const;
+  static const FieldRow* SimpleValueAt(int) { return nullptr; }
   Text Tail(int n) const;
+  Text BroughtBy(std::string_view trait) const {
+    return Joined("TRAIT:TRAITEFFECT:", trait, ":", script_);
+  }
   std::size_t TailSize(int n) const;
   std::string NameAt(int n) const { return Field(n); }
   std::string_view DeclaredTrait(std::string_view name) const;
@@ -40,6 +45,8 @@ class ParsedScript {
   std::string_view script_;
 };
 
+/// Never asked: no value is known before.
+Value SimpleValue(const ParsedScript::FieldRow& row, const Card& source, const Card& target);
 /// As the engine's.
 bool HasTrait(const Card& card, const TraitName& name, const Text& script);
 
