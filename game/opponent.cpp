@@ -119,7 +119,7 @@ void ValueHand() {
 
 void Consider(Card& card, PlayCells& cells, std::string& thoughts) {
   const Value love = GetTrait(card, kLove);
-  if (State().DebugMode == 1) {
+  if (!State().Quiet) {
     thoughts += Joined("<br>AI thinking of playing ", ColoredName(card), ".  Priority level is ",
                        love.Str(), ".");
   }
