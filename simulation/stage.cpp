@@ -23,6 +23,7 @@
 #include "simulation/automatic_player.h"
 #include "simulation/borrowed_files.h"
 #include "simulation/desktop.h"
+#include "simulation/totals_file.h"
 #include "text/fold.h"
 #include "text/hash.h"
 #include "ui/window_session.h"
@@ -42,8 +43,10 @@ void AddFolder(Hash& hash, const std::string& folder, const std::string& shownAs
     if (name.size() < 4 || !FoldEquals(std::string_view(name).substr(name.size() - 4), ".txt")) {
       continue;
     }
+    const std::string bytes = Desktop().Files().Read(Joined(folder, "/", name)).value_or("");
+    if (IsTotalsFile(bytes)) continue;  // a shard that was written here is no card file
     hash.Add(shownAs + name);
-    hash.Add(Desktop().Files().Read(Joined(folder, "/", name)).value_or(""));
+    hash.Add(bytes);
   }
 }
 

@@ -14,6 +14,8 @@ namespace brindlemoor {
 
 namespace {
 
+/// What the first line of every version begins with.
+constexpr std::string_view kFileMark = "brindle-sim\t";
 constexpr std::string_view kFirstLine = "brindle-sim\t3";
 /// Files of the second version say nothing of a card's worth, those of the first have no checksum
 /// behind their last word either.
@@ -322,6 +324,8 @@ void AddSums(std::string& out, const Totals& sums) {
 }
 
 }  // namespace
+
+bool IsTotalsFile(std::string_view bytes) { return bytes.starts_with(kFileMark); }
 
 std::string TotalsText(const TotalsFile& file) {
   const SimulationSetup& setup = file.Setup;

@@ -17,6 +17,9 @@ struct TotalsFile {
 
 std::string TotalsText(const TotalsFile& file);
 
+/// True for the bytes of the file of a shard, of any version.
+bool IsTotalsFile(std::string_view bytes);
+
 /// The sums alone, as a job of a simulation hands them on. ReadSums reads them for a setup that
 /// says what was played; "" or what is wrong.
 std::string SumsText(const Totals& sums);

@@ -188,6 +188,21 @@ TEST_F(SimulationTest, TheFolderStaysAsItIsAndItsPlayersDoNotMatter) {
   EXPECT_NE(Simulate(), before) << "other card files are another simulation";
 }
 
+TEST_F(SimulationTest, ShardsThatAreWrittenIntoTheFolderAreNoCardFiles) {
+  const auto hash = [this] {
+    Stage stage;
+    SimulationSetup setup;
+    EXPECT_EQ(PrepareSimulation(options_, stage, setup), "");
+    return setup.FilesHash;
+  };
+  const std::string before = hash();
+  Write("shard-1.txt", Simulate());
+  Write("imps/shard-2.txt", "brindle-sim\t1\nof an older program");
+  EXPECT_EQ(hash(), before);
+  Write("imps/More.txt", "#CARD,INDECK,Ann,,,,,,\n");
+  EXPECT_NE(hash(), before);
+}
+
 TEST_F(SimulationTest, SaysWhyThereIsNothingToPlay) {
   const auto open = [this](std::string_view game) { return Stage().Open(root_.string(), game, 1); };
   EXPECT_EQ(open("Ghosts"), "There is no game Ghosts in this folder. It has: Imps, Zeds.");
