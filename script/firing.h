@@ -21,9 +21,9 @@ inline bool Answers(const CardEffect& effect, std::string_view trigger) {
 constexpr std::uint64_t TriggerMark(std::string_view trigger) {
   constexpr std::size_t kMarks = 40;
   if (trigger.empty()) return 0;
-  const auto first = static_cast<unsigned char>(trigger.front());
-  const auto last = static_cast<unsigned char>(trigger.back());
-  return std::uint64_t{1} << ((trigger.size() * 31 + first * 7U + last) % kMarks);
+  const std::size_t first = static_cast<unsigned char>(trigger.front());
+  const std::size_t last = static_cast<unsigned char>(trigger.back());
+  return std::uint64_t{1} << ((trigger.size() * 31 + first * 7 + last) % kMarks);
 }
 /// The mark of "BEFORETRAITCHANGE:" with a trait, in any case.
 constexpr std::uint64_t BeforeChangeMark(std::uint32_t traitKey) {

@@ -5,9 +5,13 @@
 #include <cstdint>
 #include <string_view>
 
+#include "text/fold.h"
 #include "text/text.h"
 
 namespace brindlemoor {
+
+/// No key tells names apart.
+constexpr std::uint32_t TraitKey(std::string_view) noexcept { return 0; }
 
 /// The engine's TraitName without a key.
 class TraitName {
