@@ -7,24 +7,13 @@
 #include "core/state.h"
 #include "core/table_journal.h"
 #include "game/card_play.h"
+#include "script/effect_masks.h"
 #include "script/firing.h"
 #include "script/run_action.h"
 #include "script/triggers.h"
 
 namespace brindlemoor {
 namespace {
-
-/// Runs the actions of one card that change the price of work. The card is the acting record.
-void RunCostModifiers(Card& card, Card& work, Payment payment) {
-  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
-    if (card.Effects[effect].Trigger != "COSTMOD") continue;
-    const OwnFiring modifier;
-    BeginFiring();
-    RunAction(card, work, effect,
-              RunOptions{
-                  .CostMode = 1, .TestRun = payment == Payment::kIsTested ? 1 : 0, .Paying = true});
-  }
-}
 
 bool ModifiesCosts(const Card& card) {
   if ((TriggerMarks(card) & TriggerMark("COSTMOD")) == 0) return false;
@@ -65,28 +54,47 @@ struct Belongings {
   }
 };
 
-bool AnyModifiesCosts() {
-  if (ModifiesCosts(State().RulesCard)) return true;
-  for (const Card& card : State().CardTable) {
-    if (!IsFree(card) && ModifiesCosts(card)) return true;
+/// All that they may change, kept before the first of them runs: mostly their masks refuse it.
+struct Aside {
+  std::optional<WholeTable> Table;
+  std::optional<Belongings> Owned;
+
+  void Keep() {
+    if (Table) return;
+    Table.emplace();
+    Owned.emplace();
   }
-  return false;
+};
+
+/// Runs the actions of one card that change the price of work. The card is the acting record.
+void RunCostModifiers(Card& card, Card& work, Payment payment, Aside& aside) {
+  for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+    if (card.Effects[effect].Trigger != "COSTMOD") continue;
+    if (payment == Payment::kIsMade && !MasksRefuse(card.Effects[effect], card, work, State())) {
+      aside.Keep();
+    }
+    const OwnFiring modifier;
+    BeginFiring();
+    RunAction(card, work, effect,
+              RunOptions{
+                  .CostMode = 1, .TestRun = payment == Payment::kIsTested ? 1 : 0, .Paying = true});
+  }
 }
 
-void ModifyCost(Card& work, Payment payment) {
+void ModifyCost(Card& work, Payment payment, Aside& aside) {
   Session& session = State();
-  RunCostModifiers(session.RulesCard, work, payment);
+  RunCostModifiers(session.RulesCard, work, payment, aside);
   for (int slot = 1; slot <= session.CardTable.UpperBound(); ++slot) {
     if (IsFree(session.CardTable[slot]) || !ModifiesCosts(session.CardTable[slot])) continue;
     Card copy = session.CardTable[slot];
-    RunCostModifiers(copy, work, payment);
+    RunCostModifiers(copy, work, payment, aside);
   }
 }
 
 /// Runs the actions of the price as tests. The number of those that failed; the table is as it was.
-int TestCost(Card& work, Payment payment, std::optional<Card>& toPayWith) {
+int TestCost(Card& work, Payment payment, Aside& aside, std::optional<Card>& toPayWith) {
   TableJournal journal;
-  ModifyCost(work, payment);
+  ModifyCost(work, payment, aside);
   if (payment == Payment::kIsMade) toPayWith = work;
   const int failures = FireTrigger(work, "COST", -1, 0, 1);
   journal.PutBack();
@@ -104,21 +112,16 @@ bool PayCost(const Card& card, Payment payment) {
   const std::string page = session.PageText;
   const std::string banner = session.PhaseBanner;
   const auto cancel = session.CancelState;  // a script that asks for a price goes on behind it
-  std::optional<WholeTable> table;
-  std::optional<Belongings> belongings;
-  if (payment == Payment::kIsMade && AnyModifiesCosts()) {
-    table.emplace();
-    belongings.emplace();
-  }
+  Aside aside;
   Card work = card;
   std::optional<Card> toPayWith;  // the payment begins as the test did
-  const int failures = TestCost(work, payment, toPayWith);
-  if (table) table->PutBack();
+  const int failures = TestCost(work, payment, aside, toPayWith);
+  if (aside.Table) aside.Table->PutBack();
   session.PageText = page;
   session.CancelState = cancel;
   if (failures > 0 || WorkIsSpent()) {
     session.PhaseBanner = banner;
-    if (belongings) belongings->PutBack();
+    if (aside.Owned) aside.Owned->PutBack();
     return false;
   }
   if (toPayWith) FireTrigger(*toPayWith, "COST");
