@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cassert>
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -45,6 +46,17 @@ class Table {
   }
   const T& operator[](int index) const noexcept {
     return const_cast<Table&>(*this)[index];  // NOLINT: one body for both
+  }
+
+  /// The index of an element by its address, 0 for one that lies elsewhere.
+  int IndexOf(const T& element) const noexcept {
+    for (std::size_t chunk = 0; chunk < chunks_.size(); ++chunk) {
+      const T* first = chunks_[chunk].get();
+      if (std::less<>()(&element, first) || !std::less<>()(&element, first + kChunk)) continue;
+      const auto index = static_cast<int>(chunk * kChunk) + static_cast<int>(&element - first) + 1;
+      return Holds(index) ? index : 0;
+    }
+    return 0;
   }
 
   /// Adds an element at the end and returns its index.

@@ -6,9 +6,9 @@
 namespace brindlemoor {
 
 void TableJournal::Note(const Card& card) {
-  const Pile& table = State().CardTable;
-  const int slot = card.Slot;
-  if (!table.Holds(slot) || &table[slot] != &card) return;
+  // By its address: cards that files put straight into the table have no slot of their own.
+  const int slot = State().CardTable.IndexOf(card);
+  if (slot == 0) return;
   const auto isKept = [slot](const auto& kept) { return kept.first == slot; };
   if (std::ranges::none_of(cards_, isKept)) cards_.emplace_back(slot, card);
 }

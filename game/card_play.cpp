@@ -8,6 +8,7 @@
 #include "language/target_types.h"
 #include "language/traits.h"
 #include "pages/card_pages.h"
+#include "pages/unread_texts.h"
 #include "script/action_trace.h"
 #include "script/card_entry.h"
 #include "script/parsed_script.h"
@@ -77,11 +78,7 @@ void PlayCells::AddCard(std::string_view picture) {
 
 void PlayCard(int side, Card& card, PlayCells& cells) {
   LogMatchEvent(MatchEvent::kPlayed, side, card);
-  if (State().Quiet) {
-    ++State().Work.LeftOut;
-  } else {
-    cells.AddCard(CardPictureHtml(card, 1, 0));
-  }
+  if (!LeavesOutPicture(card)) cells.AddCard(CardPictureHtml(card, 1, 0));
   AddToTable(card);
   FreeCard(card);  // only now: its entry scripts still find it in the hand
 }

@@ -4,6 +4,7 @@
 #include "core/state.h"
 #include "pages/messages.h"
 #include "pages/placeholders.h"
+#include "pages/unread_texts.h"
 
 namespace brindlemoor {
 namespace {
@@ -33,16 +34,9 @@ std::uint32_t LettersOfMarks(std::string_view text) {
   return letters;
 }
 
-}  // namespace
-
-void ExpandMessage(Card& source, Card& target, std::string& text, std::string_view sourcePicture,
-                   std::string_view targetPicture) {
-  const WorkAccount account;
-  SpendWorkOnText(text.size());
-  ExpandCustomStrings(text);
+void ExpandMarks(const MessageCards& cards, std::string& text) {
   if (text.find_first_of("$#&") == std::string::npos) return;
-  ExpandHashFields(source, target, text);
-  const MessageCards cards{source, target, sourcePicture, targetPicture};
+  ExpandHashFields(cards.Source, cards.Target, text);
   std::uint32_t letters = LettersOfMarks(text);
   for (const Placeholder& row : Placeholders()) {
     const bool mayBe = row.Mark.front() != '$' || (letters >> (row.Mark[1] % 32U) & 1U) != 0;
@@ -52,6 +46,26 @@ void ExpandMessage(Card& source, Card& target, std::string& text, std::string_vi
       letters = LettersOfMarks(text);
     }
   }
+}
+
+}  // namespace
+
+void ExpandMessage(Card& source, Card& target, std::string& text, std::string_view sourcePicture,
+                   std::string_view targetPicture) {
+  const WorkAccount account;
+  SpendWorkOnText(text.size());
+  ExpandCustomStrings(text);
+  ExpandMarks({source, target, sourcePicture, targetPicture}, text);
+}
+
+bool ExpandShownMessage(Card& source, Card& target, std::string& text,
+                        std::string_view sourcePicture, std::string_view targetPicture) {
+  const WorkAccount account;
+  SpendWorkOnText(text.size());
+  ExpandCustomStrings(text);
+  if (LeavesOutMarks(source, target, text)) return false;
+  ExpandMarks({source, target, sourcePicture, targetPicture}, text);
+  return true;
 }
 
 }  // namespace brindlemoor

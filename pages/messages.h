@@ -25,6 +25,11 @@ std::span<const MessageMark> MessageMarks();
 void ExpandMessage(Card& source, Card& target, std::string& text, std::string_view sourcePicture,
                    std::string_view targetPicture);
 
+/// The same for a text that is only shown. False when nobody reads it and it was left out, custom
+/// strings apart, which are rolled in any case (pages/unread_texts.h).
+bool ExpandShownMessage(Card& source, Card& target, std::string& text,
+                        std::string_view sourcePicture, std::string_view targetPicture);
+
 /// Fills the fields between two "#"; bounded (limits.h).
 void ExpandHashFields(Card& source, Card& target, std::string& text);
 

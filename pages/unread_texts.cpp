@@ -5,6 +5,7 @@
 
 #include "core/cards.h"
 #include "core/state.h"
+#include "language/values.h"
 #include "pages/messages.h"
 #include "pages/placeholders.h"
 #include "text/fold.h"
@@ -16,7 +17,6 @@ namespace {
 constexpr std::size_t kLongestMessage = 4096;
 constexpr std::ptrdiff_t kMostMarks = 16;
 constexpr std::size_t kLongestPiece = 512;  ///< a name, a colour, a trait
-constexpr int kMostStrings = 100;
 
 bool IsMark(char character) { return character == '$' || character == '#' || character == '&'; }
 
@@ -24,12 +24,14 @@ bool IsShortAndPlain(std::string_view piece) {
   return piece.size() <= kLongestPiece && std::ranges::none_of(piece, IsMark);
 }
 
-/// Dice of a bonus are rolled whenever the trait is read that it raises.
-bool RollsDice(const TraitItem& item) {
-  return item.IsBonus() && item.Value().find('R') != std::string_view::npos;
+/// A bonus is worked out whenever the trait is read that it raises, with the dice and the steps
+/// that it takes; a plain number takes none.
+bool IsWorkedOut(const TraitItem& item) {
+  double number = 0;
+  return item.IsBonus() && !item.IsWholeNumber() && !IsPlainInteger(item.Value(), number);
 }
 
-bool RollsNoDice(const Card& card) { return std::ranges::none_of(card.Traits, RollsDice); }
+bool IsReadAsItStands(const Card& card) { return std::ranges::none_of(card.Traits, IsWorkedOut); }
 
 /// True when no trait brings anything in that would be filled in again.
 bool HasPlainTraits(const Card& card) {
@@ -102,8 +104,7 @@ Fields FieldsOf(std::string_view text) {
 /// True when nothing but fields can roll dice for the message, and it is short.
 bool IsShortAndSure(std::string_view message) {
   return message.size() <= kLongestMessage &&
-         std::ranges::count_if(message, IsMark) <= kMostMarks && !NamesOthers(message) &&
-         State().CustomStrings.UpperBound() <= kMostStrings && !HoldsCustomString(message);
+         std::ranges::count_if(message, IsMark) <= kMostMarks && !NamesOthers(message);
 }
 
 bool OnlySays(const Card& source, const Card& target, std::string_view message) {
@@ -115,11 +116,17 @@ bool OnlySays(const Card& source, const Card& target, std::string_view message) 
 
 }  // namespace
 
-bool LeavesOutMessage(const Card& source, const Card& target, std::string_view message) {
-  if (!State().Quiet || !RollsNoDice(source) || !RollsNoDice(target) ||
+bool LeavesOutMarks(const Card& source, const Card& target, std::string_view message) {
+  if (!State().Quiet || !IsReadAsItStands(source) || !IsReadAsItStands(target) ||
       !OnlySays(source, target, message)) {
     return false;
   }
+  ++State().Work.LeftOut;
+  return true;
+}
+
+bool LeavesOutPicture(const Card& card) {
+  if (!State().Quiet || card.Picture.size() + card.Thumb.size() > kLongestMessage) return false;
   ++State().Work.LeftOut;
   return true;
 }
@@ -129,13 +136,13 @@ bool LeavesOutReport() {
   if (!session.Quiet) return false;
   Fields fields = Fields::kNone;
   for (const TraitGraphic& graphic : session.TraitGraphics) {
-    if (!IsShortAndSure(graphic.Label)) return false;
+    if (!IsShortAndSure(graphic.Label) || HoldsCustomString(graphic.Label)) return false;
     fields = std::max(fields, FieldsOf(graphic.Label));
   }
   if (fields == Fields::kOthers) return false;
   for (const Card& card : session.CardTable) {
     if (IsFree(card)) continue;
-    if (!RollsNoDice(card) || !HasPlainName(card)) return false;
+    if (!IsReadAsItStands(card) || !HasPlainName(card)) return false;
     if (fields == Fields::kTraits && !HasPlainTraits(card)) return false;
   }
   return true;

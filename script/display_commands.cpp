@@ -4,7 +4,6 @@
 #include "pages/battlefield.h"
 #include "pages/card_pages.h"
 #include "pages/messages.h"
-#include "pages/unread_texts.h"
 #include "script/command_table.h"
 #include "script/run.h"
 
@@ -64,17 +63,15 @@ Step ShowMessage(Run& run) {
   }
   run.ShowRun = true;
   std::string message = Wording(run, kind);
-  if (LeavesOutMessage(run.Source, run.Target, message)) {
+  const bool isFilled = kind.Pictures ? ExpandShownMessage(run.Source, run.Target, message,
+                                                           run.SourcePicture, run.TargetPicture)
+                                      : ExpandShownMessage(run.Source, run.Target, message, "", "");
+  if (!isFilled) {
     session.HpReport = 0;
     if (kind.Once) session.EchoedOnce = 1;
     return Step::kNext;
   }
-  if (kind.Pictures) {
-    ExpandMessage(run.Source, run.Target, message, run.SourcePicture, run.TargetPicture);
-    run.Show(run.SourcePicture);
-  } else {
-    ExpandMessage(run.Source, run.Target, message, "", "");
-  }
+  if (kind.Pictures) run.Show(run.SourcePicture);
   if (kind.TargetPicture) run.Show(run.TargetPicture);
   message += HpSentence(run);
   message += "<br><br>";
@@ -87,8 +84,7 @@ Step EchoFail(Run& run) {
   if (IsSilent(run)) return Step::kNext;
   run.ShowRun = true;
   run.EchoFailText = run.Argument(1);
-  if (LeavesOutMessage(run.Source, run.Target, run.EchoFailText)) return Step::kNext;
-  ExpandMessage(run.Source, run.Target, run.EchoFailText, "", "");
+  if (!ExpandShownMessage(run.Source, run.Target, run.EchoFailText, "", "")) return Step::kNext;
   run.EchoFailText += "<br><br>";
   return Step::kNext;
 }

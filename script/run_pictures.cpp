@@ -3,6 +3,7 @@
 
 #include "core/state.h"
 #include "pages/card_pages.h"
+#include "pages/unread_texts.h"
 #include "script/run.h"
 
 namespace brindlemoor {
@@ -10,8 +11,8 @@ namespace brindlemoor {
 void DrawPictures(Run& run) {
   // Those of a test are never seen.
   if (State().RunDepth > 1 || run.Testing() || !run.Fields.WantsPictures()) return;
-  if (State().Quiet && run.Fields.OnlyShowsPictures()) {
-    ++State().Work.LeftOut;
+  if (run.Fields.OnlyShowsPictures() && LeavesOutPicture(run.Source) &&
+      LeavesOutPicture(run.Target)) {
     return;
   }
   run.SourcePicture = CardPictureHtml(run.Source, -1, 1);

@@ -164,7 +164,7 @@ bool RedirectLoss(Card& card, double& amount, const Cause& cause) {
 /// Writes the value of a trait to an item; false when it is there already.
 bool WriteItem(Card& card, int item, const TraitName& name, const Value& value) {
   const TraitItem& present = card.Traits[item];
-  const bool keepsName = present.Name() == name.View() && !present.empty();
+  const bool keepsName = present.Name() == name.View() && !present.Name().empty();
   if (keepsName && value.IsNumber() && present.Number() != value.Number() &&
       TraitItem::IsWhole(value.Number())) {
     TraitItem changed = present.WithWhole(value.Number());

@@ -58,6 +58,17 @@ TEST_F(CardPlayTest, PricesAreTestedWholeAndPaidOnce) {
       << "cards are free in debug mode";
 }
 
+TEST_F(CardPlayTest, ATestLeavesNoTraceOnCardsThatFilesPutIntoTheTable) {
+  // Such cards are not told their slot.
+  player_.Slot = 0;
+  Card& stone = PutInPlay(MakeCard("Stone", 3, {"X:1"}));
+  stone.Slot = 0;
+  const std::string table = Dump(State().CardTable);
+  EXPECT_TRUE(PayCost(PricedCard({"SUBTRAIT:MANA:3"}), Payment::kIsTested));
+  EXPECT_TRUE(PayCost(PricedCard({"MODTRAIT:X:1"}, "ALL"), Payment::kIsTested));
+  EXPECT_EQ(Dump(State().CardTable), table);
+}
+
 TEST_F(CardPlayTest, RulesAndCardsChangePrices) {
   const Card card = PricedCard({"SUBTRAIT:MANA:SRCTRAIT/PRICE"});
   GiveAction(State().RulesCard, "COSTMOD", "SELF", "MODTRAIT:PRICE:2");

@@ -119,6 +119,28 @@ TEST_F(TraitsTest, WritingFillsFreeItemsAndMarksTheChange) {
   EXPECT_EQ(card.ChangedTraits, "HP:") << "another text is another value";
 }
 
+TEST_F(TraitsTest, WholeNumbersReadAsTheyAreWrittenInFiles) {
+  for (const auto& [items, change, all] :
+       std::initializer_list<std::tuple<std::vector<std::string>, double, const char*>>{
+           {{"HP:5", "NEW:1"}, 2, "[HP:7][NEW:1]"},
+           {{"HP:005"}, 0, "[HP:5]"},
+           {{"HP:5"}, -5, "[HP:0]"},
+           {{"HP:1.50"}, 0.5, "[HP:2]"},
+           {{"HP:5"}, -1e-3, "[HP:4.999]"},
+           {{"HP:5"}, 1e18, "[HP:1000000000000000000]"},
+           {{"HP"}, 4, "[HP:5]"},
+           {{"hp:5"}, 1, "[HP:6]"}}) {
+    Card card = MakeCard("Goblin", 1, items);
+    Change(card, "HP", change);
+    EXPECT_EQ(TraitsOf(card), all);
+  }
+  // A trait without a name keeps its place.
+  Card card = MakeCard("Goblin", 1, {":5", "OLD:1"});
+  Change(card, "", 2);
+  SetTrait(card, "NEW", 1, 0);
+  EXPECT_EQ(TraitsOf(card), "[:2][OLD:1][NEW:1]");
+}
+
 TEST_F(TraitsTest, ABonusBringsTheBaseThatItNeeds) {
   Card card = MakeCard("Goblin", 1);
   SetTrait(card, "bonusHP", 2, 0);

@@ -27,4 +27,10 @@ void ExpandMessage(Card& source, Card& target, std::string& text, std::string_vi
   }
 }
 
+bool ExpandShownMessage(Card& source, Card& target, std::string& text,
+                        std::string_view sourcePicture, std::string_view targetPicture) {
+  ExpandMessage(source, target, text, sourcePicture, targetPicture);
+  return true;
+}
+
 }  // namespace brindlemoor
