@@ -6,6 +6,7 @@
 #include "simulation/automatic_player.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/process_size.h"
+#include "tests/support/sanitizers.h"
 #include "tests/support/shipped_games.h"
 
 namespace brindlemoor {
@@ -39,9 +40,7 @@ class LongLifeTest : public ShippedGamesTest {
     const ProcessSize late = SizeOfProcess();
     std::cout << times << " " << what << ": " << early.Memory << " to " << late.Memory
               << " KiB, open files " << early.Files << " to " << late.Files << std::endl;
-#ifndef __SANITIZE_ADDRESS__  // which keeps freed memory for a while
-    EXPECT_LE(late.Memory, early.Memory + kMostGrowth) << what;
-#endif
+    if (!kUnderAddressSanitizer) EXPECT_LE(late.Memory, early.Memory + kMostGrowth) << what;
     EXPECT_LE(late.Files, early.Files) << what;
   }
 };

@@ -8,17 +8,15 @@
 #include <unistd.h>
 
 #include "tests/simulation/tool_shell.h"
+#include "tests/support/sanitizers.h"
 
 namespace brindlemoor {
 namespace {
 
 namespace fs = std::filesystem;
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kMemoryCanBeShort = false;  // the sanitizer takes terabytes of addresses
-#else
-constexpr bool kMemoryCanBeShort = true;
-#endif
+// The sanitizer takes terabytes of addresses.
+constexpr bool kMemoryCanBeShort = !kUnderAddressSanitizer;
 
 class ToolOutputTest : public ::testing::Test {
  protected:
