@@ -172,6 +172,12 @@ void TakeOperator(Chain& chain, const std::string& field) {
 
 }  // namespace
 
+bool IsPlainInteger(std::string_view expression, double& number) {
+  number = NumericPrefix(expression);
+  return !expression.empty() && NumberText(number) == expression &&
+         expression.find('.') == std::string_view::npos;
+}
+
 Value EvalValue(const Card& source, const Card& target, std::string_view expression,
                 bool& computed) {
   SpendWork(1);
