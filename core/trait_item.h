@@ -75,7 +75,7 @@ class TraitItem {
     return AsText() == std::string_view(text);
   }
 
-  /// Up to the first ":".
+  /// Up to the first ":". Valid until somebody asks for the item's text or value.
   std::string_view Name() const noexcept { return text_.View().substr(0, nameSize_); }
   /// The field behind the name.
   std::string_view Value() const;
