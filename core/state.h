@@ -73,6 +73,8 @@ struct Session {
   std::vector<std::pair<std::uint32_t, int>> GiverPlaces;
   Table<TraitGraphic> TraitGraphics;
   SharedArray<TraitBitName> TraitBitNames;
+  /// Where a name with such a key was found last; 0 nowhere, and a name that it isn't is sought.
+  std::array<std::uint8_t, 64> TraitBitPlaces{};
   /// Bits that do not tell what a card has; the mask filter skips them.
   TraitWords UnsureTraitBits;
   bool HasUnsureTraitBits = false;

@@ -292,7 +292,7 @@ inline constexpr auto kFilteredFields = std::tuple{Field{&Session::RefCache}};
 inline constexpr auto kLeftOut = std::tuple{
     // Made anew with each game, or for each read.
     &Session::BitValues, &Session::Games, &Session::CurrentGame, &Session::MasterCards,
-    &Session::MasterPlaces, &Session::GiverPlaces, &Session::CurrentFolder, &Session::ReadDepth,
+    &Session::MasterPlaces, &Session::GiverPlaces, &Session::TraitBitPlaces, &Session::CurrentFolder, &Session::ReadDepth,
     &Session::FileList, &Session::OpenPaths, &Session::FilesRead, &Session::Problems,
     &Session::TwinsTaken, &Session::Lists, &Session::InternedTexts, &Session::RandomPictures,
     // Of the program, its user and its windows.

@@ -33,8 +33,10 @@ constexpr std::uint64_t BeforeChangeMark(std::uint32_t traitKey) {
 }
 /// The mark of "TRAITCHANGE" with any trait.
 inline constexpr std::uint64_t kTraitChangeMark = std::uint64_t{1} << 60;
+/// The marks of all actions together.
+std::uint64_t MarksOfActions(const SharedArray<CardEffect>& effects);
 /// The marks of a card's actions.
-std::uint64_t TriggerMarks(const Card& card);
+inline std::uint64_t TriggerMarks(const Card& card) { return card.Effects.Marks(MarksOfActions); }
 
 /// A new firing has no roll and has said nothing. Those of TRAITCHANGE share what was there when
 /// the walk over the changed traits began.

@@ -73,9 +73,13 @@ class ParsedScript final : public TextAttachment {
   bool OnlyShowsPictures() const noexcept { return onlyShowsPictures_; }
 
   /// The parsed form of a script. Valid as long as the text is.
-  static const ParsedScript& Of(const Text& script);
+  static const ParsedScript& Of(const Text& script) {
+    const TextAttachment* form = script.Attachment();
+    return form != nullptr ? *static_cast<const ParsedScript*>(form) : Parse(script);
+  }
 
  private:
+  static const ParsedScript& Parse(const Text& script);
   static const FieldRow kMissing;
 
   std::string_view script_;
@@ -89,8 +93,8 @@ class ParsedScript final : public TextAttachment {
   mutable std::vector<std::pair<Text, Text>> brought_;  ///< trait and script
 };
 
-/// The value of a row that is a number or a trait and nothing else, as EvalValue has it.
-Value SimpleValue(const ParsedScript::FieldRow& row, const Card& source, const Card& target);
+/// The value of a row that is a number or a trait and nothing else, as EvalNumber has it.
+double SimpleNumber(const ParsedScript::FieldRow& row, const Card& source, const Card& target);
 
 /// True when the card has the trait or the script declares it, in upper case, as the action's own.
 bool HasTrait(const Card& card, const TraitName& name, const Text& script);
