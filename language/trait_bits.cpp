@@ -32,8 +32,7 @@ bool SharesItsBit(int position) {
 /// The place in the table of places that names with a key share.
 std::uint8_t& PlaceOf(std::uint32_t key) {
   auto& places = State().TraitBitPlaces;
-  constexpr std::uint32_t kSpread = 0x9E3779B1;
-  return places[((key * kSpread) >> 16) % places.size()];
+  return places[SpreadOfKey(key, static_cast<std::uint32_t>(places.size()))];
 }
 
 }  // namespace

@@ -43,6 +43,7 @@ ParsedScript::ParsedScript(std::string_view script) : script_(script) {
     wantsPictures_ = true;
     onlyShowsPictures_ = onlyShowsPictures_ && row.Row->Role == CommandRole::kShows;
   }
+  count_ = static_cast<int>(fields_.size());
   FieldWalker fields(script, ':');
   for (auto word = fields.Next(); !word.empty() && word != "ADDEFFECT"; word = fields.Next()) {
     if (word != "TRAIT") continue;

@@ -36,7 +36,7 @@ class ParsedScript final : public TextAttachment {
   /// Field n (1-based), "" beyond the end.
   std::string_view Field(int n) const noexcept { return RowAt(n).Text; }
   const FieldRow& RowAt(int n) const noexcept {
-    return n >= 1 && n <= FieldCount() ? fields_[static_cast<std::size_t>(n) - 1] : kMissing;
+    return n >= 1 && n <= count_ ? fields_[static_cast<std::size_t>(n) - 1] : kMissing;
   }
   /// Field n as the name of a trait.
   TraitName NameAt(int n) const noexcept { return {RowAt(n).Text, RowAt(n).Key}; }
@@ -46,7 +46,7 @@ class ParsedScript final : public TextAttachment {
     const FieldRow& row = RowAt(n);
     return row.IsNumber || !row.ValueTrait.empty() ? &row : nullptr;
   }
-  int FieldCount() const noexcept { return static_cast<int>(fields_.size()); }
+  int FieldCount() const noexcept { return count_; }
   /// Field n and everything behind it, as a script of its own. The first few that are asked for are
   /// kept, so that their parsed form serves every run.
   Text Tail(int n) const;
@@ -84,6 +84,7 @@ class ParsedScript final : public TextAttachment {
 
   std::string_view script_;
   std::vector<FieldRow> fields_;
+  int count_ = 0;  ///< of the fields: asking the vector divides by the size of a row
   bool wantsPictures_ = false;
   bool onlyShowsPictures_ = true;
   bool declaresNoCounters_ = false;
