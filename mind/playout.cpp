@@ -2,6 +2,7 @@
 #include "mind/playout.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/desktop.h"
 #include "core/random.h"
@@ -58,16 +59,25 @@ Playouts::Playouts(int side, std::int64_t steps) : side_(side), left_(steps) {
 
 Playouts::~Playouts() = default;
 
-void Playouts::Reset() { State() = base_; }
+void Playouts::CountWork() {
+  std::int64_t& steps = State().Work.Total;
+  left_ -= std::exchange(steps, 0);
+}
+
+void Playouts::Look() {
+  CountWork();
+  Session& session = State();
+  session = base_;
+  session.Work = {.Limit = std::clamp<std::int64_t>(left_, 1, limits::kStepsOfTurn)};
+}
 
 std::optional<double> Playouts::Play(const std::optional<TurnPlan>& plan, std::uint64_t number,
                                      int turns, const std::function<void()>& played) {
+  Look();
   Session& session = State();
-  session = base_;
   session.Random = {SeedOf(number, 0)};
   desktop_->Restart(SeedOf(number, 0));
   HiddenCards::Deal(side_);
-  session.Work = {.Limit = std::min<std::int64_t>(left_, limits::kStepsOfTurn)};
   if (side_ == 2) session.EnemyPlan = plan;
   for (int turn = 1; turn <= turns && session.GameOver == 0; ++turn) {
     session.Random = {SeedOf(number, turn)};
@@ -80,7 +90,8 @@ std::optional<double> Playouts::Play(const std::optional<TurnPlan>& plan, std::u
     if (session.Work.Total >= left_) break;
     if (session.GameOver == 0) played();
   }
-  left_ -= std::max<std::int64_t>(session.Work.Total, 1);
+  session.Work.Spend(1);  // nothing is for nothing
+  CountWork();
   if (session.GameOver == 0) return std::nullopt;
   const int winners = session.Match.Winners;
   if (winners != 1 && winners != 2) return 0.5;

@@ -31,12 +31,15 @@ class Playouts {
   std::optional<double> Play(const std::optional<TurnPlan>& plan, std::uint64_t number, int turns,
                              const std::function<void()>& played);
   /// The table before a trial, for looking at: hidden cards lie in no order that means anything.
-  void Reset();
+  /// The steps of what is tried out on it count when the next trial or look begins.
+  void Look();
   /// False when the steps are used up: what is played now is cut off.
   bool WorkIsLeft() const { return left_ > 0; }
-  std::int64_t Left() const { return left_; }
+  std::int64_t StepsLeft() const { return left_; }
 
  private:
+  void CountWork();
+
   const SessionAside kept_;
   const int side_;
   std::int64_t left_;

@@ -47,7 +47,7 @@ void Solve(Matrix& matrix, std::vector<double>& right) {
 }  // namespace
 
 int PositionValue::PlaceOf(std::string_view trait) {
-  const auto known = traits_.find(std::string(trait));
+  const auto known = traits_.find(trait);
   if (known != traits_.end()) return known->second;
   const int place = static_cast<int>(traits_.size());
   if (place >= kMostTraits) return -1;

@@ -1,12 +1,10 @@
 // PositionValue: what a position is worth, learnt from how matches went on from such positions.
 #pragma once
 
-#include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
-#include "core/records.h"
+#include "core/state.h"
 
 namespace brindlemoor {
 
@@ -36,7 +34,7 @@ class PositionValue {
   void AddCard(const Card& card, double sign, bool isPlayer, Features& features);
 
   int side_;
-  std::unordered_map<std::string, int> traits_;
+  KeyPlaces traits_;
   std::vector<Features> seen_;
   std::vector<double> results_;
   Features mean_;

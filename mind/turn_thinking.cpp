@@ -46,7 +46,7 @@ class Thinking {
       : side_(side), playouts_(side, steps), values_(side), steps_(steps) {}
 
   std::optional<TurnPlan> Best() {
-    playouts_.Reset();
+    playouts_.Look();
     TurnPlan plan = PlainPlan(side_);
     LearnValues(plan);
     Candidate best;
@@ -72,10 +72,10 @@ class Thinking {
   /// Plays matches to their end, to learn what positions are worth.
   void LearnValues(const TurnPlan& plan) {
     std::vector<std::optional<TurnPlan>> plans{std::nullopt};
-    playouts_.Reset();
+    playouts_.Look();
     for (TurnPlan& changed : ChangedPlans(plan, side_)) plans.push_back(std::move(changed));
-    const std::int64_t end = playouts_.Left() - Steps(kShareOfLearning);
-    for (std::uint64_t number = 0; playouts_.Left() > end; ++number) {
+    const std::int64_t end = playouts_.StepsLeft() - Steps(kShareOfLearning);
+    for (std::uint64_t number = 0; playouts_.StepsLeft() > end; ++number) {
       std::vector<PositionValue::Features> seen;
       const auto result = playouts_.Play(plans[number % plans.size()], number, kMostTurns,
                                          [&] { seen.push_back(values_.Look()); });
@@ -96,20 +96,20 @@ class Thinking {
 
   /// What leads convincingly before the best plan yet; nothing when nothing does.
   std::optional<Candidate> BestBeside(Candidate& best, const TurnPlan& plan, double share) {
-    const auto end = std::max<std::int64_t>(0, playouts_.Left() - Steps(share));
-    playouts_.Reset();
+    const auto end = std::max<std::int64_t>(0, playouts_.StepsLeft() - Steps(share));
+    playouts_.Look();
     std::vector<Candidate> rivals;
     for (TurnPlan& changed : ChangedPlans(plan, side_)) rivals.push_back({std::move(changed)});
-    std::size_t trials = std::max(best.Results.size(), kFirstTrials);
-    const std::int64_t begin = playouts_.Left();
+    std::size_t trials = kFirstTrials;
+    const std::int64_t begin = playouts_.StepsLeft();
     const auto rounds = static_cast<std::int64_t>(std::bit_width(rivals.size()));
-    for (std::int64_t round = 1; !rivals.empty() && playouts_.Left() > end; ++round) {
+    for (std::int64_t round = 1; !rivals.empty() && playouts_.StepsLeft() > end; ++round) {
       const std::int64_t roundEnd = begin - (begin - end) * std::min(round, rounds) / rounds;
       do {
         Bring(best, trials);
         for (Candidate& rival : rivals) Bring(rival, trials);
         ++trials;
-      } while (playouts_.Left() > roundEnd);
+      } while (playouts_.StepsLeft() > roundEnd);
       std::ranges::stable_sort(rivals, std::ranges::greater(), &Candidate::Sum);
       if (rivals.size() > 1) rivals.resize((rivals.size() + 1) / 2);
     }

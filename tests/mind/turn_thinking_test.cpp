@@ -88,7 +88,7 @@ TEST_F(DuelTest, AScriptWithoutAnEndCostsNoMoreThanTheSteps) {
   Playouts playouts(1, kSteps);
   while (playouts.WorkIsLeft()) playouts.Play(std::nullopt, 1, 5, [] {});
   // A command that is being carried out when the steps end may still finish.
-  EXPECT_GT(playouts.Left(), -kSteps / 10);
+  EXPECT_GT(playouts.StepsLeft(), -kSteps / 10);
 }
 
 /// The shipped game, some turns into a match.
