@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/seated_stage.h"
-#include "mind/playout.h"
+#include "mind/playouts.h"
 #include "mind/turn_thinking.h"
 
 namespace brindlemoor {

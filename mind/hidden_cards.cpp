@@ -67,12 +67,12 @@ void Sort(std::vector<Card*>& places) {
 
 }  // namespace
 
-void HiddenCards::Forget(int side) {
+void ForgetHiddenCards(int side) {
   for (std::vector<Card*>& places : HiddenPlaces(side)) Sort(places);
   if (side == 2) ForgetPlans();
 }
 
-void HiddenCards::Deal(int side) {
+void DealHiddenCards(int side) {
   for (std::vector<Card*>& places : HiddenPlaces(side)) {
     for (std::size_t count = places.size(); count > 0; --count) {
       const auto drawn = static_cast<std::size_t>(RollDie(static_cast<double>(count))) - 1;

@@ -13,7 +13,7 @@
 #include "core/mind_levels.h"
 #include "core/state.h"
 #include "mind/plan_changes.h"
-#include "mind/playout.h"
+#include "mind/playouts.h"
 #include "mind/position_value.h"
 
 namespace brindlemoor {

@@ -1,4 +1,4 @@
-// Playout: a match played on from the present table by the plain mind.
+// Playouts: matches played on from the present table by the plain mind.
 #pragma once
 
 #include <cstdint>

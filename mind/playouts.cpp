@@ -1,5 +1,5 @@
 // Playing trials of a turn.
-#include "mind/playout.h"
+#include "mind/playouts.h"
 
 #include <algorithm>
 #include <utility>
@@ -53,7 +53,7 @@ Playouts::Playouts(int side, std::int64_t steps) : side_(side), left_(steps) {
   session.Match.Winners = 0;
   session.Work = {};
   session.Random = {};
-  HiddenCards::Forget(side);
+  ForgetHiddenCards(side);
   base_ = session;
 }
 
@@ -77,7 +77,7 @@ std::optional<double> Playouts::Play(const std::optional<TurnPlan>& plan, std::u
   Session& session = State();
   session.Random = {SeedOf(number, 0)};
   desktop_->Restart(SeedOf(number, 0));
-  HiddenCards::Deal(side_);
+  DealHiddenCards(side_);
   if (side_ == 2) session.EnemyPlan = plan;
   for (int turn = 1; turn <= turns && session.GameOver == 0; ++turn) {
     session.Random = {SeedOf(number, turn)};
