@@ -35,6 +35,7 @@ class DuelTest : public SessionTest {
   DuelTest() {
     State().CurrentGame = 1;
     State().Games.Reset(1);
+    State().CostCard.InPlay = 1;  // as every turn leaves it
     for (int side = 1; side <= 2; ++side) PutPlayerCard(side, {"HP:10", "ENERGY:2"});
     GiveAction(State().RulesCard, "TURNEND", "ALL",
                "REQTRAIT:PLAYER:REQENEMY:REQTRAITLESS:HP:0:WINGAME");
