@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -18,6 +19,7 @@
 #include "core/random.h"
 #include "core/records.h"
 #include "core/shown_links.h"
+#include "core/turn_plan.h"
 #include "core/turn_record.h"
 #include "core/work_budget.h"
 
@@ -197,6 +199,12 @@ struct Session {
   const RunServices* Services = nullptr;  ///< script asks game
   const GameWindows* Windows = nullptr;   ///< game asks ui
   const EditorDoor* Editor = nullptr;     ///< ui asks editor
+  /// How hard each side thinks (core/mind_levels.h).
+  FixedTable<std::uint8_t, 2> Minds;
+  /// Game asks mind for the plan of a side that thinks; nothing for one that judges card by card.
+  std::optional<TurnPlan> (*ThinkOfTurn)(int side) = nullptr;
+  /// What side 2 does this turn in place of judging its hand.
+  std::optional<TurnPlan> EnemyPlan;
   /// Ui asks simulation how matches against an opponent go; nullptr where nobody can tell.
   TrialMatches (*TryOpponent)(int gameIndex, int opponentIndex) = nullptr;
 

@@ -300,7 +300,8 @@ inline constexpr auto kLeftOut = std::tuple{
     &Session::CopyOfProgram, &Session::OwnNavigation, &Session::DebugMode, &Session::Quiet,
     &Session::FullSizeImages, &Session::DeckManagerMode, &Session::DeckManagerInGame,
     &Session::PickingCard, &Session::SaleMode, &Session::Services, &Session::Windows,
-    &Session::Editor, &Session::TryOpponent, &Session::Desktop, &Session::OpenForms,
+    &Session::Editor, &Session::TryOpponent, &Session::ThinkOfTurn, &Session::Minds,
+    &Session::EnemyPlan, &Session::Desktop, &Session::OpenForms,
     &Session::OpenEditorForms, &Session::ImageBridge, &Session::Trace, &Session::Journal,
     // Of the card editor.
     &Session::Templates, &Session::Crop, &Session::CardFile, &Session::EditCard,
