@@ -178,7 +178,7 @@ std::optional<bool> PutBefore::IsUntouched(const std::string& name) const {
 
 bool PutBefore::WasFilled() const {
   return record_ || std::ranges::any_of(shipped_.First, [this](const auto& file) {
-           return IsUntouched(file.first) == true;
+           return IsUntouched(file.first).value_or(false);
          });
 }
 
