@@ -112,7 +112,7 @@ class Update {
                                   : Joined(kGames, " have been updated: ",
                                            CountText(static_cast<int>(count), "file"), ".");
     if (!plan.Kept.empty()) {
-      text += Joined("\n\nYour own stayed as you have them:\n", FirstLines(plan.Kept),
+      text += Joined("\n\nThese files are yours and stayed as they are:\n", FirstLines(plan.Kept),
                      "\nThe newer ones are in \"", shippedFolder_, "\".");
     }
     if (!plan.Named.empty()) {

@@ -150,7 +150,7 @@ TEST_F(UpdateFaultsTest, LinksAndGuardedFilesAreTheUsers) {
   fs::remove(root_ / "mine/Pebbles.txt");
   fs::create_symlink(root_ / "elsewhere/Pebbles.txt", root_ / "mine/Pebbles.txt");
   const std::string told = Update();
-  EXPECT_NE(told.find("you have them:\nPebbles.txt\npebbles/Cards.txt\n"), told.npos) << told;
+  EXPECT_NE(told.find("as they are:\nPebbles.txt\npebbles/Cards.txt\n"), told.npos) << told;
   EXPECT_TRUE(fs::is_symlink(root_ / "mine/Pebbles.txt"));
   EXPECT_EQ(There()["Pebbles.txt"], "old rules");
   EXPECT_EQ(There()["pebbles/Cards.txt"], "old cards");
