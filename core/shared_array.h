@@ -1,10 +1,14 @@
 // SharedArray: a 1-based array whose storage is shared between copies until one of them writes.
 #pragma once
 
+#include <algorithm>
 #include <cassert>
 #include <cstdint>
+#include <memory>
+#include <type_traits>
 #include <utility>
-#include <vector>
+
+#include "text/small_blocks.h"
 
 namespace brindlemoor {
 
@@ -39,32 +43,40 @@ class SharedArray {
 
   /// Index of the last element, 0 for an empty array.
   int UpperBound() const noexcept {
-    return storage_ != nullptr ? static_cast<int>(storage_->elements.size()) : 0;
+    return storage_ != nullptr ? storage_->count : 0;
   }
   bool Holds(int index) const noexcept { return index >= 1 && index <= UpperBound(); }
 
   /// The element at a 1-based index; an index outside the array reads as an empty element.
   const T& operator[](int index) const noexcept {
-    return Holds(index) ? storage_->elements[static_cast<std::size_t>(index) - 1] : kAbsent.Element;
+    return Holds(index) ? storage_->Elements()[index - 1] : kAbsent.Element;
   }
   /// The element for writing; the index must be inside the array.
   T& Edit(int index) {
     assert(Holds(index));
-    return Changed().elements[static_cast<std::size_t>(index) - 1];
+    return Changed(index).Elements()[index - 1];
   }
   /// The same for a change that leaves the element's marks as they are.
   T& EditAlike(int index) {
     assert(Holds(index));
-    return Own().elements[static_cast<std::size_t>(index) - 1];
+    return Own(index).Elements()[index - 1];
   }
   /// Adds an element at the end and returns its index.
   int Append(T element) {
-    Changed().elements.push_back(std::move(element));
-    return UpperBound();
+    const int index = UpperBound() + 1;
+    Storage& own = Changed(index);
+    new (own.Elements() + own.count) T(std::move(element));
+    return own.count = index;
   }
   /// Makes the array exactly count long; kept elements keep their content, new ones are fresh.
   void Resize(int count) {
-    if (count != UpperBound()) Changed().elements.resize(static_cast<std::size_t>(count));
+    if (count == UpperBound()) return;
+    Storage& own = Changed(count);
+    if (count < own.count) std::destroy_n(own.Elements() + count, own.count - count);
+    if (count > own.count) {
+      std::uninitialized_value_construct_n(own.Elements() + own.count, count - own.count);
+    }
+    own.count = count;
   }
   /// Makes the array count long and every element fresh.
   void Reset(int count) { *this = SharedArray(count); }
@@ -83,7 +95,7 @@ class SharedArray {
 
   /// Iteration reads only.
   const T* begin() const noexcept {
-    return storage_ != nullptr ? storage_->elements.data() : nullptr;
+    return storage_ != nullptr ? storage_->Elements() : nullptr;
   }
   const T* end() const noexcept { return begin() + UpperBound(); }
 
@@ -99,28 +111,53 @@ class SharedArray {
 
   static constexpr std::uint64_t kMarksAreKnown = std::uint64_t{1} << 63;
 
+  /// The head of the storage; the elements follow it in the same piece of memory.
   struct Storage {
     std::uint32_t references = 1;
-    std::vector<T> elements;
+    int count = 0;
+    int room = 0;             ///< elements that there is memory for
     std::uint64_t marks = 0;  ///< 0 while they are not known
+    T* Elements() noexcept { return reinterpret_cast<T*>(this + 1); }
   };
 
+  static std::size_t BytesFor(int room) noexcept {
+    return sizeof(Storage) + static_cast<std::size_t>(room) * sizeof(T);
+  }
+  static Storage* New(int room) {
+    static_assert(alignof(T) <= alignof(Storage));
+    static_assert(std::is_nothrow_copy_constructible_v<T>);
+    static_assert(std::is_nothrow_default_constructible_v<T>);
+    return new (SmallBlocks::Take(BytesFor(room))) Storage{.room = room};
+  }
+  static void Delete(Storage* storage) noexcept {
+    std::destroy_n(storage->Elements(), storage->count);
+    SmallBlocks::Give(storage, BytesFor(storage->room));
+  }
   void Release() noexcept {
-    if (storage_ != nullptr && --storage_->references == 0) delete storage_;
+    if (storage_ != nullptr && --storage_->references == 0) Delete(storage_);
     storage_ = nullptr;
   }
-  Storage& Own() {
+  /// The storage, which nobody shares from here on, with room for so many elements.
+  Storage& Own(int room) {
     if (storage_ == nullptr) {
-      storage_ = new Storage;
+      storage_ = New(room);
     } else if (storage_->references > 1) {
-      auto* own = new Storage{1, storage_->elements, storage_->marks};
+      Storage* own = New(std::max(room, storage_->count));
+      std::uninitialized_copy_n(storage_->Elements(), storage_->count, own->Elements());
+      own->count = storage_->count;
+      own->marks = storage_->marks;
       --storage_->references;
       storage_ = own;
+    } else if (storage_->room < room) {
+      Storage* grown = New(std::max(room, storage_->count * 2));
+      std::uninitialized_move_n(storage_->Elements(), storage_->count, grown->Elements());
+      grown->count = storage_->count;
+      Delete(std::exchange(storage_, grown));
     }
     return *storage_;
   }
-  Storage& Changed() {
-    Storage& own = Own();
+  Storage& Changed(int room) {
+    Storage& own = Own(room);
     own.marks = 0;
     return own;
   }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -18,6 +19,7 @@
 #include "core/random.h"
 #include "core/records.h"
 #include "core/shown_links.h"
+#include "core/turn_plan.h"
 #include "core/turn_record.h"
 #include "core/work_budget.h"
 
@@ -73,6 +75,8 @@ struct Session {
   std::vector<std::pair<std::uint32_t, int>> GiverPlaces;
   Table<TraitGraphic> TraitGraphics;
   SharedArray<TraitBitName> TraitBitNames;
+  /// Where a name with such a key was found last; 0 nowhere, and a name that it isn't is sought.
+  std::array<std::uint8_t, 64> TraitBitPlaces{};
   /// Bits that do not tell what a card has; the mask filter skips them.
   TraitWords UnsureTraitBits;
   bool HasUnsureTraitBits = false;
@@ -195,6 +199,12 @@ struct Session {
   const RunServices* Services = nullptr;  ///< script asks game
   const GameWindows* Windows = nullptr;   ///< game asks ui
   const EditorDoor* Editor = nullptr;     ///< ui asks editor
+  /// How hard each side thinks (core/mind_levels.h).
+  FixedTable<std::uint8_t, 2> Minds;
+  /// Game asks mind for the plan of a side that thinks; nothing for one that judges card by card.
+  std::optional<TurnPlan> (*ThinkOfTurn)(int side) = nullptr;
+  /// What side 2 does this turn in place of judging its hand.
+  std::optional<TurnPlan> EnemyPlan;
   /// Ui asks simulation how matches against an opponent go; nullptr where nobody can tell.
   TrialMatches (*TryOpponent)(int gameIndex, int opponentIndex) = nullptr;
 

@@ -20,11 +20,16 @@ constexpr std::uint32_t kEmptyTraitKey = 0x80;
 /// they fold to. Names with the same key may still differ.
 std::uint32_t TraitKey(std::string_view name) noexcept;
 
+/// A number below a bound of at most 65,536, spread over the keys of names.
+constexpr std::uint32_t SpreadOfKey(std::uint32_t key, std::uint32_t bound) noexcept {
+  constexpr std::uint32_t kSpread = 0x9E3779B1;
+  return (((key * kSpread) >> 16) * bound) >> 16;  // a product instead of a remainder
+}
+
 /// The mark of names with a key among the marks of a card's traits (SharedArray::Marks).
 constexpr std::uint64_t TraitMark(std::uint32_t key) noexcept {
-  constexpr std::uint32_t kSpread = 0x9E3779B1;
   constexpr std::uint32_t kMarks = 62;
-  return std::uint64_t{1} << (((key * kSpread) >> 16) % kMarks);
+  return std::uint64_t{1} << SpreadOfKey(key, kMarks);
 }
 
 /// The mark of a card with a bonus for any trait.

@@ -5,7 +5,7 @@
 
 namespace brindlemoor {
 
-double Value::Number() const noexcept { return isNumber_ ? number_ : NumericPrefix(text_); }
+double Value::TextNumber() const noexcept { return NumericPrefix(text_); }
 
 Text Value::Print() const { return isNumber_ ? Text(NumberText(number_)) : text_; }
 

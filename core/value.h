@@ -22,12 +22,14 @@ class Value {
   /// True for the text given, never for a number.
   bool IsText(std::string_view text) const noexcept { return !isNumber_ && text_ == text; }
   /// The number, or the numeric prefix of the text (see NumericPrefix).
-  double Number() const noexcept;
+  double Number() const noexcept { return isNumber_ ? number_ : TextNumber(); }
   /// The text, or the shortest printing of the number (see NumberText).
   Text Print() const;
   std::string Str() const;
 
  private:
+  double TextNumber() const noexcept;
+
   Text text_;
   double number_ = 0;
   bool isNumber_ = false;

@@ -22,8 +22,10 @@ namespace {
 
 constexpr int kPlaysPerRow = 5;
 
+/// A bonus, or what it gave the card for its base, whose value reads as 0.
 bool IsBonusTrait(const TraitItem& item) {
-  return item.Value() == "BONUS" || FoldStartsWith(item.View(), "BONUS");
+  const bool mayBeBase = !item.IsWholeNumber() && item.Number() == 0;
+  return item.IsBonus() || (mayBeBase && item.Value() == "BONUS");
 }
 
 void ExpireBonusTraits(Card& card) {

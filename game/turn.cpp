@@ -12,6 +12,7 @@
 #include "game/match_outcome.h"
 #include "game/opponent.h"
 #include "game/plan_forecast.h"
+#include "game/planned_turn.h"
 #include "game/plans.h"
 #include "game/turn_changes.h"
 #include "game/windows.h"
@@ -68,14 +69,19 @@ std::string PlayQueuedCards() {
   return cells.Html();
 }
 
+EnemyPlays PlayEnemyTurn() {
+  if (const auto plan = TakeEnemyPlan()) return PlayEnemyPlan(*plan);
+  PlanEnemyMenuActions();
+  return PlayEnemyHand();
+}
+
 struct Plays {
   std::string Html;      ///< both plays tables
   std::string Thoughts;  ///< the enemy's reasoning
 };
 
 Plays PlayCards() {
-  PlanEnemyMenuActions();
-  EnemyPlays enemy = PlayEnemyHand();
+  EnemyPlays enemy = PlayEnemyTurn();
   std::string html = PlaysTable("Enemy Card Plays", " bgcolor = #661100 ", enemy.Cells);
   html += PlaysTable("Your Card Plays", " bgcolor = #004400 ", PlayQueuedCards());
   return {std::move(html), std::move(enemy.Thoughts)};

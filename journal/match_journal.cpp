@@ -8,11 +8,13 @@
 #include <sstream>
 #include <utility>
 
+#include "core/mind_levels.h"
 #include "core/program_version.h"
 #include "core/state.h"
 #include "journal/journal_writer.h"
 #include "journal/session_words.h"
 #include "journal/start_state.h"
+#include "mind/turn_thinking.h"
 #include "platform/files.h"
 #include "simulation/stage.h"
 #include "text/text.h"
@@ -47,6 +49,17 @@ int IntOption(const Journal& journal, const std::string& name) {
 std::string TextOption(const Journal& journal, const std::string& name) {
   const auto option = journal.Options.find(name);
   return option == journal.Options.end() ? "" : option->second;
+}
+
+/// Plain minds are not named: nobody else played before there were others.
+void NameMinds(Journal& head, int player, int opponent) {
+  if (player != kPlainMind) head.Options["player-mind"] = MindWord(player);
+  if (opponent != kPlainMind) head.Options["mind"] = MindWord(opponent);
+}
+
+void ReadMinds(const Journal& journal, int& player, int& opponent) {
+  FindMindLevel(TextOption(journal, "player-mind"), player);
+  FindMindLevel(TextOption(journal, "mind"), opponent);
 }
 
 /// A text with one folder's name in place of another's.
@@ -118,6 +131,7 @@ void RecordMatch(JournalWriter& writer, AutomaticMatchOptions& options) {
   head.Options["seed"] = std::to_string(options.Seed);
   head.Options["turns"] = std::to_string(options.MaximumTurns);
   head.Options["opponent"] = std::to_string(options.Opponent);
+  NameMinds(head, options.PlayerMind, options.Mind);
   if (!options.Continue.empty()) {
     options.SavedBytes = LocalFileSystem().Read(AbsoluteFolder(options.Continue));
     head.Options["saved"] = options.SavedBytes.value_or("");
@@ -147,6 +161,8 @@ ReplayResult ReplayMatch(const Journal& journal, const ReplayOptions& options) {
   match.Seed = journal.Number("seed");
   match.MaximumTurns = IntOption(journal, "turns");
   match.Opponent = IntOption(journal, "opponent");
+  ReadMinds(journal, match.PlayerMind, match.Mind);
+  match.ThinkOfTurn = ThinkOfTurn;
   if (journal.Options.contains("saved")) {
     match.Continue = "The match of the journal";
     match.SavedBytes = TextOption(journal, "saved");
@@ -183,6 +199,7 @@ void SimulationRecorder::Begin(const SimulationOptions& options) {
   head.Options["shard"] = std::to_string(options.Shard);
   head.Options["shards"] = std::to_string(options.Shards);
   head.Options["decks"] = options.DecksMeet ? "1" : "0";
+  NameMinds(head, options.DeckMind, options.OpponentMind);
   WriteHead(writer_, head);
 }
 
@@ -208,7 +225,9 @@ ReplayResult ReplaySimulation(const Journal& journal, const ReplayOptions& optio
   simulation.Matches = IntOption(journal, "matches");
   simulation.Seed = journal.Number("seed");
   simulation.MaximumTurns = IntOption(journal, "turns");
+  ReadMinds(journal, simulation.DeckMind, simulation.OpponentMind);
   Stage stage;
+  stage.LetThink(ThinkOfTurn);
   SimulationSetup setup;
   result.Problem = PrepareSimulation(simulation, stage, setup);
   Matches matches;

@@ -29,6 +29,12 @@ bool SharesItsBit(int position) {
   return position % kNamesPerWord == kNamesPerWord - 1 && position > kNamesPerWord;
 }
 
+/// The place in the table of places that names with a key share.
+std::uint8_t& PlaceOf(std::uint32_t key) {
+  auto& places = State().TraitBitPlaces;
+  return places[SpreadOfKey(key, static_cast<std::uint32_t>(places.size()))];
+}
+
 }  // namespace
 
 TraitBit TraitBitFor(std::string_view name) { return TraitBitOf(name.substr(0, name.find(':'))); }
@@ -36,12 +42,17 @@ TraitBit TraitBitFor(std::string_view name) { return TraitBitOf(name.substr(0, n
 TraitBit TraitBitOf(const TraitName& name) {
   if (name.View().empty()) return {};
   auto& names = State().TraitBitNames;
+  std::uint8_t& place = PlaceOf(name.Key());
+  if (names[place].Key == name.Key() && names[place].Name == name.View()) return BitAt(place);
   int position = 1;
   bool hasTwins = false;
   for (const TraitBitName& known : names) {
     if (known.Name.empty()) break;
     if (known.Key == name.Key()) {
-      if (known.Name == name.View()) return BitAt(position);
+      if (known.Name == name.View()) {
+        place = static_cast<std::uint8_t>(position);
+        return BitAt(position);
+      }
       if (FoldEquals(known.Name, name.View())) {
         Doubt(BitAt(position));
         hasTwins = true;

@@ -37,19 +37,10 @@ double BonusValue(const Card& card, std::string_view expression) {
   return value;
 }
 
-/// The marks of a card's traits: without that of a name, no trait has it or raises it.
-std::uint64_t MarksOf(const Card& card) {
-  return card.Traits.Marks([](const SharedArray<TraitItem>& items) {
-    std::uint64_t marks = 0;
-    for (const TraitItem& item : items) marks |= item.Marks();
-    return marks;
-  });
-}
-
 /// The item of the result is one of the card's.
 TraitReading ReadTrait(const Card& card, const TraitName& name) {
   TraitReading reading;
-  const std::uint64_t marks = MarksOf(card);
+  const std::uint64_t marks = TraitMarks(card);
   if ((marks & TraitMark(name.Key())) == 0) return reading;
   if ((marks & kBonusMark) == 0) {
     for (const TraitItem* item = card.Traits.end(); item-- != card.Traits.begin();) {
@@ -86,10 +77,14 @@ double TraitNumber(const Card& card, const TraitName& name) {
   return reading.Base() + (reading.Bonus > 0 ? reading.Bonus : 0);
 }
 
-bool HasTrait(const Card& card, const TraitName& name) { return TraitSlot(card, name) != 0; }
+std::uint64_t MarksOfTraits(const SharedArray<TraitItem>& items) {
+  std::uint64_t marks = 0;
+  for (const TraitItem& item : items) marks |= item.Marks();
+  return marks;
+}
 
 int TraitSlot(const Card& card, const TraitName& name) {
-  if ((MarksOf(card) & TraitMark(name.Key())) == 0) return 0;
+  if ((TraitMarks(card) & TraitMark(name.Key())) == 0) return 0;
   int slot = 0;
   for (const TraitItem& item : card.Traits) {
     ++slot;

@@ -1,6 +1,7 @@
 // Reading a card's traits, and the bits of their names.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "core/records.h"
@@ -16,11 +17,18 @@ Value GetTrait(const Card& card, const TraitName& name);
 /// NumericPrefix of GetTrait.
 double TraitNumber(const Card& card, const TraitName& name);
 
-/// True when the card has the trait. Folds case.
-bool HasTrait(const Card& card, const TraitName& name);
-
 /// Item number of the trait, 0 if there is none. Folds case.
 int TraitSlot(const Card& card, const TraitName& name);
+
+/// The marks of all items together.
+std::uint64_t MarksOfTraits(const SharedArray<TraitItem>& items);
+/// The marks of a card's traits: without that of a name, no trait has it or raises it.
+inline std::uint64_t TraitMarks(const Card& card) { return card.Traits.Marks(MarksOfTraits); }
+
+/// True when the card has the trait. Folds case.
+inline bool HasTrait(const Card& card, const TraitName& name) {
+  return (TraitMarks(card) & TraitMark(name.Key())) != 0 && TraitSlot(card, name) != 0;
+}
 
 /// Where a trait name's bit lies. Word is -1 when the name has none (more than 240 names).
 struct TraitBit {

@@ -91,13 +91,6 @@ void CheckCustomString(FindingList& findings, std::string_view text, std::size_t
                NearestWord(word, CustomStringKeys()));
 }
 
-const MessageMark* FindFieldMark(std::string_view word) {
-  for (const MessageMark& row : MessageMarks()) {
-    if (row.OpensField && row.Mark == word) return &row;
-  }
-  return nullptr;
-}
-
 bool IsColor(std::string_view word) {
   return word.find_first_not_of("ABCDEFabcdef", 1) == std::string_view::npos;
 }
@@ -148,7 +141,7 @@ std::size_t CheckHash(FindingList& findings, std::string_view text, std::size_t 
   const std::size_t closes = text.find('#', opens + 1);
   const std::string_view field = text.substr(opens, closes - opens);
   const bool closed = closes != std::string_view::npos;
-  const MessageMark* mark = closed ? FindFieldMark(field.substr(0, field.find('/'))) : nullptr;
+  const MessageMark* mark = closed ? FindFieldMark(field) : nullptr;
   if (mark == nullptr) {
     CheckUnknownField(findings, text, field, closed);
     return opens + 1;

@@ -2,6 +2,7 @@
 #include <cstdint>
 
 #include "core/state.h"
+#include "pages/key_search.h"
 #include "pages/messages.h"
 #include "pages/placeholders.h"
 #include "pages/unread_texts.h"
@@ -14,11 +15,13 @@ constexpr int kCustomStringPasses = 2;
 void ExpandCustomStrings(std::string& text) {
   for (int pass = 1; pass <= kCustomStringPasses; ++pass) {
     SpendWorkOnSearch(static_cast<std::size_t>(State().CustomStrings.UpperBound()));
+    KeySearch search(text);
     for (const CustomStringRec& entry : State().CustomStrings) {
       if (WorkIsSpent()) return;
       SpendWorkOnText(text.size());
-      if (entry.Key.empty() || text.find(entry.Key) == std::string::npos) continue;
+      if (!search.Finds(entry.Key)) continue;
       Fill(text, entry.Key, CustomStringPick(entry.Key));
+      search = KeySearch(text);
     }
   }
 }

@@ -222,6 +222,12 @@ constexpr auto kMarks = [] {
 
 std::span<const MessageMark> MessageMarks() { return kMarks; }
 
+const MessageMark* FindFieldMark(std::string_view field) {
+  const auto marks = MessageMarks().subspan(kPlaceholders.size());
+  const auto mark = std::ranges::find(marks, WordOf(field), &MessageMark::Mark);
+  return mark != marks.end() ? &*mark : nullptr;
+}
+
 std::span<const Placeholder> Placeholders() { return kPlaceholders; }
 
 bool Fill(std::string& text, std::string_view search, std::string_view replacement) {

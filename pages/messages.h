@@ -20,6 +20,9 @@ struct MessageMark {
 };
 std::span<const MessageMark> MessageMarks();
 
+/// The mark that opens a field from its "#" up to the closing one; nullptr for any other text.
+const MessageMark* FindFieldMark(std::string_view field);
+
 /// Fills a template in place for a pair of cards; the pictures are HTML or "". An "OVERRIDE"
 /// caption that is read is emptied; nothing else of the cards changes.
 void ExpandMessage(Card& source, Card& target, std::string& text, std::string_view sourcePicture,

@@ -6,9 +6,9 @@
 #include "core/cards.h"
 #include "core/state.h"
 #include "language/values.h"
+#include "pages/key_search.h"
 #include "pages/messages.h"
 #include "pages/placeholders.h"
-#include "text/fold.h"
 
 namespace brindlemoor {
 namespace {
@@ -18,10 +18,21 @@ constexpr std::size_t kLongestMessage = 4096;
 constexpr std::ptrdiff_t kMostMarks = 16;
 constexpr std::size_t kLongestPiece = 512;  ///< a name, a colour, a trait
 
-bool IsMark(char character) { return character == '$' || character == '#' || character == '&'; }
+std::ptrdiff_t CountOf(char character, std::string_view text) {
+  std::ptrdiff_t count = 0;
+  for (std::size_t at = text.find(character); at != std::string_view::npos;
+       at = text.find(character, at + 1)) {
+    ++count;
+  }
+  return count;
+}
+
+std::ptrdiff_t CountOfMarks(std::string_view text) {
+  return CountOf('$', text) + CountOf('#', text) + CountOf('&', text);
+}
 
 bool IsShortAndPlain(std::string_view piece) {
-  return piece.size() <= kLongestPiece && std::ranges::none_of(piece, IsMark);
+  return piece.size() <= kLongestPiece && CountOfMarks(piece) == 0;
 }
 
 /// A bonus is worked out whenever the trait is read that it raises, with the dice and the steps
@@ -53,23 +64,11 @@ bool NamesOthers(std::string_view message) {
 }
 
 bool HoldsCustomString(std::string_view text) {
-  char absent = '\0';  // what the last keys begin with, and the text does not hold
+  KeySearch search(text);
   for (const CustomStringRec& entry : State().CustomStrings) {
-    if (entry.Key.empty()) continue;
-    const std::string_view key = entry.Key;
-    if (key.front() == absent) continue;
-    if (text.find(key) != std::string_view::npos) return true;
-    if (text.find(key.front()) == std::string_view::npos) absent = key.front();
+    if (search.Finds(entry.Key)) return true;
   }
   return false;
-}
-
-const MessageMark* FieldMark(std::string_view field) {
-  const std::string_view word = field.substr(0, field.find('/'));
-  for (const MessageMark& mark : MessageMarks()) {
-    if (mark.OpensField && mark.Mark == word) return &mark;
-  }
-  return nullptr;
 }
 
 /// False for a "#" that can't begin the word of a field, whatever is filled in behind it.
@@ -87,8 +86,9 @@ Fields FieldsOf(std::string_view text) {
   int others = 0;
   for (std::size_t opens = text.find('#'); opens != std::string_view::npos;) {
     const std::size_t closes = text.find('#', opens + 1);
-    const MessageMark* mark =
-        closes == std::string_view::npos ? nullptr : FieldMark(text.substr(opens, closes - opens));
+    const MessageMark* mark = closes == std::string_view::npos
+                                  ? nullptr
+                                  : FindFieldMark(text.substr(opens, closes - opens));
     if (mark != nullptr && !mark->ReadsTrait) return Fields::kOthers;
     if (mark != nullptr) {
       ++traits;
@@ -103,8 +103,8 @@ Fields FieldsOf(std::string_view text) {
 
 /// True when nothing but fields can roll dice for the message, and it is short.
 bool IsShortAndSure(std::string_view message) {
-  return message.size() <= kLongestMessage &&
-         std::ranges::count_if(message, IsMark) <= kMostMarks && !NamesOthers(message);
+  return message.size() <= kLongestMessage && CountOfMarks(message) <= kMostMarks &&
+         !NamesOthers(message);
 }
 
 bool OnlySays(const Card& source, const Card& target, std::string_view message) {

@@ -60,7 +60,7 @@ void GiveCard(Run& run, Card card) {
 
 Step GiveBooster(Run& run, const BoosterRules& rules) {
   run.ShowRun = true;
-  const double count = run.Evaluated(1).Number();
+  const double count = run.Number(1);
   int draws = 0;
   for (int card = 1; card <= count; ++card) {
     if (card > limits::kBoosterCards || draws >= limits::kBoosterDraws) {
@@ -87,7 +87,7 @@ Step BoosterWithReqsCommand(Run& run) {
 
 Step BoosterCardCommand(Run& run) {
   run.ShowRun = true;
-  const double count = run.Evaluated(2).Number();
+  const double count = run.Number(2);
   for (int card = 1; card <= count; ++card) {
     if (card > limits::kBoosterCards) {
       limits::ReportLimit("A booster had too many cards: the rest was left out.");

@@ -34,7 +34,7 @@ PlayerState* SideOf(const Card& card) {
 // Drawing, hand and destruction.
 
 Step DrawCardsCommand(Run& run) {
-  if (PlayerState* side = SideOf(run.Target)) DrawCards(*side, run.Evaluated(1).Number());
+  if (PlayerState* side = SideOf(run.Target)) DrawCards(*side, run.Number(1));
   return Step::kNext;
 }
 
@@ -65,8 +65,8 @@ Step QueueCopies(Run& run, Card copy) {
   copy.GlobalID = 0;
   copy.ChangedTraits = Text();
   ResetMenuState(copy);
-  const double count = run.Evaluated(1).Number();
-  const bool paid = run.Evaluated(2).Number() == 1;
+  const double count = run.Number(1);
+  const bool paid = run.Number(2) == 1;
   for (int made = 0; made + 1 <= count; ++made) {
     if (made == limits::kNewCards) {
       limits::ReportLimit("A command made too many cards: the rest was left out.");
@@ -96,7 +96,7 @@ Step CreateCard(Run& run) {
     run.Show(Joined("<br>File not found:", file, "<br>"));
     return Step::kNext;
   }
-  CreateCards(run.Argument(2), path, run.Source.Owner, run.Evaluated(1).Number());
+  CreateCards(run.Argument(2), path, run.Source.Owner, run.Number(1));
   ++run.AppliedCount;
   return Step::kNext;
 }
@@ -277,7 +277,7 @@ constexpr double kMostRepeats = 1e9;  // the end of the run has its own, lower b
 
 Step Repeat(Run& run) {
   run.RepeatTargetType = TargetTypeCode(run.Argument(1));
-  run.RepeatCount = static_cast<int>(std::clamp(run.Evaluated(2).Number(), 0.0, kMostRepeats));
+  run.RepeatCount = static_cast<int>(std::clamp(run.Number(2), 0.0, kMostRepeats));
   return Step::kNext;
 }
 

@@ -27,14 +27,15 @@ constexpr std::uint64_t TriggerMark(std::string_view trigger) {
 }
 /// The mark of "BEFORETRAITCHANGE:" with a trait, in any case.
 constexpr std::uint64_t BeforeChangeMark(std::uint32_t traitKey) {
-  constexpr std::uint32_t kSpread = 0x9E3779B1;
   constexpr std::uint32_t kMarks = 20;
-  return std::uint64_t{1} << (40 + ((traitKey * kSpread) >> 16) % kMarks);
+  return std::uint64_t{1} << (40 + SpreadOfKey(traitKey, kMarks));
 }
 /// The mark of "TRAITCHANGE" with any trait.
 inline constexpr std::uint64_t kTraitChangeMark = std::uint64_t{1} << 60;
+/// The marks of all actions together.
+std::uint64_t MarksOfActions(const SharedArray<CardEffect>& effects);
 /// The marks of a card's actions.
-std::uint64_t TriggerMarks(const Card& card);
+inline std::uint64_t TriggerMarks(const Card& card) { return card.Effects.Marks(MarksOfActions); }
 
 /// A new firing has no roll and has said nothing. Those of TRAITCHANGE share what was there when
 /// the walk over the changed traits began.

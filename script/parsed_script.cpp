@@ -43,6 +43,7 @@ ParsedScript::ParsedScript(std::string_view script) : script_(script) {
     wantsPictures_ = true;
     onlyShowsPictures_ = onlyShowsPictures_ && row.Row->Role == CommandRole::kShows;
   }
+  count_ = static_cast<int>(fields_.size());
   FieldWalker fields(script, ':');
   for (auto word = fields.Next(); !word.empty() && word != "ADDEFFECT"; word = fields.Next()) {
     if (word != "TRAIT") continue;
@@ -109,17 +110,16 @@ Text ParsedScript::BroughtBy(std::string_view trait) const {
   return brought;
 }
 
-const ParsedScript& ParsedScript::Of(const Text& script) {
+const ParsedScript& ParsedScript::Parse(const Text& script) {
   static const ParsedScript empty{std::string_view()};
   if (script.empty()) return empty;
-  if (const auto* parsed = static_cast<const ParsedScript*>(script.Attachment())) return *parsed;
   auto parsed = std::make_unique<ParsedScript>(script.View());
   const ParsedScript& form = *parsed;
   script.Attach(std::move(parsed));
   return form;
 }
 
-Value SimpleValue(const ParsedScript::FieldRow& row, const Card& source, const Card& target) {
+double SimpleNumber(const ParsedScript::FieldRow& row, const Card& source, const Card& target) {
   if (row.IsNumber) return row.Number;
   SpendWork(1);
   return TraitNumber(row.ValueOfTarget ? target : source, {row.ValueTrait, row.ValueTraitKey}) +

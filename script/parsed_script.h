@@ -36,7 +36,7 @@ class ParsedScript final : public TextAttachment {
   /// Field n (1-based), "" beyond the end.
   std::string_view Field(int n) const noexcept { return RowAt(n).Text; }
   const FieldRow& RowAt(int n) const noexcept {
-    return n >= 1 && n <= FieldCount() ? fields_[static_cast<std::size_t>(n) - 1] : kMissing;
+    return n >= 1 && n <= count_ ? fields_[static_cast<std::size_t>(n) - 1] : kMissing;
   }
   /// Field n as the name of a trait.
   TraitName NameAt(int n) const noexcept { return {RowAt(n).Text, RowAt(n).Key}; }
@@ -46,7 +46,7 @@ class ParsedScript final : public TextAttachment {
     const FieldRow& row = RowAt(n);
     return row.IsNumber || !row.ValueTrait.empty() ? &row : nullptr;
   }
-  int FieldCount() const noexcept { return static_cast<int>(fields_.size()); }
+  int FieldCount() const noexcept { return count_; }
   /// Field n and everything behind it, as a script of its own. The first few that are asked for are
   /// kept, so that their parsed form serves every run.
   Text Tail(int n) const;
@@ -73,13 +73,18 @@ class ParsedScript final : public TextAttachment {
   bool OnlyShowsPictures() const noexcept { return onlyShowsPictures_; }
 
   /// The parsed form of a script. Valid as long as the text is.
-  static const ParsedScript& Of(const Text& script);
+  static const ParsedScript& Of(const Text& script) {
+    const TextAttachment* form = script.Attachment();
+    return form != nullptr ? *static_cast<const ParsedScript*>(form) : Parse(script);
+  }
 
  private:
+  static const ParsedScript& Parse(const Text& script);
   static const FieldRow kMissing;
 
   std::string_view script_;
   std::vector<FieldRow> fields_;
+  int count_ = 0;  ///< of the fields: asking the vector divides by the size of a row
   bool wantsPictures_ = false;
   bool onlyShowsPictures_ = true;
   bool declaresNoCounters_ = false;
@@ -89,8 +94,8 @@ class ParsedScript final : public TextAttachment {
   mutable std::vector<std::pair<Text, Text>> brought_;  ///< trait and script
 };
 
-/// The value of a row that is a number or a trait and nothing else, as EvalValue has it.
-Value SimpleValue(const ParsedScript::FieldRow& row, const Card& source, const Card& target);
+/// The value of a row that is a number or a trait and nothing else, as EvalNumber has it.
+double SimpleNumber(const ParsedScript::FieldRow& row, const Card& source, const Card& target);
 
 /// True when the card has the trait or the script declares it, in upper case, as the action's own.
 bool HasTrait(const Card& card, const TraitName& name, const Text& script);

@@ -90,7 +90,7 @@ Step Redirect(Run& run) {
 
 Step RedirectByGid(Run& run) {
   if (HasTrait(run.Source, "NOREDIRECT", run.Script)) return Step::kNext;
-  const int slot = FindSlot(run.Evaluated(1).Number());
+  const int slot = FindSlot(run.Number(1));
   State().RedirectTarget = slot;
   run.Reply.RedirectsTo = slot;
   run.Reply.RedirectScript = Text();
@@ -130,7 +130,7 @@ Step Retarget(Run& run) {
 
 Step RetargetByGid(Run& run) {
   Pile& table = State().CardTable;
-  const int slot = FindSlot(run.Evaluated(1).Number());
+  const int slot = FindSlot(run.Number(1));
   if (!table.Holds(slot)) return Step::kEnd;
   SendRest(run, table[slot], run.Options.CostMode);
   return AfterSending(run);
@@ -139,7 +139,7 @@ Step RetargetByGid(Run& run) {
 /// A stored card is not in play, which a run that pays a cost is allowed.
 Step RetargetCollection(Run& run) {
   Pile& collection = State().Collection;
-  const int index = FindInCollection(run.Evaluated(1).Number());
+  const int index = FindInCollection(run.Number(1));
   if (!collection.Holds(index)) return Step::kEnd;
   SendRest(run, collection[index], 1);
   return AfterSending(run);

@@ -59,7 +59,7 @@ double TraitOf(Run& run, const Card& card) { return TraitNumber(card, run.TraitA
 /// The trait less the value. Both may roll dice: the trait is read first.
 double Surplus(Run& run, const Card& card) {
   const double trait = TraitOf(run, card);
-  const double value = run.Evaluated(2).Number();
+  const double value = run.Number(2);
   TellCompared(run, run.Argument(1), trait, value);
   return trait - value;
 }
@@ -128,7 +128,7 @@ bool ActionHas(Run& run, const Card&) {
 bool ActionHasNot(Run& run, const Card& card) { return !ActionHas(run, card); }
 /// The value that the amount is held against.
 double ValueForAmount(Run& run) {
-  const double value = run.Evaluated(1).Number();
+  const double value = run.Number(1);
   TellCompared(run, "the amount", run.Amount, value);
   return value;
 }
@@ -139,8 +139,8 @@ bool AmountIs(Run& run, const Card&) { return run.Amount == ValueForAmount(run);
 // Two values.
 
 std::pair<double, double> BothValues(Run& run) {
-  const double first = run.Evaluated(1).Number();
-  const double second = run.Evaluated(2).Number();
+  const double first = run.Number(1);
+  const double second = run.Number(2);
   TellCompared(run, "the first value", first, second);
   return {first, second};
 }
@@ -327,7 +327,7 @@ Step CarryRequirement(Run& run) {
 }
 
 Step Chance(Run& run, int roll, bool above) {
-  const double percent = run.Evaluated(1).Number();
+  const double percent = run.Number(1);
   const bool missed = above ? roll < percent : roll > percent;
   if (!missed) return Step::kNext;
   TellCompared(run, "the roll", roll, percent);

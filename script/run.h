@@ -79,6 +79,8 @@ struct Run {
   auto TraitArgument(int n) const { return Fields.NameAt(Position + n); }
   /// The argument evaluated with the run's cards.
   Value Evaluated(int n) const;
+  /// Its numeric reading.
+  double Number(int n) const;
   /// Everything from argument n on, as a script of its own.
   Text Rest(int n) const;
 };

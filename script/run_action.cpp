@@ -23,7 +23,13 @@ namespace brindlemoor {
 Value Run::Evaluated(int n) const {
   const auto* simple = Fields.SimpleValueAt(Position + n);
   if (simple == nullptr) return EvalValue(Source, Target, Argument(n));
-  return SimpleValue(*simple, Source, Target);
+  return SimpleNumber(*simple, Source, Target);
+}
+
+double Run::Number(int n) const {
+  const auto* simple = Fields.SimpleValueAt(Position + n);
+  if (simple == nullptr) return EvalNumber(Source, Target, Argument(n));
+  return SimpleNumber(*simple, Source, Target);
 }
 
 Text Run::Rest(int n) const {

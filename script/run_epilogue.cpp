@@ -91,7 +91,9 @@ struct ChangeWalk {
 
   /// Leaves the list with what waits.
   void Close() {
-    if (CardIsThere()) {
+    if (CardIsThere() && Waiting.empty() && AtEnd()) {
+      Target.ChangedTraits = Text();
+    } else if (CardIsThere()) {
       const std::string_view list = Target.ChangedTraits;
       Target.ChangedTraits = Waiting + std::string(list.substr(std::min(Position, list.size())));
     } else if (IsFree(Target)) {

@@ -54,13 +54,13 @@ Step AfterChange(Run& run, const TraitName& trait) {
 
 Step ModTargetTrait(Run& run) {
   const auto trait = run.TraitArgument(1);
-  Change(run, run.Target, trait, run.Evaluated(2).Number());
+  Change(run, run.Target, trait, run.Number(2));
   return AfterChange(run, trait);
 }
 
 Step ModSourceTrait(Run& run) {
   const auto trait = run.TraitArgument(1);
-  Change(run, run.Source, trait, run.Evaluated(2).Number());
+  Change(run, run.Source, trait, run.Number(2));
   TurnHpReportToSource(run.Argument(1));
   return AfterChange(run, trait);
 }
@@ -89,7 +89,7 @@ Step ModSourceOwnerTrait(Run& run) {
 
 Step Subtract(Run& run, Card& card, bool gainsToo) {
   const auto trait = run.TraitArgument(1);
-  double value = run.Evaluated(2).Number();
+  double value = run.Number(2);
   if (PaysCost(run) && value > TraitNumber(card, trait)) {
     TellCompared(run, run.Argument(1), TraitNumber(card, trait), value);
     return LeaveInsufficient(run, run.Argument(1));
@@ -110,7 +110,7 @@ Step SubSourceTrait(Run& run) { return Subtract(run, run.Source, true); }
 Step AddToTrait(Run& run) {
   const auto trait = run.TraitArgument(1);
   if (HasTrait(run.Target, trait)) {
-    Change(run, run.Target, trait, run.Evaluated(2).Number());
+    Change(run, run.Target, trait, run.Number(2));
   } else {
     ++run.SoftFailCount;
   }
@@ -171,7 +171,7 @@ Step RemoveSourceTrait(Run& run) { return RemoveFrom(run, run.Source); }
 // The incoming value.
 
 Step SetIncoming(Run& run) {
-  const double value = run.Evaluated(1).Number();
+  const double value = run.Number(1);
   run.Amount = value;
   State().LastValue = value;
   return Step::kNext;
@@ -179,7 +179,7 @@ Step SetIncoming(Run& run) {
 
 /// Makes the change bigger or smaller in its own direction; it never turns round.
 Step ModIncoming(Run& run) {
-  const double value = run.Evaluated(1).Number();
+  const double value = run.Number(1);
   if (run.Amount < 0) {
     run.Amount = std::fmin(run.Amount - value, 0);
   } else if (run.Amount > 0) {
@@ -204,7 +204,7 @@ std::int32_t WholeTokens(double balance) {
 
 Step ChangeTokens(Run& run, double sign) {
   std::int32_t& tokens = State().Players[1].Tokens;
-  const double value = run.Evaluated(1).Number();
+  const double value = run.Number(1);
   const double balance = tokens + sign * value;
   run.ShowRun = true;
   if (balance < 0) {

@@ -285,12 +285,10 @@ void FireEffect(Firing& firing, std::string_view trigger, int effect) {
 
 }  // namespace
 
-std::uint64_t TriggerMarks(const Card& card) {
-  return card.Effects.Marks([](const SharedArray<CardEffect>& effects) {
-    std::uint64_t marks = 0;
-    for (const CardEffect& effect : effects) marks |= MarksOf(effect);
-    return marks;
-  });
+std::uint64_t MarksOfActions(const SharedArray<CardEffect>& effects) {
+  std::uint64_t marks = 0;
+  for (const CardEffect& effect : effects) marks |= MarksOf(effect);
+  return marks;
 }
 
 int FireTrigger(Card& card, std::string_view trigger, int value, int onlyEffect, int testRun,

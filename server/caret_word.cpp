@@ -16,31 +16,31 @@ namespace {
 /// The kinds of whole fields, by their argument or else by their name.
 struct KindRow {
   std::string_view Name;
-  WordKind Kind;
+  CaretWordKind Kind;
 };
 constexpr auto kKindRows = std::to_array<KindRow>({
-    {kLocationField, WordKind::kLocation},
-    {kGameField, WordKind::kGame},
-    {"FILE", WordKind::kFile},
-    {"NAME", WordKind::kCard},
-    {"name", WordKind::kCard},
-    {"unique ID", WordKind::kCard},
+    {kLocationField, CaretWordKind::kLocation},
+    {kGameField, CaretWordKind::kGame},
+    {"FILE", CaretWordKind::kFile},
+    {"NAME", CaretWordKind::kCard},
+    {"name", CaretWordKind::kCard},
+    {"unique ID", CaretWordKind::kCard},
 });
 
-WordKind KindOfPart(const ScriptPart& part) {
-  if (part.Name.empty()) return part.Row != nullptr ? WordKind::kCommand : WordKind::kNone;
-  if (part.Name == "NAME") return WordKind::kCard;
-  if (part.Name == "FILE") return WordKind::kFile;
+CaretWordKind KindOfPart(const ScriptPart& part) {
+  if (part.Name.empty()) return part.Row != nullptr ? CaretWordKind::kCommand : CaretWordKind::kNone;
+  if (part.Name == "NAME") return CaretWordKind::kCard;
+  if (part.Name == "FILE") return CaretWordKind::kFile;
   switch (KindOfArgument(part.Name)) {
     case ArgumentKind::kTrigger:
-      return WordKind::kTrigger;
+      return CaretWordKind::kTrigger;
     case ArgumentKind::kTarget:
-      return WordKind::kTarget;
+      return CaretWordKind::kTarget;
     default:
       break;
   }
-  if (part.Style == TextStyle::kValue) return WordKind::kValue;
-  return part.Style == TextStyle::kName ? WordKind::kTrait : WordKind::kArgument;
+  if (part.Style == TextStyle::kValue) return CaretWordKind::kValue;
+  return part.Style == TextStyle::kName ? CaretWordKind::kTrait : CaretWordKind::kArgument;
 }
 
 /// The part that the caret stands in or behind.
@@ -68,12 +68,12 @@ CaretWord InDeckRules(const CaretField& field) {
   const std::size_t begin = text.substr(0, field.Caret).rfind(':') + 1;
   const std::size_t end = std::min(text.find(':', begin), text.size());
   const auto number = std::ranges::count(text.substr(0, begin), ':') % 3;
-  return {number == 1 ? WordKind::kTrait : WordKind::kArgument,
+  return {number == 1 ? CaretWordKind::kTrait : CaretWordKind::kArgument,
           std::string(text.substr(begin, end - begin)), begin};
 }
 
 CaretWord InField(const CaretField& field) {
-  if (field.Directive.empty()) return {WordKind::kDirective, field.Text};
+  if (field.Directive.empty()) return {CaretWordKind::kDirective, field.Text};
   if (field.Argument == kScriptField) return InScript(field);
   if (field.Argument == kDeckRulesField) return InDeckRules(field);
   const std::string_view name = field.Argument.empty() ? field.Name : field.Argument;

@@ -12,7 +12,7 @@ namespace brindlemoor {
 
 struct Command;
 
-enum class WordKind : std::uint8_t {
+enum class CaretWordKind : std::uint8_t {
   kNone,
   kDirective,
   kLocation,
@@ -28,7 +28,7 @@ enum class WordKind : std::uint8_t {
 };
 
 struct CaretWord {
-  WordKind Kind = WordKind::kNone;
+  CaretWordKind Kind = CaretWordKind::kNone;
   std::string Text{};
   std::size_t Offset = 0;        ///< byte of the file's text
   const Command* Row = nullptr;  ///< the command that it is or belongs to

@@ -77,13 +77,13 @@ Places OfTrait(std::string_view trait, const GameTexts& game) {
 Places DefinitionsAt(std::string_view text, std::size_t caret, const GameTexts& game) {
   const CaretWord word = WordAtCaret(text, caret);
   switch (word.Kind) {
-    case WordKind::kCard:
+    case CaretWordKind::kCard:
       return OfCard(word, game);
-    case WordKind::kFile:
+    case CaretWordKind::kFile:
       return OfFile(word.Text, game);
-    case WordKind::kGame:
+    case CaretWordKind::kGame:
       return OfGame(word.Text, game);
-    case WordKind::kTrait:
+    case CaretWordKind::kTrait:
       return OfTrait(word.Text, game);
     default:
       return {};

@@ -97,19 +97,19 @@ Blocks OfCard(std::string_view name, const GameTexts& game) {
 
 Blocks BlocksFor(const CaretWord& word, const GameTexts& game) {
   switch (word.Kind) {
-    case WordKind::kDirective:
+    case CaretWordKind::kDirective:
       return OfDirective(word.Text);
-    case WordKind::kLocation:
+    case CaretWordKind::kLocation:
       return BlocksOfRow(kLocationRows, word.Text, &LocationRow::Word);
-    case WordKind::kTarget:
+    case CaretWordKind::kTarget:
       return BlocksOfRow(kTargetTypeRows, word.Text, &TargetTypeRow::Word);
-    case WordKind::kTrigger:
+    case CaretWordKind::kTrigger:
       return BlocksOfRow(kTriggerRows, word.Text, &TriggerRow::Stem);
-    case WordKind::kTrait:
+    case CaretWordKind::kTrait:
       return OfTrait(word.Text, game);
-    case WordKind::kCard:
+    case CaretWordKind::kCard:
       return OfCard(word.Text, game);
-    case WordKind::kValue:
+    case CaretWordKind::kValue:
       if (Blocks blocks = OfValue(word.Text); !blocks.empty()) return blocks;
       break;
     default:

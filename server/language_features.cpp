@@ -32,7 +32,7 @@ Json ItemOf(const TextSuggestion& item, const Json& range) {
 }
 
 bool IsTraitName(const CaretWord& word) {
-  return word.Kind == WordKind::kTrait && !word.Text.empty();
+  return word.Kind == CaretWordKind::kTrait && !word.Text.empty();
 }
 
 }  // namespace

@@ -248,6 +248,13 @@ MatchWinner Winner() {
   }
 }
 
+void LetThink(const AutomaticMatchOptions& options) {
+  Session& session = State();
+  session.Minds[1] = static_cast<std::uint8_t>(options.PlayerMind);
+  session.Minds[2] = static_cast<std::uint8_t>(options.Mind);
+  session.ThinkOfTurn = options.ThinkOfTurn;
+}
+
 /// Tells and keeps the page shown last.
 std::string SavePage(const Stage& stage, int turn) {
   if (stage.Pages.empty() && !stage.OnPage) return "";
@@ -270,7 +277,7 @@ AutomaticMatchResult PlayTurns(const Stage& stage, int maximumTurns, MatchTrace&
   while (result.Error.empty() && State().GameOver == 0 && result.Turns < maximumTurns) {
     ++result.Turns;
     out << "Turn " << result.Turns << ": " << Standing(1) << ", " << Standing(2) << '\n';
-    PlanAutomaticPlays();
+    PlanPlayerTurn();
     if (stage.BeforeTurn) stage.BeforeTurn();
     TakeTurn(0);
     trace.EndTurn();
@@ -308,6 +315,7 @@ AutomaticMatchResult AutomaticMatch(const AutomaticMatchOptions& options, std::o
   result.Error =
       options.Continue.empty() ? StartMatch(options, trace) : ContinueMatch(options, desktop);
   if (result.Error.empty()) {
+    LetThink(options);
     if (!stage.Pages.empty()) RemoveOldPages(stage.Pages, State().Match.Turns);
     result = PlayTurns(stage, options.MaximumTurns, trace, out);
     out << "After turn " << result.Turns << ": " << Standing(1) << ", " << Standing(2) << '\n'

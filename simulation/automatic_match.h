@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/turn_plan.h"
+
 namespace brindlemoor {
 
 /// How a match is set up.
@@ -17,6 +19,10 @@ struct AutomaticMatchOptions {
   std::uint64_t Seed = 1;
   int MaximumTurns = 200;
   int Opponent = 1;    ///< which opponent of the game, starter decks and stores left out
+  int Mind = 0;        ///< level of the opponent (core/mind_levels.h)
+  int PlayerMind = 0;  ///< of the player
+  /// How those think that do (Session::ThinkOfTurn).
+  std::optional<TurnPlan> (*ThinkOfTurn)(int side) = nullptr;
   std::string Game{};  ///< its name, in any case; "" for the first of the folder
   /// A file of a saved match to go on with, in place of seed, game and opponent; "" begins one.
   std::string Continue{};

@@ -2,9 +2,11 @@
 #include "simulation/automatic_player.h"
 
 #include "core/cards.h"
+#include "core/mind_levels.h"
 #include "core/state.h"
 #include "game/card_play.h"
 #include "game/hints.h"
+#include "game/planned_turn.h"
 #include "game/plans.h"
 #include "language/target_types.h"
 
@@ -45,6 +47,14 @@ void PlanAutomaticPlays() {
   for (int slot = 1; slot <= table.UpperBound(); ++slot) {
     if (!IsFree(table[slot]) && table[slot].Owner == 1) ArmMenuActions(table[slot]);
   }
+}
+
+void PlanPlayerTurn() {
+  const Session& session = State();
+  if (session.ThinkOfTurn != nullptr && session.Minds[1] != kPlainMind) {
+    if (const auto plan = session.ThinkOfTurn(1)) return LineUp(*plan);
+  }
+  PlanAutomaticPlays();
 }
 
 }  // namespace brindlemoor

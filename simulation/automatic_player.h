@@ -1,4 +1,5 @@
-// The automatic player for side 1: it judges its hand as the computer opponent judges its own.
+// The automatic player for side 1: it judges its hand as the computer opponent judges its own, or
+// thinks.
 #pragma once
 
 namespace brindlemoor {
@@ -7,5 +8,8 @@ namespace brindlemoor {
 /// so that their actions choose as the opponent's do; arms menu actions of side 1 that have a clean
 /// target. The cards are valued on copies: beside the queue and the armed actions nothing changes.
 void PlanAutomaticPlays();
+
+/// Lines up what side 1 thinks out, where it thinks (Session::Minds), else PlanAutomaticPlays.
+void PlanPlayerTurn();
 
 }  // namespace brindlemoor

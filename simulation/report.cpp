@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "core/mind_levels.h"
 #include "text/text.h"
 
 namespace brindlemoor {
@@ -106,8 +107,14 @@ std::string TerminalText(std::string text) {
 }
 
 std::string SimulationLine(const SimulationSetup& setup) {
-  return Joined(setup.Game, ": ", setup.Matches, setup.Matches == 1 ? " match" : " matches",
-                " of each pairing, seed ", setup.Seed, ", at most ", setup.MaximumTurns, " turns");
+  std::string line =
+      Joined(setup.Game, ": ", setup.Matches, setup.Matches == 1 ? " match" : " matches",
+             " of each pairing, seed ", setup.Seed, ", at most ", setup.MaximumTurns, " turns");
+  if (setup.HasThinkers()) {
+    line += Joined(", decks played by the ", MindWord(setup.DeckMind), " mind, opponents by the ",
+                   MindWord(setup.OpponentMind), " one");
+  }
+  return line;
 }
 
 }  // namespace brindlemoor

@@ -1,6 +1,7 @@
 // The report as CSV and as JSON.
 #include <array>
 
+#include "core/mind_levels.h"
 #include "simulation/report.h"
 #include "text/quoting.h"
 #include "text/text.h"
@@ -214,6 +215,10 @@ std::string ReportAsJson(const Report& report) {
   return Joined("{\n\"program\": ", JsonText(setup.Program), ",\n\"game\": ", JsonText(setup.Game),
                 ",\n\"files\": ", JsonText(setup.FilesHash), ",\n\"seed\": ", setup.Seed,
                 ",\n\"matches\": ", setup.Matches, ",\n\"maximumTurns\": ", setup.MaximumTurns,
+                setup.HasThinkers()
+                    ? Joined(",\n\"deckMind\": ", JsonText(MindWord(setup.DeckMind)),
+                             ",\n\"opponentMind\": ", JsonText(MindWord(setup.OpponentMind)))
+                    : "",
                 ",\n\"pairings\": ", JsonList(pairings, ",\n  "),
                 ",\n\"all\": ", JsonPairing(report.All, true),
                 ",\n\"cards\": ", JsonList(cards, ",\n  "), "\n}\n");

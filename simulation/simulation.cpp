@@ -1,6 +1,8 @@
 // A simulation: many matches of a game, added up.
 #include "simulation/simulation.h"
 
+#include <utility>
+
 #include "core/program_version.h"
 #include "simulation/stage.h"
 #include "text/text.h"
@@ -47,7 +49,13 @@ std::string SeatMatch(const SimulationSetup& setup, const MatchKey& key, Stage& 
   const Contender& opponent =
       stage.Opponents()[static_cast<std::size_t>(setup.OpponentOf(key.Pairing))];
   const Contender& deck = stage.Decks()[static_cast<std::size_t>(setup.DeckOf(key.Pairing))];
-  return key.SeatsChanged ? stage.Seat(opponent, deck) : stage.Seat(deck, opponent);
+  const auto [deckMind, opponentMind] = std::pair(setup.DeckMind, setup.OpponentMind);
+  if (key.SeatsChanged) {
+    stage.GiveMinds(opponentMind, deckMind);
+    return stage.Seat(opponent, deck);
+  }
+  stage.GiveMinds(deckMind, opponentMind);
+  return stage.Seat(deck, opponent);
 }
 
 PlayedMatch PlayMatch(const SimulationSetup& setup, const MatchKey& key, Stage& stage) {
@@ -66,6 +74,8 @@ std::string PrepareSimulation(const SimulationOptions& options, Stage& stage,
   setup.Seed = options.Seed;
   setup.Matches = options.Matches;
   setup.MaximumTurns = options.MaximumTurns;
+  setup.DeckMind = options.DeckMind;
+  setup.OpponentMind = options.OpponentMind;
   for (const Contender& opponent : stage.Opponents()) setup.Opponents.push_back(opponent.Name);
   for (const Contender& deck : stage.Decks()) setup.Decks.push_back(deck.Name);
   if (setup.Opponents.size() * setup.Decks.size() > kMostPairings) {

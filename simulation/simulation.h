@@ -20,6 +20,8 @@ struct SimulationOptions {
   Count Matches = 1000;
   std::uint64_t Seed = 1;
   int MaximumTurns = 200;
+  int DeckMind = 0;      ///< level of who plays the decks (core/mind_levels.h)
+  int OpponentMind = 0;  ///< of who plays the opponents
   int Shard = 1;
   int Shards = 1;
   bool DecksMeet = false;  ///< decks play decks, themselves too, and no opponent takes part

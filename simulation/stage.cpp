@@ -264,6 +264,8 @@ PlayedMatch Stage::PlayOnce(std::uint64_t seed, int maximumTurns, bool quiet) {
   Session& session = State();
   for (int side = 1; side <= 2; ++side) ShufflePile(session.Players[side]);
   session.Quiet = quiet;
+  session.Minds = minds_;
+  session.ThinkOfTurn = thinkOfTurn_;
   if (quiet) session.Windows = &kNoWindows;
   session.Work.Limit = stepsOfTurn_;
   session.Work.Total = 0;
@@ -275,7 +277,7 @@ PlayedMatch Stage::PlayOnce(std::uint64_t seed, int maximumTurns, bool quiet) {
   PlayedMatch outcome;
   while (session.GameOver == 0 && outcome.Turns < maximumTurns && session.Work.Total < workLeft_) {
     ++outcome.Turns;
-    PlanAutomaticPlays();
+    PlanPlayerTurn();
     TakeTurn(0);
   }
   workLeft_ -= session.Work.Total;

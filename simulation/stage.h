@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,6 +57,13 @@ class Stage {
   /// Plays a match of those who sit: a function of them, the seed and the most turns alone. Both
   /// sides are played by the computer.
   PlayedMatch Play(std::uint64_t seed, int maximumTurns);
+  /// How the sides play that think (Session::ThinkOfTurn).
+  void LetThink(std::optional<TurnPlan> (*thinkOfTurn)(int side)) { thinkOfTurn_ = thinkOfTurn; }
+  /// From now on the sides have minds of such levels (Session::Minds).
+  void GiveMinds(int side1, int side2) {
+    minds_[1] = static_cast<std::uint8_t>(side1);
+    minds_[2] = static_cast<std::uint8_t>(side2);
+  }
   /// The matches to come may take so many steps together (core/work_budget.h), and each of their
   /// turns so many.
   void BoundWork(std::int64_t steps, std::int64_t stepsOfTurn);
@@ -94,6 +102,8 @@ class Stage {
   std::int64_t workLeft_ = WorkBudget::kNever;
   std::int64_t stepsOfTurn_ = 0;  ///< 0 for the program's own bound
   Hash pages_;                    ///< of the last match
+  FixedTable<std::uint8_t, 2> minds_;
+  std::optional<TurnPlan> (*thinkOfTurn_)(int side) = nullptr;
   bool aloud_ = false;
   bool isSmallFolder_ = false;  ///< a picture is found there in a few steps
   std::shared_ptr<MatchLog> log_ = std::make_shared<MatchLog>();

@@ -23,6 +23,8 @@ struct SimulationSetup {
   std::uint64_t Seed = 1;
   Count Matches = 0;  ///< of each pairing
   int MaximumTurns = 200;
+  int DeckMind = 0;      ///< level of who plays the decks (core/mind_levels.h)
+  int OpponentMind = 0;  ///< of who plays the opponents
   std::vector<std::string> Opponents;
   std::vector<std::string> Decks;
   int Shard = 1;  ///< which part of the matches, from 1
@@ -36,6 +38,8 @@ struct SimulationSetup {
   bool Includes(int pairing, Count match) const {
     return (pairing * Matches + match) % Shards == Shard - 1;
   }
+  /// True when somebody looks ahead.
+  bool HasThinkers() const { return DeckMind != 0 || OpponentMind != 0; }
   /// How many matches the shard has.
   Count OwnMatches() const;
 };

@@ -6,6 +6,7 @@
 #include <set>
 #include <utility>
 
+#include "core/mind_levels.h"
 #include "text/encoding.h"
 #include "text/hash.h"
 #include "text/text.h"
@@ -136,7 +137,7 @@ class Reader {
     std::string_view Word;
     bool (Reader::*Read)(const Fields& fields);
   };
-  static const std::array<Row, 13> kRows;
+  static const std::array<Row, 14> kRows;
 
   static bool OneText(const Fields& fields, std::string& text) {
     if (fields.size() == 2) text = TextOfField(fields[1]);
@@ -156,6 +157,10 @@ class Reader {
   bool Turns(const Fields& fields) {
     return fields.size() == 2 && ReadWhole(fields[1], Setup().MaximumTurns) &&
            Setup().MaximumTurns >= 1;
+  }
+  bool Minds(const Fields& fields) {
+    return fields.size() == 3 && FindMindLevel(fields[1], Setup().DeckMind) &&
+           FindMindLevel(fields[2], Setup().OpponentMind);
   }
   bool Shard(const Fields& fields) {
     return fields.size() == 3 && ReadWhole(fields[1], Setup().Shard) &&
@@ -226,13 +231,14 @@ class Reader {
   bool ended_ = false;
 };
 
-const std::array<Reader::Row, 13> Reader::kRows = {{
+const std::array<Reader::Row, 14> Reader::kRows = {{
     {"program", &Reader::Program},
     {"files", &Reader::Files},
     {"game", &Reader::Game},
     {"seed", &Reader::Seed},
     {"matches", &Reader::Matches},
     {"turns", &Reader::Turns},
+    {"minds", &Reader::Minds},
     {"shard", &Reader::Shard},
     {"opponent", &Reader::Opponent},
     {"deck", &Reader::Deck},
@@ -279,13 +285,17 @@ std::string NamesOf(const std::vector<std::string>& names) {
   return all;
 }
 
-constexpr std::array<Option, 9> kOptions = {{
+constexpr std::array<Option, 10> kOptions = {{
     {"version of the program", [](const SimulationSetup& s) { return s.Program; }},
     {"game", [](const SimulationSetup& s) { return s.Game; }},
     {"hash of the card files", [](const SimulationSetup& s) { return s.FilesHash; }},
     {"seed", [](const SimulationSetup& s) { return Joined(s.Seed); }},
     {"number of matches", [](const SimulationSetup& s) { return Joined(s.Matches); }},
     {"maximum of turns", [](const SimulationSetup& s) { return Joined(s.MaximumTurns); }},
+    {"minds",
+     [](const SimulationSetup& s) {
+       return Joined(MindWord(s.DeckMind), " against ", MindWord(s.OpponentMind));
+     }},
     {"list of opponents", [](const SimulationSetup& s) { return NamesOf(s.Opponents); }},
     {"list of decks", [](const SimulationSetup& s) { return NamesOf(s.Decks); }},
     {"number of shards", [](const SimulationSetup& s) { return Joined(s.Shards); }},
@@ -337,6 +347,10 @@ std::string TotalsText(const TotalsFile& file) {
   AddLine(out, "seed", setup.Seed);
   AddLine(out, "matches", setup.Matches);
   AddLine(out, "turns", setup.MaximumTurns);
+  // Sums of plain minds read as they did before there were others.
+  if (setup.HasThinkers()) {
+    AddLine(out, "minds", MindWord(setup.DeckMind), MindWord(setup.OpponentMind));
+  }
   AddLine(out, "shard", setup.Shard, setup.Shards);
   for (const std::string& name : setup.Opponents) AddLine(out, "opponent", FieldText(name));
   for (const std::string& name : setup.Decks) AddLine(out, "deck", FieldText(name));

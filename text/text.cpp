@@ -9,8 +9,9 @@ void Text::Replace(const Text& other) noexcept {
 }
 
 void Text::Delete(Rep* rep) noexcept {
+  const std::size_t bytes = sizeof(Rep) + rep->size + rep->room;
   rep->~Rep();
-  ::operator delete(rep);
+  SmallBlocks::Give(rep, bytes);
 }
 
 }  // namespace brindlemoor

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "text/joined.h"
+#include "text/small_blocks.h"
 
 namespace brindlemoor {
 
@@ -135,7 +136,7 @@ class Text {
     ((to = std::copy(pieces.begin(), pieces.end(), to)), ...);
   }
   static Rep* New(std::size_t size, std::uint32_t room) {
-    return new (::operator new(sizeof(Rep) + size + room)) Rep{.room = room, .size = size};
+    return new (SmallBlocks::Take(sizeof(Rep) + size + room)) Rep{.room = room, .size = size};
   }
   // Out of line, so that what is common, assigning the same storage and letting go of a shared one,
   // stays small enough to be inlined into the copies of records.

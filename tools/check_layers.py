@@ -8,7 +8,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 BOTTOM_UP = ["text", "platform", "core", "language", "pages", "script", "data", "saving", "images",
-             "lint", "reference", "game", "check", "sharing", "ui", "simulation", "scenario",
+             "lint", "reference", "game", "check", "sharing", "ui", "simulation", "mind", "scenario",
              "editor", "journal", "server", "archive", "fuzz"]
 INCLUDE = re.compile(r'^#include "([a-z]+)/([^"]+)"', re.MULTILINE)
 

@@ -2,8 +2,10 @@
 #include <array>
 
 #include "apps/brindle/commands.h"
+#include "core/mind_levels.h"
 #include "journal/journal_writer.h"
 #include "journal/match_journal.h"
+#include "mind/turn_thinking.h"
 #include "simulation/automatic_match.h"
 
 namespace brindlemoor {
@@ -14,7 +16,7 @@ struct MatchOptions : AutomaticMatchOptions {
   std::string Journal;  ///< "" for none
 };
 using Options = MatchOptions;
-constexpr std::array<Option<MatchOptions>, 10> kOptions = {{
+constexpr std::array<Option<MatchOptions>, 12> kOptions = {{
     {"--game",
      [](Options& o, std::string_view v) {
        o.Game = v;
@@ -27,6 +29,9 @@ constexpr std::array<Option<MatchOptions>, 10> kOptions = {{
      }},
     {"--opponent",
      [](Options& o, std::string_view v) { return ReadNumber(v, o.Opponent) && o.Opponent >= 1; }},
+    {"--mind", [](Options& o, std::string_view v) { return FindMindLevel(v, o.Mind); }},
+    {"--player-mind",
+     [](Options& o, std::string_view v) { return FindMindLevel(v, o.PlayerMind); }},
     {"--pages",
      [](Options& o, std::string_view v) {
        o.PagesFolder = v;
@@ -67,6 +72,7 @@ bool ChoosesMatch(const Options& options) {
 int RunAuto(Arguments arguments) {
   Options options;
   options.PagesFolder = "brindle-pages";
+  options.ThinkOfTurn = ThinkOfTurn;
   std::vector<std::string> folders;
   const int wrong = ReadOptions<Options>(arguments, kOptions, options, folders);
   if (wrong != kSuccess) return wrong;

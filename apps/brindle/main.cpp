@@ -29,14 +29,17 @@ constexpr std::array<ToolCommand, 12> kCommands = {{
      "written with. --from makes a test of a turn of a journal.",
      RunScenario},
     {"sim",
-     "sim [FOLDER] [--game NAME] [--matches N] [--seed N] [--turns N] [--decks] [--jobs J] "
+     "sim [FOLDER] [--game NAME] [--matches N] [--seed N] [--turns N] [--decks] [--mind LEVEL] "
+     "[--player-mind LEVEL] [--jobs J] "
      "[--csv[=FILE]] [--json[=FILE]] [--html[=FILE]] [--shard I/N [--out FILE]] [--journal FILE]",
      "Plays many matches of every deck against every opponent and says who wins and which cards.",
      RunSim},
     {"merge", "merge FILE... [--csv[=FILE]] [--json[=FILE]] [--html[=FILE]]",
      "Adds up the shards of a simulation and reports on all of it.", RunMerge},
     {"auto",
-     "auto [FOLDER] [--game NAME] [--seed N] [--pages DIR] [--turns N] [--opponent K] "
+     "auto [FOLDER] [--game NAME] [--seed N] [--pages DIR] [--turns N] [--opponent K] [--mind "
+     "LEVEL] "
+     "[--player-mind LEVEL] "
      "[--save FILE] [--continue FILE [--despite-changes]] [--trace] "
      "[--journal FILE]",
      "Plays a match by itself and keeps its report pages. Without a name it is the folder's first "

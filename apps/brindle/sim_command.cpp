@@ -7,9 +7,11 @@
 #include "apps/brindle/output_file.h"
 #include "apps/brindle/progress_line.h"
 #include "apps/brindle/report_output.h"
+#include "core/mind_levels.h"
 #include "core/state.h"
 #include "journal/journal_writer.h"
 #include "journal/match_journal.h"
+#include "mind/turn_thinking.h"
 #include "simulation/simulation.h"
 #include "simulation/stage.h"
 
@@ -37,7 +39,7 @@ bool StoreShard(SimOptions& options, std::string_view value) {
 
 constexpr Count kMostMatches = 1'000'000'000;
 
-constexpr std::array<Option<SimOptions>, 12> kOptions = {{
+constexpr std::array<Option<SimOptions>, 14> kOptions = {{
     {"--game",
      [](SimOptions& o, std::string_view v) {
        o.Simulation.Game = v;
@@ -63,6 +65,10 @@ constexpr std::array<Option<SimOptions>, 12> kOptions = {{
        return true;
      },
      true},
+    {"--mind",
+     [](SimOptions& o, std::string_view v) { return FindMindLevel(v, o.Simulation.OpponentMind); }},
+    {"--player-mind",
+     [](SimOptions& o, std::string_view v) { return FindMindLevel(v, o.Simulation.DeckMind); }},
     {"--shard", StoreShard},
     {"--out",
      [](SimOptions& o, std::string_view v) {
@@ -135,6 +141,7 @@ int RunSim(Arguments arguments) {
   if (!folders.empty()) options.Simulation.Folder = folders[0];
 
   Stage stage;
+  stage.LetThink(ThinkOfTurn);
   TotalsFile result;
   std::string problem = PrepareSimulation(options.Simulation, stage, result.Setup);
   if (!problem.empty()) return Refuse(problem, kFailure);

@@ -6,7 +6,7 @@
 #include "simulation/automatic_player.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/process_size.h"
-#include "tests/support/sanitizers.h"
+#include "text/sanitizers.h"
 #include "tests/support/shipped_games.h"
 
 namespace brindlemoor {

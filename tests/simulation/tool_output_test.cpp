@@ -8,7 +8,7 @@
 #include <unistd.h>
 
 #include "tests/simulation/tool_shell.h"
-#include "tests/support/sanitizers.h"
+#include "text/sanitizers.h"
 
 namespace brindlemoor {
 namespace {

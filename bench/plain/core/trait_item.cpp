@@ -9,4 +9,6 @@ std::string_view TraitItem::Name() const noexcept { return FieldAt(View(), 1, ':
 
 std::string_view TraitItem::Value() const noexcept { return FieldAt(View(), 2, ':'); }
 
+double TraitItem::Number() const { return Value().empty() ? 1 : NumericPrefix(Value()); }
+
 }  // namespace brindlemoor

@@ -12,6 +12,9 @@ namespace brindlemoor {
 
 /// No key tells names apart.
 constexpr std::uint32_t TraitKey(std::string_view) noexcept { return 0; }
+/// Nor are they spread or marked.
+constexpr std::uint32_t SpreadOfKey(std::uint32_t, std::uint32_t) noexcept { return 0; }
+constexpr std::uint64_t TraitMark(std::uint32_t) noexcept { return 1; }
 
 /// The engine's TraitName without a key.
 class TraitName {
@@ -54,6 +57,7 @@ class TraitItem {
   bool IsBonus() const noexcept { return FoldPrefixLength(Name(), "BONUS") > 0; }
   std::string_view Name() const noexcept;
   std::string_view Value() const noexcept;
+  double Number() const;
 
  private:
   Text text_;

@@ -56,7 +56,7 @@ double TraitNumber(const Card& card, const TraitName& name) {
   return GetTrait(card, name).Number();
 }
 
-bool HasTrait(const Card& card, const TraitName& name) { return TraitSlot(card, name) != 0; }
+std::uint64_t MarksOfTraits(const SharedArray<TraitItem>&) { return 1; }
 
 int TraitSlot(const Card& card, const TraitName& name) {
   const std::string wanted = FoldUpper(name.View());

@@ -63,7 +63,7 @@ bool ParsedScript::HasField(std::string_view text) const {
   }
 }
 
-Value SimpleValue(const ParsedScript::FieldRow&, const Card&, const Card&) { return {}; }
+double SimpleNumber(const ParsedScript::FieldRow&, const Card&, const Card&) { return {}; }
 
 bool HasTrait(const Card& card, const TraitName& name, const Text& script) {
   return ParsedScript::Of(script).DeclaresFolded(name.View()) || HasTrait(card, name);

@@ -46,7 +46,7 @@ class ParsedScript {
 };
 
 /// Never asked: no value is known before.
-Value SimpleValue(const ParsedScript::FieldRow& row, const Card& source, const Card& target);
+double SimpleNumber(const ParsedScript::FieldRow& row, const Card& source, const Card& target);
 /// As the engine's.
 bool HasTrait(const Card& card, const TraitName& name, const Text& script);
 

@@ -1,5 +1,6 @@
-// Whether the tests run under the address sanitizer, which needs memory of its own and keeps freed
-// memory for a while. GCC and clang tell it in different ways.
+// Whether the program runs under the address sanitizer, which needs memory of its own, keeps freed
+// memory for a while and must see every block that comes and goes. GCC and clang tell it in
+// different ways.
 #pragma once
 
 #if defined(__has_feature)

@@ -1,0 +1,23 @@
+// Carrying out what a side has decided on for its turn.
+#pragma once
+
+#include <optional>
+
+#include "core/turn_plan.h"
+#include "game/opponent.h"
+
+namespace brindlemoor {
+
+/// Lines a plan of side 1 up as clicks would: the queue with its targets, the armed menu actions.
+/// Whatever was lined up before is forgotten. What is not in the hand or on the table any more is
+/// left out.
+void LineUp(const TurnPlan& plan);
+
+/// The enemy arms the menu actions of its plan, takes the others back and plays what it can pay.
+EnemyPlays PlayEnemyPlan(const TurnPlan& plan);
+
+/// The plan that side 2 has for this turn, which is forgotten, or one that it thinks out now
+/// (Session::ThinkOfTurn); nothing for a side that judges its cards one by one.
+std::optional<TurnPlan> TakeEnemyPlan();
+
+}  // namespace brindlemoor

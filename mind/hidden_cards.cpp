@@ -1,0 +1,85 @@
+// Forgetting and dealing hidden cards.
+#include "mind/hidden_cards.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/cards.h"
+#include "core/random.h"
+#include "core/state.h"
+#include "game/plans.h"
+#include "text/joined.h"
+
+namespace brindlemoor {
+namespace {
+
+/// What a judgement of the hand has left on a card.
+constexpr std::string_view kJudgement = "AILOVE";
+
+/// All that tells a card of another one, without its identity.
+std::string Description(const Card& card) {
+  std::string text = Joined(card.Name, "\n", card.UniqueID, "\n", card.EntryScripts);
+  for (const TraitItem& item : card.Traits) {
+    if (!item.empty() && item.Name() != kJudgement) text += Joined("\n", item.View());
+  }
+  return text;
+}
+
+void ForgetJudgement(Card& card) {
+  for (int item = 1; item <= card.Traits.UpperBound(); ++item) {
+    if (card.Traits[item].Name() == kJudgement) card.Traits.Edit(item) = Text();
+  }
+  card.ChangedTraits = Text();
+  card.TargetSlot = card.StoredTarget = 0;
+  card.GlobalID = 0;  // each gets one when it is dealt
+}
+
+/// The records of a pile that hold cards, in order.
+void AddCards(Pile& pile, std::vector<Card*>& cards) {
+  for (Card& card : pile) {
+    if (!IsFree(card)) cards.push_back(&card);
+  }
+}
+
+/// The places of the cards that a side can't tell from one another.
+std::vector<std::vector<Card*>> HiddenPlaces(int side) {
+  FixedTable<PlayerState, 3>& players = State().Players;
+  std::vector<std::vector<Card*>> places(2);
+  AddCards(players[side].Deck, places[0]);
+  AddCards(players[3 - side].Hand, places[1]);
+  AddCards(players[3 - side].Deck, places[1]);
+  return places;
+}
+
+void Sort(std::vector<Card*>& places) {
+  std::vector<std::pair<std::string, Card>> cards;
+  for (Card* card : places) {
+    ForgetJudgement(*card);
+    cards.emplace_back(Description(*card), std::move(*card));
+  }
+  std::ranges::stable_sort(cards, {}, &std::pair<std::string, Card>::first);
+  for (std::size_t index = 0; index < places.size(); ++index) {
+    *places[index] = std::move(cards[index].second);
+  }
+}
+
+}  // namespace
+
+void ForgetHiddenCards(int side) {
+  for (std::vector<Card*>& places : HiddenPlaces(side)) Sort(places);
+  if (side == 2) ForgetPlans();
+}
+
+void DealHiddenCards(int side) {
+  for (std::vector<Card*>& places : HiddenPlaces(side)) {
+    for (std::size_t count = places.size(); count > 0; --count) {
+      const auto drawn = static_cast<std::size_t>(RollDie(static_cast<double>(count))) - 1;
+      std::swap(*places[drawn], *places[count - 1]);
+      places[count - 1]->GlobalID = RollDie(kDuplicateId);
+    }
+  }
+}
+
+}  // namespace brindlemoor

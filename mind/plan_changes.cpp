@@ -1,0 +1,135 @@
+// The plain mind's plan, and those beside a plan.
+#include "mind/plan_changes.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/cards.h"
+#include "core/state.h"
+#include "game/aiming.h"
+#include "game/card_play.h"
+#include "game/opponent.h"
+#include "language/target_types.h"
+
+namespace brindlemoor {
+namespace {
+
+/// A menu action of the side that could be armed.
+bool IsOpenAction(const Card& card, int effect, int side) {
+  return card.Owner == side && card.Effects[effect].MenuState == kMenuAction &&
+         card.Effects[effect].TargetType != kTargetCollection;
+}
+
+template <class Visit>
+void ForEachAction(int side, Visit visit) {
+  Pile& table = State().CardTable;
+  for (int slot = 1; slot <= table.UpperBound(); ++slot) {
+    if (IsFree(table[slot])) continue;
+    for (int effect = 1; effect <= table[slot].Effects.UpperBound(); ++effect) {
+      if (IsOpenAction(table[slot], effect, side)) visit(slot, effect);
+    }
+  }
+}
+
+bool Plays(const TurnPlan& plan, int position) {
+  return std::ranges::find(plan.Plays, position, &PlannedPlay::Position) != plan.Plays.end();
+}
+
+/// The slots of the cards that a hand card could be aimed at.
+std::vector<int> AimsOf(const Card& card) {
+  std::vector<int> aims;
+  if (!NeedsTarget(card)) return aims;
+  const Pile& table = State().CardTable;
+  for (int slot = 1; slot <= table.UpperBound(); ++slot) {
+    if (!IsFree(table[slot]) && SuitsTarget(card, slot)) aims.push_back(slot);
+  }
+  return aims;
+}
+
+void AddAims(const TurnPlan& plan, const Pile& hand, std::vector<TurnPlan>& plans) {
+  for (std::size_t index = 0; index < plan.Plays.size(); ++index) {
+    for (const int slot : AimsOf(hand[plan.Plays[index].Position])) {
+      if (slot == plan.Plays[index].Target) continue;
+      plans.push_back(plan);
+      plans.back().Plays[index].Target = slot;
+    }
+  }
+}
+
+void AddOrders(const TurnPlan& plan, std::vector<TurnPlan>& plans) {
+  for (std::size_t index = 0; index < plan.Plays.size(); ++index) {
+    plans.push_back(plan);
+    auto& left = plans.back().Plays;
+    left.erase(left.begin() + static_cast<std::ptrdiff_t>(index));
+    if (index == 0) continue;
+    plans.push_back(plan);
+    auto& plays = plans.back().Plays;
+    std::rotate(plays.begin(), plays.begin() + static_cast<std::ptrdiff_t>(index),
+                plays.begin() + static_cast<std::ptrdiff_t>(index) + 1);
+  }
+}
+
+void AddCards(const TurnPlan& plan, const Pile& hand, std::vector<TurnPlan>& plans) {
+  for (int position = 1; position <= hand.UpperBound(); ++position) {
+    if (IsFree(hand[position]) || Plays(plan, position)) continue;
+    plans.push_back(plan);
+    plans.back().Plays.insert(plans.back().Plays.begin(), {position});
+    if (plan.Plays.empty()) continue;
+    plans.push_back(plan);
+    plans.back().Plays.push_back({position});
+  }
+}
+
+void AddActions(const TurnPlan& plan, int side, std::vector<TurnPlan>& plans) {
+  for (std::size_t index = 0; index < plan.Actions.size(); ++index) {
+    plans.push_back(plan);
+    auto& left = plans.back().Actions;
+    left.erase(left.begin() + static_cast<std::ptrdiff_t>(index));
+  }
+  ForEachAction(side, [&](int slot, int effect) {
+    const bool isUsed = std::ranges::any_of(plan.Actions, [&](const PlannedAction& action) {
+      return action.Slot == slot && action.Effect == effect;
+    });
+    if (isUsed) return;
+    plans.push_back(plan);
+    plans.back().Actions.push_back({slot, effect});
+  });
+}
+
+}  // namespace
+
+TurnPlan PlainPlan(int side) {
+  const WorkAccount account;
+  std::vector<std::pair<double, int>> worth;
+  const Pile& hand = State().Players[side].Hand;
+  for (int position = 1; position <= hand.UpperBound(); ++position) {
+    if (IsFree(hand[position])) continue;
+    Card card = hand[position];
+    const CardWorth found = ValueCardForAI(card);
+    if (found.Payable && found.Total() >= 1) worth.emplace_back(-found.Total(), position);
+  }
+  std::ranges::stable_sort(worth, {}, &std::pair<double, int>::first);
+  TurnPlan plan;
+  for (const auto& [value, position] : worth) plan.Plays.push_back({position});
+  ForEachAction(side, [&plan](int slot, int effect) {
+    Card& card = State().CardTable[slot];
+    const auto target = ChooseMenuAction(card, effect);
+    if (!target) return;
+    const bool aims = card.Effects[effect].TargetType == kTargetCard;
+    plan.Actions.push_back({slot, effect, aims ? *target : 0});
+  });
+  return plan;
+}
+
+std::vector<TurnPlan> ChangedPlans(const TurnPlan& plan, int side) {
+  const WorkAccount account;
+  const Pile& hand = State().Players[side].Hand;
+  std::vector<TurnPlan> plans;
+  AddOrders(plan, plans);
+  AddCards(plan, hand, plans);
+  AddAims(plan, hand, plans);
+  AddActions(plan, side, plans);
+  return plans;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,17 @@
+// What can be changed in the plan of a turn.
+#pragma once
+
+#include <vector>
+
+#include "core/turn_plan.h"
+
+namespace brindlemoor {
+
+/// What the plain mind would do on the present table, as a plan.
+TurnPlan PlainPlan(int side);
+
+/// Plans that differ from one in a single thing: a card that is left out, added, played first or
+/// aimed at another card; a menu action that is taken back, used or aimed. In a fixed order.
+std::vector<TurnPlan> ChangedPlans(const TurnPlan& plan, int side);
+
+}  // namespace brindlemoor
