@@ -19,10 +19,6 @@ struct AutomaticMatchOptions {
   std::uint64_t Seed = 1;
   int MaximumTurns = 200;
   int Opponent = 1;    ///< which opponent of the game, starter decks and stores left out
-  int Mind = 0;        ///< level of the opponent (core/mind_levels.h)
-  int PlayerMind = 0;  ///< of the player
-  /// How those think that do (Session::ThinkOfTurn).
-  std::optional<TurnPlan> (*ThinkOfTurn)(int side) = nullptr;
   std::string Game{};  ///< its name, in any case; "" for the first of the folder
   /// A file of a saved match to go on with, in place of seed, game and opponent; "" begins one.
   std::string Continue{};
@@ -31,6 +27,10 @@ struct AutomaticMatchOptions {
   bool DespiteChanges = false;  ///< goes on though card files have changed
   bool Trace = false;           ///< prints which actions did nothing, and why
   std::string SaveTo{};         ///< gets the match as it stands after the last turn; "" saves none
+  int Mind = 0;        ///< level of the opponent (core/mind_levels.h)
+  int PlayerMind = 0;  ///< of the player
+  /// How those think that do (Session::ThinkOfTurn).
+  std::optional<TurnPlan> (*ThinkOfTurn)(int side) = nullptr;
   /// Gets every report page under its file name, whether pages are kept or not.
   std::function<void(const std::string& name, const std::string& page)> OnPage{};
   /// Called before each turn, with everything planned.
