@@ -10,6 +10,8 @@
 #include "core/random.h"
 #include "core/state.h"
 #include "game/plans.h"
+#include "language/traits.h"
+#include "script/trait_changes.h"
 #include "text/joined.h"
 
 namespace brindlemoor {
@@ -28,12 +30,29 @@ std::string Description(const Card& card) {
 }
 
 void ForgetJudgement(Card& card) {
-  for (int item = 1; item <= card.Traits.UpperBound(); ++item) {
-    if (card.Traits[item].Name() == kJudgement) card.Traits.Edit(item) = Text();
+  if (HasTrait(card, kJudgement)) {
+    const auto applied = card.TraitActionsApplied;
+    RemoveTrait(card, kJudgement);
+    card.TraitActionsApplied = applied;
+    while (card.Traits.UpperBound() > 1 && card.Traits[card.Traits.UpperBound()].empty()) {
+      card.Traits.Resize(card.Traits.UpperBound() - 1);
+      card.TraitCaptions.Resize(card.Traits.UpperBound());
+    }
   }
   card.ChangedTraits = Text();
   card.TargetSlot = card.StoredTarget = 0;
   card.GlobalID = 0;  // each gets one when it is dealt
+}
+
+/// Brings the free records of a pile to its bottom, without what cards have left in them.
+void GatherCards(Pile& pile) {
+  int place = pile.UpperBound();
+  for (int index = place; index >= 1; --index) {
+    if (IsFree(pile[index])) continue;
+    if (index != place) std::swap(pile[index], pile[place]);
+    --place;
+  }
+  for (; place >= 1; --place) pile[place] = Card();
 }
 
 /// The records of a pile that hold cards, in order.
@@ -68,6 +87,7 @@ void Sort(std::vector<Card*>& places) {
 }  // namespace
 
 void ForgetHiddenCards(int side) {
+  for (PlayerState& player : State().Players) GatherCards(player.Deck);
   for (std::vector<Card*>& places : HiddenPlaces(side)) Sort(places);
   if (side == 2) ForgetPlans();
 }
