@@ -55,11 +55,11 @@ class DuelTest : public SessionTest {
   }
 };
 
-TEST_F(DuelTest, AWorkingActionThatLosesTheMatchIsLeftOut) {
+TEST_F(DuelTest, AWorkingActionThatSpoilsTheMatchIsLeftOut) {
   for (int side = 1; side <= 2; ++side) {
     SetTrait(State().CardTable[State().Players[3 - side].PlayerCard], "HP", 3, 0);
     SetTrait(State().CardTable[State().Players[side].PlayerCard], "HP", 10, 0);
-    Hold(side, 1, "Blunder", "OWNER", "SUBTRAIT:HP:10", "PRIORITY:50");
+    Hold(side, 1, "Blunder", "ENEMYPLAYER", "MODTRAIT:HP:5", "PRIORITY:50");
     Hold(side, 2, "Stab", "ENEMYPLAYER", "SUBTRAIT:HP:3");
     State().Players[3 - side].Hand[1] = State().Players[3 - side].Hand[2] = Card();
     const auto plan = PlanByPlaying(side, kSteps / 10);
@@ -179,14 +179,14 @@ TEST_F(MatchInProgressTest, AMatchOfThinkersIsAFunctionOfItsSeed) {
   const auto think = [](int side) { return PlanByPlaying(side, kSteps / 2); };
   stage_.LetThink(think);
   stage_.GiveMinds(1, 1);
-  stage_.Play(9, 3);
+  stage_.Play(14, 2);
   const std::string hash = stage_.MatchHash();
   stage_.GiveMinds(0, 0);
-  stage_.Play(9, 3);
+  stage_.Play(14, 2);
   EXPECT_NE(stage_.MatchHash(), hash) << "thinking changed nothing";
   stage_.GiveMinds(1, 1);
   stage_.PlayAloud();
-  stage_.Play(9, 3);
+  stage_.Play(14, 2);
   EXPECT_EQ(stage_.MatchHash(), hash);
 }
 
