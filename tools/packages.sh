@@ -1,11 +1,12 @@
-# The packages that building, running and testing need, and how they are installed. Sourced by ./run
-# and ./test.
+# The packages that building, running, testing and packing need, and how they are installed. Sourced by
+# ./run, ./test and ./package.
 
 engine_packages="g++ cmake ninja-build libarchive-dev nlohmann-json3-dev"
 build_packages="$engine_packages qt6-base-dev qt6-webengine-dev qt6-image-formats-plugins libgl-dev fonts-dejavu-core"
-test_packages="libgtest-dev xvfb xdotool imagemagick python3 python3-gi gir1.2-atspi-2.0 at-spi2-core dbus neovim"
+test_packages="libgtest-dev xvfb xdotool imagemagick python3 python3-gi gir1.2-atspi-2.0 at-spi2-core dbus neovim librsvg2-bin desktop-file-utils appstream man-db"
 lint_packages="clang-format clang-tidy"
 bench_packages="libbenchmark-dev"
+package_packages="python3 librsvg2-bin dpkg-dev file"
 sanitizer_packages="clang libclang-rt-14-dev"
 
 say() { printf '%s\n' "$*" >&2; }

@@ -2,6 +2,7 @@
 #include <array>
 
 #include "apps/brindle/commands.h"
+#include "apps/version_text.h"
 #include "journal/journal_writer.h"
 #include "platform/program_frame.h"
 #include "simulation/report.h"
@@ -69,6 +70,7 @@ void PrintHelp() {
     std::cout << "  brindle " << command.Usage << "\n      " << command.Summary << '\n';
   }
   std::cout << "  brindle --help\n      Shows this.\n";
+  std::cout << "  brindle --version\n      Shows the version.\n";
 }
 
 int Run(Arguments arguments) {
@@ -78,6 +80,10 @@ int Run(Arguments arguments) {
   }
   if (arguments[0] == "--help" || arguments[0] == "help") {
     PrintHelp();
+    return kSuccess;
+  }
+  if (arguments[0] == "--version") {
+    std::cout << VersionText("brindle");
     return kSuccess;
   }
   for (const ToolCommand& command : kCommands) {

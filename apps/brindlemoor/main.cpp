@@ -14,8 +14,8 @@
 #include "apps/brindlemoor/folder_filling.h"
 #include "apps/brindlemoor/options.h"
 #include "apps/brindlemoor/program_folder.h"
+#include "apps/version_text.h"
 #include "archive/zip_library.h"
-#include "core/program_version.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "editor/compose_folder.h"
@@ -221,9 +221,7 @@ int RunDesktop(int argc, char** argv) {
     return kWrongUsage;
   }
   if (options.Help || options.Version) {
-    std::fputs(
-        options.Help ? HelpText() : (Joined("Brindlemoor version ", kProgramVersion, "\n").c_str()),
-        stdout);
+    std::fputs(options.Help ? HelpText() : VersionText("brindlemoor").c_str(), stdout);
     return 0;
   }
   // A file where a folder is meant is what a file manager opens the program with.
