@@ -142,12 +142,16 @@ bool IsProgramsOwn(std::string_view fileName) {
   return IsOneOf(kProgramsPages, stem);
 }
 
-std::string WhyNoEntry(std::string_view name) {
+std::string WhyNoPlace(std::string_view name) {
   std::string why = WhyNoName(name);
+  if (why.empty() && PartsOf(name).size() > kMostEntryParts) why = "lies in a folder of a folder";
+  return why;
+}
+
+std::string WhyNoEntry(std::string_view name) {
+  std::string why = WhyNoPlace(name);
   if (!why.empty()) return why;
-  const std::vector<std::string_view> parts = PartsOf(name);
-  if (parts.size() > kMostEntryParts) return "lies in a folder of a folder";
-  if (IsProgramsOwn(parts.back())) return "is a file that the program or a player has";
+  if (IsProgramsOwn(PartsOf(name).back())) return "is a file that the program or a player has";
   if (KindOfGameFile(name) == GameFileKind::kNone) return "is of no kind that games have";
   return "";
 }

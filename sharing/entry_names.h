@@ -20,8 +20,11 @@ bool IsProgramsOwn(std::string_view fileName);
 /// Folders of a passed-on game lie directly in the program's folder.
 inline constexpr std::size_t kMostEntryParts = 2;
 
-/// Why no file of a game can have this name ("goblins/Cards.txt") in an archive, in words that go
-/// on from it; "" when one can.
+/// Why no file can lie under this name ("goblins/Cards.txt") in a program's folder or one directly
+/// below, on any system, in words that go on from it; "" when one can.
+std::string WhyNoPlace(std::string_view name);
+/// The same for a file of a game in an archive, which is of a kind that games have and none of the
+/// program's own.
 std::string WhyNoEntry(std::string_view name);
 /// The same for a folder; a "/" behind it does not count.
 std::string WhyNoFolderEntry(std::string_view name);

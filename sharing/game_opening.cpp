@@ -7,13 +7,16 @@
 
 #include "platform/files.h"
 #include "sharing/entry_names.h"
-#include "sharing/opening_stage.h"
+#include "sharing/file_stage.h"
 #include "text/fold.h"
 #include "text/text.h"
 
 namespace brindlemoor {
 
 namespace {
+
+constexpr StagePurpose kOpening{"opening", "The files of a game, to be moved to their places:\n",
+                                &WhyNoEntry, true};
 
 constexpr std::string_view kByAnother =
     "Another program is opening an archive in this folder at the moment.";
@@ -116,7 +119,7 @@ OpeningPlan PlanOpening(const GameArchive& archive, FileSystem& files, const std
 
 OpeningResult OpenInFolder(const GameArchive& archive, const OpeningPlan& plan, Differing differing,
                            FileSystem& files, const std::string& folder) {
-  OpeningStage stage(files, folder);
+  FileStage stage(files, folder, kOpening);
   if (!stage.IsHeld()) return Refused(kByAnother);
   if (stage.HasLeftovers()) {
     if (stage.TakeLeftovers()) {
@@ -148,7 +151,7 @@ OpeningResult OpenInFolder(const GameArchive& archive, const OpeningPlan& plan, 
 }
 
 std::string FinishOpening(FileSystem& files, const std::string& folder) {
-  OpeningStage stage(files, folder);
+  FileStage stage(files, folder, kOpening);
   if (!stage.IsHeld() || !stage.HasLeftovers()) return "";
   if (!stage.TakeLeftovers()) {
     const bool isBare = stage.IsBare();

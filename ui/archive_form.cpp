@@ -12,13 +12,12 @@
 #include "game/leaving.h"
 #include "game/player_files.h"
 #include "platform/arrangement.h"
+#include "sharing/first_lines.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
 
 namespace {
-
-constexpr std::size_t kMostTold = 4;  // remarks, and names of kept files
 
 struct FateWords {
   FileFate Fate;
@@ -59,22 +58,12 @@ std::string CountsOf(const OpeningPlan& plan) {
   return Joined(counts, ".");
 }
 
-/// A line each, and how many more there are.
-std::string FirstOf(const std::vector<std::string>& lines) {
-  std::string text;
-  for (std::size_t index = 0; index < lines.size() && index < kMostTold; ++index) {
-    text += Joined(index == 0 ? "" : "\n", lines[index]);
-  }
-  if (lines.size() > kMostTold) text += Joined("\nand ", lines.size() - kMostTold, " more.");
-  return text;
-}
-
 void TellOfOpening(const GameArchive& archive, const OpeningResult& result) {
   std::string text =
       Joined(GamesOf(archive), ": ", CountText(static_cast<int>(result.Written), "file"),
              " put into the folder.");
   if (!result.Kept.empty()) {
-    text += Joined("\n\nYour own files are kept as:\n", FirstOf(result.Kept));
+    text += Joined("\n\nYour own files are kept as:\n", FirstLines(result.Kept));
   }
   Desktop().MessageBox(text);
 }
@@ -114,7 +103,7 @@ std::optional<Differing> ArchiveForm::Ask(const GameArchive& archive, const Open
       Joined(GamesOf(archive), ": ", CountText(static_cast<int>(archive.Files.size()), "file"),
              ", ", SizeText(archive.Bytes));
   Counts.Caption = CountsOf(plan);
-  Remarks.Caption = FirstOf(plan.Remarks);
+  Remarks.Caption = FirstLines(plan.Remarks);
   Remarks.Visible = !plan.Remarks.empty();
   Entries.Items = ListOf(archive, plan);
   Entries.Selected = 1;

@@ -32,6 +32,7 @@
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/style.h"
 #include "sharing/game_opening.h"
+#include "sharing/games_update.h"
 #include "text/text.h"
 #include "ui/archive_form.h"
 #include "ui/forms.h"
@@ -110,6 +111,14 @@ void Run(const std::shared_ptr<QtPlatform>& desktop, JournalWriter& journal,
   recorder->Finish();
 }
 
+/// While another program plays on the folder its games stay as they are.
+void UpdateShippedGames(const ProgramFolderResult& place, const ProgramCopy& copy,
+                        Platform& desktop) {
+  if (place.Shipped.empty() || copy.Number() != 1) return;
+  const std::string told = UpdateGames(desktop.Files(), place.Folder, place.Shipped);
+  if (!told.empty()) Say(desktop, told);
+}
+
 int Play(const Options& options) {
   const ProgramFolderResult place = FindFolder(options);
   auto desktop =
@@ -125,6 +134,7 @@ int Play(const Options& options) {
   const std::string finished = FinishOpening(desktop->Files(), place.Folder);
   if (!finished.empty()) Say(*desktop, finished);
   const ProgramCopy copy(place.Folder);
+  UpdateShippedGames(place, copy, *desktop);
   JournalWriter journal;
   if (!options.Journal.empty()) {
     const SessionStart start{place.Folder, options.Debug, options.Seed, copy.Number()};

@@ -62,10 +62,17 @@ std::string CantCopy(const std::string& folder, const std::string& problem) {
   return Joined("The games can't be copied to \"", folder, "\": ", problem, ".");
 }
 
-/// Fills the user's folder from the first place that has games. "" or what is wrong.
-std::string Fill(const std::vector<std::string>& shipped, const std::string& folder) {
+/// The first place that has games; "" for none.
+std::string PlaceOfGames(const std::vector<std::string>& shipped) {
   for (const std::string& games : shipped) {
-    if (!LookForGames(games).value_or(true)) continue;
+    if (LookForGames(games).value_or(true)) return games;
+  }
+  return "";
+}
+
+/// Fills the user's folder. "" or what is wrong.
+std::string Fill(const std::string& games, const std::string& folder) {
+  if (!games.empty()) {
     const std::string problem = FillFolder(games, folder);
     return problem.empty() ? "" : CantCopy(folder, problem);
   }
@@ -91,6 +98,7 @@ ProgramFolderResult UserFolder(const FolderChoice& choice) {
     if (!problem.empty()) return {"", CantCopy(folder, problem)};
   }
   if (!isFilled || FillingTurn::IsDue(folder)) turn.emplace(folder, !isFilled);
+  const std::string games = PlaceOfGames(choice.ShippedGames);
   // Another start may have filled it meanwhile.
   const std::optional<bool> hasGames = HasAllGames(folder);
   std::string problem = hasGames ? "" : Checked(folder).Error;
@@ -98,9 +106,16 @@ ProgramFolderResult UserFolder(const FolderChoice& choice) {
     problem = Joined("The text files of \"", folder, "\" can't all be read, so it can't be told ",
                      "whether there are games.");
   } else if (problem.empty() && !*hasGames) {
-    problem = Fill(choice.ShippedGames, folder);
+    problem = Fill(games, folder);
   }
-  return problem.empty() ? Checked(folder) : ProgramFolderResult{"", std::move(problem)};
+  if (!problem.empty()) return {"", std::move(problem)};
+  ProgramFolderResult result = Checked(folder);
+  // Whoever makes the games may have a link to them here.
+  std::error_code error;
+  if (!fs::equivalent(folder, games, error) && !error) {
+    result.Shipped = fs::path(games).lexically_normal().string();
+  }
+  return result;
 }
 
 }  // namespace

@@ -19,6 +19,9 @@ struct FolderChoice {
 struct ProgramFolderResult {
   std::string Folder;
   std::string Error;  ///< "" when Folder can be used
+  /// Where the games lie that the user's own folder is filled and kept up to date with; "" for any
+  /// other folder.
+  std::string Shipped{};
 };
 
 /// The folder of the command line; else the executable's folder if it holds games; else the user's

@@ -193,8 +193,9 @@ def _window_states(display_name, window):
 class Program:
     """The running program and what of it can be seen."""
 
-    def __init__(self, display, folder, *arguments, environment=None, file_size=None):
-        """file_size is the most bytes that its files may have, None for no bound."""
+    def __init__(self, display, folder, *arguments, environment=None, file_size=None,
+                 program_file=None):
+        """The program under test, or a copy of it. file_size is the most bytes that its files may have, None for no bound."""
         self.display = display
         self.folder = Path(folder)
         self._scratch = Path(tempfile.mkdtemp(prefix="brindlemoor-run-"))
@@ -202,7 +203,7 @@ class Program:
         self._errors = open(self._scratch / "errors", "w+", encoding="utf-8")
         variables = {**os.environ, "DISPLAY": display.name, "QT_QPA_PLATFORM": "xcb",
                      "BRINDLEMOOR_TEST_GEOMETRY": str(self._report), **(environment or {})}
-        self.process = subprocess.Popen([program(), *map(str, arguments)], env=variables,
+        self.process = subprocess.Popen([program_file or program(), *map(str, arguments)], env=variables,
                                         stdout=subprocess.DEVNULL, stderr=self._errors,
                                         start_new_session=True,
                                         preexec_fn=file_size and (lambda: resource.setrlimit(

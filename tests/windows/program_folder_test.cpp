@@ -51,12 +51,20 @@ TEST_F(ProgramFolderTest, TheCommandLineGoesFirstThenTheProgramThenTheUser) {
   for (const char* dataHome : {"", "relative/data"}) {
     choice_.DataHome = dataHome;
     EXPECT_EQ(FindProgramFolder(choice_).Folder, Path("home/.local/share/brindlemoor"));
+    EXPECT_EQ(FindProgramFolder(choice_).Shipped, Path("shipped"));
   }
+  fs::create_directory(Path("links"));
+  fs::create_directory_symlink(Path("shipped"), Path("links/brindlemoor"));
+  choice_.DataHome = Path("links");
+  EXPECT_EQ(FindProgramFolder(choice_).Folder, Path("shipped"));
+  EXPECT_EQ(FindProgramFolder(choice_).Shipped, "") << "they would be updated by themselves";
   Write("program/Pebbles.txt", "#GAMERULES, Pebbles");
   EXPECT_EQ(FindProgramFolder(choice_).Folder, Path("program"));
+  EXPECT_EQ(FindProgramFolder(choice_).Shipped, "");
   fs::create_directories(Path("empty"));
   choice_.Argument = Path("program/../empty/");
   EXPECT_EQ(FindProgramFolder(choice_).Folder, Path("empty"));
+  EXPECT_EQ(FindProgramFolder(choice_).Shipped, "");
   EXPECT_EQ(FindProgramFolder(choice_).Error, "");
 }
 
