@@ -42,9 +42,7 @@ class SharedArray {
   ~SharedArray() { Release(); }
 
   /// Index of the last element, 0 for an empty array.
-  int UpperBound() const noexcept {
-    return storage_ != nullptr ? storage_->count : 0;
-  }
+  int UpperBound() const noexcept { return storage_ != nullptr ? storage_->count : 0; }
   bool Holds(int index) const noexcept { return index >= 1 && index <= UpperBound(); }
 
   /// The element at a 1-based index; an index outside the array reads as an empty element.
@@ -94,9 +92,7 @@ class SharedArray {
   }
 
   /// Iteration reads only.
-  const T* begin() const noexcept {
-    return storage_ != nullptr ? storage_->Elements() : nullptr;
-  }
+  const T* begin() const noexcept { return storage_ != nullptr ? storage_->Elements() : nullptr; }
   const T* end() const noexcept { return begin() + UpperBound(); }
 
  private:

@@ -292,17 +292,18 @@ inline constexpr auto kFilteredFields = std::tuple{Field{&Session::RefCache}};
 inline constexpr auto kLeftOut = std::tuple{
     // Made anew with each game, or for each read.
     &Session::BitValues, &Session::Games, &Session::CurrentGame, &Session::MasterCards,
-    &Session::MasterPlaces, &Session::GiverPlaces, &Session::TraitBitPlaces, &Session::CurrentFolder, &Session::ReadDepth,
-    &Session::FileList, &Session::OpenPaths, &Session::FilesRead, &Session::Problems,
-    &Session::TwinsTaken, &Session::Lists, &Session::InternedTexts, &Session::RandomPictures,
+    &Session::MasterPlaces, &Session::GiverPlaces, &Session::TraitBitPlaces,
+    &Session::CurrentFolder, &Session::ReadDepth, &Session::FileList, &Session::OpenPaths,
+    &Session::FilesRead, &Session::Problems, &Session::TwinsTaken, &Session::Lists,
+    &Session::InternedTexts, &Session::RandomPictures,
     // Of the program, its user and its windows.
     &Session::Profile, &Session::Profiles, &Session::ProgramFolder, &Session::PagesWritten,
     &Session::CopyOfProgram, &Session::OwnNavigation, &Session::DebugMode, &Session::Quiet,
     &Session::FullSizeImages, &Session::DeckManagerMode, &Session::DeckManagerInGame,
     &Session::PickingCard, &Session::SaleMode, &Session::Services, &Session::Windows,
     &Session::Editor, &Session::TryOpponent, &Session::ThinkOfTurn, &Session::Minds,
-    &Session::EnemyPlan, &Session::Desktop, &Session::OpenForms,
-    &Session::OpenEditorForms, &Session::ImageBridge, &Session::Trace, &Session::Journal,
+    &Session::EnemyPlan, &Session::Desktop, &Session::OpenForms, &Session::OpenEditorForms,
+    &Session::ImageBridge, &Session::Trace, &Session::Journal,
     // Of the card editor.
     &Session::Templates, &Session::Crop, &Session::CardFile, &Session::EditCard,
     &Session::CommonTraits, &Session::SingleCardEdit, &Session::TestFromEditor, &Session::Suspended,

@@ -91,13 +91,12 @@ struct ChangeWalk {
 
   /// Leaves the list with what waits.
   void Close() {
-    if (CardIsThere() && Waiting.empty() && AtEnd()) {
+    const bool nothingWaits = Waiting.empty() && CardIsThere() && AtEnd();
+    if (nothingWaits || IsFree(Target)) {
       Target.ChangedTraits = Text();
     } else if (CardIsThere()) {
       const std::string_view list = Target.ChangedTraits;
       Target.ChangedTraits = Waiting + std::string(list.substr(std::min(Position, list.size())));
-    } else if (IsFree(Target)) {
-      Target.ChangedTraits = Text();
     }
   }
 };

@@ -28,7 +28,8 @@ constexpr auto kKindRows = std::to_array<KindRow>({
 });
 
 CaretWordKind KindOfPart(const ScriptPart& part) {
-  if (part.Name.empty()) return part.Row != nullptr ? CaretWordKind::kCommand : CaretWordKind::kNone;
+  if (part.Name.empty())
+    return part.Row != nullptr ? CaretWordKind::kCommand : CaretWordKind::kNone;
   if (part.Name == "NAME") return CaretWordKind::kCard;
   if (part.Name == "FILE") return CaretWordKind::kFile;
   switch (KindOfArgument(part.Name)) {

@@ -27,8 +27,8 @@ struct AutomaticMatchOptions {
   bool DespiteChanges = false;  ///< goes on though card files have changed
   bool Trace = false;           ///< prints which actions did nothing, and why
   std::string SaveTo{};         ///< gets the match as it stands after the last turn; "" saves none
-  int Mind = 0;        ///< level of the opponent (core/mind_levels.h)
-  int PlayerMind = 0;  ///< of the player
+  int Mind = 0;                 ///< level of the opponent (core/mind_levels.h)
+  int PlayerMind = 0;           ///< of the player
   /// How those think that do (Session::ThinkOfTurn).
   std::optional<TurnPlan> (*ThinkOfTurn)(int side) = nullptr;
   /// Gets every report page under its file name, whether pages are kept or not.

@@ -6,8 +6,8 @@
 #include "simulation/automatic_player.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/process_size.h"
-#include "text/sanitizers.h"
 #include "tests/support/shipped_games.h"
+#include "text/sanitizers.h"
 
 namespace brindlemoor {
 namespace {
