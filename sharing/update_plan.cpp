@@ -141,14 +141,16 @@ class Planning {
   void KeepWhatIsNamed() {
     for (bool isSettled = plan_.Removed.empty(); !isSettled;) {
       const std::vector<std::string> texts = TextsOfUser();
-      const auto first = std::ranges::stable_partition(plan_.Removed, [&](const std::string& name) {
+      const auto isUnnamed = [&texts](const std::string& name) {
         return std::ranges::none_of(texts, [last = FoldedLastPart(name)](const std::string& text) {
           return text.find(last) != text.npos;
         });
-      });
-      isSettled = first.empty();
-      plan_.Named.insert(plan_.Named.end(), first.begin(), first.end());
-      plan_.Removed.erase(first.begin(), first.end());
+      };
+      std::vector<std::string>& removed = plan_.Removed;
+      const auto named = std::stable_partition(removed.begin(), removed.end(), isUnnamed);
+      isSettled = named == removed.end();
+      plan_.Named.insert(plan_.Named.end(), named, removed.end());
+      removed.erase(named, removed.end());
     }
   }
 
