@@ -14,7 +14,6 @@
 #include "script/parsed_script.h"
 #include "script/trait_changes.h"
 #include "script/triggers.h"
-#include "text/fold.h"
 #include "text/joined.h"
 
 namespace brindlemoor {

@@ -22,7 +22,7 @@ void Arm(const PlannedAction& planned, int side) {
   if (card.Effects[planned.Effect].MenuState != kMenuAction) return;
   CardEffect& action = card.Effects.Edit(planned.Effect);
   action.MenuState = kArmedMenuAction;
-  if (planned.Target != 0) action.ChosenTarget = planned.Target;
+  action.ChosenTarget = planned.Target;
 }
 
 void ArmActions(const TurnPlan& plan, int side) {

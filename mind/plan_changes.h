@@ -11,7 +11,7 @@ namespace brindlemoor {
 TurnPlan PlainPlan(int side);
 
 /// Plans that differ from one in a single thing: a card that is left out, added, played first or
-/// aimed at another card; a menu action that is taken back, used or aimed. In a fixed order.
+/// aimed at another card; a menu action that is taken back or used. In a fixed order.
 std::vector<TurnPlan> ChangedPlans(const TurnPlan& plan, int side);
 
 }  // namespace brindlemoor

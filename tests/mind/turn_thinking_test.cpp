@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "core/random.h"
+#include "game/planned_turn.h"
 #include "game/turn.h"
 #include "mind/playouts.h"
 #include "scenario/state_digest.h"
@@ -82,6 +83,17 @@ TEST_F(DuelTest, ACardIsAimedWhereItDecidesTheMatch) {
   TakeTurn(0);
   EXPECT_EQ(NamesWith("WARD"), "Crumb");
   EXPECT_FALSE(State().EnemyPlan) << "a plan is for one turn";
+}
+
+TEST_F(DuelTest, AMenuActionIsAimedByThePlanAlone) {
+  Card& lamp = PutInPlay(MakeCard("Lamp", 1));
+  const int action = GiveAction(lamp, "MENU:PHASE1:Shine", "CARD", "MODTRAIT:LIT:1");
+  lamp.Effects.Edit(action).ChosenTarget = 1;  // of a turn that is over
+  for (const int target : {0, 2}) {
+    LineUp({{}, {{lamp.Slot, action, target}}});
+    EXPECT_EQ(lamp.Effects[action].MenuState, kArmedMenuAction) << target;
+    EXPECT_EQ(lamp.Effects[action].ChosenTarget, target);
+  }
 }
 
 TEST_F(DuelTest, AScriptWithoutAnEndCostsNoMoreThanTheSteps) {
