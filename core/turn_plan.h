@@ -9,7 +9,6 @@ namespace brindlemoor {
 struct PlannedPlay {
   int Position = 0;  ///< in the hand
   int Target = 0;    ///< slot of the card that it is aimed at; 0 lets its actions choose
-  bool operator==(const PlannedPlay&) const = default;
 };
 
 /// A menu action of a table card.
@@ -17,13 +16,11 @@ struct PlannedAction {
   int Slot = 0;
   int Effect = 0;  ///< its number
   int Target = 0;  ///< slot of the card that it is aimed at; 0 lets it choose
-  bool operator==(const PlannedAction&) const = default;
 };
 
 struct TurnPlan {
   std::vector<PlannedPlay> Plays;      ///< in order
   std::vector<PlannedAction> Actions;  ///< in the order of the table
-  bool operator==(const TurnPlan&) const = default;
 };
 
 }  // namespace brindlemoor

@@ -1,4 +1,4 @@
-// What the cards in the hand of side 1 are worth now, and why.
+// What the cards in a hand are worth now, and why.
 #include "game/hints.h"
 
 #include <algorithm>
@@ -23,9 +23,9 @@ struct ValuedCard {
   CardWorth Worth;
 };
 
-std::vector<ValuedCard> ValueHand(WorthDetail detail) {
+std::vector<ValuedCard> ValueHand(int side, WorthDetail detail) {
   const WorkAccount account;
-  const Pile& hand = State().Players[1].Hand;
+  const Pile& hand = State().Players[side].Hand;
   std::vector<ValuedCard> cards;
   for (int position = 1; position <= hand.UpperBound(); ++position) {
     if (IsFree(hand[position])) continue;
@@ -93,16 +93,17 @@ std::string TrialSentence(const Card& card, const ActionTrial& trial) {
 
 }  // namespace
 
-std::vector<HandValue> HandValues() {
+std::vector<HandValue> HandValues(int side) {
   std::vector<HandValue> values;
-  for (const ValuedCard& valued : ValueHand(WorthDetail::kSums)) values.push_back(valued.Play);
+  for (const ValuedCard& valued : ValueHand(side, WorthDetail::kSums))
+    values.push_back(valued.Play);
   return values;
 }
 
 std::vector<Hint> HandHints() {
   const Looking looking;
   std::vector<Hint> hints;
-  for (ValuedCard& valued : ValueHand(WorthDetail::kTrials)) {
+  for (ValuedCard& valued : ValueHand(1, WorthDetail::kTrials)) {
     Hint hint{valued.Play, State().Players[1].Hand[valued.Play.Position], {}};
     for (const ActionTrial& trial : valued.Worth.Trials) {
       if (trial.IsTried) hint.Trials.push_back(TrialSentence(hint.Card, trial));

@@ -1,4 +1,4 @@
-// What the cards in the hand of side 1 are worth now, and why.
+// What the cards in a hand are worth now, and why.
 #pragma once
 
 #include <string>
@@ -19,9 +19,9 @@ struct HandValue {
   bool IsWorthPlaying() const { return Payable && Value >= 1; }
 };
 
-/// The cards in the hand of side 1, best first; of equal ones the one that lies further left. They
-/// are valued on copies; only the random sequence moves on.
-std::vector<HandValue> HandValues();
+/// The cards in the hand of a side, 1 or 2, best first; of equal ones the one that lies further
+/// left. They are valued on copies; only the random sequence moves on.
+std::vector<HandValue> HandValues(int side);
 
 /// A hand card with its value and what the trials of its actions said, in the order of its actions.
 struct Hint {

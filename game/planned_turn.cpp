@@ -34,6 +34,22 @@ void ArmActions(const TurnPlan& plan, int side) {
 
 }  // namespace
 
+std::vector<PlannedAction> OpenActions(int side) {
+  std::vector<PlannedAction> actions;
+  const Pile& table = State().CardTable;
+  for (int slot = 1; slot <= table.UpperBound(); ++slot) {
+    const Card& card = table[slot];
+    if (IsFree(card) || card.Owner != side) continue;
+    for (int effect = 1; effect <= card.Effects.UpperBound(); ++effect) {
+      // An action on a stored card needs a pick in the deck manager.
+      const bool isOpen = card.Effects[effect].MenuState == kMenuAction &&
+                          card.Effects[effect].TargetType != kTargetCollection;
+      if (isOpen) actions.push_back({slot, effect});
+    }
+  }
+  return actions;
+}
+
 void LineUp(const TurnPlan& plan) {
   Session& session = State();
   ForgetQueuedPlays();

@@ -2,11 +2,15 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "core/turn_plan.h"
 #include "game/opponent.h"
 
 namespace brindlemoor {
+
+/// The menu actions of a side, 1 or 2, that it could arm, in the order of the table, unaimed.
+std::vector<PlannedAction> OpenActions(int side);
 
 /// Lines a plan of side 1 up as clicks would: the queue with its targets, the armed menu actions.
 /// Whatever was lined up before is forgotten. What is not in the hand or on the table any more is

@@ -1,4 +1,4 @@
-// The plain mind's plan, and those beside a plan.
+// The plans beside a plan.
 #include "mind/plan_changes.h"
 
 #include <algorithm>
@@ -7,29 +7,10 @@
 #include "core/cards.h"
 #include "core/state.h"
 #include "game/aiming.h"
-#include "game/card_play.h"
-#include "game/opponent.h"
-#include "language/target_types.h"
+#include "game/planned_turn.h"
 
 namespace brindlemoor {
 namespace {
-
-/// A menu action of the side that could be armed.
-bool IsOpenAction(const Card& card, int effect, int side) {
-  return card.Owner == side && card.Effects[effect].MenuState == kMenuAction &&
-         card.Effects[effect].TargetType != kTargetCollection;
-}
-
-template <class Visit>
-void ForEachAction(int side, Visit visit) {
-  Pile& table = State().CardTable;
-  for (int slot = 1; slot <= table.UpperBound(); ++slot) {
-    if (IsFree(table[slot])) continue;
-    for (int effect = 1; effect <= table[slot].Effects.UpperBound(); ++effect) {
-      if (IsOpenAction(table[slot], effect, side)) visit(slot, effect);
-    }
-  }
-}
 
 bool Plays(const TurnPlan& plan, int position) {
   return std::ranges::find(plan.Plays, position, &PlannedPlay::Position) != plan.Plays.end();
@@ -86,40 +67,17 @@ void AddActions(const TurnPlan& plan, int side, std::vector<TurnPlan>& plans) {
     auto& left = plans.back().Actions;
     left.erase(left.begin() + static_cast<std::ptrdiff_t>(index));
   }
-  ForEachAction(side, [&](int slot, int effect) {
+  for (const PlannedAction& open : OpenActions(side)) {
     const bool isUsed = std::ranges::any_of(plan.Actions, [&](const PlannedAction& action) {
-      return action.Slot == slot && action.Effect == effect;
+      return action.Slot == open.Slot && action.Effect == open.Effect;
     });
-    if (isUsed) return;
+    if (isUsed) continue;
     plans.push_back(plan);
-    plans.back().Actions.push_back({slot, effect});
-  });
+    plans.back().Actions.push_back(open);
+  }
 }
 
 }  // namespace
-
-TurnPlan PlainPlan(int side) {
-  const WorkAccount account;
-  std::vector<std::pair<double, int>> worth;
-  const Pile& hand = State().Players[side].Hand;
-  for (int position = 1; position <= hand.UpperBound(); ++position) {
-    if (IsFree(hand[position])) continue;
-    Card card = hand[position];
-    const CardWorth found = ValueCardForAI(card);
-    if (found.Payable && found.Total() >= 1) worth.emplace_back(-found.Total(), position);
-  }
-  std::ranges::stable_sort(worth, {}, &std::pair<double, int>::first);
-  TurnPlan plan;
-  for (const auto& [value, position] : worth) plan.Plays.push_back({position});
-  ForEachAction(side, [&plan](int slot, int effect) {
-    Card& card = State().CardTable[slot];
-    const auto target = ChooseMenuAction(card, effect);
-    if (!target) return;
-    const bool aims = card.Effects[effect].TargetType == kTargetCard;
-    plan.Actions.push_back({slot, effect, aims ? *target : 0});
-  });
-  return plan;
-}
 
 std::vector<TurnPlan> ChangedPlans(const TurnPlan& plan, int side) {
   const WorkAccount account;

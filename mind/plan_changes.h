@@ -7,9 +7,6 @@
 
 namespace brindlemoor {
 
-/// What the plain mind would do on the present table, as a plan.
-TurnPlan PlainPlan(int side);
-
 /// Plans that differ from one in a single thing: a card that is left out, added, played first or
 /// aimed at another card; a menu action that is taken back or used. In a fixed order.
 std::vector<TurnPlan> ChangedPlans(const TurnPlan& plan, int side);

@@ -15,6 +15,7 @@
 #include "mind/plan_changes.h"
 #include "mind/playouts.h"
 #include "mind/position_value.h"
+#include "simulation/automatic_player.h"
 
 namespace brindlemoor {
 namespace {

@@ -17,7 +17,7 @@ class SmallBlocks {
   /// At least so many bytes, aligned as operator new aligns.
   static void* Take(std::size_t bytes) {
     const std::size_t size = SizeOf(bytes);
-    if (size >= kSizes) return ::operator new(bytes);
+    if (IsLarge(size)) return ::operator new(bytes);
     Kept& kept = kept_[size];
     if (kept.First == nullptr) return ::operator new(size* kStep);
     Block* block = kept.First;
@@ -28,7 +28,7 @@ class SmallBlocks {
   /// Gives back what Take gave for so many bytes.
   static void Give(void* memory, std::size_t bytes) noexcept {
     const std::size_t size = SizeOf(bytes);
-    if (size >= kSizes || kept_[size].Count >= kMostOfSize) {
+    if (IsLarge(size) || kept_[size].Count >= kMostOfSize) {
       ::operator delete(memory);
       return;
     }
@@ -40,7 +40,7 @@ class SmallBlocks {
  private:
   static constexpr std::size_t kStep = 16;
   /// Blocks of 16 to 1,008 bytes are kept.
-  static constexpr std::size_t kSizes = kUnderAddressSanitizer ? 0 : 64;
+  static constexpr std::size_t kSizes = 64;
   static constexpr int kMostOfSize = 256;
 
   struct Block {
@@ -52,7 +52,12 @@ class SmallBlocks {
   };
   static constexpr std::size_t SizeOf(std::size_t bytes) { return (bytes + kStep - 1) / kStep; }
 
-  static constinit inline std::array<Kept, 64> kept_{};
+  /// The sanitizer sees what is used after it was given back only in memory of its own.
+  static constexpr bool IsLarge(std::size_t size) {
+    return kUnderAddressSanitizer || size >= kSizes;
+  }
+
+  static constinit inline std::array<Kept, kSizes> kept_{};
 };
 
 }  // namespace brindlemoor

@@ -1,18 +1,13 @@
 // Many turns and many matches in one run: nothing grows. BRINDLEMOOR_LONG_LIFE=100 makes it 10,000
 // turns and 1,000 matches.
-#include <iostream>
-
 #include "game/turn.h"
 #include "simulation/automatic_player.h"
 #include "tests/support/action_cards.h"
 #include "tests/support/process_size.h"
 #include "tests/support/shipped_games.h"
-#include "text/sanitizers.h"
 
 namespace brindlemoor {
 namespace {
-
-constexpr std::int64_t kMostGrowth = 2048;  // KiB, from the first quarter to the end
 
 class LongLifeTest : public ShippedGamesTest {
  protected:
@@ -28,22 +23,6 @@ class LongLifeTest : public ShippedGamesTest {
     PlanAutomaticPlays();
     TakeTurn(0);
     ForgetWhatWasShown();
-  }
-  /// Does something so often, and compares what the process holds.
-  template <class Action>
-  static void ExpectFlat(const char* what, int times, Action action) {
-    ProcessSize early;
-    for (int done = 0; done < times && !HasFatalFailure(); ++done) {
-      action();
-      if (done == times / 4) early = SizeOfProcess();
-    }
-    const ProcessSize late = SizeOfProcess();
-    std::cout << times << " " << what << ": " << early.Memory << " to " << late.Memory
-              << " KiB, open files " << early.Files << " to " << late.Files << std::endl;
-    if (!kUnderAddressSanitizer) {
-      EXPECT_LE(late.Memory, early.Memory + kMostGrowth) << what;
-    }
-    EXPECT_LE(late.Files, early.Files) << what;
   }
 };
 

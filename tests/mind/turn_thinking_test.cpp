@@ -14,6 +14,7 @@
 #include "simulation/simulation.h"
 #include "simulation/stage.h"
 #include "tests/support/action_cards.h"
+#include "tests/support/process_size.h"
 #include "tests/support/session_test.h"
 
 namespace brindlemoor {
@@ -135,6 +136,14 @@ TEST_F(MatchInProgressTest, TheSessionIsLeftAsItWas) {
   EXPECT_EQ(State().Desktop.get(), desktop);
   EXPECT_EQ(State().GameOver, 0);
   EXPECT_EQ(TextOf(PlanByPlaying(1, kSteps / 2)), first) << "the same table, the same plan";
+}
+
+TEST_F(MatchInProgressTest, ManyTurnsOfThinking) {
+  int side = 1;
+  ExpectFlat("turns thought over", LongLife(40), [&side] {
+    PlanByPlaying(side, kSteps / 10);
+    side = 3 - side;
+  });
 }
 
 /// The first line in which two texts differ, in both; "" where they are equal.
