@@ -28,6 +28,7 @@ struct MatchRecord {
   std::int32_t Tokens = 0;         ///< what the player had
   std::vector<Text> Owned{};       ///< names of the cards that the player had
   std::vector<MatchFile> Files{};  ///< noted when the match was first saved
+  std::uint8_t EasiestMind = 0;    ///< the least that the opponent has thought (core/mind_levels.h)
 };
 
 }  // namespace brindlemoor

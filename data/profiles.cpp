@@ -131,8 +131,7 @@ bool BelongsToPlayers(std::string_view path) {
     return name.size() >= ending.size() &&
            FoldEquals(std::string_view(name).substr(name.size() - ending.size()), ending);
   };
-  return name == kListFile || name == kLastPlayerFile ||
-         std::ranges::any_of(kPlayersEndings, endsWith);
+  return name == kListFile || std::ranges::any_of(kPlayersEndings, endsWith);
 }
 
 bool IsCardFileName(std::string_view path) {

@@ -21,13 +21,14 @@ std::string ReplaceProfile(std::string_view name, const ProfileRec& line);
 bool HoldPlayer(std::string_view name);
 /// Lets other programs have the player again.
 void ReleasePlayer(std::string_view name);
-/// What names of the files end with that hold what a player owns, a match that shall go on, and how
-/// matches ended.
+/// What names of the files end with that hold what a player owns, a match that shall go on, how
+/// matches ended, and what the player has chosen.
 inline constexpr std::string_view kPlayerFileEnding = ".plr";
 inline constexpr std::string_view kMatchFileEnding = ".match";
 inline constexpr std::string_view kResultsFileEnding = ".results";
-inline constexpr std::array<std::string_view, 3> kPlayersEndings = {
-    kPlayerFileEnding, kMatchFileEnding, kResultsFileEnding};
+inline constexpr std::string_view kSettingsFileEnding = ".settings";
+inline constexpr std::array<std::string_view, 4> kPlayersEndings = {
+    kPlayerFileEnding, kMatchFileEnding, kResultsFileEnding, kSettingsFileEnding};
 
 /// True for the files that the program writes for its players: those of kPlayersEndings, the
 /// profile list and who played last.

@@ -25,7 +25,7 @@ namespace brindlemoor {
 namespace {
 
 constexpr std::string_view kName = "Ann_Small.match";
-constexpr std::string_view kHead = "Brindlemoor match 1\n";
+constexpr std::string_view kHead = "Brindlemoor match 2\n";
 /// Cards of the report that are clicked, and actions of their menus.
 constexpr int kMostClicks = 5;
 

@@ -3,6 +3,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
+
+#include "core/mind_levels.h"
 
 namespace brindlemoor {
 
@@ -15,8 +18,17 @@ struct MatchResults {
   int Played() const { return Won + Lost + Undecided; }
 };
 
-/// Those of the current player; none where nothing is known.
-MatchResults ResultsAgainst(int gameIndex, int opponentIndex);
+/// Those of the current player, where the opponent thought so hard in all of the match
+/// (core/mind_levels.h); none where nothing is known.
+MatchResults ResultsAgainst(int gameIndex, int opponentIndex, int mind = kPlainMind);
+
+/// An opponent that the current player has beaten, and how hard that one thought at most.
+struct BeatenOpponent {
+  int Opponent = 0;
+  int Mind = kPlainMind;
+};
+/// Those of a game, in the order of the list.
+std::vector<BeatenOpponent> BeatenOpponents(int gameIndex);
 
 /// Counts the recorded match, which has ended. One in which a turn was taken back does not count,
 /// nor do visits. "" or why nothing was counted, a sentence.

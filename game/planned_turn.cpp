@@ -66,6 +66,7 @@ std::optional<TurnPlan> TakeEnemyPlan() {
   Session& session = State();
   if (session.EnemyPlan) return std::exchange(session.EnemyPlan, std::nullopt);
   if (session.ThinkOfTurn == nullptr || session.Minds[2] == kPlainMind) return std::nullopt;
+  if (session.Match.IsVisit) return std::nullopt;  // nobody to beat
   return session.ThinkOfTurn(2);
 }
 

@@ -1,12 +1,14 @@
 // The turn driver: both sides' card plays, the scripted steps and the report page.
 #include "game/turn.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <utility>
 
 #include "core/cards.h"
 #include "core/desktop.h"
+#include "core/mind_levels.h"
 #include "core/state.h"
 #include "game/card_play.h"
 #include "game/match_outcome.h"
@@ -178,6 +180,15 @@ void ShowReport(const Plays& plays) {
   Windows().ShowMain("Display.html");
 }
 
+/// Counts the turn of the match, and how little the opponent has thought in it.
+void CountTurn() {
+  Session& session = State();
+  MatchRecord& match = session.Match;
+  ++match.Turns;
+  const std::uint8_t mind = session.ThinkOfTurn == nullptr ? kPlainMind : session.Minds[2];
+  match.EasiestMind = match.Turns == 1 ? mind : std::min(match.EasiestMind, mind);
+}
+
 }  // namespace
 
 void TakeTurn(int skipPlays) {
@@ -186,7 +197,7 @@ void TakeTurn(int skipPlays) {
   session.RulesCard.InPlay = 1;
   session.CostCard.InPlay = 1;
   session.GiverPlaces.clear();
-  if (skipPlays != 1) ++session.Match.Turns;
+  if (skipPlays != 1) CountTurn();
   session.LastTurn = {.Turn = session.Match.Turns, .IsTold = &Windows() != &kNoWindows};
   const std::string waiting = session.LastTurn.IsTold ? WaitingMenuAction() : std::string();
   if (!waiting.empty()) NoteRefusal(waiting, "no target was chosen");

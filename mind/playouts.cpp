@@ -22,6 +22,20 @@ namespace {
 
 void EndTrial() { State().GameOver = 1; }
 
+/// Shows nothing of the trials, but serves the windows of the program meanwhile.
+class TrialDesktop : public SimulationDesktop {
+ public:
+  explicit TrialDesktop(std::shared_ptr<Platform> outer)
+      : SimulationDesktop(
+            std::make_unique<CachedFileSystem>(std::make_unique<BorrowedFiles>(outer->Files()))),
+        outer_(std::move(outer)) {}
+
+  void ServeWindows() noexcept override { outer_->ServeWindows(); }
+
+ private:
+  std::shared_ptr<Platform> outer_;
+};
+
 constexpr RunServices kServices = {TakeCardsOut, PayCost, EndTrial};
 
 /// The seed of a turn of a trial: every plan is tried on the same deals, and on the same dice where
@@ -36,8 +50,7 @@ constexpr std::uint64_t SeedOf(std::uint64_t number, int turn) {
 
 Playouts::Playouts(int side, std::int64_t steps) : side_(side), left_(steps) {
   Session& session = State();
-  desktop_ = std::make_shared<SimulationDesktop>(
-      std::make_unique<CachedFileSystem>(std::make_unique<BorrowedFiles>(Desktop().Files())));
+  desktop_ = std::make_shared<TrialDesktop>(session.Desktop);
   session.Desktop = desktop_;
   session.Services = &kServices;
   session.Windows = &kNoWindows;
@@ -53,6 +66,9 @@ Playouts::Playouts(int side, std::int64_t steps) : side_(side), left_(steps) {
   session.Match.Winners = 0;
   session.Work = {};
   session.Random = {};
+  // Only the start of a match looks at them, and each trial would copy them.
+  session.MasterCards.Reset(1);
+  session.MasterPlaces.clear();
   ForgetHiddenCards(side);
   base_ = session;
 }
@@ -74,6 +90,7 @@ void Playouts::Look() {
 std::optional<double> Playouts::Play(const std::optional<TurnPlan>& plan, std::uint64_t number,
                                      int turns, const std::function<void()>& played) {
   Look();
+  desktop_->ServeWindows();
   Session& session = State();
   session.Random = {SeedOf(number, 0)};
   desktop_->Restart(SeedOf(number, 0));

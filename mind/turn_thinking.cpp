@@ -48,7 +48,10 @@ class Thinking {
   std::optional<TurnPlan> Best() {
     playouts_.Look();
     TurnPlan plan = PlainPlan(side_);
-    LearnValues(plan);
+    playouts_.Look();
+    std::vector<TurnPlan> rivals = ChangedPlans(plan, side_);
+    if (rivals.empty()) return std::nullopt;  // there is nothing to choose
+    LearnValues(std::move(rivals));
     Candidate best;
     for (const double share : kShares) {
       if (!playouts_.WorkIsLeft()) break;
@@ -69,11 +72,10 @@ class Thinking {
   static constexpr std::size_t kFirstTrials = 4;
   static constexpr double kConvincing = 1.0;  ///< standard errors
 
-  /// Plays matches to their end, to learn what positions are worth.
-  void LearnValues(const TurnPlan& plan) {
+  /// Plays matches to their end from these first turns, to learn what positions are worth.
+  void LearnValues(std::vector<TurnPlan> rivals) {
     std::vector<std::optional<TurnPlan>> plans{std::nullopt};
-    playouts_.Look();
-    for (TurnPlan& changed : ChangedPlans(plan, side_)) plans.push_back(std::move(changed));
+    for (TurnPlan& rival : rivals) plans.push_back(std::move(rival));
     const std::int64_t end = playouts_.StepsLeft() - Steps(kShareOfLearning);
     for (std::uint64_t number = 0; playouts_.StepsLeft() > end; ++number) {
       std::vector<PositionValue::Features> seen;

@@ -291,6 +291,14 @@ struct CellLink {
   bool operator==(const CellLink&) const = default;
 };
 
+/// A mark behind the words of a link, and what the pointer is told over it.
+struct LinkMark {
+  std::string Link;  ///< as it stands in the page
+  std::string Mark;
+  std::string Words;
+  bool operator==(const LinkMark&) const = default;
+};
+
 /// A browser view. Navigations that a click in a page starts are asked for with their URL.
 struct BrowserView : Control {
   using Control::Control;
@@ -298,6 +306,7 @@ struct BrowserView : Control {
   Property<std::vector<PictureTip>> PictureTips{*this};
   Property<std::vector<CellLink>> CellLinks{*this};         ///< in the order of the cells
   Property<std::vector<std::string>> OutlinedLinks{*this};  ///< as they stand in the page
+  Property<std::vector<LinkMark>> LinkMarks{*this};
   bool StartsAtFirstLink = false;  ///< when it is given the focus; else where it was left
   /// So long the pointer rests on a link until LinkPointed is called, in milliseconds.
   Property<int> PointDelay{*this, 0};

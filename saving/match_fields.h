@@ -3,6 +3,7 @@
 
 #include "core/limits.h"
 #include "core/match_log.h"
+#include "core/mind_levels.h"
 #include "core/state.h"
 #include "saving/record_fields.h"
 
@@ -163,6 +164,7 @@ inline constexpr auto kFieldsOf<MatchRecord> = std::tuple{
     Field{&MatchRecord::Tokens},
     Field{&MatchRecord::Owned},
     Field{&MatchRecord::Files},
+    Field{&MatchRecord::EasiestMind, 0, kHardestMind, 2},
 };
 static_assert(std::tuple_size_v<decltype(kFieldsOf<MatchRecord>)> == kMembersOf<MatchRecord>);
 

@@ -39,6 +39,7 @@ struct Field {
   Type Record::*Member;
   std::int64_t Least = LeastOf<Type>();
   std::int64_t Most = MostOf<Type>();
+  int Since = 1;  ///< the version of files that has it first; for a reader of earlier ones it stays
 };
 template <class Record, class Type, class... Bounds>
 Field(Type Record::*, Bounds...) -> Field<Record, Type>;

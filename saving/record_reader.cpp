@@ -7,7 +7,8 @@
 
 namespace brindlemoor {
 
-RecordReader::RecordReader(std::string_view bytes, std::string_view folder) : bytes_(bytes) {
+RecordReader::RecordReader(std::string_view bytes, std::string_view folder, int version)
+    : bytes_(bytes), version_(version) {
   const std::size_t count = TakeCount(kMostElements);
   texts_.reserve(count);
   for (std::size_t index = 0; index < count && !failed_; ++index) {

@@ -24,8 +24,9 @@ namespace brindlemoor {
 /// records of so many bytes can.
 class RecordReader {
  public:
-  /// Reads the texts, paths as they lie below a folder; bytes must stay.
-  RecordReader(std::string_view bytes, std::string_view folder);
+  /// Reads the texts, paths as they lie below a folder; bytes must stay. The version is that of the
+  /// file (Field::Since).
+  RecordReader(std::string_view bytes, std::string_view folder, int version);
 
   bool Failed() const { return failed_; }
   /// True when everything has been read.
@@ -53,12 +54,15 @@ class RecordReader {
   }
   template <class Record, class Fields>
   void TakeFields(Record& record, const Fields& fields) {
-    std::apply(
-        [&](const auto&... field) { (Take(record.*field.Member, field.Least, field.Most), ...); },
-        fields);
+    std::apply([&](const auto&... field) { (TakeField(record.*field.Member, field), ...); },
+               fields);
   }
 
  private:
+  template <class Type, class Field>
+  void TakeField(Type& value, const Field& field) {
+    if (field.Since <= version_) Take(value, field.Least, field.Most);
+  }
   template <class Number>
   void TakeWithin(Number& value, std::int64_t least, std::int64_t most) {
     const std::int64_t number = TakeNumber();
@@ -108,6 +112,7 @@ class RecordReader {
   Text TakeText();
 
   std::string_view bytes_;
+  int version_;
   bool failed_ = false;
   std::vector<Text> texts_;
 };

@@ -28,19 +28,24 @@ namespace {
 /// A file begins with this, the number of its version and a line end; a line with the hash of the
 /// rest follows.
 constexpr std::string_view kFirstWords = "Brindlemoor match ";
-constexpr int kVersion = 1;
+constexpr int kVersion = 2;
 constexpr std::size_t kLargestFile = 64 << 20;  // bytes
+
+struct VersionedRecords {
+  std::string_view Bytes;
+  int Version = 0;
+};
 
 /// The records of a file whose first lines are in order. "" or the sentence that says what is not.
 std::string OpenRecords(std::string_view bytes, std::string_view shownName,
-                        std::string_view& records) {
+                        VersionedRecords& records) {
   std::string damaged = Joined(shownName, " is damaged.");
   const std::size_t end = bytes.find('\n');
   if (!bytes.starts_with(kFirstWords) || end == std::string_view::npos) {
     return kFirstWords.starts_with(bytes) ? damaged : Joined(shownName, " is no saved match.");
   }
   const std::string_view number = bytes.substr(kFirstWords.size(), end - kFirstWords.size());
-  int version = 0;
+  int& version = records.Version;
   const auto [stop, failure] =
       std::from_chars(number.data(), number.data() + number.size(), version);
   if (failure != std::errc() || stop != number.data() + number.size()) return damaged;
@@ -49,11 +54,11 @@ std::string OpenRecords(std::string_view bytes, std::string_view shownName,
   }
   bytes.remove_prefix(end + 1);
   const std::size_t hashEnd = bytes.find('\n');
-  if (version != kVersion || bytes.size() > kLargestFile || hashEnd == std::string_view::npos) {
+  if (version < 1 || bytes.size() > kLargestFile || hashEnd == std::string_view::npos) {
     return damaged;
   }
-  records = bytes.substr(hashEnd + 1);
-  return bytes.substr(0, hashEnd) == HashOf(records) ? "" : damaged;
+  records.Bytes = bytes.substr(hashEnd + 1);
+  return bytes.substr(0, hashEnd) == HashOf(records.Bytes) ? "" : damaged;
 }
 
 std::vector<std::string> PiecesOf(std::string_view page, const std::string& divider) {
@@ -99,20 +104,20 @@ std::string BytesOfMatch(std::string_view page, std::uint64_t clock) {
 
 std::string ReadMatchHead(std::string_view bytes, std::string_view shownName,
                           SavedMatchHead& head) {
-  std::string_view records;
+  VersionedRecords records;
   std::string problem = OpenRecords(bytes, shownName, records);
   if (!problem.empty()) return problem;
-  RecordReader reader(records, State().ProgramFolder);
+  RecordReader reader(records.Bytes, State().ProgramFolder, records.Version);
   reader.Take(head);
   return reader.Failed() ? Joined(shownName, " is damaged.") : "";
 }
 
 MatchRead ReadMatch(std::string_view bytes, std::string_view shownName) {
-  std::string_view records;
+  VersionedRecords records;
   std::string problem = OpenRecords(bytes, shownName, records);
   if (!problem.empty()) return {nullptr, std::move(problem)};
   auto match = std::make_unique<SavedMatch>();
-  RecordReader reader(records, State().ProgramFolder);
+  RecordReader reader(records.Bytes, State().ProgramFolder, records.Version);
   reader.Take(match->Head);
   reader.TakeFields(match->Tables, kMatchFields);
   reader.Take(match->Tables.RefCache);

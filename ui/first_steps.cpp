@@ -5,6 +5,7 @@
 #include <array>
 
 #include "core/cards.h"
+#include "core/mind_levels.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "game/game_list.h"
@@ -61,9 +62,34 @@ std::string HardnessWords(const TrialMatches& trial) {
 }
 
 std::string ResultsWords(const MatchResults& results) {
-  if (results.Played() == 0) return "<p>Not beaten yet.</p>";
-  return Joined("<p>", results.Won > 0 ? "Beaten" : "Not beaten yet", ": you won ", results.Won,
-                " of ", results.Played(), results.Played() == 1 ? " match.</p>" : " matches.</p>");
+  return Joined(results.Won > 0 ? "Beaten" : "Not beaten yet", ": you won ", results.Won, " of ",
+                results.Played(), results.Played() == 1 ? " match." : " matches.");
+}
+
+/// A paragraph for each mind of the opponent that was played against.
+std::string AllResultsWords(int game, int opponent) {
+  std::string words;
+  for (int mind = kPlainMind; mind <= kHardestMind; ++mind) {
+    const MatchResults results = ResultsAgainst(game, opponent, mind);
+    if (results.Played() == 0) continue;
+    words += Joined("<p>", mind == kPlainMind ? "" : Joined(MindName(mind), ". "),
+                    ResultsWords(results), "</p>");
+  }
+  return words.empty() ? "<p>Not beaten yet.</p>" : words;
+}
+
+/// A star for a beaten opponent, one more for each harder mind.
+std::vector<LinkMark> MarksOfBeaten() {
+  std::vector<LinkMark> marks;
+  for (int game = 1; game <= State().Games.UpperBound(); ++game) {
+    for (const BeatenOpponent& beaten : BeatenOpponents(game)) {
+      LinkMark& mark = marks.emplace_back();
+      mark.Link = Joined("GAME:", game, ":", beaten.Opponent);
+      for (int mind = kPlainMind; mind <= beaten.Mind; ++mind) mark.Mark += "\u2605";
+      mark.Words = Joined("Beaten (", MindName(beaten.Mind), ")");
+    }
+  }
+  return marks;
 }
 
 /// What is known of an opponent beside the picture and the words of the file.
@@ -78,13 +104,15 @@ std::string ProspectsAgainst(int game, int opponent) {
   auto& trials = TheMainWindow().Trials;
   const auto [entry, isNew] = trials.try_emplace({game, opponent});
   if (isNew && State().TryOpponent != nullptr) entry->second = State().TryOpponent(game, opponent);
-  return ResultsWords(ResultsAgainst(game, opponent)) + HardnessWords(entry->second);
+  return AllResultsWords(game, opponent) + HardnessWords(entry->second);
 }
 
 }  // namespace
 
 void ShowFirstSteps() {
   TheMainWindow().Trials.clear();
+  TheMainWindow().Opponent.Update();
+  TheMainWindow().WB.LinkMarks = MarksOfBeaten();
   TheMainWindow().WB.PointDelay = kPortraitRest;
   PaintImage("");
   const std::string name = State().Profile.PlayerName.Str();

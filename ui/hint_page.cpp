@@ -3,11 +3,14 @@
 
 #include <utility>
 
+#include "core/cards.h"
+#include "core/mind_levels.h"
 #include "core/state.h"
 #include "game/hints.h"
 #include "pages/card_pages.h"
 #include "pages/page_files.h"
 #include "platform/platform.h"
+#include "text/one_line.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
@@ -26,6 +29,40 @@ std::string HintOfCard(Hint& hint) {
   return html + "</p>";
 }
 
+std::string AimInWords(int slot) {
+  Pile& table = State().CardTable;
+  return table.Holds(slot) && !IsFree(table[slot]) ? Joined(" on ", ColoredName(table[slot])) : "";
+}
+
+/// What a plan does, as "play Elf, then Bolt on Troll, use "Shine" of Lamp".
+std::string InWords(const TurnPlan& plan) {
+  Pile& hand = State().Players[1].Hand;
+  Pile& table = State().CardTable;
+  std::string words;
+  for (const PlannedPlay& play : plan.Plays) {
+    words += Joined(words.empty() ? "play " : ", then ", "<b>", ColoredName(hand[play.Position]),
+                    "</b>", AimInWords(play.Target));
+  }
+  for (const PlannedAction& action : plan.Actions) {
+    Card& card = table[action.Slot];
+    words += Joined(words.empty() ? "" : ", ", "use \"",
+                    OneLine(card.Effects[action.Effect].MenuCaption), "\" of <b>",
+                    ColoredName(card), "</b>", AimInWords(action.Target));
+  }
+  return words.empty() ? "play nothing" : words;
+}
+
+/// The plan of who looks ahead; "" where nobody can.
+std::string LookAhead() {
+  Session& state = State();
+  if (state.ThinkOfTurn == nullptr) return "";
+  const std::uint8_t outer = std::exchange(state.Minds[1], std::uint8_t{kThoughtfulMind});
+  const auto plan = state.ThinkOfTurn(1);
+  state.Minds[1] = outer;
+  return Joined("<p>Looking some turns ahead, the thoughtful computer would ",
+                plan ? InWords(*plan) : "do nothing else than this", ".</p>");
+}
+
 }  // namespace
 
 std::string HintPage() {
@@ -34,6 +71,7 @@ std::string HintPage() {
       "the best card first, and what each card would do now.</p>";
   std::vector<Hint> hints = HandHints();
   if (hints.empty()) html += "<p>Your hand is empty.</p>";
+  html += LookAhead();
   for (Hint& hint : hints) html += HintOfCard(hint);
   return html;
 }

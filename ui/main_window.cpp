@@ -3,6 +3,7 @@
 
 #include "core/cards.h"
 #include "core/desktop.h"
+#include "core/mind_levels.h"
 #include "core/paths.h"
 #include "core/program_version.h"
 #include "core/state.h"
@@ -143,7 +144,7 @@ MainWindow::MainWindow() : Form("MainWindow") {
   hintmen.Click = [this] { hintmen_Click(); };
   filemen.Items = {&newgamemen,  &deckmanagermen,       &EditMen,  &openarchivemen, &saveplrmen,
                    &savehtmlmen, &History.TakeTurnBack, &switchmen};
-  optionmen.Items = {&fullsizemen, &debugmen, &History.Allowed};
+  optionmen.Items = {&fullsizemen, &debugmen, &History.Allowed, &Opponent.Menu};
   helpmen.Items = {&helppagesmen, &hintmen};
   Menus = {&filemen, &optionmen, &helpmen};
 
@@ -180,6 +181,22 @@ bool MainWindow::TakesTurns() const {
   return state.GameOver == 1 || state.CurrentGame != 0 || state.TestFromEditor != 0;
 }
 
+namespace {
+
+/// The turn button says meanwhile that the opponent thinks, if that takes long.
+void TakeTurnAloud() {
+  constexpr std::string_view kThinking = "The opponent thinks...";
+  const Session& state = State();
+  auto& caption = TheMainWindow().Command1.Caption;
+  const std::string before = caption;
+  const bool thinks = state.ThinkOfTurn != nullptr && state.Minds[2] != kPlainMind;
+  if (thinks) caption = std::string(kThinking);
+  TakeTurn(0);
+  if (caption.Get() == kThinking) caption = before;
+}
+
+}  // namespace
+
 void MainWindow::Command1_Click() {
   Session& state = State();
   if (state.TurnRunning == 1) return;
@@ -189,7 +206,7 @@ void MainWindow::Command1_Click() {
   }
   if (!TakesTurns()) return;
   History.NoteBefore();
-  TakeTurn(0);
+  TakeTurnAloud();
   StorePlayer();
   KeepMatchAfterTurn();
   UpdateHand();

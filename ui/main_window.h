@@ -13,6 +13,7 @@
 #include "ui/aim_banner.h"
 #include "ui/kept_match_panel.h"
 #include "ui/match_end.h"
+#include "ui/opponent_menu.h"
 #include "ui/opponent_trial.h"
 #include "ui/plan_panel.h"
 #include "ui/turn_history.h"
@@ -38,6 +39,7 @@ struct MainWindow : Form {
   PlanPanel Plan;
   KeptMatchPanel Kept;
   TurnHistory History;
+  OpponentMenu Opponent;
 
   MenuItem filemen{"filemen", "File"};
   MenuItem newgamemen{"newgamemen", "Quit / New Game"};

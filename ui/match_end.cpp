@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "core/desktop.h"
+#include "core/mind_levels.h"
 #include "core/state.h"
 #include "game/match_outcome.h"
 #include "platform/arrangement.h"
@@ -38,7 +39,11 @@ std::string Counted(int count, std::string_view one) {
 std::string FactsOf(const MatchOutcome& outcome) {
   const MatchRecord& match = State().Match;
   std::string facts;
-  if (!match.IsVisit) facts = Joined("Against ", OneLine(match.Opponent), ".  ");
+  if (!match.IsVisit) {
+    const std::string mind =
+        match.EasiestMind == kPlainMind ? "" : Joined(" (", MindName(match.EasiestMind), ")");
+    facts = Joined("Against ", OneLine(match.Opponent), mind, ".  ");
+  }
   if (outcome.Turns > 0) facts += Counted(outcome.Turns, "turn") + ".  ";
   if (outcome.Tokens != 0) {
     facts += Joined(Counted(std::abs(outcome.Tokens), "token"),

@@ -1,4 +1,4 @@
-// The script that adds a title, words for pictures, links and outlines to a page.
+// The script that adds a title, words for pictures, links, outlines and marks to a page.
 #include "platform/qt/page_additions.h"
 
 #include <QJsonArray>
@@ -13,7 +13,7 @@ namespace {
 
 // The style is kept in the script's own world, so that a later run finds it again.
 constexpr const char* kScript = R"(
-(function([tips, cells, links, title]) {
+(function([tips, cells, links, marks, title]) {
   if (!document.title) document.title = title;
   // The next page has the same address, but not the same places.
   history.scrollRestoration = 'manual';
@@ -41,7 +41,19 @@ constexpr const char* kScript = R"(
   const colors = document.body?.hasAttribute('link') ? 'a:link { color: #99FF33; } a:visited { color: #FFFF00; }' : '';
   globalThis.outlines.textContent = colors +
       links.flatMap(places).join() +
-      '{ outline: 3px solid #f5c542 !important; outline-offset: 1px !important; }';
+      '{ outline: 3px solid #f5c542 !important; outline-offset: 1px !important; }' +
+      'a[data-mark]::after { content: " " attr(data-mark); color: #f5c542; text-shadow: 0 0 2px #000; }';
+  for (const old of document.querySelectorAll('a[data-mark]')) {
+    old.removeAttribute('data-mark');
+    old.removeAttribute('title');
+  }
+  for (const [address, mark, words] of marks) {
+    // Of the links of a picture and of its name the second one has words.
+    const link = [...document.querySelectorAll('a[href=' + JSON.stringify(address) + ']')].pop();
+    if (!link) continue;
+    link.dataset.mark = mark;
+    link.title = words;
+  }
   const marked = links.flatMap(link => [...document.querySelectorAll(places(link).join())]);
   const isSeen = ({top, bottom}) => bottom > 0 && top < innerHeight;
   if (marked.length && !marked.some(element => isSeen(element.getBoundingClientRect()))) {
@@ -76,8 +88,13 @@ QString PageAdditions(const BrowserView& model) {
   for (const std::string& link : model.OutlinedLinks.Get()) {
     links.append(QString::fromStdString(link));
   }
+  QJsonArray marks;
+  for (const LinkMark& row : model.LinkMarks.Get()) {
+    marks.append(QJsonArray{QString::fromStdString(row.Link), QString::fromStdString(row.Mark),
+                            QString::fromStdString(row.Words)});
+  }
   const QByteArray json =
-      QJsonDocument(QJsonArray{tips, cells, links, QString::fromStdString(model.Spoken)})
+      QJsonDocument(QJsonArray{tips, cells, links, marks, QString::fromStdString(model.Spoken)})
           .toJson(QJsonDocument::Compact);
   return QString(kScript).replace("%1", QString::fromUtf8(json));
 }

@@ -7,8 +7,8 @@ namespace brindlemoor {
 
 struct BrowserView;
 
-/// A script that adds what the model asks for: tool tips of pictures, links of cells, outlines of
-/// links.
+/// A script that adds what the model asks for: tool tips of pictures, links of cells, outlines and
+/// marks of links.
 QString PageAdditions(const BrowserView& model);
 
 }  // namespace brindlemoor

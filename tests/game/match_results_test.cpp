@@ -16,14 +16,16 @@ class MatchResultsTest : public ShippedGamesTest {
   MatchResultsTest() { State().CurrentGame = 1; }
 
   /// As the record of a match that has ended stands; "" for what went wrong, none expected.
-  static std::string End(int opponent, int winners, bool tookBack = false, bool isVisit = false) {
+  static std::string End(int opponent, int winners, bool tookBack = false, bool isVisit = false,
+                         std::uint8_t mind = kPlainMind) {
     const GameRec& game = State().Games[1];
     State().Match = {.RulesFile = game.RulesFile,
                      .OpponentFile = game.OpponentFiles[opponent],
                      .Opponent = game.Opponents[opponent].Name,
                      .IsVisit = isVisit,
                      .Winners = winners,
-                     .TookBack = tookBack};
+                     .TookBack = tookBack,
+                     .EasiestMind = mind};
     return CountEndedMatch();
   }
   static std::string Against(int opponent) {
@@ -70,6 +72,30 @@ TEST_F(MatchResultsTest, WhatElseIsInTheFileStays) {
   const std::string before = ReadFile(kFile);
   EXPECT_EQ(End(oona_, 1), Joined("Can't save ", kFile, ": no space"));
   EXPECT_EQ(ReadFile(kFile), before);
+}
+
+TEST_F(MatchResultsTest, EachMindOfAnOpponentHasItsOwnLine) {
+  const auto beaten = [] {
+    std::string all;
+    for (const BeatenOpponent& row : BeatenOpponents(1))
+      all += Joined(row.Opponent, ":", row.Mind, " ");
+    return all;
+  };
+  EXPECT_EQ(beaten(), "");
+  WriteFile(kFile,
+            "#RESULT, \"wickwater/3_Oona_Ebb.txt\", 2, 0, 0\r\n#RESULTDEEP, Gone.txt, 1, 0, 0");
+  EXPECT_EQ(End(other_, 2, false, false, 1), "");
+  EXPECT_EQ(beaten(), Joined(oona_, ":0 "));
+  EXPECT_EQ(End(oona_, 1, false, false, 2), "");
+  EXPECT_EQ(End(oona_, 2, false, false, 1), "");
+  EXPECT_EQ(beaten(), Joined(oona_, ":2 "));
+  EXPECT_EQ(End(other_, 1, false, false, 1), "");
+  EXPECT_EQ(beaten(), Joined(oona_, ":2 ", other_, ":1 "));
+  EXPECT_EQ(Against(oona_), "2 0 0");
+  EXPECT_EQ(ResultsAgainst(1, oona_, 1).Lost, 1);
+  EXPECT_EQ(ResultsAgainst(1, other_, 1).Played(), 2);
+  EXPECT_TRUE(ReadFile(kFile).starts_with("#RESULT, \"wickwater/3_Oona_Ebb.txt\", 2, 0, 0\r\n"))
+      << "an earlier version finds its own line: " << ReadFile(kFile);
 }
 
 TEST_F(MatchResultsTest, TheyHaveTheFateOfThePlayer) {

@@ -120,7 +120,7 @@ TEST_F(MatchJournalTest, AMatchThatWentOnIsPlayedAgainWithoutItsFile) {
   const ReplayResult same = ReplayMatch(Read(bytes), Here(folder));
   EXPECT_EQ(same.Problem + same.Difference, "");
   EXPECT_EQ(same.Texts, 4) << "turns 2 to 5";
-  const Journal damaged = ReadChanged(bytes, "Brindlemoor match 1", "Brindlemoor match x");
+  const Journal damaged = ReadChanged(bytes, "Brindlemoor match 2", "Brindlemoor match x");
   EXPECT_EQ(ReplayMatch(damaged, Here(folder)).Problem, "The match of the journal is damaged.");
 }
 

@@ -23,8 +23,8 @@ class SavedMatchTest : public ShippedGamesTest {
     PlanAutomaticPlays();
   }
   /// A file with the right hash for what stands behind its first lines.
-  static std::string WithHash(std::string_view records) {
-    return Joined("Brindlemoor match 1\n", HashOf(records), "\n", records);
+  static std::string WithHash(std::string_view records, int version = 2) {
+    return Joined("Brindlemoor match ", version, "\n", HashOf(records), "\n", records);
   }
   static std::string_view RecordsOf(std::string_view bytes) {
     return bytes.substr(bytes.find('\n', bytes.find('\n') + 1) + 1);
@@ -67,6 +67,24 @@ TEST_F(SavedMatchTest, BringsBackWhatItWasComposedOf) {
   EXPECT_EQ(session.Log->Events.size(), 1U);
 }
 
+TEST_F(SavedMatchTest, AFileOfTheFirstVersionLacksWhatTheOpponentThought) {
+  State().Match.EasiestMind = 2;
+  const std::string thinking = BytesOfMatch("page");
+  State().Match.EasiestMind = 0;
+  const std::string plain = BytesOfMatch("page");
+  EXPECT_EQ(ReadMatch(thinking, "m").Match->Tables.Match.EasiestMind, 2);
+  std::string records(RecordsOf(plain));
+  const auto [mind, of] = std::ranges::mismatch(records, RecordsOf(thinking));
+  records.erase(mind);
+  const MatchRead read = ReadMatch(WithHash(records, 1), "m");
+  ASSERT_EQ(read.Problem, "");
+  EXPECT_EQ(read.Match->Tables.Match.EasiestMind, 0);
+  EXPECT_NE(ReadMatch(WithHash(records, 2), "m").Problem, "");
+  EXPECT_NE(ReadMatch(WithHash(RecordsOf(plain), 1), "m").Problem, "");
+  TakeMatch(std::move(*ReadMatch(WithHash(records, 1), "m").Match), true);
+  EXPECT_EQ(HashOf(BytesOfMatch("page")), HashOf(plain));
+}
+
 TEST_F(SavedMatchTest, WhatIsNoWholeFileIsRefusedInOneSentence) {
   const std::string bytes = BytesOfMatch("page");
   const std::string digest = StateDigest();
@@ -74,7 +92,7 @@ TEST_F(SavedMatchTest, WhatIsNoWholeFileIsRefusedInOneSentence) {
   std::string changed = bytes;
   changed[bytes.size() / 2] ^= 0x10;
   std::string ofLater = bytes;
-  ofLater.replace(0, 19, "Brindlemoor match 2");
+  ofLater.replace(0, 19, "Brindlemoor match 3");
   const std::pair<std::string, std::string> cases[] = {
       {"", damaged},
       {"#PLAYERDECK\r\n", "Ann.match is no saved match."},

@@ -223,6 +223,7 @@ TEST_F(LinkProtocolTest, APageWithoutCommandsTakesThoseOfThePageBeforeBack) {
   State().CurrentGame = 1;
   ShowCardDescription(*goblin_, 1);
   EXPECT_EQ(links.DescribedCard, 111);
+  State().ThinkOfTurn = nullptr;
   ShowHint();
   EXPECT_EQ(links.DescribedCard, 0) << "a hint shows texts of cards and no menu";
   ShowCardDescription(*goblin_, 1);

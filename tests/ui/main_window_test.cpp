@@ -267,6 +267,36 @@ TEST_F(MainWindowTest, ASnapshotHoldsThePageWithItsPictures) {
   EXPECT_EQ(ReadFile("kept.html"), kept);
 }
 
+TEST_F(MainWindowTest, TheHintTellsThePlanOfWhoLooksAhead) {
+  State().CurrentGame = 1;
+  State().CostCard.InPlay = 1;
+  Card& lamp = PutInPlay(MakeCard("Lamp <i>", 1));
+  GiveAction(lamp, "MENU:PHASE1:Shine", "CARD", "MODTRAIT:LIT:1");
+  State().Players[1].Hand[3] = MakeCard("Bolt", 1);
+  State().Players[1].Hand[5] = MakeCard("Elf", 1);
+  const auto said = [this](std::optional<TurnPlan> (*think)(int side)) {
+    State().ThinkOfTurn = think;
+    window_.hintmen.Click();
+    std::string words = desktop_->Pages["CardDescWB"];
+    words.erase(0, words.rfind("Looking some turns ahead"));
+    words.erase(words.find("</p>"));
+    for (std::size_t tag = 0; (tag = words.find('<')) != words.npos;) {
+      words.erase(tag, words.find('>', tag) - tag + 1);
+    }
+    return words.substr(words.find(", ") + 2);
+  };
+  EXPECT_EQ(said([](int side) -> std::optional<TurnPlan> {
+              EXPECT_EQ(State().Minds[side], kThoughtfulMind);
+              return TurnPlan{{{3, 1}, {5}}, {{1, 1, 0}}};
+            }),
+            "the thoughtful computer would play Bolt on Lamp , then Elf, use \"Shine\" of Lamp .");
+  EXPECT_EQ(State().Minds[1], kPlainMind);
+  EXPECT_EQ(said([](int) { return std::optional(TurnPlan()); }),
+            "the thoughtful computer would play nothing.");
+  EXPECT_EQ(said([](int) -> std::optional<TurnPlan> { return std::nullopt; }),
+            "the thoughtful computer would do nothing else than this.");
+}
+
 TEST_F(MainWindowTest, TheHintShowsTheHandAndChangesNothing) {
   PutPlayerCard(1, {"HP:9"});
   PutPlayerCard(2, {"HP:9"});
@@ -282,6 +312,7 @@ TEST_F(MainWindowTest, TheHintShowsTheHandAndChangesNothing) {
   EXPECT_EQ(desktop_->Pages["CardDescWB"], "") << "the list of games has no hand";
   State().CurrentGame = 1;
   State().CostCard.InPlay = 1;
+  State().ThinkOfTurn = nullptr;
   const std::string before = StateDigest();
   const std::uint64_t dice = State().Random.State;
   window_.hintmen.Click();
@@ -299,7 +330,9 @@ TEST_F(MainWindowTest, TheHintShowsTheHandAndChangesNothing) {
   EXPECT_LT(bolt, dud);
   State().Players[1].Hand.Reset(10);
   window_.hintmen.Click();
-  EXPECT_NE(desktop_->Pages["CardDescWB"].find("Your hand is empty."), std::string::npos);
+  const std::string& empty = desktop_->Pages["CardDescWB"];
+  EXPECT_NE(empty.find("Your hand is empty."), std::string::npos);
+  EXPECT_EQ(empty.find("Looking"), std::string::npos) << "nobody can look ahead";
   State().GameOver = 1;
   desktop_->Pages.clear();
   window_.hintmen.Click();

@@ -168,6 +168,22 @@ TEST_F(PageViewTest, OnlyTheLinksThatAreAskedForAreOutlined) {
   EXPECT_EQ(outlined().toString(), "none,none,none");
 }
 
+TEST_F(PageViewTest, ALinkIsMarkedBehindItsWords) {
+  Write("Display.html",
+        "<a href=GAME:1:2><img></a><a href=GAME:1:2>Ogre</a> <a href=GAME:1:3>Imp</a>"
+        "<a href='\"]' data-mark=9>Elf</a>");
+  const auto marks = [this] {
+    return Look(
+        "[...document.links].map(a => getComputedStyle(a, '::after').content + a.title).join()");
+  };
+  Open("Display.html");
+  view_.LinkMarks = {{"GAME:1:2", "*\"", "Beaten"}, {"\"]", "**", "<b>"}, {"GAME:1:9", "*", ""}};
+  const char* const marked = R"(none," *\""Beaten,none," **"<b>)";
+  EXPECT_EQ(marks().toString(), marked);
+  view_.LinkMarks = {};
+  EXPECT_EQ(marks().toString(), "none,none,none,none");
+}
+
 /// The page itself has a link only around a card's thumbnail.
 TEST_F(PageViewTest, NamesWithoutAPictureAreLinksInTheOrderOfTheCells) {
   Write("Display.html",
