@@ -18,7 +18,7 @@ PROGRAMS = {
     "brindlemoor": ("desktop", [
         "share/brindlemoor/games/Wickwater.txt", "share/brindlemoor/games/MainHelp.html",
         "share/applications/brindlemoor.desktop",
-        "share/metainfo/org.brindlemoor.brindlemoor.metainfo.xml",
+        "share/metainfo/org.example.brindlemoor.metainfo.xml",
         "share/icons/hicolor/scalable/apps/brindlemoor.svg",
         *(f"share/icons/hicolor/{size}x{size}/apps/brindlemoor.png"
           for size in (16, 22, 24, 32, 48, 64, 128, 256, 512))]),
