@@ -27,12 +27,14 @@ void BM_Playout(benchmark::State& state) {
     playouts.Play(std::nullopt, ++number, static_cast<int>(state.range(0)), [&] { ++turns; });
   }
   state.counters["turns"] = benchmark::Counter(turns, benchmark::Counter::kAvgIterations);
+  if (state.range(0) == 10) state.SetLabel("1 ms");
 }
 BENCHMARK(BM_Playout)->Arg(1)->Arg(10)->Unit(benchmark::kMicrosecond);
 
 void BM_Thinking(benchmark::State& state) {
   const Stage stage = StageInThirdTurn();
   for (auto _ : state) PlanByPlaying(2, state.range(0));
+  if (state.range(0) == 4'000'000) state.SetLabel("300 ms");
 }
 BENCHMARK(BM_Thinking)->Arg(400'000)->Arg(4'000'000)->Unit(benchmark::kMillisecond);
 
