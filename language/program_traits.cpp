@@ -61,7 +61,8 @@ constexpr std::array<ProgramTrait, 18> kRows = {{
      "the action is gone behind the next TURNEND"},
     {"BONUS", TraitPlace::kPrefix, false, "SETTRAIT:BONUSHP:2",
      "a trait that begins so adds its value, which may be any expression, to the trait that it "
-     "names: BONUSHP:2 to HP. It is gone behind the next TURNEND"},
+     "names: BONUSHP:2 to HP. It is gone behind the next TURNEND, but stays on a card that is "
+     "not on the table then"},
 }};
 
 }  // namespace

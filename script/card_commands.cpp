@@ -288,9 +288,9 @@ constexpr auto kRows = std::to_array<Command>({
     {"DESTROYME", 0, false, InTest::kSkip, DestroyMe,
      "| the acting card dies at the end of the script"},
     {"RETURNTOHAND", 0, false, InTest::kSkip, ReturnTarget,
-     "| the target goes back to its owner's hand"},
+     "| the target goes back to its owner's hand, with its traits as they are now"},
     {"RETURNMETOHAND", 0, false, InTest::kSkip, ReturnMe,
-     "| the acting card goes back to its owner's hand"},
+     "| the acting card goes back to its owner's hand, with its traits as they are now"},
 
     {"DUPLICATE", 2, false, InTest::kSkipOne, Duplicate,
      "COUNT PAID | makes COUNT copies of the target for the acting card's side; PAID 1 asks their "
