@@ -6,7 +6,9 @@
 #include "core/cards.h"
 #include "core/mind_levels.h"
 #include "core/state.h"
+#include "game/card_play.h"
 #include "game/hints.h"
+#include "game/looking.h"
 #include "pages/card_pages.h"
 #include "pages/page_files.h"
 #include "platform/platform.h"
@@ -32,6 +34,17 @@ std::string HintOfCard(Hint& hint) {
 std::string AimInWords(int slot) {
   Pile& table = State().CardTable;
   return table.Holds(slot) && !IsFree(table[slot]) ? Joined(" on ", ColoredName(table[slot])) : "";
+}
+
+/// The plan as far as it can be paid now, in its order.
+TurnPlan PayablePart(TurnPlan plan) {
+  const Looking nothingLasts;
+  const WorkAccount account;
+  const Pile& hand = State().Players[1].Hand;
+  std::erase_if(plan.Plays, [&hand](const PlannedPlay& play) {
+    return !PayCost(hand[play.Position], Payment::kIsMade);
+  });
+  return plan;
 }
 
 /// What a plan does, as "play Elf, then Bolt on Troll, use "Shine" of Lamp".
@@ -60,7 +73,7 @@ std::string LookAhead() {
   const auto plan = state.ThinkOfTurn(1);
   state.Minds[1] = outer;
   return Joined("<p>Looking some turns ahead, the thoughtful computer would ",
-                plan ? InWords(*plan) : "do nothing else than this", ".</p>");
+                plan ? InWords(PayablePart(*plan)) : "do nothing else than this", ".</p>");
 }
 
 }  // namespace

@@ -291,6 +291,15 @@ TEST_F(MainWindowTest, TheHintTellsThePlanOfWhoLooksAhead) {
             }),
             "the thoughtful computer would play Bolt on Lamp , then Elf, use \"Shine\" of Lamp .");
   EXPECT_EQ(State().Minds[1], kPlainMind);
+  PutPlayerCard(1, {"MANA:5"});
+  for (const int position : {3, 5}) {
+    GiveAction(State().Players[1].Hand[position], "COST", "OWNER", "SUBTRAIT:MANA:3");
+  }
+  EXPECT_EQ(said([](int) {
+              return std::optional(TurnPlan{{{5}, {3}}, {}});
+            }),
+            "the thoughtful computer would play Elf.")
+      << "the rest is too dear";
   EXPECT_EQ(said([](int) { return std::optional(TurnPlan()); }),
             "the thoughtful computer would play nothing.");
   EXPECT_EQ(said([](int) -> std::optional<TurnPlan> { return std::nullopt; }),
