@@ -4,6 +4,7 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QCoreApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -109,10 +110,18 @@ bool TextAids::eventFilter(QObject* watched, QEvent* event) {
   const bool asks = event->type() == QEvent::ShortcutOverride;
   if ((!asks && event->type() != QEvent::KeyPress) || watched == edit_.viewport()) return false;
   const auto* key = static_cast<QKeyEvent*>(event);
+  if (watched != &edit_ && !list_->popup()->isVisible()) return PassOn(*event);
   if (watched != &edit_) return !asks && PressKeyOfList(*key);
   // Accepted, the question keeps the key from the form's menu.
   if (asks && model_.Help && key->key() == Qt::Key_F1) event->accept();
   return !asks && PressKey(*key);
+}
+
+/// A key that was pressed while the list closed is for whoever has the focus by now, not for the
+/// box that the list was opened for.
+bool TextAids::PassOn(QEvent& event) const {
+  if (QWidget* focus = window_.focusWidget()) QCoreApplication::sendEvent(focus, &event);
+  return true;
 }
 
 bool TextAids::PressKeyOfList(const QKeyEvent& key) {

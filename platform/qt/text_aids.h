@@ -32,6 +32,7 @@ class TextAids : public QObject {
 
  private:
   bool PressKey(const QKeyEvent& key);
+  bool PassOn(QEvent& event) const;
   bool PressKeyOfList(const QKeyEvent& key);
   void Suggest(bool asked);
   bool TakeSuggestion(int row);
