@@ -78,12 +78,15 @@ EnemyPlays PlayEnemyPlan(const TurnPlan& plan) {
   return {cells.Html(), ""};
 }
 
+bool EnemyThinks() {
+  const Session& session = State();
+  return session.ThinkOfTurn != nullptr && session.Minds[2] != kPlainMind && !session.Match.IsVisit;
+}
+
 std::optional<TurnPlan> TakeEnemyPlan() {
   Session& session = State();
   if (session.EnemyPlan) return std::exchange(session.EnemyPlan, std::nullopt);
-  if (session.ThinkOfTurn == nullptr || session.Minds[2] == kPlainMind) return std::nullopt;
-  if (session.Match.IsVisit) return std::nullopt;  // nobody to beat
-  return session.ThinkOfTurn(2);
+  return EnemyThinks() ? session.ThinkOfTurn(2) : std::nullopt;
 }
 
 }  // namespace brindlemoor

@@ -20,8 +20,12 @@ void LineUp(const TurnPlan& plan);
 /// The enemy arms the menu actions of its plan, takes the others back and plays what it can pay.
 EnemyPlays PlayEnemyPlan(const TurnPlan& plan);
 
-/// The plan that side 2 has for this turn, which is forgotten, or one that it thinks out now
-/// (Session::ThinkOfTurn); nothing for a side that judges its cards one by one.
+/// True where side 2 thinks its turns out (Session::ThinkOfTurn): not in a visit, where there is
+/// nobody to beat.
+bool EnemyThinks();
+
+/// The plan that side 2 has for this turn, which is forgotten, or one that it thinks out now;
+/// nothing for a side that judges its cards one by one.
 std::optional<TurnPlan> TakeEnemyPlan();
 
 }  // namespace brindlemoor

@@ -185,7 +185,7 @@ void CountTurn() {
   Session& session = State();
   MatchRecord& match = session.Match;
   ++match.Turns;
-  const std::uint8_t mind = session.ThinkOfTurn == nullptr ? kPlainMind : session.Minds[2];
+  const std::uint8_t mind = EnemyThinks() ? session.Minds[2] : std::uint8_t{kPlainMind};
   match.EasiestMind = match.Turns == 1 ? mind : std::min(match.EasiestMind, mind);
 }
 

@@ -292,7 +292,7 @@ constexpr std::array<Option, 10> kOptions = {{
     {"seed", [](const SimulationSetup& s) { return Joined(s.Seed); }},
     {"number of matches", [](const SimulationSetup& s) { return Joined(s.Matches); }},
     {"maximum of turns", [](const SimulationSetup& s) { return Joined(s.MaximumTurns); }},
-    {"minds",
+    {"pair of minds",
      [](const SimulationSetup& s) {
        return Joined(MindWord(s.DeckMind), " against ", MindWord(s.OpponentMind));
      }},

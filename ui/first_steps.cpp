@@ -57,7 +57,8 @@ std::string HardnessWords(const TrialMatches& trial) {
   const auto* row = std::ranges::find_if(
       kHardness, [&](const HardnessRow& entry) { return share >= entry.WonOfHundred; });
   return Joined("<p><b>", row->Words, "</b> for ", trial.IsOwn ? "your deck " : "the cards of ",
-                OneLine(trial.Deck), ": the computer tried it ", trial.Matches, " times and won ",
+                OneLine(trial.Deck), ": the computer tried it ", trial.Matches, " times",
+                State().Minds[2] == kPlainMind ? "" : " against the plain opponent", " and won ",
                 trial.Won, ".</p>");
 }
 

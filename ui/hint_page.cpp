@@ -6,13 +6,14 @@
 #include "core/cards.h"
 #include "core/mind_levels.h"
 #include "core/state.h"
-#include "game/card_play.h"
 #include "game/hints.h"
 #include "game/looking.h"
+#include "game/plan_forecast.h"
+#include "game/planned_turn.h"
 #include "pages/card_pages.h"
 #include "pages/page_files.h"
 #include "platform/platform.h"
-#include "text/one_line.h"
+#include "text/quoting.h"
 #include "ui/forms.h"
 
 namespace brindlemoor {
@@ -31,38 +32,17 @@ std::string HintOfCard(Hint& hint) {
   return html + "</p>";
 }
 
-std::string AimInWords(int slot) {
-  Pile& table = State().CardTable;
-  return table.Holds(slot) && !IsFree(table[slot]) ? Joined(" on ", ColoredName(table[slot])) : "";
-}
-
-/// The plan as far as it can be paid now, in its order.
-TurnPlan PayablePart(TurnPlan plan) {
-  const Looking nothingLasts;
-  const WorkAccount account;
-  const Pile& hand = State().Players[1].Hand;
-  std::erase_if(plan.Plays, [&hand](const PlannedPlay& play) {
-    return !PayCost(hand[play.Position], Payment::kIsMade);
-  });
-  return plan;
-}
-
-/// What a plan does, as "play Elf, then Bolt on Troll, use "Shine" of Lamp".
+/// What a plan does as things stand now, a line each; what can't be paid or doesn't work is left
+/// out.
 std::string InWords(const TurnPlan& plan) {
-  Pile& hand = State().Players[1].Hand;
-  Pile& table = State().CardTable;
+  const Looking nothingLasts;
+  LineUp(plan);
   std::string words;
-  for (const PlannedPlay& play : plan.Plays) {
-    words += Joined(words.empty() ? "play " : ", then ", "<b>", ColoredName(hand[play.Position]),
-                    "</b>", AimInWords(play.Target));
+  for (const PlannedStep& step : ForecastPlan().Steps) {
+    const bool fails = !step.Problem.empty() || (step.Entry == 0 && !step.Advice.empty());
+    if (!fails) words += Joined("<br>", HtmlText(step.Words));
   }
-  for (const PlannedAction& action : plan.Actions) {
-    Card& card = table[action.Slot];
-    words += Joined(words.empty() ? "" : ", ", "use \"",
-                    OneLine(card.Effects[action.Effect].MenuCaption), "\" of <b>",
-                    ColoredName(card), "</b>", AimInWords(action.Target));
-  }
-  return words.empty() ? "play nothing" : words;
+  return words;
 }
 
 /// The plan of who looks ahead; "" where nobody can.
@@ -72,19 +52,20 @@ std::string LookAhead() {
   const std::uint8_t outer = std::exchange(state.Minds[1], std::uint8_t{kThoughtfulMind});
   const auto plan = state.ThinkOfTurn(1);
   state.Minds[1] = outer;
-  return Joined("<p>Looking some turns ahead, the thoughtful computer would ",
-                plan ? InWords(PayablePart(*plan)) : "do nothing else than this", ".</p>");
+  const std::string words = plan ? InWords(*plan) : "";
+  std::string_view verb = words.empty() ? "would wait." : "would do this:";
+  if (!plan) verb = "finds nothing better than this.";
+  return Joined("<p>Looking some turns ahead, the thoughtful computer ", verb, words, "</p>");
 }
 
 }  // namespace
 
 std::string HintPage() {
-  std::string html =
-      "<p><font color=\"#FFFF00\"><b>Hint</b></font><br>Your hand as the computer would play it, "
-      "the best card first, and what each card would do now.</p>";
+  std::string html = Joined("<p><font color=\"#FFFF00\"><b>Hint</b></font></p>", LookAhead(),
+                            "<p>Your hand as the computer would play it, the best card first, and "
+                            "what each card would do now.</p>");
   std::vector<Hint> hints = HandHints();
   if (hints.empty()) html += "<p>Your hand is empty.</p>";
-  html += LookAhead();
   for (Hint& hint : hints) html += HintOfCard(hint);
   return html;
 }

@@ -3,13 +3,13 @@
 
 #include "core/cards.h"
 #include "core/desktop.h"
-#include "core/mind_levels.h"
 #include "core/paths.h"
 #include "core/program_version.h"
 #include "core/state.h"
 #include "core/strings.h"
 #include "data/saving.h"
 #include "game/leaving.h"
+#include "game/planned_turn.h"
 #include "game/plans.h"
 #include "game/player_file_names.h"
 #include "game/player_files.h"
@@ -186,11 +186,9 @@ namespace {
 /// The turn button says meanwhile that the opponent thinks, if that takes long.
 void TakeTurnAloud() {
   constexpr std::string_view kThinking = "The opponent thinks...";
-  const Session& state = State();
   auto& caption = TheMainWindow().Command1.Caption;
   const std::string before = caption;
-  const bool thinks = state.ThinkOfTurn != nullptr && state.Minds[2] != kPlainMind;
-  if (thinks) caption = std::string(kThinking);
+  if (EnemyThinks()) caption = std::string(kThinking);
   TakeTurn(0);
   if (caption.Get() == kThinking) caption = before;
 }

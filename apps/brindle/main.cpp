@@ -32,19 +32,19 @@ constexpr std::array<ToolCommand, 12> kCommands = {{
      "sim [FOLDER] [--game NAME] [--matches N] [--seed N] [--turns N] [--decks] [--mind LEVEL] "
      "[--player-mind LEVEL] [--jobs J] "
      "[--csv[=FILE]] [--json[=FILE]] [--html[=FILE]] [--shard I/N [--out FILE]] [--journal FILE]",
-     "Plays many matches of every deck against every opponent and says who wins and which cards.",
+     "Plays many matches of every deck against every opponent and says who wins and which cards. "
+     "--mind and --player-mind say how opponents and decks are played: plain, thoughtful or deep.",
      RunSim},
     {"merge", "merge FILE... [--csv[=FILE]] [--json[=FILE]] [--html[=FILE]]",
      "Adds up the shards of a simulation and reports on all of it.", RunMerge},
     {"auto",
-     "auto [FOLDER] [--game NAME] [--seed N] [--pages DIR] [--turns N] [--opponent K] [--mind "
-     "LEVEL] "
-     "[--player-mind LEVEL] "
-     "[--save FILE] [--continue FILE [--despite-changes]] [--trace] "
-     "[--journal FILE]",
+     "auto [FOLDER] [--game NAME] [--seed N] [--pages DIR] [--turns N] [--opponent K] "
+     "[--mind LEVEL] [--player-mind LEVEL] [--save FILE] [--continue FILE [--despite-changes]] "
+     "[--trace] [--journal FILE]",
      "Plays a match by itself and keeps its report pages. Without a name it is the folder's first "
      "game. --save keeps the match behind turn N, --continue goes on with one that was kept. "
-     "--trace tells which actions did nothing, and why.",
+     "--trace tells which actions did nothing, and why. --mind and --player-mind say how the "
+     "opponent and the other side think: plain, thoughtful or deep.",
      RunAuto},
     {"replay", "replay JOURNAL [FOLDER] [--pages DIR]",
      "Plays again what a program noted with --journal and says where its pages differ.", RunReplay},
@@ -56,7 +56,8 @@ constexpr std::array<ToolCommand, 12> kCommands = {{
      "that differ stop it, unless --replace or --keep says what becomes of them.",
      RunUnpack},
     {"reference", "reference [FILE]",
-     "Writes the reference for authors, a page of every word of card files and scripts.",
+     "Writes the reference for authors, a page of every word of card files and scripts. Without a "
+     "FILE it is ScriptReference.html.",
      RunReference},
     {"serve", "serve",
      "Helps editors with card files: the Language Server Protocol on the standard input and "

@@ -125,8 +125,8 @@ come with the program.
                   FOLDER and the folders directly below record, and ends; needs
                   no display
   --quality N     of the large images, from 0 to 100, else 100
-  --help          this text
-  --version       the version
+  --help          shows these options
+  --version       shows the version
 )";
 }
 

@@ -270,40 +270,40 @@ TEST_F(MainWindowTest, ASnapshotHoldsThePageWithItsPictures) {
 TEST_F(MainWindowTest, TheHintTellsThePlanOfWhoLooksAhead) {
   State().CurrentGame = 1;
   State().CostCard.InPlay = 1;
+  PutPlayerCard(1, {"MANA:5"});
   Card& lamp = PutInPlay(MakeCard("Lamp <i>", 1));
-  GiveAction(lamp, "MENU:PHASE1:Shine", "CARD", "MODTRAIT:LIT:1");
-  State().Players[1].Hand[3] = MakeCard("Bolt", 1);
-  State().Players[1].Hand[5] = MakeCard("Elf", 1);
+  const int shine = GiveAction(lamp, "MENU:PHASE1:Shine", "CARD", "MODTRAIT:LIT:1");
+  const int burn =
+      GiveAction(lamp, "MENU:PHASE1:Burn", "OWNER", "REQTRAITMORE:MANA:3:SUBTRAIT:MANA:3");
+  for (const int position : {3, 5}) {
+    Card& card = State().Players[1].Hand[position] = MakeCard(position == 3 ? "Bolt" : "Elf", 1);
+    GiveAction(card, "COST", "OWNER", "SUBTRAIT:MANA:3");
+  }
+  static TurnPlan plan;
   const auto said = [this](std::optional<TurnPlan> (*think)(int side)) {
     State().ThinkOfTurn = think;
     window_.hintmen.Click();
     std::string words = desktop_->Pages["CardDescWB"];
-    words.erase(0, words.rfind("Looking some turns ahead"));
-    words.erase(words.find("</p>"));
-    for (std::size_t tag = 0; (tag = words.find('<')) != words.npos;) {
-      words.erase(tag, words.find('>', tag) - tag + 1);
-    }
-    return words.substr(words.find(", ") + 2);
+    words.erase(0, words.rfind("the thoughtful computer ") + 24);
+    return words.substr(0, words.find("</p>"));
   };
-  EXPECT_EQ(said([](int side) -> std::optional<TurnPlan> {
-              EXPECT_EQ(State().Minds[side], kThoughtfulMind);
-              return TurnPlan{{{3, 1}, {5}}, {{1, 1, 0}}};
-            }),
-            "the thoughtful computer would play Bolt on Lamp , then Elf, use \"Shine\" of Lamp .");
-  EXPECT_EQ(State().Minds[1], kPlainMind);
-  PutPlayerCard(1, {"MANA:5"});
-  for (const int position : {3, 5}) {
-    GiveAction(State().Players[1].Hand[position], "COST", "OWNER", "SUBTRAIT:MANA:3");
-  }
-  EXPECT_EQ(said([](int) {
-              return std::optional(TurnPlan{{{5}, {3}}, {}});
-            }),
-            "the thoughtful computer would play Elf.")
+  const auto saidOf = [&said](TurnPlan thoughtOut) {
+    plan = std::move(thoughtOut);
+    return said([](int side) -> std::optional<TurnPlan> {
+      EXPECT_EQ(State().Minds[side], kThoughtfulMind);
+      return plan;
+    });
+  };
+  const std::string digest = StateDigest();
+  EXPECT_EQ(saidOf({{{3}}, {{lamp.Slot, shine, 1}}}),
+            "would do this:<br>Play Bolt<br>Lamp &lt;i&gt;: Shine, on Player 1");
+  EXPECT_EQ(saidOf({{{5}, {3}}, {{lamp.Slot, burn, 0}}}), "would do this:<br>Play Elf")
       << "the rest is too dear";
-  EXPECT_EQ(said([](int) { return std::optional(TurnPlan()); }),
-            "the thoughtful computer would play nothing.");
+  EXPECT_EQ(saidOf({}), "would wait.");
   EXPECT_EQ(said([](int) -> std::optional<TurnPlan> { return std::nullopt; }),
-            "the thoughtful computer would do nothing else than this.");
+            "finds nothing better than this.");
+  EXPECT_EQ(StateDigest(), digest);
+  EXPECT_EQ(State().Minds[1], kPlainMind);
 }
 
 TEST_F(MainWindowTest, TheHintShowsTheHandAndChangesNothing) {

@@ -3,6 +3,7 @@
 
 #include "game/kept_matches.h"
 #include "game/match_results.h"
+#include "game/planned_turn.h"
 #include "game/players.h"
 #include "tests/support/shipped_games.h"
 #include "ui/first_steps.h"
@@ -68,8 +69,13 @@ TEST_F(OpponentMenuTest, TheChoiceIsThePlayers) {
 }
 
 TEST_F(OpponentMenuTest, AMatchCountsForTheLeastThatTheOpponentThought) {
-  OpenStarterChest();
-  EXPECT_EQ(thoughts, 0) << "nobody is to be beaten in a store";
+  Choose(2);
+  ChooseGame(1, OpponentNamed("Starter Chest"));
+  EXPECT_FALSE(EnemyThinks()) << "nobody is to be beaten in a store";
+  window_.Command1.Click();
+  EXPECT_EQ(thoughts, 0);
+  EndGame();
+  NewGame();
   const int oona = OpponentNamed("Oona Ebb");
   const auto begin = [&] {
     ExpectWholeDeck();

@@ -48,7 +48,7 @@ class OpponentMenu(shipped_game.ShippedGameTest):
     def ask_for_a_hint(self):
         self.display.key("F2")
         harness.wait_until("the hint", lambda: "Looking some turns ahead, the thoughtful computer "
-                                               "would " in self.run_.page("CardDesc.html"), 60)
+                                               in self.run_.page("CardDesc.html"), 60)
         self.keep("hint")
 
     def take_turn(self):
