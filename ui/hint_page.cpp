@@ -32,15 +32,17 @@ std::string HintOfCard(Hint& hint) {
   return html + "</p>";
 }
 
-/// What a plan does as things stand now, a line each; what can't be paid or doesn't work is left
-/// out.
+/// What a plan does as things stand now, a line each; cards that can't be paid and menu actions
+/// that would not work are left out.
 std::string InWords(const TurnPlan& plan) {
   const Looking nothingLasts;
   LineUp(plan);
+  const PlanForecast forecast = ForecastPlan();
   std::string words;
-  for (const PlannedStep& step : ForecastPlan().Steps) {
-    const bool fails = !step.Problem.empty() || (step.Entry == 0 && !step.Advice.empty());
-    if (!fails) words += Joined("<br>", HtmlText(step.Words));
+  for (const PlannedStep& step : forecast.Steps) {
+    const bool works = step.Entry == 0 ? step.Problem.empty() && step.Advice.empty()
+                                       : forecast.Hand[State().PlayQueue[step.Entry]].IsPayable;
+    if (works) words += Joined("<br>", HtmlText(step.Words));
   }
   return words;
 }

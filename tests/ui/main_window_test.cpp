@@ -278,6 +278,7 @@ TEST_F(MainWindowTest, TheHintTellsThePlanOfWhoLooksAhead) {
   for (const int position : {3, 5}) {
     Card& card = State().Players[1].Hand[position] = MakeCard(position == 3 ? "Bolt" : "Elf", 1);
     GiveAction(card, "COST", "OWNER", "SUBTRAIT:MANA:3");
+    GiveAction(card, "ENTERPLAY", "CARD", "REQTRAIT:NOWHERE:DESTROY");  // without a target now
   }
   static TurnPlan plan;
   const auto said = [this](std::optional<TurnPlan> (*think)(int side)) {
