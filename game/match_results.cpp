@@ -133,7 +133,7 @@ namespace {
 
 std::string ResultsTextOf(int gameIndex) {
   const std::string name = ResultsFileName(gameIndex);
-  if (name.empty()) return name;
+  if (name.empty()) return "";
   return Desktop().Files().Read(InProgramFolder(name)).value_or("");
 }
 
